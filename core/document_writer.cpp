@@ -1,0 +1,131 @@
+#include "core/document_writer.h"
+
+#include "core/ini_document.h"
+#include "core/log.h"
+#include "core/run_time_error.h"
+#include "core/sibling_file.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <cstring>
+#include <optional>
+#include <unistd.h>
+#include <utility>
+
+namespace orvanta {
+
+using Change = IniDocument::Change;
+
+struct DocumentWriter::Private
+{
+    QByteArray target; // symbolic links followed
+    std::optional<struct stat> earlier;
+    std::optional<SiblingFile> sibling; // none before the first write and after the end
+    IniDocument document;
+
+    void open();
+    void write(const QString& section, const QString& key, const QString& value);
+    [[nodiscard]] bool store(Change change, qsizetype sizeBefore) const;
+    void replaceEarlier();
+    void abandon();
+    [[noreturn]] void fail();
+};
+
+/// Where there was no document, what was written so far stays.
+void DocumentWriter::Private::abandon()
+{
+    if (!sibling) {
+        return;
+    }
+    if (earlier || !sibling->replaceTarget()) {
+        sibling->remove();
+    }
+    sibling.reset();
+}
+
+void DocumentWriter::Private::fail()
+{
+    qCInfo(logErrors, "cannot write %s: %s", target.constData(), strerror(errno));
+    abandon();
+    throw RuntimeError(ErrorNumber::PathFileAccessError);
+}
+
+void DocumentWriter::Private::open()
+{
+    if (sibling) {
+        return;
+    }
+    earlier = statusOf(target);
+    if (earlier && access(target.constData(), W_OK) != 0) { // the user protected it
+        fail();
+    }
+    sibling = SiblingFile::create(target);
+    if (!sibling) {
+        fail();
+    }
+    if (earlier) {
+        sibling->takeOwnership(*earlier);
+    } else {
+        sibling->makeOrdinary();
+    }
+}
+
+void DocumentWriter::Private::write(const QString& section, const QString& key,
+                                    const QString& value)
+{
+    open();
+    const qsizetype size = document.fileBytes().size();
+    errno = EINVAL;
+    if (!IniDocument::holdsKey(key) || !store(document.set(section, key, value), size)) {
+        fail();
+    }
+}
+
+/// The sibling always holds what was written so far.
+bool DocumentWriter::Private::store(Change change, qsizetype sizeBefore) const
+{
+    const QByteArrayView bytes = document.fileBytes();
+    switch (change) {
+    case Change::None:
+        return true;
+    case Change::Appended:
+        return sibling->writeAt(sizeBefore, bytes.sliced(sizeBefore));
+    case Change::Rewritten:
+        return sibling->writeAt(0, bytes) && sibling->cutAt(bytes.size());
+    }
+    return false;
+}
+
+void DocumentWriter::Private::replaceEarlier()
+{
+    if (!sibling->sync() || !sibling->replaceTarget()) {
+        fail();
+    }
+    sibling->syncFolder();
+    sibling.reset();
+}
+
+DocumentWriter::DocumentWriter(QString target)
+    : d(std::make_unique<Private>())
+{
+    d->target = realPath(QFile::encodeName(target));
+}
+
+DocumentWriter::~DocumentWriter()
+{
+    d->abandon();
+}
+
+void DocumentWriter::write(const QString& section, const QString& key, const QString& value)
+{
+    d->write(section, key, value);
+}
+
+void DocumentWriter::finish()
+{
+    d->open();
+    d->replaceEarlier();
+}
+
+} // namespace orvanta

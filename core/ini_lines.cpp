@@ -1,0 +1,102 @@
+#include "core/ini_lines.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace orvanta {
+
+static bool isIniBlank(char byte)
+{
+    return byte == ' ' || byte == '\t' || byte == '\v';
+}
+
+/// Offset of the first line break at or behind the offset; the text's size without one. Looks at
+/// short pieces: a search for one of the two bytes would run through the whole text at every line
+/// of a file that has only the other.
+static qsizetype lineBreakFrom(QByteArrayView text, qsizetype from)
+{
+    constexpr qsizetype kPiece = 512;
+    while (from < text.size()) {
+        qsizetype length = std::min(kPiece, text.size() - from);
+        const char* piece = text.data() + from;
+        const void* feed = std::memchr(piece, '\n', static_cast<std::size_t>(length));
+        if (feed != nullptr) {
+            length = static_cast<const char*>(feed) - piece;
+        }
+        const void* carriage = std::memchr(piece, '\r', static_cast<std::size_t>(length));
+        if (carriage != nullptr) {
+            return from + (static_cast<const char*>(carriage) - piece);
+        }
+        from += length;
+        if (feed != nullptr) {
+            return from;
+        }
+    }
+    return text.size();
+}
+
+static qsizetype behindLineBreak(QByteArrayView text, qsizetype at)
+{
+    if (at == text.size()) {
+        return at;
+    }
+    const bool isPair = text[at] == '\r' && at + 1 < text.size() && text[at + 1] == '\n';
+    return at + (isPair ? 2 : 1);
+}
+
+IniLine iniLineAt(QByteArrayView text, qsizetype begin)
+{
+    const qsizetype end = lineBreakFrom(text, begin);
+    return {begin, end, behindLineBreak(text, end)};
+}
+
+QByteArrayView iniTrimmed(QByteArrayView bytes)
+{
+    const auto* first = std::find_if_not(bytes.begin(), bytes.end(), isIniBlank);
+    const auto* last = bytes.end();
+    while (last != first && isIniBlank(last[-1])) {
+        --last;
+    }
+    return {first, last - first};
+}
+
+IniLineKind iniLineKind(QByteArrayView trimmedLine)
+{
+    if (trimmedLine.isEmpty()) {
+        return IniLineKind::Blank;
+    }
+    switch (trimmedLine[0]) {
+    case ';':
+        return IniLineKind::Comment;
+    case '[':
+        return IniLineKind::Header;
+    default:
+        return IniLineKind::Key;
+    }
+}
+
+QByteArrayView iniSectionName(QByteArrayView trimmedLine)
+{
+    const QByteArrayView name = trimmedLine.sliced(1);
+    const qsizetype bracket = name.indexOf(']');
+    return iniTrimmed(bracket < 0 ? name : name.first(bracket));
+}
+
+qsizetype iniEqualsSign(QByteArrayView line, qsizetype signsBefore)
+{
+    qsizetype sign = line.indexOf('=');
+    while (sign >= 0 && signsBefore > 0) {
+        sign = line.indexOf('=', sign + 1);
+        --signsBefore;
+    }
+    return sign;
+}
+
+QByteArrayView iniUnquoted(QByteArrayView value)
+{
+    const bool isQuoted = value.size() >= 2 && value.front() == value.back() &&
+                          (value.front() == '"' || value.front() == '\'');
+    return isQuoted ? value.sliced(1, value.size() - 2) : value;
+}
+
+} // namespace orvanta

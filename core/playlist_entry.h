@@ -1,0 +1,41 @@
+// One open packet and its clips or brakes.
+#pragma once
+
+#include "core/int16.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace orvanta {
+
+/// A clip of a clip-list packet, or a brake of a brake packet.
+struct ClipEntry
+{
+    QString Time; // brakes: the time mark as written in the packet
+    QString Text; // the line's text; also the key of the saved position
+    QString Path; // clips: the media file, as written in the packet
+};
+
+/// One packet. Clips counts from 1 for every caller: use clip().
+struct PlaylistEntry
+{
+    QString Title;   // the packet's line
+    QString Picture; // picture file of the group entry; empty when opened by itself
+    Int16 ClipCount; // number of entries of Clips
+    Flag16 HasBrakes;
+    QString MediaFile;            // brake packets: the one media file
+    std::vector<ClipEntry> Clips; // entry 1 is Clips[0]
+    QString Folder;               // folder of the packet file with its separator; empty for clips
+
+    /// Entry q, counted from 1. Raises 9 outside the list.
+    [[nodiscard]] const ClipEntry& clip(Int16 q) const
+    {
+        if (q < 1 || q.index() > Clips.size()) {
+            throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+        }
+        return Clips[q.index() - 1];
+    }
+};
+
+} // namespace orvanta

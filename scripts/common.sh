@@ -1,0 +1,76 @@
+# Shared by ./run and ./test: where things are, installing what is missing, building.
+# shellcheck shell=bash disable=SC2034
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+readonly root
+
+readonly build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libqt6opengl6-dev qt6-svg-dev
+    qt6-wayland libmpv-dev libxcb1-dev fonts-dejavu-core)
+readonly demonstration_packages=(xvfb openbox dbus imagemagick procps)
+readonly test_packages=(libgtest-dev libgmock-dev clang-format clang-tidy xdotool wmctrl x11-utils
+    x11-apps ffmpeg espeak-ng mpv dbus-x11 at-spi2-core pulseaudio pulseaudio-utils git)
+
+say() { printf '== %s\n' "$*"; }
+
+complain() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; }
+
+fail() {
+    complain "$*"
+    exit 1
+}
+
+# Those of the named packages that are not installed, one a line.
+missing_packages() {
+    local installed package
+    # Fails when one of them is unknown; what it prints about the others still counts.
+    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n' "$@" 2>/dev/null || true)
+    for package in "$@"; do
+        grep -qxF "installed $package" <<<"$installed" || printf '%s\n' "$package"
+    done
+}
+
+as_root() {
+    if [[ $(id -u) == 0 ]]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        fail "this needs root, and there is no sudo. As root: $*"
+    fi
+}
+
+install_missing() {
+    local missing
+    if ! command -v dpkg-query >/dev/null; then
+        complain "not a Debian system: taking for granted that these are there: $*"
+        return
+    fi
+    mapfile -t missing < <(missing_packages "$@")
+    if ((${#missing[@]} == 0)); then
+        return
+    fi
+    say "installing ${missing[*]}"
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq
+    as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y -qq --no-install-recommends "${missing[@]}"
+}
+
+# cache_value FOLDER NAME: an entry of the build folder's cache; empty without one.
+cache_value() {
+    sed -n "s/^$2:[^=]*=//p" "$1/CMakeCache.txt" 2>/dev/null || true
+}
+
+# configure PRESET FOLDER [CMAKE-ARGUMENT…]: configures a new build folder, and one that belongs to
+# a checkout elsewhere. Ninja configures again by itself when a CMake file has changed.
+configure() {
+    local preset=$1 folder=$2 fresh=()
+    shift 2
+    if [[ -f $folder/CMakeCache.txt && $(cache_value "$folder" CMAKE_HOME_DIRECTORY) != "$root" ]]; then
+        fresh=(--fresh)
+    fi
+    (cd "$root" && cmake --preset "$preset" "${fresh[@]}" "$@")
+}
+
+is_configured() {
+    [[ -f $1/build.ninja && $(cache_value "$1" CMAKE_HOME_DIRECTORY) == "$root" ]]
+}
