@@ -1,0 +1,19 @@
+// The folder that holds the settings, and the installed one that holds what is only read.
+#pragma once
+
+#include <QString>
+
+namespace orvanta {
+
+/// The application folder: $ORVANTA_HOME; else the executable's folder when it holds a writable
+/// orvanta.ini; else $XDG_DATA_HOME/orvanta. Created, with default settings, on first use.
+[[nodiscard]] QString applicationFolder();
+
+/// Something that lies beside the program and is only read ("\icons\", "\help_eng.htm"): looked up
+/// in the application folder, then in the installed one. The first place when it is nowhere.
+[[nodiscard]] QString installedFile(const QString& folder, const QString& name);
+
+/// Puts the default settings into a new application folder; leaves an existing file alone.
+void installDefaultSettings(const QString& folder);
+
+} // namespace orvanta

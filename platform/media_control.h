@@ -1,0 +1,87 @@
+// The media-playback control in the program's own words.
+#pragma once
+
+#include <QObject>
+#include <QSize>
+#include <QString>
+
+#include <cmath>
+
+namespace orvanta
+{
+
+class PictureSource;
+
+/// One media player. All calls and signals belong to the interface thread; none blocks for long.
+/// It behaves like a player that rewinds at the end: on the natural end, and only then, it reports
+/// positionChange(Duration, 0) and stands stopped at 0.
+class MediaControl : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum State
+    {
+        NotLoaded = -1,
+        Stopped = 0,
+        Paused = 1,
+        Running = 2,
+    };
+
+    using QObject::QObject;
+
+    /// The file last given to setFileName; empty when unloaded.
+    [[nodiscard]] virtual QString FileName() const = 0;
+    /// Loads the absolute path of a regular file; anything else fails with openFailed and is never
+    /// opened. The empty text unloads. A load that comes while another is under way supersedes it.
+    virtual void setFileName(const QString& path) = 0;
+
+    /// Seconds. While a seek is under way this is its target.
+    [[nodiscard]] virtual double CurrentPosition() const = 0;
+    /// Exact seek, seconds, clamped to the clip. Equal seeks under way are one.
+    virtual void setCurrentPosition(double seconds) = 0;
+    /// Fast seek to a nearby key frame, while a slider is dragged.
+    virtual void previewPosition(double seconds) = 0;
+
+    /// Seconds; 0 while unknown.
+    [[nodiscard]] virtual double Duration() const = 0;
+    [[nodiscard]] virtual State CurrentState() const = 0;
+
+    virtual void Run() = 0;
+    virtual void Pause() = 0;
+    /// Stands stopped at position 0.
+    virtual void Stop() = 0;
+
+    /// Hundredths of a decibel, 0 loudest, -10000 silent.
+    virtual void setVolume(int hundredthsOfDecibel) = 0;
+    [[nodiscard]] virtual int Volume() const = 0;
+
+    /// Whether the file is open and can be sought and run.
+    [[nodiscard]] virtual bool isReady() const = 0;
+    /// Whether a load has begun and is neither open nor failed.
+    [[nodiscard]] virtual bool isOpening() const = 0;
+
+    /// Where the video surface takes its frames from; null when the control shows none.
+    [[nodiscard]] virtual PictureSource* picture() { return nullptr; }
+
+Q_SIGNALS:
+    /// The file is open. The picture's size in pixels; invalid (isEmpty) when the clip has none.
+    void openComplete(QSize picture);
+    void openFailed(const QString& reason);
+    /// The position moved (many times a second while running).
+    void position();
+    /// A jump: the natural end, a user's seek, a stop. A jump of the user's that would look like
+    /// the end is not reported here, only by position().
+    void positionChange(double oldSeconds, double newSeconds);
+    void stateChange(orvanta::MediaControl::State oldState, orvanta::MediaControl::State newState);
+    /// The length became known or changed.
+    void durationChange(double seconds);
+};
+
+/// The one rule by which a clip has ended: a jump from its last whole second to exactly 0. Seconds.
+[[nodiscard]] inline bool looksLikeEnd(double oldSeconds, double newSeconds, double duration)
+{
+    return std::trunc(oldSeconds) == std::trunc(duration) && newSeconds == 0.0;
+}
+
+} // namespace orvanta

@@ -1,0 +1,29 @@
+// How the player library is configured: it plays the one file it is given and touches nothing else.
+#pragma once
+
+#include <QByteArray>
+
+#include <utility>
+#include <vector>
+
+namespace orvanta
+{
+
+class MpvHandle;
+
+using MpvOptionList = std::vector<std::pair<QByteArray, QByteArray>>;
+
+/// Sets every option of the player before it starts. extra: further options, for measurements.
+/// Returns whether the library took all of them; the ones refused are in the log.
+bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra = {});
+
+/// The library's volume, percent on its cubic scale, for hundredths of a decibel (at most 0).
+[[nodiscard]] double mpvVolume(int hundredthsOfDecibel);
+
+/// Whether a container name means a bare stream without an index, which cannot seek to its start.
+[[nodiscard]] bool isRawStream(const QByteArray& fileFormat);
+
+/// Seconds by which an exact seek starts earlier than its target, so that it does not miss it.
+[[nodiscard]] double seekHeadStart(const QByteArray& fileFormat);
+
+} // namespace orvanta

@@ -1,0 +1,29 @@
+// Frames of the running clip, for the surface that paints them.
+#pragma once
+
+#include <QImage>
+#include <QObject>
+
+namespace orvanta
+{
+
+/// Delivers the current frame. Belongs to the interface thread.
+class PictureSource : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// The size in device pixels in which the surface wants its frames, aspect kept, black bars.
+    virtual void setTargetSize(QSize pixels) = 0;
+    /// The newest frame in the target size; null before the first.
+    [[nodiscard]] virtual QImage frame() const = 0;
+    /// Whether a clip with a picture is loaded.
+    [[nodiscard]] virtual bool hasPicture() const = 0;
+
+Q_SIGNALS:
+    void frameChanged();
+};
+
+} // namespace orvanta

@@ -1,0 +1,33 @@
+// The widget that paints the running clip.
+#pragma once
+
+#include <QWidget>
+
+namespace orvanta
+{
+
+class PictureSource;
+
+/// Paints a PictureSource's frames, aspect kept, black around. Null source: stays black.
+/// Hidden, it asks for no frames.
+class VideoSurface : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit VideoSurface(PictureSource* source, QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void announceSize();
+    [[nodiscard]] QSize deviceSize() const;
+
+    PictureSource* m_source;
+};
+
+} // namespace orvanta
