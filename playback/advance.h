@@ -1,0 +1,60 @@
+// What comes after a clip has ended: pure rules.
+#pragma once
+
+#include "core/int16.h"
+
+#include <functional>
+#include <optional>
+
+namespace orvanta {
+
+/// A place in the playlist: packet and clip, both from 1.
+struct Cursor
+{
+    Int16 packet;
+    Int16 clip;
+    friend bool operator==(const Cursor&, const Cursor&) = default;
+};
+
+struct AdvanceOptions
+{
+    bool nextClip = false;   // "agnc"
+    bool nextPacket = false; // "agnp"
+    bool replay = false;     // "ar"
+};
+
+/// The playlist as the rules see it.
+struct PlaylistShape
+{
+    Int16 packetCount;
+    std::function<Int16(Int16 packet)> clipCount;
+    std::function<bool(Int16 packet)> packetChecked;
+    std::function<bool(Int16 packet, Int16 clip)> clipChecked;
+};
+
+struct AdvanceDecision
+{
+    enum What
+    {
+        Stay,  // no advance: the cursor is again the clip that ended
+        Start, // start the cursor
+        Over,  // playback is over
+    };
+    What what = Stay;
+    Cursor cursor;
+};
+
+/// One pass after a clip has ended. Unchecked lines and packets are passed over; the playlist is
+/// begun again at most once. Raises 6 when an index would leave 16 bits.
+[[nodiscard]] AdvanceDecision nextAfterClip(const AdvanceOptions& options,
+                                            const PlaylistShape& playlist, Cursor ended);
+
+/// The first checked clip in this packet or a later one; none when there is none. Packets without
+/// clips and packets whose header is unchecked are passed over.
+[[nodiscard]] std::optional<Cursor> firstPlaceFrom(const PlaylistShape& playlist, Int16 packet);
+
+/// The place before: the last clip of the packet before for the first clip of a packet; the very
+/// first clip stays. Unchecked lines are passed over.
+[[nodiscard]] Cursor previousClip(const PlaylistShape& playlist, Cursor current);
+
+} // namespace orvanta

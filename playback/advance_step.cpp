@@ -1,0 +1,83 @@
+#include "playback/advance_step.h"
+
+#include "playback/playlist_marks.h"
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+AdvanceStep::AdvanceStep(EngineContext& context, TransportButtons& transport, ClipStarter& starter,
+                         CloseSequence& close)
+    : m_context(context),
+      m_transport(transport),
+      m_starter(starter),
+      m_close(close)
+{}
+
+AdvanceDecision AdvanceStep::decide(Cursor from) const
+{
+    const Module1& module = m_context.module;
+    const AdvanceOptions options = {.nextClip = module.optionIsOn(u"agnc"_s),
+                                    .nextPacket = module.optionIsOn(u"agnp"_s),
+                                    .replay = module.optionIsOn(u"ar"_s)};
+    return nextAfterClip(options, shapeOf(module.playlist, *m_context.view), from);
+}
+
+void AdvanceStep::run()
+{
+    apply(decide(m_context.cursor()));
+}
+
+/// The brakes of one packet share one file: they fail together.
+std::pair<int, int> AdvanceStep::mediaAt(Cursor place) const
+{
+    const bool braked = m_context.module.playlist.packet(place.packet).HasBrakes;
+    return {place.packet.value(), braked ? 0 : place.clip.value()};
+}
+
+void AdvanceStep::runAfterFailure()
+{
+    Cursor from = m_context.cursor();
+    m_failed.insert(mediaAt(from));
+    if (m_context.currentPacket().HasBrakes) {
+        from.clip = m_context.currentPacket().ClipCount;
+    }
+    AdvanceDecision decision = decide(from);
+    if (decision.what == AdvanceDecision::Start && m_failed.contains(mediaAt(decision.cursor))) {
+        decision = {AdvanceDecision::Over, {1, 1}};
+    }
+    apply(decision);
+}
+
+void AdvanceStep::apply(const AdvanceDecision& decision)
+{
+    if (decision.what == AdvanceDecision::Start) {
+        m_starter.ListClick(decision.cursor.packet, decision.cursor.clip);
+    } else if (decision.what == AdvanceDecision::Over) {
+        playbackIsOver(decision.cursor);
+    }
+}
+
+/// The button first: in a brake packet it goes back to the brake that is still current.
+void AdvanceStep::playbackIsOver(Cursor rest)
+{
+    m_transport.pressStop();
+    m_context.log.stopped();
+    m_context.setCursor(rest);
+    m_context.view->setListIndex(-1);
+    forgetFailures();
+    if (m_context.module.playlist.OpenedFromExplorer && m_context.module.optionIsOn(u"acp"_s)) {
+        m_close.press();
+    }
+}
+
+void AdvanceStep::previous()
+{
+    const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);
+    const Cursor place = previousClip(shape, m_context.cursor());
+    if (place.packet >= 1) {
+        m_starter.ListClick(place.packet, place.clip);
+    }
+}
+
+} // namespace orvanta

@@ -1,0 +1,40 @@
+// Moving on after a clip, to the next or to the previous one.
+#pragma once
+
+#include "playback/clip_starter.h"
+#include "playback/close_sequence.h"
+
+#include <set>
+#include <utility>
+
+namespace orvanta {
+
+class AdvanceStep
+{
+public:
+    AdvanceStep(EngineContext& context, TransportButtons& transport, ClipStarter& starter,
+                CloseSequence& close);
+
+    /// One pass. Raises 9 when no packet is current.
+    void run();
+    /// The last start left the player empty: the same, but over after one whole pass in which
+    /// nothing could be opened.
+    void runAfterFailure();
+    void previous();
+    /// A clip was opened, or another playlist: failures begin to count anew.
+    void forgetFailures() { m_failed.clear(); }
+
+private:
+    [[nodiscard]] AdvanceDecision decide(Cursor from) const;
+    void apply(const AdvanceDecision& decision);
+    void playbackIsOver(Cursor rest);
+    [[nodiscard]] std::pair<int, int> mediaAt(Cursor place) const;
+
+    EngineContext& m_context;
+    TransportButtons& m_transport;
+    ClipStarter& m_starter;
+    CloseSequence& m_close;
+    std::set<std::pair<int, int>> m_failed; // packet and clip; clip 0: a brake packet's one file
+};
+
+} // namespace orvanta

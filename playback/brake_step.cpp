@@ -1,0 +1,101 @@
+#include "playback/brake_step.h"
+
+#include "core/numbers.h"
+#include "playback/brakes.h"
+#include "playback/event_wait.h"
+#include "playback/playlist_marks.h"
+
+namespace orvanta {
+
+// A running player moves many times a second; one that does not is not waited for.
+constexpr int kLongestWaitMs = 150;
+
+BrakeStep::BrakeStep(EngineContext& context, ClipStarter& starter)
+    : m_context(context),
+      m_starter(starter)
+{}
+
+void BrakeStep::run()
+{
+    if (m_context.areBrakesPlaying() && isPastNext() && staysAfterMoving()) {
+        apply(decide());
+    }
+}
+
+double BrakeStep::positionSeconds() const
+{
+    return decimalValue(m_context.operations.GetPlayerPosition());
+}
+
+bool BrakeStep::isPastNext() const
+{
+    return isPastNextBrake(m_context.currentPacket(), m_context.cursor().clip, positionSeconds());
+}
+
+/// Waits until the position has moved; false when the player has left the running state or another
+/// brake, clip or playlist is current by then.
+bool BrakeStep::staysAfterMoving()
+{
+    const Superseded superseded(m_context);
+    const Cursor before = m_context.cursor();
+    const QString position = m_context.operations.GetPlayerPosition();
+    const auto isRunning = [&] {
+        return m_context.control.CurrentState() == MediaControl::Running;
+    };
+    waitInEventLoop(
+        [&] {
+            m_context.operations.PollPlayer();
+            return superseded() || !isRunning() ||
+                   m_context.operations.GetPlayerPosition() != position;
+        },
+        QDeadlineTimer(kLongestWaitMs));
+    return !superseded() && isRunning() && m_context.cursor() == before &&
+           m_context.areBrakesPlaying();
+}
+
+BrakeDecision BrakeStep::decide() const
+{
+    const PlaylistState& playlist = m_context.module.playlist;
+    return brakeReached(m_context.currentPacket(), playlist.CurrentClip, playlist.CurrentPacket,
+                        playlist.PlaylistCount, positionSeconds());
+}
+
+void BrakeStep::apply(BrakeDecision decision)
+{
+    const Cursor place = m_context.cursor();
+    switch (decision.what) {
+    case BrakeDecision::Nothing:
+        break;
+    case BrakeDecision::NextBrake:
+        m_starter.ListClick(place.packet, place.clip + 1);
+        break;
+    case BrakeDecision::NextPacket:
+        goToNextPacket();
+        break;
+    case BrakeDecision::Stop:
+        finalStop();
+        break;
+    }
+}
+
+/// Brakes reached by playing ignore the marks of the list; another packet does not.
+void BrakeStep::goToNextPacket()
+{
+    const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);
+    const auto place = firstPlaceFrom(shape, m_context.cursor().packet + 1);
+    if (place) {
+        m_starter.ListClick(place->packet, place->clip);
+    } else {
+        finalStop();
+    }
+}
+
+/// Before the first brake again, so that Play begins the lesson anew.
+void BrakeStep::finalStop()
+{
+    m_context.operations.StopIfRunning();
+    m_context.setCursor({m_context.cursor().packet, 0});
+    m_context.log.stopped();
+}
+
+} // namespace orvanta

@@ -1,0 +1,66 @@
+#include "playback/brakes.h"
+
+#include "core/error_boundary.h"
+#include "core/numbers.h"
+
+#include <algorithm>
+
+namespace orvanta {
+
+static double timeOfBrake(const PlaylistEntry& packet, Int16 brake)
+{
+    return decimalValue(packet.clip(brake).Time);
+}
+
+/// The last brake is its own next one: it is the end mark of the packet.
+static Int16 brakeToReach(const PlaylistEntry& packet, Int16 currentBrake)
+{
+    return currentBrake < packet.ClipCount ? currentBrake + 1 : packet.ClipCount;
+}
+
+BrakeSpan brakeSpan(const PlaylistEntry& packet, Int16 currentBrake, double durationSeconds)
+{
+    BrakeSpan span = {0, durationSeconds};
+    if (currentBrake >= 1) {
+        span.begin = timeOfBrake(packet, currentBrake);
+    }
+    if (currentBrake < packet.ClipCount) {
+        span.end = timeOfBrake(packet, currentBrake + 1);
+    }
+    return span;
+}
+
+bool isPastNextBrake(const PlaylistEntry& packet, Int16 currentBrake, double positionSeconds)
+{
+    return positionSeconds > timeOfBrake(packet, brakeToReach(packet, currentBrake));
+}
+
+BrakeDecision brakeReached(const PlaylistEntry& packet, Int16 currentBrake, Int16 currentPacket,
+                           Int16 packetCount, double positionSeconds)
+{
+    if (positionSeconds < timeOfBrake(packet, brakeToReach(packet, currentBrake))) {
+        return {BrakeDecision::Nothing};
+    }
+    if (currentBrake != packet.ClipCount) {
+        return {BrakeDecision::NextBrake};
+    }
+    return {currentPacket != packetCount ? BrakeDecision::NextPacket : BrakeDecision::Stop};
+}
+
+/// A brake whose time is no number is never reached.
+static bool isAtOrBefore(const PlaylistEntry& packet, Int16 brake, double positionSeconds)
+{
+    return conditionHolds("brake time",
+                          [&] { return timeOfBrake(packet, brake) <= positionSeconds; });
+}
+
+Int16 brakeAt(const PlaylistEntry& packet, double positionSeconds)
+{
+    Int16 brake = packet.ClipCount;
+    while (brake >= 1 && !isAtOrBefore(packet, brake, positionSeconds)) {
+        brake -= 1;
+    }
+    return brake;
+}
+
+} // namespace orvanta

@@ -1,0 +1,44 @@
+// Brakes: pure rules over the times of a brake packet.
+#pragma once
+
+#include "core/playlist_entry.h"
+
+namespace orvanta {
+
+/// The part of the clip that the current brake covers, in seconds.
+struct BrakeSpan
+{
+    double begin = 0; // the current brake's time; 0 before the first
+    double end = 0;   // the next brake's time; the duration after the last
+};
+
+/// currentBrake: 0 before the first. Raises 13 when a time is no number.
+[[nodiscard]] BrakeSpan brakeSpan(const PlaylistEntry& packet, Int16 currentBrake,
+                                  double durationSeconds);
+
+struct BrakeDecision
+{
+    enum What
+    {
+        Nothing,
+        NextBrake,  // move to brake + 1 of this packet
+        NextPacket, // the last brake is passed: packet + 1, brake 1
+        Stop,       // the last brake of the last packet is passed
+    };
+    What what = Nothing;
+};
+
+/// Whether the position is past the next brake (the last brake itself is the end mark). "Past" is
+/// strictly greater. Raises 13 when a time is no number.
+[[nodiscard]] bool isPastNextBrake(const PlaylistEntry& packet, Int16 currentBrake,
+                                   double positionSeconds);
+
+/// What to do at this position. "Reached" is greater or equal.
+[[nodiscard]] BrakeDecision brakeReached(const PlaylistEntry& packet, Int16 currentBrake,
+                                         Int16 currentPacket, Int16 packetCount,
+                                         double positionSeconds);
+
+/// The last brake at or before the position, 0 before the first; for seeks outside the span.
+[[nodiscard]] Int16 brakeAt(const PlaylistEntry& packet, double positionSeconds);
+
+} // namespace orvanta

@@ -1,0 +1,176 @@
+#include "playback/clip_starter.h"
+
+#include "core/error_boundary.h"
+#include "core/group_file.h"
+#include "core/ini.h"
+#include "core/paths.h"
+#include "platform/media_locator.h"
+#include "playback/event_wait.h"
+
+#include <QFile>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+ClipStarter::ClipStarter(EngineContext& context, TransportButtons& transport)
+    : m_context(context),
+      m_transport(transport)
+{}
+
+void ClipStarter::ListClick(Int16 p, Int16 q)
+{
+    m_context.supersede();
+    const Superseded superseded(m_context);
+    m_context.startFailed = false;
+    m_context.log.running();
+    m_transport.showPlaying();
+    resumeNext("picture", [&] { showPicture(p); });
+    resumeNext("saved position", [&] { handBookmarkOver(); });
+    const bool started = conditionHolds("media", [&] { return startMedia({p, q}); });
+    if (superseded()) {
+        return;
+    }
+    makeCurrent({p, q});
+    if (started) {
+        logStart({p, q});
+    } else {
+        noteFailure();
+    }
+}
+
+void ClipStarter::showPicture(Int16 p)
+{
+    const PlaylistEntry& packet = m_context.module.playlist.packet(p);
+    const bool hasPicture = !packet.Picture.isEmpty() && packet.Picture != kNoPicture;
+    m_context.video.setStillPicture(hasPicture ? m_context.locate(packet.Picture, packet)
+                                               : QString());
+}
+
+/// Of the entry that is current until now, not of the one being started.
+void ClipStarter::handBookmarkOver()
+{
+    const ClipEntry& entry = m_context.currentPacket().clip(m_context.cursor().clip);
+    m_context.operations.SetBookmark(ReadIni(u"pos"_s, entry.Text, m_context.module.IniPath));
+}
+
+bool ClipStarter::startMedia(Cursor place)
+{
+    const bool braked = m_context.module.playlist.packet(place.packet).HasBrakes;
+    return braked ? startBrake(place) : startClip(place);
+}
+
+/// Raises 53 for a text that names no file.
+static QString existing(const QString& file)
+{
+    if (file.isEmpty()) {
+        throw RuntimeError(ErrorNumber::FileNotFound);
+    }
+    return file;
+}
+
+bool ClipStarter::startClip(Cursor place)
+{
+    const PlaylistEntry& packet = m_context.module.playlist.packet(place.packet);
+    const QString& text = packet.clip(place.clip).Path;
+    const QString file = existing(m_context.locate(text, packet));
+    open(playableFile(text, file), text, packet.Folder);
+    m_context.operations.PlayerRun();
+    return !m_context.isPlayerEmpty();
+}
+
+bool ClipStarter::startBrake(Cursor place)
+{
+    const Superseded superseded(m_context);
+    const PlaylistEntry& packet = m_context.module.playlist.packet(place.packet);
+    const QString file = existing(m_context.locate(packet.MediaFile, packet));
+    if (mustLoad(file, place.packet)) {
+        open(file, packet.MediaFile, packet.Folder);
+    }
+    if (!waitUntilReady() || superseded()) {
+        return false;
+    }
+    // Not through the reference above: appending packets meanwhile has moved the list.
+    const QString time = m_context.module.playlist.packet(place.packet).clip(place.clip).Time;
+    m_context.operations.ForgetEnd();
+    resumeNext("time of the brake", [&] { m_context.operations.SetPlayerPosition(time); });
+    m_context.operations.PlayerRun();
+    return true;
+}
+
+bool ClipStarter::mustLoad(const QString& file, Int16 p) const
+{
+    const bool isLoaded = m_context.control.FileName() == file && !m_context.isPlayerEmpty();
+    return !isLoaded || p != m_context.cursor().packet;
+}
+
+bool ClipStarter::waitUntilReady()
+{
+    const Superseded superseded(m_context);
+    ++m_context.waitingStarts;
+    waitInEventLoop([&] { return superseded() || !m_context.control.isOpening(); });
+    --m_context.waitingStarts;
+    return m_context.control.isReady();
+}
+
+void ClipStarter::open(const QString& file, const QString& text, const QString& folder)
+{
+    m_context.loaded = {file, text, folder};
+    m_context.operations.OpenMedia(file);
+}
+
+/// Raises 75 when the copy fails.
+static QString copied(const QString& file, const QString& target)
+{
+    QFile::remove(target);
+    if (!QFile::copy(file, target)) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+    return target;
+}
+
+/// A clip on drive A plays from the hard disk when the option says so.
+QString ClipStarter::playableFile(const QString& text, const QString& file) const
+{
+    const Module1& module = m_context.module;
+    const bool copies = (isOnDriveA(text) || isOnDriveA(file)) && module.optionIsOn(u"r"_s);
+    return copies ? copied(file, programFile(module.ApplicationFolder, u"\\temp.vxc"_s)) : file;
+}
+
+void ClipStarter::makeCurrent(Cursor place)
+{
+    m_context.setCursor(place);
+    resumeNext("current clip", [&] {
+        m_context.view->setClipText(m_context.currentPacket().clip(place.clip).Text);
+    });
+    const int line = m_context.moveListCursor(place);
+    if (line >= 0) {
+        m_context.view->checkLine(line);
+        m_context.view->enableTimer2(line);
+    }
+}
+
+void ClipStarter::logStart(Cursor place)
+{
+    resumeNext("log", [&] {
+        m_context.log.start(place, m_context.currentPacket().clip(place.clip).Text);
+    });
+}
+
+/// A player that still has its earlier clip plays on; an empty one goes on to the next clip.
+void ClipStarter::noteFailure()
+{
+    if (m_context.isPlayerEmpty()) {
+        m_context.startFailed = true;
+        m_transport.showIdle();
+    }
+}
+
+void ClipStarter::openFailed(const QString& reason)
+{
+    qCInfo(logErrors, "%ls cannot be opened: %ls", qUtf16Printable(m_context.loaded.file),
+           qUtf16Printable(reason));
+    noteFailure();
+}
+
+} // namespace orvanta

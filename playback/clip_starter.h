@@ -1,0 +1,40 @@
+// ListClick: the one procedure that makes a clip or brake current and plays it.
+#pragma once
+
+#include "playback/engine_context.h"
+#include "playback/transport_buttons.h"
+
+namespace orvanta {
+
+class ClipStarter
+{
+public:
+    ClipStarter(EngineContext& context, TransportButtons& transport);
+
+    /// Clip or brake q of packet p. Errors are passed over: cursor, indices and text move even when
+    /// nothing can be opened. May wait in the event loop for the media of a brake packet; a start
+    /// that is superseded meanwhile leaves everything to its successor.
+    void ListClick(Int16 p, Int16 q);
+
+    /// A file that was found could not be opened.
+    void openFailed(const QString& reason);
+
+private:
+    void showPicture(Int16 p);
+    void handBookmarkOver();
+    [[nodiscard]] bool startMedia(Cursor place);
+    [[nodiscard]] bool startClip(Cursor place);
+    [[nodiscard]] bool startBrake(Cursor place);
+    [[nodiscard]] bool mustLoad(const QString& file, Int16 p) const;
+    [[nodiscard]] bool waitUntilReady();
+    void open(const QString& file, const QString& text, const QString& folder);
+    [[nodiscard]] QString playableFile(const QString& text, const QString& file) const;
+    void makeCurrent(Cursor place);
+    void logStart(Cursor place);
+    void noteFailure();
+
+    EngineContext& m_context;
+    TransportButtons& m_transport;
+};
+
+} // namespace orvanta

@@ -1,0 +1,70 @@
+#include "playback/engine_context.h"
+
+#include "platform/media_locator.h"
+
+namespace orvanta {
+
+EngineContext::EngineContext(Module1& sharedState, MediaControl& player, VideoWindow& videoWindow)
+    : module(sharedState),
+      control(player),
+      video(videoWindow),
+      operations(sharedState, player, videoWindow),
+      findFile(locateFile)
+{}
+
+Cursor EngineContext::cursor() const
+{
+    return {module.playlist.CurrentPacket, module.playlist.CurrentClip};
+}
+
+void EngineContext::setCursor(Cursor cursor)
+{
+    module.playlist.CurrentPacket = cursor.packet;
+    module.playlist.CurrentClip = cursor.clip;
+}
+
+const PlaylistEntry& EngineContext::currentPacket() const
+{
+    const PlaylistState& playlist = module.playlist;
+    return playlist.packet(playlist.CurrentPacket);
+}
+
+bool EngineContext::isCurrentPacketBraked() const
+{
+    const Int16 p = module.playlist.CurrentPacket;
+    const bool exists = p >= 1 && p <= module.playlist.PlaylistCount;
+    return exists && module.playlist.packet(p).HasBrakes;
+}
+
+bool EngineContext::areBrakesPlaying() const
+{
+    if (!isCurrentPacketBraked() || control.FileName() != loaded.file) {
+        return false;
+    }
+    const PlaylistEntry& packet = currentPacket();
+    return packet.MediaFile == loaded.text && packet.Folder == loaded.folder;
+}
+
+bool EngineContext::isPlayerEmpty() const
+{
+    return !control.isReady() && !control.isOpening();
+}
+
+QString EngineContext::locate(const QString& pathText, const PlaylistEntry& packet) const
+{
+    const QString file = findFile(pathText, packet.Folder);
+    return file.isEmpty() ? findFile(pathText, module.playlist.PacketFolder) : file;
+}
+
+int EngineContext::moveListCursor(Cursor place)
+{
+    const int header = view->headerLineOf(place.packet);
+    const int line = header + place.clip.value();
+    if (header < 0 || line >= view->lineCount()) {
+        return -1;
+    }
+    view->setListIndex(line);
+    return line;
+}
+
+} // namespace orvanta

@@ -1,0 +1,81 @@
+// What the parts of the playback engine share.
+#pragma once
+
+#include "playback/advance.h"
+#include "playback/playback_log.h"
+#include "playback/playback_operations.h"
+#include "playback/playback_view.h"
+#include "player/model/module1.h"
+
+#include <functional>
+
+namespace orvanta {
+
+/// Where the file in the player came from, in the words of its packet.
+struct LoadedMedia
+{
+    QString file;   // as given to the control
+    QString text;   // as written in the packet
+    QString folder; // of the packet
+};
+
+/// Interface thread only. The view is attached before the first handler runs.
+struct EngineContext
+{
+    EngineContext(Module1& sharedState, MediaControl& player, VideoWindow& videoWindow);
+
+    Module1& module;
+    MediaControl& control;
+    VideoWindow& video;
+    PlaybackOperations operations;
+    PlaybackView* view = nullptr;
+    PlaybackLog log;
+    LoadedMedia loaded;
+    /// Looks for the file that a path text means in a packet's folder.
+    std::function<QString(const QString& pathText, const QString& folder)> findFile;
+    int waitingStarts = 0;    // starts that wait in the event loop for their media
+    bool startFailed = false; // the last start left the player empty: the tick advances again
+    bool closing = false;     // the program ends; no handler begins anything
+
+    /// Every start of a clip, change of the playlist and close makes what waits outdated.
+    void supersede() { ++m_generation; }
+    [[nodiscard]] quint64 generation() const { return m_generation; }
+
+    [[nodiscard]] Cursor cursor() const;
+    void setCursor(Cursor cursor);
+    /// Raises 9 when no packet is current.
+    [[nodiscard]] const PlaylistEntry& currentPacket() const;
+    [[nodiscard]] bool isCurrentPacketBraked() const;
+    /// The current packet has brakes, and its media file is what the player has loaded.
+    [[nodiscard]] bool areBrakesPlaying() const;
+    /// Neither a clip is open nor is one being opened.
+    [[nodiscard]] bool isPlayerEmpty() const;
+    /// Below the packet's folder, then below the folder of what was opened last; empty when there
+    /// is no such file.
+    [[nodiscard]] QString locate(const QString& pathText, const PlaylistEntry& packet) const;
+    /// Moves the list's cursor to line q below packet p's header. Returns the line, -1 for none.
+    int moveListCursor(Cursor place);
+
+private:
+    quint64 m_generation = 0;
+};
+
+/// Tells after a wait in the event loop whether its caller's work is still wanted.
+class Superseded
+{
+public:
+    explicit Superseded(const EngineContext& context)
+        : m_context(context),
+          m_generation(context.generation())
+    {}
+    [[nodiscard]] bool operator()() const
+    {
+        return m_context.closing || m_context.generation() != m_generation;
+    }
+
+private:
+    const EngineContext& m_context;
+    quint64 m_generation;
+};
+
+} // namespace orvanta

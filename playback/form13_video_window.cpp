@@ -1,0 +1,243 @@
+#include "playback/form13_video_window.h"
+
+#include "core/numbers.h"
+#include "playback/still_picture.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QResizeEvent>
+#include <QScreen>
+#include <QStyle>
+#include <QWindow>
+
+#include <utility>
+
+namespace orvanta
+{
+
+namespace
+{
+
+using namespace Qt::StringLiterals;
+
+constexpr QSize kSizeWithoutPicture(30, 1000); // twips: the control before a file is open
+constexpr QSize kFrame(50, 200);               // twips: the window around the control
+constexpr QSize kSmallFrame(3100, 450);        // twips: the window of a still picture, at least
+constexpr int kNudgeMilliseconds = 30000;
+
+void paintBlack(QWidget& window)
+{
+    QPalette palette = window.palette();
+    palette.setColor(QPalette::Window, Qt::black);
+    window.setPalette(palette);
+    window.setAutoFillBackground(true);
+}
+
+} // namespace
+
+Form13::Form13(MediaControl& control, HandlerBoundary boundary)
+    : m_control(control)
+    , m_boundary(std::move(boundary))
+{
+    buildControls();
+    connectHandlers();
+}
+
+Form13::~Form13() = default;
+
+void Form13::buildControls()
+{
+    setObjectName(u"Form13"_s);
+    setWindowTitle(u"Orvanta"_s);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    paintBlack(*this);
+    ActiveMovie1 = new VideoSurface(m_control.picture(), this);
+    ActiveMovie1->setObjectName(u"ActiveMovie1"_s);
+    Image1 = new QLabel(this);
+    Image1->setObjectName(u"Image1"_s);
+    Image1->setAlignment(Qt::AlignCenter);
+    Image1->hide();
+    Timer1.setObjectName(u"Timer1"_s);
+    Timer1.setInterval(kNudgeMilliseconds);
+    m_size = kSizeWithoutPicture + kFrame;
+}
+
+void Form13::connectHandlers()
+{
+    connect(&m_control, &MediaControl::position, this,
+            m_boundary([this] { Form13_ActiveMovie1_PositionEvent(); }));
+    connect(&m_control, &MediaControl::positionChange, this,
+            m_boundary([this](double oldSeconds, double newSeconds) {
+                Form13_ActiveMovie1_PositionChange(oldSeconds, newSeconds);
+            }));
+    connect(&m_control, &MediaControl::openComplete, this,
+            m_boundary([this](QSize picture) { Form13_ActiveMovie1_OpenComplete(picture); }));
+    connect(&m_control, &MediaControl::openFailed, this,
+            m_boundary([this](const QString&) { Form13_ActiveMovie1_OpenFailed(); }));
+    connect(&m_control, &MediaControl::stateChange, this,
+            m_boundary([this](MediaControl::State oldState, MediaControl::State newState) {
+                Form13_ActiveMovie1_StateChange(oldState, newState);
+            }));
+}
+
+void Form13::Form13_ActiveMovie1_PositionEvent()
+{
+    m_mirror.VideoPosition = decimalText(m_control.CurrentPosition());
+    m_mirror.VideoPositionUpdated = true;
+}
+
+/// The program's one and only test for the end of a clip.
+void Form13::Form13_ActiveMovie1_PositionChange(double oldSeconds, double newSeconds)
+{
+    if (looksLikeEnd(oldSeconds, newSeconds, m_control.Duration())) {
+        m_mirror.VideoEnded = true;
+    }
+}
+
+void Form13::Form13_ActiveMovie1_OpenComplete(QSize picture)
+{
+    m_controlSize = picture.isEmpty() ? kSizeWithoutPicture : picture * kTwipsPerPixel;
+    m_size = m_controlSize + kFrame;
+    Image1->hide();
+    if (m_controlSize == kSizeWithoutPicture) {
+        showStillPicture();
+    } else {
+        showClipPicture(picture);
+    }
+    m_control.Run();
+}
+
+void Form13::Form13_ActiveMovie1_OpenFailed()
+{
+    hideUnlessOpening();
+}
+
+void Form13::Form13_ActiveMovie1_StateChange(int /*oldState*/, int newState)
+{
+    m_mirror.VideoState = newState;
+    if (newState == MediaControl::NotLoaded && !m_control.isOpening()) {
+        moveOutOfSight();
+    }
+}
+
+void Form13::prepareForMedia()
+{
+    ActiveMovie1->show();
+    moveOutOfSight();
+    m_controlSize = kSizeWithoutPicture;
+}
+
+// The native window goes a turn of the event loop later, and only when no other clip is being
+// opened by then: between two clips with a picture it stays where it is.
+void Form13::moveOutOfSight()
+{
+    m_left = kOutOfSight;
+    QTimer::singleShot(0, this, [this] { hideUnlessOpening(); });
+}
+
+void Form13::showWindow(bool show)
+{
+    m_shownByProgram = show;
+    setVisible(show && m_left != kOutOfSight);
+}
+
+void Form13::showClipPicture(QSize picture)
+{
+    ActiveMovie1->show();
+    bringIntoSight(picture);
+}
+
+void Form13::showStillPicture()
+{
+    m_still = readStillPicture(m_stillFile);
+    if (m_still.isNull()) {
+        m_left = kOutOfSight;
+        hideUnlessOpening();
+        return;
+    }
+    ActiveMovie1->hide();
+    Image1->show();
+    m_size = kSmallFrame.expandedTo(m_still.size() * kTwipsPerPixel);
+    bringIntoSight(pixelsOfTwips(m_size));
+}
+
+void Form13::bringIntoSight(QSize contents)
+{
+    setWindowTitle(QFileInfo(m_control.FileName()).completeBaseName());
+    if (!m_sizedByUser) {
+        giveSize(shrunkToFit(contents, room().size() - frameSize()));
+    }
+    layOutControls();
+    m_left = x() * kTwipsPerPixel;
+    setVisible(m_shownByProgram);
+}
+
+void Form13::giveSize(QSize contents)
+{
+    m_givenSizeBefore = std::exchange(m_givenSize, contents);
+    const QSize whole = contents + frameSize();
+    const QRect neighbour = m_neighbour ? m_neighbour->frameGeometry() : QRect();
+    const QPoint place = isVisible() ? insideScreen(pos(), whole, room())
+                                     : placeBeside(neighbour, whole, room());
+    resize(contents);
+    if (place != pos()) {
+        move(place);
+    }
+}
+
+void Form13::hideUnlessOpening()
+{
+    if (m_left == kOutOfSight && !m_control.isOpening()) {
+        hide();
+    }
+}
+
+/// The part of the screen that is free for windows.
+QRect Form13::room() const
+{
+    const QScreen* where = m_neighbour && !isVisible() ? m_neighbour->screen() : screen();
+    return where->availableGeometry();
+}
+
+/// What the window manager adds around the contents; a guess before it has done so.
+QSize Form13::frameSize() const
+{
+    const QMargins margins = windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
+    if (!margins.isNull()) {
+        return {margins.left() + margins.right(), margins.top() + margins.bottom()};
+    }
+    return {0, style()->pixelMetric(QStyle::PM_TitleBarHeight)};
+}
+
+void Form13::resizeEvent(QResizeEvent* event)
+{
+    // Resizes that the program did not ask for come from the user's hand.
+    if (event->spontaneous() && isVisible() && size() != m_givenSize &&
+        size() != m_givenSizeBefore) {
+        m_sizedByUser = true;
+    }
+    layOutControls();
+}
+
+void Form13::layOutControls()
+{
+    ActiveMovie1->setGeometry(rect());
+    Image1->setGeometry(rect());
+    if (!Image1->isHidden()) {
+        const QSize pixels = shrunkToFit(m_still.size(), size() * devicePixelRatioF());
+        QPixmap picture = QPixmap::fromImage(
+            m_still.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        picture.setDevicePixelRatio(devicePixelRatioF());
+        Image1->setPixmap(picture);
+    }
+}
+
+/// The window manager's close: the clip goes, the window stays the program's to show.
+void Form13::closeEvent(QCloseEvent* event)
+{
+    m_control.setFileName(QString());
+    moveOutOfSight();
+    event->accept();
+}
+
+} // namespace orvanta

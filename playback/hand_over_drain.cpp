@@ -1,0 +1,118 @@
+#include "playback/hand_over_drain.h"
+
+#include "core/error_boundary.h"
+#include "core/paths.h"
+#include "platform/hand_over_queue.h"
+#include "playback/event_wait.h"
+#include "player/model/loaders.h"
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+HandOverDrain::HandOverDrain(EngineContext& context, TransportButtons& transport,
+                             PositionSlider& slider, ClipStarter& starter)
+    : m_context(context),
+      m_transport(transport),
+      m_slider(slider),
+      m_starter(starter)
+{}
+
+void HandOverDrain::serve()
+{
+    HandOverQueue queue(m_context.module.IniPath);
+    if (!queue.hasEntries()) {
+        return;
+    }
+    showProgram();
+    m_context.module.playlist.OpenedFromExplorer = true;
+    // Taken and given back at once: what follows may wait for media, and launches need the lock.
+    QStringList lines;
+    queue.drain([&](const QStringList& queued) { lines = queued; });
+    open(lines);
+    m_context.view->RebuildTree();
+    logLoaded(m_context.module.playlist);
+    playOrRest();
+}
+
+void HandOverDrain::showProgram()
+{
+    if (m_context.module.optionIsOn(u"nc"_s)) {
+        m_context.view->showMainWindow();
+        m_context.view->enableTimer3();
+    }
+}
+
+/// The first entry replaces the playlist, the others append to it.
+void HandOverDrain::open(const QStringList& lines)
+{
+    m_context.supersede();
+    m_context.module.playlist.Playlist.clear();
+    m_context.module.playlist.PlaylistCount = 0;
+    m_loosePacket = 0;
+    for (const QString& line : lines) {
+        resumeNext("queued file", [&] { append(line); });
+    }
+    m_context.setCursor({1, 1});
+}
+
+static QString withoutQuotes(const QString& line)
+{
+    const bool quoted = line.size() >= 2 && line.startsWith(u'"') && line.endsWith(u'"');
+    return quoted ? line.mid(1, line.size() - 2) : line;
+}
+
+void HandOverDrain::append(const QString& line)
+{
+    const QString path = withoutQuotes(line);
+    const QString kind = kindOfPath(path);
+    if (const auto folder = folderOfSwitch(path)) {
+        appendFolder(withoutQuotes(*folder));
+    } else if (kind == u"VXG") {
+        appendGroup(m_context.module.playlist, path);
+    } else if (kind == u"VXL") {
+        appendPacket(m_context.module.playlist, path);
+    } else {
+        appendLooseClip(path);
+    }
+}
+
+void HandOverDrain::appendFolder(const QString& folder)
+{
+    for (const QString& file : filesOfFolder(folder, m_context.module.TypePattern)) {
+        appendLooseClip(file);
+    }
+}
+
+void HandOverDrain::appendLooseClip(const QString& file)
+{
+    PlaylistState& playlist = m_context.module.playlist;
+    if (m_loosePacket == 0) {
+        m_loosePacket = appendEmptyPacket(playlist);
+    }
+    appendClip(playlist, m_loosePacket, file, clipNameOfPath(file));
+}
+
+void HandOverDrain::playOrRest()
+{
+    if (m_context.module.optionIsOn(u"as"_s) && m_context.module.playlist.entryCount() > 0) {
+        m_starter.ListClick(1, 1);
+        return;
+    }
+    if (m_context.control.CurrentState() != MediaControl::NotLoaded) {
+        rest();
+    }
+    m_context.view->setFindText({});
+    m_context.view->setClipText({});
+}
+
+void HandOverDrain::rest()
+{
+    m_context.operations.StopIfRunning();
+    m_slider.reset();
+    yieldToHandlers();
+    m_context.view->setCurrentTime(u"0.00"_s);
+    m_transport.showIdle();
+}
+
+} // namespace orvanta

@@ -1,0 +1,35 @@
+// Serving the hand-over queue: files that later starts of the program passed on.
+#pragma once
+
+#include "playback/clip_starter.h"
+
+#include <QStringList>
+
+namespace orvanta {
+
+class HandOverDrain
+{
+public:
+    HandOverDrain(EngineContext& context, TransportButtons& transport, PositionSlider& slider,
+                  ClipStarter& starter);
+
+    /// Opens what is queued, if anything. Raises 13 or 9 when the queue's count is no count.
+    void serve();
+
+private:
+    void showProgram();
+    void open(const QStringList& lines);
+    void append(const QString& line);
+    void appendFolder(const QString& folder);
+    void appendLooseClip(const QString& file);
+    void playOrRest();
+    void rest();
+
+    EngineContext& m_context;
+    TransportButtons& m_transport;
+    PositionSlider& m_slider;
+    ClipStarter& m_starter;
+    Int16 m_loosePacket; // the packet that the loose clips of one drain share; 0: none yet
+};
+
+} // namespace orvanta

@@ -1,0 +1,332 @@
+#include "playback/playback_engine.h"
+
+#include "core/error_boundary.h"
+#include "core/ini.h"
+#include "playback/advance_step.h"
+#include "playback/brake_step.h"
+#include "playback/clip_starter.h"
+#include "playback/close_sequence.h"
+#include "playback/engine_context.h"
+#include "playback/hand_over_drain.h"
+#include "playback/position_slider.h"
+#include "playback/transport_buttons.h"
+#include "playback/volume_sliders.h"
+#include "player/model/loaders.h"
+
+#include <QScopedValueRollback>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+class PlaybackEngine::Private
+{
+public:
+    Private(Module1& module, MediaControl& control, VideoWindow& video)
+        : context(module, control, video)
+    {}
+
+    /// Runs one entry into the engine. A program end that is asked for inside waits until the
+    /// outermost entry has returned: windows must not go while a handler of theirs still runs.
+    template <typename Action> void enter(Action&& action)
+    {
+        ++m_depth;
+        action();
+        --m_depth;
+        if (m_depth == 0 && close.isPending()) {
+            close.carryOut();
+        }
+    }
+
+    void tick();
+    void start(Int16 p, Int16 q);
+
+    EngineContext context;
+    PositionSlider slider{context};
+    TransportButtons transport{context, slider};
+    VolumeSliders volume{context};
+    ClipStarter starter{context, transport};
+    CloseSequence close{context, transport, slider};
+    AdvanceStep advance{context, transport, starter, close};
+    BrakeStep brakes{context, starter};
+    HandOverDrain handOver{context, transport, slider, starter};
+    bool ticking = false;
+
+private:
+    void showVideoWindowWithMainWindow();
+    void display();
+    void keepBookmark();
+    [[nodiscard]] bool moveOnAfterEnd();
+    [[nodiscard]] bool moveOnAfterFailure();
+    void serveTray();
+    void pressForTray();
+
+    int m_depth = 0;
+};
+
+void PlaybackEngine::Private::tick()
+{
+    trapped("video window", [&] { showVideoWindowWithMainWindow(); });
+    resumeNext("poll", [&] { context.operations.PollPlayer(); });
+    resumeNext("buttons", [&] { transport.reconcile(); });
+    resumeNext("volume", [&] { volume.takeVolumeOfVideoWindow(); });
+    resumeNext("display", [&] { display(); });
+    resumeNext("bookmark", [&] { keepBookmark(); });
+    if (!moveOnAfterEnd() && !moveOnAfterFailure()) {
+        resumeNext("tray", [&] { serveTray(); });
+    }
+    if (!context.closing) {
+        resumeNext("hand-over queue", [&] { handOver.serve(); });
+    }
+}
+
+void PlaybackEngine::Private::showVideoWindowWithMainWindow()
+{
+    const bool normal = context.view->isWindowNormal();
+    if (normal != context.module.playback.VideoWindowShown) {
+        context.operations.ShowVideoWindow(normal);
+    }
+}
+
+void PlaybackEngine::Private::display()
+{
+    const bool running = context.control.CurrentState() == MediaControl::Running;
+    if (!running || context.view->isSliderHeld()) {
+        return;
+    }
+    slider.display();
+    brakes.run();
+}
+
+void PlaybackEngine::Private::keepBookmark()
+{
+    if (!context.operations.TakeBookmarkChanged()) {
+        return;
+    }
+    const QString position = context.operations.GetPlayerPosition();
+    resumeNext("saved position", [&] {
+        const ClipEntry& entry = context.currentPacket().clip(context.cursor().clip);
+        WriteIni(u"pos"_s, entry.Text, position, context.module.IniPath);
+    });
+    context.view->showBookmarkSign();
+    context.operations.SetBookmark(position);
+}
+
+/// The end of the clip of a brake packet is served by its last brake.
+bool PlaybackEngine::Private::moveOnAfterEnd()
+{
+    if (!context.operations.TakeClipEnded()) {
+        return false;
+    }
+    context.log.ended(context.cursor());
+    if (context.isCurrentPacketBraked()) {
+        return false;
+    }
+    resumeNext("advance", [&] { advance.run(); });
+    return true;
+}
+
+bool PlaybackEngine::Private::moveOnAfterFailure()
+{
+    const bool settled = context.waitingStarts == 0 && context.isPlayerEmpty();
+    if (!context.startFailed || !settled) {
+        return false;
+    }
+    context.startFailed = false;
+    resumeNext("advance after a failure", [&] { advance.runAfterFailure(); });
+    return true;
+}
+
+void PlaybackEngine::Private::serveTray()
+{
+    TrayRequests& tray = context.module.tray;
+    if (!context.module.optionIsOn(u"si"_s)) {
+        return;
+    }
+    if (tray.TrayRestoreRequest.take()) {
+        context.view->showMainWindow();
+        context.view->enableTimer3();
+    }
+    if (tray.TrayNextRequest.take()) {
+        advance.run();
+        return;
+    }
+    pressForTray();
+    if (tray.TrayCloseRequest.take()) {
+        close.request();
+    } else if (tray.TrayPreviousRequest.take()) {
+        advance.previous();
+    }
+}
+
+/// A button that was pressed without effect shows the wrong look until the state is taken again.
+void PlaybackEngine::Private::pressForTray()
+{
+    TrayRequests& tray = context.module.tray;
+    const bool pause = tray.TrayPauseRequest.take();
+    const bool play = tray.TrayPlayRequest.take();
+    const bool stop = tray.TrayStopRequest.take();
+    if (pause) {
+        transport.pressPause();
+    }
+    if (play) {
+        transport.pressPlay();
+    }
+    if (stop) {
+        transport.pressStop();
+    }
+    context.operations.PollPlayer();
+    if (pause || play || stop) {
+        context.module.playback.StateChanged = true;
+    }
+}
+
+void PlaybackEngine::Private::start(Int16 p, Int16 q)
+{
+    if (!context.closing) {
+        starter.ListClick(p, q);
+    }
+}
+
+PlaybackEngine::PlaybackEngine(Module1& module, MediaControl& control, VideoWindow& video,
+                               QObject* parent)
+    : QObject(parent),
+      m_private(std::make_unique<Private>(module, control, video))
+{
+    // The next clip does not wait for the timer. Queued: the video window notes the end first.
+    connect(
+        &control, &MediaControl::positionChange, this,
+        [this] {
+            if (m_private->context.video.mirror().VideoEnded) {
+                tick();
+            }
+        },
+        Qt::QueuedConnection);
+    connect(&control, &MediaControl::openComplete, this,
+            [this] { m_private->advance.forgetFailures(); });
+    connect(&control, &MediaControl::openFailed, this, [this](const QString& reason) {
+        if (m_private->context.view != nullptr) {
+            m_private->starter.openFailed(reason);
+        }
+    });
+}
+
+PlaybackEngine::~PlaybackEngine() = default;
+
+void PlaybackEngine::attachView(PlaybackView& view)
+{
+    m_private->context.view = &view;
+    view.showTransport(m_private->transport.looks());
+}
+
+PlaybackOperations& PlaybackEngine::operations()
+{
+    return m_private->context.operations;
+}
+
+const TransportLooks& PlaybackEngine::transport() const
+{
+    return m_private->transport.looks();
+}
+
+bool PlaybackEngine::isClosing() const
+{
+    return m_private->context.closing;
+}
+
+void PlaybackEngine::tick()
+{
+    if (m_private->ticking || m_private->context.closing || m_private->context.view == nullptr) {
+        return;
+    }
+    m_private->enter([&] {
+        const QScopedValueRollback<bool> once(m_private->ticking, true);
+        m_private->tick();
+    });
+}
+
+void PlaybackEngine::ListClick(Int16 p, Int16 q)
+{
+    m_private->advance.forgetFailures();
+    m_private->enter([&] { m_private->start(p, q); });
+}
+
+void PlaybackEngine::pressPlay()
+{
+    m_private->transport.pressPlay();
+}
+
+void PlaybackEngine::pressPause()
+{
+    m_private->transport.pressPause();
+}
+
+void PlaybackEngine::pressStop()
+{
+    m_private->transport.pressStop();
+}
+
+void PlaybackEngine::pressClose()
+{
+    m_private->enter([&] { m_private->close.press(); });
+}
+
+void PlaybackEngine::closeProgram()
+{
+    m_private->enter([&] { m_private->close.request(); });
+}
+
+void PlaybackEngine::playlistReplaced()
+{
+    m_private->context.supersede();
+    m_private->advance.forgetFailures();
+    m_private->context.module.playlist.OpenedFromExplorer = false;
+    m_private->context.setCursor({1, 1});
+    m_private->context.view->RebuildTree();
+    logLoaded(m_private->context.module.playlist);
+    if (m_private->context.module.optionIsOn(u"as"_s)) {
+        m_private->enter([&] { m_private->start(1, 1); });
+    }
+}
+
+void PlaybackEngine::sliderMoved(double value)
+{
+    m_private->slider.moved(value);
+}
+
+void PlaybackEngine::sliderCommitted()
+{
+    m_private->slider.committed();
+}
+
+void PlaybackEngine::resetPositionDisplay()
+{
+    m_private->slider.reset();
+}
+
+void PlaybackEngine::volumeMoved(Int16 value)
+{
+    m_private->volume.volumeMoved(value);
+}
+
+Int16 PlaybackEngine::applyStoredVolume()
+{
+    return m_private->volume.applyStoredVolume();
+}
+
+void PlaybackEngine::balanceMoved(Int16 value)
+{
+    m_private->volume.balanceMoved(value);
+}
+
+Int16 PlaybackEngine::storedBalance() const
+{
+    return m_private->volume.storedBalance();
+}
+
+void PlaybackEngine::seekTo(double seconds)
+{
+    m_private->slider.seekTo(seconds);
+}
+
+} // namespace orvanta

@@ -1,0 +1,72 @@
+// The playback engine: the 300 ms tick, starting clips, advancing, brakes, the queue, closing.
+#pragma once
+
+#include "playback/advance.h"
+#include "playback/playback_operations.h"
+#include "playback/playback_view.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace orvanta {
+
+/// Drives the playlist through the control and the view. Interface thread only. Handlers below may
+/// be entered while an outer one waits in the event loop; each checks afterwards that the playlist
+/// and the cursor are still those it began with.
+class PlaybackEngine : public QObject
+{
+    Q_OBJECT
+
+public:
+    PlaybackEngine(Module1& module, MediaControl& control, VideoWindow& video,
+                   QObject* parent = nullptr);
+    ~PlaybackEngine() override;
+
+    /// The main window registers itself before the first tick.
+    void attachView(PlaybackView& view);
+
+    [[nodiscard]] PlaybackOperations& operations();
+    [[nodiscard]] const TransportLooks& transport() const;
+
+    /// One playback tick (Form2_Timer1_Timer). Does not re-enter itself. Raises nothing.
+    void tick();
+
+    /// Makes clip (or brake) q of packet p current and plays it. Errors are passed over.
+    void ListClick(Int16 p, Int16 q);
+
+    /// The actions of the Play, Pause and Stop buttons.
+    void pressPlay();  // Image5
+    void pressPause(); // Image3
+    void pressStop();  // Image4
+    /// The Close button: hides the program ("nc") or ends it.
+    void pressClose(); // Image13
+    /// Ends the program whatever "nc" says (end of session, SIGTERM, tray).
+    void closeProgram();
+
+    /// What an opening (button, editor, drop) does after its loader: cursor to 1, tree, "as".
+    void playlistReplaced();
+
+    /// Position slider: the user moves it (value 0 to 100), commits, lets go.
+    void sliderMoved(double value);
+    void sliderCommitted();
+    void resetPositionDisplay(); // slider to 0
+    /// Volume slider moved by the user: control, mirror, cache and settings.
+    void volumeMoved(Int16 value);
+    /// Places the volume at load from the settings; writes nothing. Returns the slider's place.
+    Int16 applyStoredVolume();
+    void balanceMoved(Int16 value);
+    [[nodiscard]] Int16 storedBalance() const;
+
+    /// A user's seek by key or bookmark, seconds: in a brake packet the brake there becomes
+    /// current.
+    void seekTo(double seconds);
+
+    [[nodiscard]] bool isClosing() const;
+
+private:
+    class Private;
+    std::unique_ptr<Private> m_private;
+};
+
+} // namespace orvanta

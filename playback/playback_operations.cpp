@@ -1,0 +1,164 @@
+#include "playback/playback_operations.h"
+
+#include "core/numbers.h"
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+PlaybackOperations::PlaybackOperations(Module1& module, MediaControl& control, VideoWindow& video)
+    : m_module(module),
+      m_control(control),
+      m_video(video)
+{}
+
+void PlaybackOperations::PollPlayer()
+{
+    pollBookmark();
+    pollState();
+    pollPosition();
+    pollVolume();
+    pollEnd();
+}
+
+void PlaybackOperations::pollBookmark()
+{
+    PlaybackRecord& record = m_module.playback;
+    VideoMirror& mirror = m_video.mirror();
+    if (mirror.VideoBookmark != record.CachedBookmark) {
+        record.BookmarkChanged = true;
+    }
+    if (record.BookmarkPending.take()) {
+        mirror.VideoBookmark = record.CachedBookmark;
+    }
+}
+
+void PlaybackOperations::pollState()
+{
+    PlaybackRecord& record = m_module.playback;
+    VideoMirror& mirror = m_video.mirror();
+    if (mirror.VideoState != record.CachedState) {
+        record.CachedState = m_control.CurrentState();
+        record.StateChanged = true;
+        mirror.VideoState = record.CachedState;
+    }
+}
+
+void PlaybackOperations::pollPosition()
+{
+    VideoMirror& mirror = m_video.mirror();
+    if (!mirror.VideoPositionUpdated) {
+        return;
+    }
+    if (mirror.VideoPosition.isEmpty()) {
+        mirror.VideoPosition = u"0"_s;
+    }
+    m_module.playback.CachedPosition = mirror.VideoPosition;
+    m_module.playback.PositionChanged = true;
+}
+
+void PlaybackOperations::pollVolume()
+{
+    PlaybackRecord& record = m_module.playback;
+    if (m_video.mirror().VideoVolume != record.CachedVolume) {
+        record.CachedVolume = m_video.mirror().VideoVolume;
+        record.VolumeChanged = true;
+    }
+}
+
+void PlaybackOperations::pollEnd()
+{
+    if (!m_video.mirror().VideoEnded.take()) {
+        return;
+    }
+    m_module.playback.ClipEnded = true;
+    m_control.Stop();
+    m_control.setFileName({});
+    m_video.moveOutOfSight();
+}
+
+QString PlaybackOperations::GetPlayerPosition() const
+{
+    return m_module.playback.CachedPosition;
+}
+
+QString PlaybackOperations::GetPlayerDuration()
+{
+    m_module.playback.CachedDuration = decimalText(m_control.Duration());
+    return m_module.playback.CachedDuration;
+}
+
+int PlaybackOperations::GetPlayerState() const
+{
+    return m_module.playback.CachedState;
+}
+
+Int16 PlaybackOperations::GetPlayerVolume() const
+{
+    return m_module.playback.CachedVolume;
+}
+
+void PlaybackOperations::SetPlayerPosition(const QString& seconds)
+{
+    const double target = decimalValue(seconds);
+    m_module.playback.CachedPosition = seconds;
+    const bool wasRunning = m_control.CurrentState() == MediaControl::Running;
+    if (wasRunning) {
+        m_control.Pause();
+        m_control.setCurrentPosition(target);
+        m_control.Run();
+    }
+    m_control.setCurrentPosition(target);
+    // The next poll would bring the position before the seek back: a player that stands sends none.
+    m_video.mirror().VideoPosition = decimalText(m_control.CurrentPosition());
+}
+
+void PlaybackOperations::PauseIfRunning()
+{
+    if (m_control.CurrentState() == MediaControl::Running) {
+        m_control.Pause();
+    }
+}
+
+void PlaybackOperations::StopIfRunning()
+{
+    if (m_control.CurrentState() == MediaControl::Running) {
+        m_control.Stop();
+    }
+}
+
+void PlaybackOperations::PlayerRun()
+{
+    const MediaControl::State state = m_control.CurrentState();
+    if (state != MediaControl::Running && state != MediaControl::NotLoaded) {
+        m_control.Run();
+    }
+}
+
+void PlaybackOperations::SetBookmark(const QString& seconds)
+{
+    m_module.playback.CachedBookmark = seconds;
+    m_video.mirror().VideoBookmark = seconds;
+    m_module.playback.BookmarkPending = true;
+}
+
+void PlaybackOperations::OpenMedia(const QString& fileName)
+{
+    ForgetEnd();
+    m_video.prepareForMedia();
+    m_control.setFileName(fileName);
+}
+
+void PlaybackOperations::ForgetEnd()
+{
+    m_video.mirror().VideoEnded = false;
+    m_module.playback.ClipEnded = false;
+}
+
+void PlaybackOperations::ShowVideoWindow(bool show)
+{
+    m_video.showWindow(show);
+    m_module.playback.VideoWindowShown = show;
+}
+
+} // namespace orvanta

@@ -1,0 +1,62 @@
+// What the playback engine needs of the main window, and nothing else.
+#pragma once
+
+#include "core/int16.h"
+
+#include <QString>
+
+namespace orvanta
+{
+
+/// Looks of the transport buttons. Every change of an enabled state goes with an exchange of the
+/// button's two pictures, so that looks and state stay paired.
+struct TransportLooks
+{
+    bool playEnabled = true;
+    bool pauseEnabled = false;
+    bool playSwapped = false;  // Play shows the picture of Image15
+    bool pauseSwapped = false; // Pause shows the picture of Image17
+
+    friend bool operator==(const TransportLooks&, const TransportLooks&) = default;
+};
+
+/// The main window as the engine sees it. Interface thread only.
+class PlaybackView
+{
+public:
+    virtual ~PlaybackView() = default;
+
+    /// Window state 0: not minimised. A hidden window also counts as normal.
+    [[nodiscard]] virtual bool isWindowNormal() const = 0;
+    /// The user is holding the position slider.
+    [[nodiscard]] virtual bool isSliderHeld() const = 0;
+
+    virtual void setCurrentTime(const QString& text) = 0;  // Label1
+    virtual void setClipLength(const QString& text) = 0;   // Label2
+    virtual void setFindText(const QString& text) = 0;     // Text1
+    virtual void setClipText(const QString& text) = 0;     // Text2
+    virtual void moveSlider(Int16 percent) = 0;            // Slider1, without looking like a user
+    virtual void setVolumeSlider(Int16 value) = 0;         // Slider2, without looking like a user
+    virtual void showTransport(const TransportLooks& looks) = 0; // Image5, Image3
+
+    virtual void RebuildTree() = 0;
+    virtual void clearList() = 0;
+    /// Line index of packet p's header in the list as shown; -1 when there is none.
+    [[nodiscard]] virtual int headerLineOf(Int16 p) const = 0;
+    [[nodiscard]] virtual int lineCount() const = 0;
+    virtual void setListIndex(int line) = 0; // -1: no line is current
+    [[nodiscard]] virtual bool isLineChecked(int line) const = 0;
+    virtual void checkLine(int line) = 0;
+
+    virtual void showMainWindow() = 0;
+    virtual void hideMainWindow() = 0;
+    virtual void enableTimer2(int line) = 0; // marks this line as selected 100 ms later
+    virtual void enableTimer3() = 0;         // brings the window to the front 200 ms later
+    virtual void bringMainWindowToFront() = 0;
+    /// The bookmark sign Form4 at the top left of the screen for a second.
+    virtual void showBookmarkSign() = 0;
+    /// Ends the program: unloads main window, tray window and video window, in this order.
+    virtual void unloadAll() = 0;
+};
+
+} // namespace orvanta

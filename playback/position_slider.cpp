@@ -1,0 +1,113 @@
+#include "playback/position_slider.h"
+
+#include "core/error_boundary.h"
+#include "core/numbers.h"
+#include "playback/brakes.h"
+
+#include <algorithm>
+
+namespace orvanta {
+
+PositionSlider::PositionSlider(EngineContext& context)
+    : m_context(context)
+{}
+
+double PositionSlider::durationSeconds()
+{
+    return decimalValue(m_context.operations.GetPlayerDuration());
+}
+
+BrakeSpan PositionSlider::span()
+{
+    const double duration = durationSeconds();
+    if (!m_context.areBrakesPlaying()) {
+        return {0, duration};
+    }
+    return brakeSpan(m_context.currentPacket(), m_context.cursor().clip, duration);
+}
+
+void PositionSlider::showTime(double seconds)
+{
+    m_context.view->setCurrentTime(formatPicture(seconds, kPositionPicture));
+}
+
+void PositionSlider::display()
+{
+    const QString position = m_context.operations.GetPlayerPosition();
+    resumeNext("current time", [&] { showTime(decimalValue(position)); });
+    if (position.isEmpty()) {
+        return;
+    }
+    resumeNext("length of clip", [&] {
+        m_context.view->setClipLength(formatPicture(durationSeconds(), kDurationPicture));
+    });
+    resumeNext("position slider",
+               [&] { SetValue(sliderOfPosition(decimalValue(position), span())); });
+}
+
+void PositionSlider::SetValue(Int16 value)
+{
+    m_context.module.SliderValue = std::clamp(value, Int16(0), Int16(100));
+    m_context.view->moveSlider(m_context.module.SliderValue);
+}
+
+void PositionSlider::reset()
+{
+    SetValue(0);
+}
+
+void PositionSlider::moved(double value)
+{
+    trapped("preview", [&] {
+        const Int16 whole = roundToInt16(value);
+        showTime(positionOfSlider(value, span()));
+        m_context.module.SliderValue = whole;
+    });
+}
+
+void PositionSlider::committed()
+{
+    trapped("seek by slider", [&] { commit(); });
+}
+
+void PositionSlider::commit()
+{
+    const BrakeSpan part = span();
+    const double target = positionOfSlider(m_context.module.SliderValue.value(), part);
+    const double position = decimalValue(m_context.operations.GetPlayerPosition());
+    const SeekDecision decision = seekOnCommit(m_context.control.CurrentState(), target, position);
+    if (decision.seek) {
+        m_context.operations.SetPlayerPosition(decimalText(target));
+        showTime(target);
+    }
+    if (decision.restoreSlider) {
+        SetValue(sliderOfPosition(position, part));
+    }
+}
+
+void PositionSlider::seekTo(double seconds)
+{
+    trapped("seek", [&] {
+        const double target = std::max(seconds, 0.0);
+        m_context.operations.SetPlayerPosition(decimalText(target));
+        if (m_context.areBrakesPlaying()) {
+            followSeek(target);
+        }
+    });
+}
+
+/// The last brake at or before the new position becomes current; the player stays where it is.
+void PositionSlider::followSeek(double seconds)
+{
+    const BrakeSpan part = span();
+    if (seconds >= part.begin && seconds < part.end) {
+        return;
+    }
+    const PlaylistEntry& packet = m_context.currentPacket();
+    const Cursor place = {m_context.cursor().packet, brakeAt(packet, seconds)};
+    m_context.setCursor(place);
+    m_context.view->setClipText(place.clip >= 1 ? packet.clip(place.clip).Text : QString());
+    m_context.moveListCursor(place);
+}
+
+} // namespace orvanta

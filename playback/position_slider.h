@@ -1,0 +1,39 @@
+// The position slider and the time labels: display, preview, seek.
+#pragma once
+
+#include "playback/engine_context.h"
+#include "playback/position.h"
+
+namespace orvanta {
+
+/// In a brake packet the slider spans the current brake, else the whole clip.
+class PositionSlider
+{
+public:
+    explicit PositionSlider(EngineContext& context);
+
+    /// The tick's display step.
+    void display();
+    /// Stores the value, limited to 0 to 100, and moves the slider.
+    void SetValue(Int16 value);
+    /// Slider to 0.
+    void reset();
+
+    /// The user moves the slider: the target time is shown, nothing is sought yet. Raises nothing.
+    void moved(double value);
+    /// The user's change is final: seeks once. Raises nothing.
+    void committed();
+    /// A seek by key or bookmark, seconds. Raises nothing.
+    void seekTo(double seconds);
+
+private:
+    [[nodiscard]] BrakeSpan span();
+    [[nodiscard]] double durationSeconds();
+    void showTime(double seconds);
+    void commit();
+    void followSeek(double seconds);
+
+    EngineContext& m_context;
+};
+
+} // namespace orvanta

@@ -1,0 +1,119 @@
+#include "playback/transport_buttons.h"
+
+#include "core/error_boundary.h"
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+constexpr TransportLooks kIdle = {};
+constexpr TransportLooks kPlaying = {
+    .playEnabled = false, .pauseEnabled = true, .playSwapped = true, .pauseSwapped = true};
+
+TransportButtons::TransportButtons(EngineContext& context, PositionSlider& slider)
+    : m_context(context),
+      m_slider(slider)
+{}
+
+/// Exchanges the picture even when the button already was so: a second press shows it.
+void TransportButtons::setPlay(bool enabled)
+{
+    m_looks.playEnabled = enabled;
+    m_looks.playSwapped = !m_looks.playSwapped;
+}
+
+void TransportButtons::setPause(bool enabled)
+{
+    m_looks.pauseEnabled = enabled;
+    m_looks.pauseSwapped = !m_looks.pauseSwapped;
+}
+
+void TransportButtons::show(const TransportLooks& looks)
+{
+    m_looks = looks;
+    m_context.view->showTransport(m_looks);
+}
+
+void TransportButtons::showPlaying()
+{
+    show(kPlaying);
+}
+
+void TransportButtons::showIdle()
+{
+    show(kIdle);
+}
+
+void TransportButtons::pressPlay()
+{
+    if (m_context.operations.GetPlayerState() == MediaControl::NotLoaded) {
+        return;
+    }
+    m_context.operations.PlayerRun();
+    setPause(true);
+    setPlay(false);
+    show(m_looks);
+}
+
+void TransportButtons::pressPause()
+{
+    if (m_context.operations.GetPlayerState() == MediaControl::NotLoaded) {
+        return;
+    }
+    m_context.operations.PauseIfRunning();
+    setPlay(true);
+    setPause(false);
+    show(m_looks);
+}
+
+void TransportButtons::pressStop()
+{
+    if (m_context.operations.GetPlayerState() == MediaControl::NotLoaded) {
+        return;
+    }
+    stopPlayer();
+    m_slider.reset();
+    m_context.view->setCurrentTime(u"0.00"_s);
+    if (m_looks.pauseEnabled) {
+        setPause(false);
+    }
+    if (!m_looks.playEnabled) {
+        setPlay(true);
+    }
+    show(m_looks);
+    m_context.log.stopped();
+}
+
+void TransportButtons::stopPlayer()
+{
+    if (!m_context.areBrakesPlaying()) {
+        m_context.operations.StopIfRunning();
+        return;
+    }
+    m_context.operations.PauseIfRunning();
+    resumeNext("back to the brake", [&] {
+        const PlaylistEntry& packet = m_context.currentPacket();
+        m_context.operations.SetPlayerPosition(packet.clip(m_context.cursor().clip).Time);
+    });
+}
+
+void TransportButtons::reconcile()
+{
+    const bool settled = !m_context.control.isOpening() && !m_context.module.playback.ClipEnded;
+    if (!settled || !m_context.module.playback.StateChanged.take()) {
+        return;
+    }
+    const int state = m_context.operations.GetPlayerState();
+    if (state == MediaControl::Running) {
+        showPlaying();
+        m_context.log.running();
+    } else {
+        showIdle();
+    }
+    if (state == MediaControl::Stopped && m_knownState > MediaControl::Stopped) {
+        m_context.log.stopped();
+    }
+    m_knownState = state;
+}
+
+} // namespace orvanta

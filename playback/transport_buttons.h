@@ -1,0 +1,40 @@
+// The Play, Pause and Stop buttons: actions and looks.
+#pragma once
+
+#include "playback/engine_context.h"
+#include "playback/position_slider.h"
+
+namespace orvanta {
+
+/// Each change of a button's enabled state exchanges its two pictures.
+class TransportButtons
+{
+public:
+    TransportButtons(EngineContext& context, PositionSlider& slider);
+
+    void pressPlay();  // Image5
+    void pressPause(); // Image3
+    /// Image4. In a brake packet: back to the current brake, and wait there.
+    void pressStop();
+
+    /// The looks of the playing state, of the idle one.
+    void showPlaying();
+    void showIdle();
+    /// Takes StateChanged: keys, tray and full screen also change the state.
+    void reconcile();
+
+    [[nodiscard]] const TransportLooks& looks() const { return m_looks; }
+
+private:
+    void stopPlayer();
+    void show(const TransportLooks& looks);
+    void setPlay(bool enabled);
+    void setPause(bool enabled);
+
+    EngineContext& m_context;
+    PositionSlider& m_slider;
+    TransportLooks m_looks;
+    int m_knownState = MediaControl::NotLoaded;
+};
+
+} // namespace orvanta

@@ -1,0 +1,32 @@
+// The volume and balance sliders.
+#pragma once
+
+#include "playback/engine_context.h"
+
+namespace orvanta {
+
+class VolumeSliders
+{
+public:
+    explicit VolumeSliders(EngineContext& context);
+
+    /// Moved by the user, 0 to 100: control, video window, cache and settings.
+    void volumeMoved(Int16 value);
+    /// Takes VolumeChanged: the video window's keys move the slider.
+    void takeVolumeOfVideoWindow();
+    /// The stored volume goes to the control; the settings stay. Returns the slider's place. Raises
+    /// 13 or 6 when the stored text is no such number.
+    Int16 applyStoredVolume();
+
+    void balanceMoved(Int16 value);
+    /// 50, the centre, when nothing is stored. Raises 13 or 6.
+    [[nodiscard]] Int16 storedBalance() const;
+
+private:
+    void share(Int16 value);
+    void write(const QString& key, const QString& value) const;
+
+    EngineContext& m_context;
+};
+
+} // namespace orvanta
