@@ -1,0 +1,206 @@
+#include "player/window/playlist_list.h"
+
+#include "player/window/skin.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include <utility>
+
+namespace orvanta {
+
+void PlaylistModel::setLines(std::vector<TreeLine> lines)
+{
+    beginResetModel();
+    m_lines = std::move(lines);
+    m_checked.assign(m_lines.size(), true);
+    endResetModel();
+}
+
+bool PlaylistModel::isChecked(int line) const
+{
+    return hasBox(line) && m_checked[static_cast<std::size_t>(line)];
+}
+
+void PlaylistModel::setChecked(int line, bool checked)
+{
+    if (isChecked(line) != checked && hasBox(line)) {
+        m_checked[static_cast<std::size_t>(line)] = checked;
+        Q_EMIT dataChanged(index(line), index(line), {Qt::CheckStateRole});
+    }
+}
+
+int PlaylistModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_lines.size());
+}
+
+QVariant PlaylistModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid()) {
+        return {};
+    }
+    if (role == Qt::DisplayRole) {
+        return m_lines[static_cast<std::size_t>(index.row())].text;
+    }
+    if (role == Qt::CheckStateRole && hasBox(index.row())) {
+        return isChecked(index.row()) ? Qt::Checked : Qt::Unchecked;
+    }
+    return {};
+}
+
+bool PlaylistModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (role != Qt::CheckStateRole || !hasBox(index.row())) {
+        return false;
+    }
+    setChecked(index.row(), value.toInt() == Qt::Checked);
+    return true;
+}
+
+Qt::ItemFlags PlaylistModel::flags(const QModelIndex& index) const
+{
+    const Qt::ItemFlags plain = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    return hasBox(index.row()) ? plain | Qt::ItemIsUserCheckable : plain;
+}
+
+PlaylistList::PlaylistList(QWidget* parent)
+    : QListView(parent),
+      m_model(new PlaylistModel(this))
+{
+    setModel(m_model);
+    setItemDelegate(new PlaylistDelegate(m_model, this));
+    setUniformItemSizes(true);
+    setVerticalScrollMode(ScrollPerItem);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setFrameShape(NoFrame);
+    setMouseTracking(true);
+    setFont(skin::listFont());
+}
+
+void PlaylistList::setLines(std::vector<TreeLine> lines)
+{
+    m_model->setLines(std::move(lines));
+}
+
+void PlaylistList::setCursorLine(int line)
+{
+    if (line < 0 || line >= m_model->rowCount({})) {
+        selectionModel()->clear();
+        return;
+    }
+    setCurrentIndex(m_model->index(line));
+    scrollTo(currentIndex());
+}
+
+int PlaylistList::topLine() const
+{
+    return verticalScrollBar()->value();
+}
+
+void PlaylistList::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QListView::currentChanged(current, previous);
+    if (current.isValid()) {
+        Q_EMIT cursorMoved(current.row());
+    }
+}
+
+// The root never stays current, so keys stop at the line below it.
+QModelIndex PlaylistList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex target = QListView::moveCursor(action, modifiers);
+    return target.isValid() && target.row() == 0 ? m_model->index(1) : target;
+}
+
+bool PlaylistList::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        showToolTip(help->globalPos(), help->pos());
+        return true;
+    }
+    return QListView::viewportEvent(event);
+}
+
+// Bound to its line's rectangle, so that the next line brings its own text.
+void PlaylistList::showToolTip(const QPoint& globalPlace, const QPoint& place)
+{
+    const QModelIndex line = indexAt(place);
+    QToolTip::showText(globalPlace, toolTip(), viewport(),
+                       line.isValid() ? visualRect(line) : QRect());
+}
+
+bool PlaylistList::toggleAt(QPoint place)
+{
+    const QModelIndex line = indexAt(place);
+    if (!m_model->hasBox(line.row()) ||
+        !PlaylistDelegate::boxArea(visualRect(line)).contains(place)) {
+        return false;
+    }
+    toggle(line.row());
+    return true;
+}
+
+void PlaylistList::mousePressEvent(QMouseEvent* event)
+{
+    const QPoint place = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && !toggleAt(place) && indexAt(place).isValid()) {
+        setCursorLine(indexAt(place).row());
+    }
+}
+
+void PlaylistList::mouseMoveEvent(QMouseEvent* event)
+{
+    Q_EMIT pointerMoved(event->position().toPoint().y());
+}
+
+// Everything happened at the press; the base class would edit or drag.
+void PlaylistList::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->accept();
+}
+
+void PlaylistList::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QPoint place = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && !toggleAt(place) && indexAt(place).isValid()) {
+        Q_EMIT lineChosen();
+    }
+}
+
+void PlaylistList::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Space:
+        toggle(cursorLine());
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Q_EMIT lineChosen();
+        break;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        QListView::keyPressEvent(event);
+        break;
+    default:
+        event->ignore();
+    }
+}
+
+// The base class would make the first line current as soon as the list is reached by Tab.
+void PlaylistList::focusInEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+} // namespace orvanta
