@@ -7,8 +7,7 @@
 
 #include <cmath>
 
-namespace orvanta
-{
+namespace orvanta {
 
 class PictureSource;
 

@@ -1,16 +1,13 @@
-#include "platform/mpv_player.h"
-
 #include "core/log.h"
+#include "platform/mpv_player.h"
 
 #include <QPointer>
 
 #include <cstring>
 
-namespace orvanta
-{
+namespace orvanta {
 
-namespace
-{
+namespace {
 
 constexpr unsigned kRequestBits = 8;
 constexpr quint64 kRequestMask = (quint64{1} << kRequestBits) - 1;
@@ -93,8 +90,7 @@ void MpvMediaControl::Private::serve(const mpv_event& event)
         serveProperty(event);
         break;
     case MPV_EVENT_START_FILE:
-        m_startedEntry =
-            static_cast<const mpv_event_start_file*>(event.data)->playlist_entry_id;
+        m_startedEntry = static_cast<const mpv_event_start_file*>(event.data)->playlist_entry_id;
         break;
     case MPV_EVENT_END_FILE:
         endOfEntry(*static_cast<const mpv_event_end_file*>(event.data));

@@ -5,11 +5,9 @@
 
 #include <vector>
 
-namespace orvanta
-{
+namespace orvanta {
 
-namespace
-{
+namespace {
 
 constexpr unsigned kMajorShift = 16;
 
@@ -40,8 +38,7 @@ bool accepted(int result, const char* what)
 
 MpvHandle::MpvHandle()
     : m_handle(createPlayer())
-{
-}
+{}
 
 MpvHandle::~MpvHandle()
 {

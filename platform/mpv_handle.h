@@ -10,8 +10,7 @@
 #include <atomic>
 #include <memory>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Owns an mpv_handle. Requests are asynchronous: the library answers with events that carry the
 /// request's id. Requests are served in the order in which they were made. Interface thread only.

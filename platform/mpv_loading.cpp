@@ -1,18 +1,14 @@
-#include "platform/mpv_player.h"
-
 #include "core/log.h"
+#include "platform/mpv_player.h"
 
 #include <QFile>
 
 #include <sys/stat.h>
-
 #include <utility>
 
-namespace orvanta
-{
+namespace orvanta {
 
-namespace
-{
+namespace {
 
 /// Only files are opened. The library would take addresses, devices and pipes just as gladly.
 bool isRegularFile(const QString& path)

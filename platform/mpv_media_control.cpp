@@ -2,19 +2,16 @@
 
 #include "platform/mpv_player.h"
 
-namespace orvanta
-{
+namespace orvanta {
 
 MpvMediaControl::MpvMediaControl(QObject* parent)
     : MpvMediaControl(MpvOptionList(), parent)
-{
-}
+{}
 
 MpvMediaControl::MpvMediaControl(const MpvOptionList& extraOptions, QObject* parent)
-    : MediaControl(parent)
-    , d(std::make_unique<Private>(*this, extraOptions))
-{
-}
+    : MediaControl(parent),
+      d(std::make_unique<Private>(*this, extraOptions))
+{}
 
 MpvMediaControl::~MpvMediaControl() = default;
 

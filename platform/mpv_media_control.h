@@ -6,8 +6,7 @@
 
 #include <memory>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Plays the absolute paths of regular files, and nothing else, through libmpv.
 class MpvMediaControl : public MediaControl

@@ -6,11 +6,9 @@
 #include <array>
 #include <cmath>
 
-namespace orvanta
-{
+namespace orvanta {
 
-namespace
-{
+namespace {
 
 struct Option
 {
@@ -72,9 +70,8 @@ constexpr char kFormats[] =
     "matroska,mjpeg,mov,mp3,mpc,mpc8,mpeg,mpegts,mpegvideo,mxf,nsv,nut,obu,ogg,rm,tak,tta,vc1,voc,"
     "w64,wav,wv";
 
-constexpr std::array kRawStreams = {"aac",  "ac3",  "dts",   "dtshd",     "eac3", "h264",
-                                    "hevc", "loas", "mjpeg", "mpegvideo", "m4v",  "obu",
-                                    "vc1"};
+constexpr std::array kRawStreams = {"aac",  "ac3",   "dts",       "dtshd", "eac3", "h264", "hevc",
+                                    "loas", "mjpeg", "mpegvideo", "m4v",   "obu",  "vc1"};
 
 // The container options hold commas, so they cannot be given as one text.
 bool setContainerOptions(MpvHandle& mpv)

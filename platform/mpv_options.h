@@ -6,8 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace orvanta
-{
+namespace orvanta {
 
 class MpvHandle;
 

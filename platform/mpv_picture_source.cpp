@@ -7,11 +7,9 @@
 #include <cstdlib>
 #include <utility>
 
-namespace orvanta
-{
+namespace orvanta {
 
-namespace
-{
+namespace {
 
 // The scalers copy the whole frame once more when lines do not begin at such addresses.
 constexpr std::size_t kAlignment = 64;
@@ -46,13 +44,9 @@ QImage newImage(QSize size)
     if (pixels == nullptr) {
         return {};
     }
-    return {static_cast<uchar*>(pixels),
-            size.width(),
-            size.height(),
-            static_cast<qsizetype>(stride),
-            QImage::Format_RGB32,
-            std::free,
-            pixels};
+    return {
+        static_cast<uchar*>(pixels), size.width(), size.height(), static_cast<qsizetype>(stride),
+        QImage::Format_RGB32,        std::free,    pixels};
 }
 
 } // namespace

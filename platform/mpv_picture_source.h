@@ -12,8 +12,7 @@
 #include <mutex>
 #include <thread>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Renders straight into the image that the surface paints: no copy in between. While the target
 /// size is empty, frames are taken from the player and passed over.

@@ -4,11 +4,9 @@
 #include <cmath>
 #include <utility>
 
-namespace orvanta
-{
+namespace orvanta {
 
-namespace
-{
+namespace {
 
 constexpr int kLookMilliseconds = 40;
 constexpr int kSeekGuardMilliseconds = 5000;
@@ -25,9 +23,9 @@ std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
 } // namespace
 
 MpvMediaControl::Private::Private(MpvMediaControl& control, const MpvOptionList& extra)
-    : q(control)
-    , m_mpv(startPlayer(extra))
-    , m_picture(m_mpv->get())
+    : q(control),
+      m_mpv(startPlayer(extra)),
+      m_picture(m_mpv->get())
 {
     m_look.setInterval(kLookMilliseconds);
     m_seekGuard.setInterval(kSeekGuardMilliseconds);

@@ -13,8 +13,7 @@
 #include <memory>
 #include <optional>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// The inside of MpvMediaControl. The operations are in mpv_player.cpp, the loading of files in
 /// mpv_loading.cpp, the events in mpv_events.cpp. Every signal is emitted last, since its
@@ -121,18 +120,18 @@ private:
     State m_state = NotLoaded;
     int m_volume = 0;
 
-    quint64 m_load = 0;          // serial of the newest load
-    qint64 m_entry = -1;         // the library's number of that load; -1: not told yet
-    qint64 m_startedEntry = -1;  // the entry that the library began last
+    quint64 m_load = 0;         // serial of the newest load
+    qint64 m_entry = -1;        // the library's number of that load; -1: not told yet
+    qint64 m_startedEntry = -1; // the entry that the library began last
     bool m_factsAsked = false;
-    bool m_reloading = false;    // on the way back to the start of a clip that cannot seek to it
+    bool m_reloading = false; // on the way back to the start of a clip that cannot seek to it
     bool m_rewindsByReload = false;
     QSize m_pictureSize;
 
     double m_position = 0;
-    double m_duration = 0;  // 0: unknown
-    double m_largest = 0;   // the largest position seen
-    bool m_atStart = true;  // rewound: exactly 0, whatever the first time stamp is
+    double m_duration = 0; // 0: unknown
+    double m_largest = 0;  // the largest position seen
+    bool m_atStart = true; // rewound: exactly 0, whatever the first time stamp is
     MpvSeek m_seek;
     std::optional<double> m_seekWhenReady;
     quint64 m_pauseSerial = 0; // a look asked for before the newest change tells nothing

@@ -1,7 +1,6 @@
 #include "platform/mpv_seek.h"
 
-namespace orvanta
-{
+namespace orvanta {
 
 quint64 MpvSeek::begin(double target, Kind kind)
 {

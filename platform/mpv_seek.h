@@ -6,8 +6,7 @@
 
 #include <optional>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Follows one seek from its request to its end. A newer seek takes the place of the one before.
 class MpvSeek

@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace orvanta
-{
+namespace orvanta {
 
 void ScriptedMediaControl::completeOpening()
 {

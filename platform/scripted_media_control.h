@@ -5,8 +5,7 @@
 
 #include <QStringList>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Opens nothing. Loads complete when the script says so (or at once with autoOpen).
 class ScriptedMediaControl : public MediaControl

@@ -4,12 +4,11 @@
 
 #include <QPainter>
 
-namespace orvanta
-{
+namespace orvanta {
 
 VideoSurface::VideoSurface(PictureSource* source, QWidget* parent)
-    : QWidget(parent)
-    , m_source(source)
+    : QWidget(parent),
+      m_source(source)
 {
     setAttribute(Qt::WA_OpaquePaintEvent); // every pixel is painted, so none is erased first
     if (m_source != nullptr) {

@@ -3,8 +3,7 @@
 
 #include <QWidget>
 
-namespace orvanta
-{
+namespace orvanta {
 
 class PictureSource;
 

@@ -71,6 +71,13 @@ void AdvanceStep::playbackIsOver(Cursor rest)
     }
 }
 
+void AdvanceStep::next()
+{
+    constexpr AdvanceOptions asked = {.nextClip = true, .nextPacket = true, .replay = false};
+    apply(nextAfterClip(asked, shapeOf(m_context.module.playlist, *m_context.view),
+                        m_context.cursor()));
+}
+
 void AdvanceStep::previous()
 {
     const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);

@@ -20,6 +20,8 @@ public:
     /// The last start left the player empty: the same, but over after one whole pass in which
     /// nothing could be opened.
     void runAfterFailure();
+    /// To the next or previous checked place, whatever the options say.
+    void next();
     void previous();
     /// A clip was opened, or another playlist: failures begin to count anew.
     void forgetFailures() { m_failed.clear(); }

@@ -157,20 +157,12 @@ void ClipStarter::logStart(Cursor place)
     });
 }
 
-/// A player that still has its earlier clip plays on; an empty one goes on to the next clip.
 void ClipStarter::noteFailure()
 {
     if (m_context.isPlayerEmpty()) {
         m_context.startFailed = true;
         m_transport.showIdle();
     }
-}
-
-void ClipStarter::openFailed(const QString& reason)
-{
-    qCInfo(logErrors, "%ls cannot be opened: %ls", qUtf16Printable(m_context.loaded.file),
-           qUtf16Printable(reason));
-    noteFailure();
 }
 
 } // namespace orvanta

@@ -16,8 +16,9 @@ public:
     /// that is superseded meanwhile leaves everything to its successor.
     void ListClick(Int16 p, Int16 q);
 
-    /// A file that was found could not be opened.
-    void openFailed(const QString& reason);
+    /// Nothing could be opened. A player that still has its earlier clip plays on; an empty one goes
+    /// on to the next clip with the next tick.
+    void noteFailure();
 
 private:
     void showPicture(Int16 p);
@@ -31,7 +32,6 @@ private:
     [[nodiscard]] QString playableFile(const QString& text, const QString& file) const;
     void makeCurrent(Cursor place);
     void logStart(Cursor place);
-    void noteFailure();
 
     EngineContext& m_context;
     TransportButtons& m_transport;

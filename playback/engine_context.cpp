@@ -21,6 +21,7 @@ void EngineContext::setCursor(Cursor cursor)
 {
     module.playlist.CurrentPacket = cursor.packet;
     module.playlist.CurrentClip = cursor.clip;
+    onCursorMoved();
 }
 
 const PlaylistEntry& EngineContext::currentPacket() const

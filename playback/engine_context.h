@@ -33,6 +33,9 @@ struct EngineContext
     LoadedMedia loaded;
     /// Looks for the file that a path text means in a packet's folder.
     std::function<QString(const QString& pathText, const QString& folder)> findFile;
+    /// For who shows the current clip or the volume elsewhere.
+    std::function<void()> onCursorMoved = [] {};
+    std::function<void()> onVolumeMoved = [] {};
     int waitingStarts = 0;    // starts that wait in the event loop for their media
     bool startFailed = false; // the last start left the player empty: the tick advances again
     bool closing = false;     // the program ends; no handler begins anything

@@ -12,11 +12,9 @@
 
 #include <utility>
 
-namespace orvanta
-{
+namespace orvanta {
 
-namespace
-{
+namespace {
 
 using namespace Qt::StringLiterals;
 
@@ -36,8 +34,8 @@ void paintBlack(QWidget& window)
 } // namespace
 
 Form13::Form13(MediaControl& control, HandlerBoundary boundary)
-    : m_control(control)
-    , m_boundary(std::move(boundary))
+    : m_control(control),
+      m_boundary(std::move(boundary))
 {
     buildControls();
     connectHandlers();
@@ -177,8 +175,8 @@ void Form13::giveSize(QSize contents)
     m_givenSizeBefore = std::exchange(m_givenSize, contents);
     const QSize whole = contents + frameSize();
     const QRect neighbour = m_neighbour ? m_neighbour->frameGeometry() : QRect();
-    const QPoint place = isVisible() ? insideScreen(pos(), whole, room())
-                                     : placeBeside(neighbour, whole, room());
+    const QPoint place =
+        isVisible() ? insideScreen(pos(), whole, room()) : placeBeside(neighbour, whole, room());
     resize(contents);
     if (place != pos()) {
         move(place);
@@ -202,7 +200,8 @@ QRect Form13::room() const
 /// What the window manager adds around the contents; a guess before it has done so.
 QSize Form13::frameSize() const
 {
-    const QMargins margins = windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
+    const QMargins margins =
+        windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
     if (!margins.isNull()) {
         return {margins.left() + margins.right(), margins.top() + margins.bottom()};
     }

@@ -17,8 +17,7 @@
 #include <QTimer>
 #include <QWidget>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Its logical place (Left, Width, Height in twips) follows the program; the native window is
 /// hidden while the logical one is out of sight, but not between two clips that both have a

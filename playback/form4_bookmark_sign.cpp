@@ -5,11 +5,9 @@
 #include <QPainterPath>
 #include <QScreen>
 
-namespace orvanta
-{
+namespace orvanta {
 
-namespace
-{
+namespace {
 
 using namespace Qt::StringLiterals;
 

@@ -6,8 +6,7 @@
 #include <QTimer>
 #include <QWidget>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// A 32 by 32 pixel window without a frame at the top left of the screen, above all others. It
 /// takes neither focus nor clicks. Create it with new and show it: it deletes itself.

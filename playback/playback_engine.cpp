@@ -193,6 +193,8 @@ PlaybackEngine::PlaybackEngine(Module1& module, MediaControl& control, VideoWind
     : QObject(parent),
       m_private(std::make_unique<Private>(module, control, video))
 {
+    m_private->context.onCursorMoved = [this] { Q_EMIT cursorChanged(); };
+    m_private->context.onVolumeMoved = [this] { Q_EMIT volumeChanged(); };
     // The next clip does not wait for the timer. Queued: the video window notes the end first.
     connect(
         &control, &MediaControl::positionChange, this,
@@ -204,9 +206,9 @@ PlaybackEngine::PlaybackEngine(Module1& module, MediaControl& control, VideoWind
         Qt::QueuedConnection);
     connect(&control, &MediaControl::openComplete, this,
             [this] { m_private->advance.forgetFailures(); });
-    connect(&control, &MediaControl::openFailed, this, [this](const QString& reason) {
+    connect(&control, &MediaControl::openFailed, this, [this] {
         if (m_private->context.view != nullptr) {
-            m_private->starter.openFailed(reason);
+            m_private->starter.noteFailure();
         }
     });
 }
@@ -227,6 +229,18 @@ PlaybackOperations& PlaybackEngine::operations()
 const TransportLooks& PlaybackEngine::transport() const
 {
     return m_private->transport.looks();
+}
+
+void PlaybackEngine::nextChecked()
+{
+    m_private->advance.forgetFailures();
+    m_private->enter([&] { m_private->advance.next(); });
+}
+
+void PlaybackEngine::previousChecked()
+{
+    m_private->advance.forgetFailures();
+    m_private->enter([&] { m_private->advance.previous(); });
 }
 
 bool PlaybackEngine::isClosing() const

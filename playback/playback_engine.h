@@ -62,7 +62,17 @@ public:
     /// current.
     void seekTo(double seconds);
 
+    /// To the next or previous checked clip or brake, whatever the options say: a person asked.
+    void nextChecked();
+    void previousChecked();
+
     [[nodiscard]] bool isClosing() const;
+
+Q_SIGNALS:
+    /// Another clip, brake or playlist is current.
+    void cursorChanged();
+    /// The user changed the volume, here or in the video window.
+    void volumeChanged();
 
 private:
     class Private;

@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Looks of the transport buttons. Every change of an enabled state goes with an exchange of the
 /// button's two pictures, so that looks and state stay paired.
@@ -31,12 +30,12 @@ public:
     /// The user is holding the position slider.
     [[nodiscard]] virtual bool isSliderHeld() const = 0;
 
-    virtual void setCurrentTime(const QString& text) = 0;  // Label1
-    virtual void setClipLength(const QString& text) = 0;   // Label2
-    virtual void setFindText(const QString& text) = 0;     // Text1
-    virtual void setClipText(const QString& text) = 0;     // Text2
-    virtual void moveSlider(Int16 percent) = 0;            // Slider1, without looking like a user
-    virtual void setVolumeSlider(Int16 value) = 0;         // Slider2, without looking like a user
+    virtual void setCurrentTime(const QString& text) = 0; // Label1
+    virtual void setClipLength(const QString& text) = 0;  // Label2
+    virtual void setFindText(const QString& text) = 0;    // Text1
+    virtual void setClipText(const QString& text) = 0;    // Text2
+    virtual void moveSlider(Int16 percent) = 0;           // Slider1, without looking like a user
+    virtual void setVolumeSlider(Int16 value) = 0;        // Slider2, without looking like a user
     virtual void showTransport(const TransportLooks& looks) = 0; // Image5, Image3
 
     virtual void RebuildTree() = 0;

@@ -4,11 +4,9 @@
 
 #include <QImageReader>
 
-namespace orvanta
-{
+namespace orvanta {
 
-namespace
-{
+namespace {
 
 using namespace Qt::StringLiterals;
 

@@ -4,8 +4,7 @@
 #include <QImage>
 #include <QString>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Reads a picture file (bmp, jpg, gif, ico, png, webp; told by its content, turned as it says).
 /// Null when the file is empty, missing, damaged, too large or of another kind.

@@ -2,11 +2,9 @@
 
 #include <algorithm>
 
-namespace orvanta
-{
+namespace orvanta {
 
-namespace
-{
+namespace {
 
 constexpr int kGap = 8; // pixels between the two windows
 

@@ -6,8 +6,7 @@
 #include <QRect>
 #include <QSize>
 
-namespace orvanta
-{
+namespace orvanta {
 
 inline constexpr int kTwipsPerPixel = 15;
 inline constexpr int kOutOfSight = -100000; // twips: the left edge of a window that nobody can see

@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// The video window as the engine sees it; its mirror fields are the channel back.
 class VideoWindow

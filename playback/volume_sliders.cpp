@@ -33,6 +33,7 @@ void VolumeSliders::share(Int16 value)
 {
     m_context.video.mirror().VideoVolume = value;
     m_context.module.playback.CachedVolume = value;
+    m_context.onVolumeMoved();
 }
 
 void VolumeSliders::volumeMoved(Int16 value)

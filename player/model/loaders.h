@@ -5,8 +5,7 @@
 
 #include <QStringList>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Replaces the playlist with the group's packets. Raises 13, 9 or 6; what was read stays.
 void OpenGroup(PlaylistState& playlist, const QString& path);

@@ -8,8 +8,7 @@
 
 #include <vector>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// What is open and what is playing. Indices count from 1; 0 means none.
 struct PlaylistState
@@ -18,8 +17,8 @@ struct PlaylistState
     Int16 PlaylistCount;
     Int16 CurrentPacket;
     Int16 CurrentClip;
-    QString PacketFolder;         // folder of the packet opened last, with its separator
-    Flag16 OpenedFromExplorer;    // files were handed over by the shell
+    QString PacketFolder;      // folder of the packet opened last, with its separator
+    Flag16 OpenedFromExplorer; // files were handed over by the shell
 
     /// Packet p, counted from 1. Raises 9 outside the playlist.
     [[nodiscard]] PlaylistEntry& packet(Int16 p);
@@ -31,11 +30,11 @@ struct PlaylistState
 /// The shared playback record: the cached copy of the player and one-shot change flags.
 struct PlaybackRecord
 {
-    QString CachedPosition;  // seconds, decimal text
-    int CachedState = -1;    // -1 not loaded, 0 stopped, 1 paused, 2 running
-    QString CachedDuration;  // seconds, decimal text
-    QString CachedBookmark;  // seconds, decimal text
-    Int16 CachedVolume;      // the volume slider's scale, 0 to 100
+    QString CachedPosition; // seconds, decimal text
+    int CachedState = -1;   // -1 not loaded, 0 stopped, 1 paused, 2 running
+    QString CachedDuration; // seconds, decimal text
+    QString CachedBookmark; // seconds, decimal text
+    Int16 CachedVolume;     // the volume slider's scale, 0 to 100
     Flag16 BookmarkPending;
     Flag16 StateChanged;
     Flag16 PositionChanged;
@@ -49,10 +48,10 @@ struct PlaybackRecord
 struct VideoMirror
 {
     int VideoState = -1;
-    QString VideoPosition;   // seconds, decimal text
-    QString VideoBookmark;   // seconds, decimal text
-    Int16 VideoVolume;       // the volume slider's scale
-    Flag16 RequestPending;   // keys of the video window changed VideoState or VideoVolume
+    QString VideoPosition; // seconds, decimal text
+    QString VideoBookmark; // seconds, decimal text
+    Int16 VideoVolume;     // the volume slider's scale
+    Flag16 RequestPending; // keys of the video window changed VideoState or VideoVolume
     Flag16 VideoEnded;
     Flag16 VideoPositionUpdated;
 };

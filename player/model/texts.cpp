@@ -52,6 +52,14 @@ constexpr std::array kTexts{
     InterfaceText{u"Form11", u"Command1", u"Next...", u"Далее..."},
 
     // The pickers' window titles are the same in both languages.
+
+    InterfaceText{u"Form12", u"st", u"&Stop", u"&Стоп"},
+    InterfaceText{u"Form12", u"pa", u"Paus&e", u"&Пауза"},
+    InterfaceText{u"Form12", u"pl", u"&Play", u"&Воспроизведение"},
+    InterfaceText{u"Form12", u"nex", u"&Next clip", u"&Следующий клип"},
+    InterfaceText{u"Form12", u"pr", u"&Previous clip", u"&Предыдущий клип"},
+    InterfaceText{u"Form12", u"closeapp", u"&Exit", u"&Закрыть"},
+
     InterfaceText{u"Form7", u"Form7", u"!Orvanta!", u"!Orvanta!"},
     InterfaceText{u"Form7", u"FolderTreeview1", u"Select folder", u"Выберите папку"},
     InterfaceText{u"Form7", u"File1", u"Select file", u"Выберите файл"},

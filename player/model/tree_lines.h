@@ -7,16 +7,15 @@
 
 #include <vector>
 
-namespace orvanta
-{
+namespace orvanta {
 
 inline constexpr char16_t kRootLine[] = u"!Orvanta!";
 inline constexpr char16_t kPacketTitle[] = u"!Orvanta! 3.3";
 
 struct TreeLine
 {
-    QString text;  // with its prefix
-    Int16 packet;  // the line's number: 0 for the root
+    QString text; // with its prefix
+    Int16 packet; // the line's number: 0 for the root
 };
 
 /// The lines that RebuildTree shows.

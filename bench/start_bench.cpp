@@ -1,0 +1,207 @@
+// Start, opening of a very long packet, memory and rest, beside an ordinary player on the same
+// display in the same run.
+
+#include "bench/mpv_process.h"
+#include "core/ini.h"
+#include "tests/e2e/support/accessibility.h"
+#include "tests/e2e/support/application.h"
+#include "tests/e2e/support/media.h"
+#include "tests/e2e/support/packets.h"
+#include "tests/e2e/support/wait.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace orvanta::bench
+{
+
+using namespace orvanta::e2e;
+
+constexpr int kStarts = 7;
+constexpr int kOpenings = 10;
+constexpr int kEntries = 32767;
+constexpr int kRestMs = 10000;
+
+struct Opening
+{
+    double seconds = 0;
+    double megabytes = 0; // that the process grew by
+};
+
+static double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+static double secondsOf(const QElapsedTimer& clock)
+{
+    return static_cast<double>(clock.nsecsElapsed()) / 1e9;
+}
+
+static double megabytes(qint64 pid)
+{
+    return static_cast<double>(memoryKilobytes(pid, "VmRSS")) / 1024;
+}
+
+static void say(const char* what, double ours, double theirs, const char* unit, double allowed)
+{
+    std::printf("%-44s %9.3f  mpv %9.3f %-3s ratio %6.3f (at most %.2f)\n", what, ours, theirs,
+                unit, ours / theirs, allowed);
+}
+
+static double startOfProgram(const Desktop& desktop)
+{
+    const Home home;
+    Application program(desktop, home);
+    QElapsedTimer clock;
+    clock.start();
+    const bool shown = program.startAndShow();
+    return shown ? secondsOf(clock) : -1;
+}
+
+static double startOfMpv(const Desktop& desktop)
+{
+    const MapWatch watch(desktop);
+    MpvProcess mpv(desktop);
+    QElapsedTimer clock;
+    clock.start();
+    mpv.start();
+    return watch.waitForWindow("mpv") ? secondsOf(clock) : -1;
+}
+
+static void measureStart(const Desktop& desktop)
+{
+    std::vector<double> ours;
+    std::vector<double> theirs;
+    for (int i = 0; i < kStarts; ++i) { // in turns, so that both meet the same machine
+        ours.push_back(startOfProgram(desktop));
+        theirs.push_back(startOfMpv(desktop));
+    }
+    say("start until the window is shown", median(ours), median(theirs), "s", 1.0);
+}
+
+static QString clipPath() { return media(u"tone20.wav"_s); }
+
+static QString longPacket(const Desktop& desktop)
+{
+    QList<ClipLine> clips;
+    for (int i = 1; i <= kEntries; ++i) {
+        clips.append({clipPath(), u"Clip %1"_s.arg(i)});
+    }
+    return writeClips(desktop.folder() + u"/long.vxl"_s, clips);
+}
+
+static QString longList(const Desktop& desktop)
+{
+    const QByteArray line = clipPath().toUtf8() + '\n';
+    return writeBytes(desktop.folder() + u"/long.m3u"_s, "#EXTM3U\n" + line.repeated(kEntries));
+}
+
+static bool handOver(const Home& home, const QString& line)
+{
+    return changeIniAtOnce(home.settingsFile(), [&](const auto&) {
+        return std::vector<IniChange>{{u"ftl"_s, u"1"_s, line}, {u"ftl"_s, u"num"_s, u"1"_s}};
+    });
+}
+
+/// From the handing over to the moment at which the window answers with its lines. The queue is
+/// looked at every 300 ms: the least of several openings has hardly waited for that.
+static Opening openingOfProgram(const Desktop& desktop, const QString& packet)
+{
+    const Home home;
+    home.setOption(u"as"_s, false);
+    Application program(desktop, home);
+    AccessibilityBus bus(desktop);
+    if (!program.startAndShow()) {
+        return {};
+    }
+    const auto list = bus.control(program.pid(), u"list"_s, u"Playlist"_s);
+    const double before = megabytes(program.pid());
+    Opening least{1e9, 0};
+    for (int i = 0; i < kOpenings && list; ++i) {
+        QThread::msleep(static_cast<unsigned long>(37 * i)); // another moment of the tick
+        QElapsedTimer clock;
+        clock.start();
+        const bool done = handOver(home, packet) &&
+                          program.next(u"^orvanta.playlist: loaded 1 packets, 32767"_s) &&
+                          list->childCount() == kEntries + 2;
+        least.seconds = std::min(least.seconds, done ? secondsOf(clock) : 1e9);
+        if (i == 0) {
+            least.megabytes = megabytes(program.pid()) - before;
+        }
+    }
+    return least;
+}
+
+static Opening openingOfMpv(const Desktop& desktop, const QString& list)
+{
+    Opening least{1e9, 0};
+    for (int i = 0; i < kOpenings; ++i) {
+        const MapWatch watch(desktop);
+        MpvProcess mpv(desktop);
+        mpv.start();
+        if (!watch.waitForWindow("mpv") || !mpv.connectToIt()) {
+            return {};
+        }
+        const double before = megabytes(mpv.pid());
+        QElapsedTimer clock;
+        clock.start();
+        mpv.loadList(list);
+        const bool done = mpv.waitForEntries(kEntries);
+        least.seconds = std::min(least.seconds, done ? secondsOf(clock) : 1e9);
+        least.megabytes = megabytes(mpv.pid()) - before;
+    }
+    return least;
+}
+
+static void measureOpening(const Desktop& desktop)
+{
+    const Opening ours = openingOfProgram(desktop, longPacket(desktop));
+    const Opening theirs = openingOfMpv(desktop, longList(desktop));
+    say("opening 32767 clips", ours.seconds, theirs.seconds, "s", 0.7);
+    std::printf("%-44s %9.1f  mpv %9.1f MB  (at most 40)\n", "memory for 32767 clips",
+                ours.megabytes, theirs.megabytes);
+}
+
+/// Percent of one core.
+static double rest(qint64 pid)
+{
+    const double before = processorSeconds(pid);
+    QThread::msleep(kRestMs);
+    return (processorSeconds(pid) - before) / (kRestMs / 1000.0) * 100;
+}
+
+static void measureRest(const Desktop& desktop)
+{
+    const Home home;
+    Application program(desktop, home);
+    const bool shown = program.startAndShow();
+    std::printf("%-44s %9.2f %% of a core (at most 0.5)\n", "idle with its window shown",
+                shown ? rest(program.pid()) : -1);
+}
+
+} // namespace orvanta::bench
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    const orvanta::e2e::Desktop desktop({.windowManager = false});
+    if (!desktop.isReady()) {
+        std::fprintf(stderr, "%s\n", qPrintable(desktop.problem()));
+        return 1;
+    }
+    orvanta::bench::measureStart(desktop);
+    orvanta::bench::measureOpening(desktop);
+    orvanta::bench::measureRest(desktop);
+    return 0;
+}

@@ -1,0 +1,62 @@
+// The list of an editor: entries and the one that is selected, with the operations on both.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+
+namespace orvanta {
+
+/// Entries are fields joined by the entry marker "{}". Indices count from 0.
+struct EntryList
+{
+    QStringList entries;
+    int selected = -1; // -1: none
+
+    [[nodiscard]] bool hasSelection() const { return selected >= 0 && selected < entries.size(); }
+    [[nodiscard]] QString selectedEntry() const
+    {
+        return hasSelection() ? entries.at(selected) : QString();
+    }
+    friend bool operator==(const EntryList& a, const EntryList& b) = default;
+};
+
+/// Makes the selected entry a fresh one for a file that is being added: right after the selected
+/// entry. With none selected the fresh entry goes to the end and entry 0 is selected, so that a
+/// list that was not empty has its first entry overwritten: on purpose.
+void makeRoom(EntryList& list);
+
+/// Puts the entry in the selected one's place; with none selected it is appended and selected.
+void rebuildSelected(EntryList& list, const QString& entry);
+
+/// Removes the selected entry; none is selected afterwards.
+void removeSelected(EntryList& list);
+void removeAll(EntryList& list);
+
+/// Moves the selected entry one place and keeps it selected. At the end of the way nothing happens.
+void moveUp(EntryList& list);
+void moveDown(EntryList& list);
+
+/// "{}", which joins the fields of an entry.
+[[nodiscard]] QString entryMarker();
+
+/// What stands before and after a marker.
+struct MarkerSplit
+{
+    bool found = false;
+    QString before;
+    QString after;
+};
+/// The last marker decides.
+[[nodiscard]] MarkerSplit splitAtLastMarker(const QString& entry);
+
+/// One entry, path + "{}" + the name up to its last ".", for each file of a folder.
+[[nodiscard]] QStringList entriesOfFiles(const QString& folder, const QStringList& names);
+
+/// The name up to its last "."; the whole name when it has none.
+[[nodiscard]] QString nameWithoutExtension(const QString& name);
+
+/// A text that fits on one line of a file: every line break (and NUL) is a blank.
+[[nodiscard]] QString onOneLine(QString text);
+
+} // namespace orvanta

@@ -1,0 +1,195 @@
+#include "editors/entry_list_view.h"
+
+#include "editors/entry_painter.h"
+
+#include <QAbstractListModel>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+#include <algorithm>
+#include <utility>
+
+namespace orvanta {
+
+/// The entries as rows. A change is told as what it is, so that the view keeps its place.
+class EntryModel : public QAbstractListModel
+{
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    void setEntries(const QStringList& next);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(m_entries.size());
+    }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override
+    {
+        return role == Qt::DisplayRole ? QVariant(m_entries.at(index.row())) : QVariant();
+    }
+
+private:
+    void removeRowsBetween(qsizetype first, qsizetype end);
+    void insertRowsOf(const QStringList& next, qsizetype first, qsizetype end);
+
+    QStringList m_entries;
+};
+
+void EntryModel::setEntries(const QStringList& next)
+{
+    const auto [oldEnd, newEnd] =
+        std::mismatch(m_entries.cbegin(), m_entries.cend(), next.cbegin(), next.cend());
+    const qsizetype first = oldEnd - m_entries.cbegin();
+    qsizetype oldLast = m_entries.size();
+    qsizetype newLast = next.size();
+    while (oldLast > first && newLast > first &&
+           m_entries.at(oldLast - 1) == next.at(newLast - 1)) {
+        --oldLast;
+        --newLast;
+    }
+    if (oldLast == newLast) {
+        m_entries = next;
+        Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(newLast) - 1));
+        return;
+    }
+    removeRowsBetween(first, oldLast);
+    insertRowsOf(next, first, newLast);
+}
+
+void EntryModel::removeRowsBetween(qsizetype first, qsizetype end)
+{
+    if (first < end) {
+        beginRemoveRows({}, static_cast<int>(first), static_cast<int>(end) - 1);
+        m_entries.remove(first, end - first);
+        endRemoveRows();
+    }
+}
+
+void EntryModel::insertRowsOf(const QStringList& next, qsizetype first, qsizetype end)
+{
+    if (first < end) {
+        beginInsertRows({}, static_cast<int>(first), static_cast<int>(end) - 1);
+        m_entries = next;
+        endInsertRows();
+    }
+}
+
+EntryListView::EntryListView(Look look, QWidget* parent)
+    : QListView(parent),
+      m_model(new EntryModel(this))
+{
+    setModel(m_model);
+    setItemDelegate(new EntryPainter(std::move(look), this));
+    setUniformItemSizes(true);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    connect(this, &QListView::clicked, this, &EntryListView::clickedAgain);
+}
+
+void EntryListView::change(const std::function<void(EntryList&)>& operation)
+{
+    EntryList next = m_list;
+    // What an operation did before it failed is shown, too.
+    try {
+        operation(next);
+    } catch (...) {
+        show(next);
+        throw;
+    }
+    show(next);
+}
+
+void EntryListView::show(const EntryList& next)
+{
+    if (next == m_list) {
+        return;
+    }
+    const QScopedValueRollback guard(m_programChanges, true);
+    const bool sameEntries = next.entries == m_list.entries;
+    m_list = next;
+    if (!sameEntries) {
+        m_model->setEntries(m_list.entries);
+    }
+    showSelection();
+    if (!sameEntries) {
+        Q_EMIT entriesChanged();
+    }
+}
+
+void EntryListView::showSelection()
+{
+    if (!m_list.hasSelection()) {
+        selectionModel()->clearSelection();
+        setToolTip({});
+        return;
+    }
+    const QModelIndex index = m_model->index(m_list.selected);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    scrollTo(index);
+    setToolTip(m_list.selectedEntry().toHtmlEscaped());
+}
+
+void EntryListView::selectionChanged(const QItemSelection& selected,
+                                     const QItemSelection& deselected)
+{
+    QListView::selectionChanged(selected, deselected);
+    if (m_programChanges) {
+        return;
+    }
+    const QModelIndexList rows = selectionModel()->selectedIndexes();
+    m_list.selected = rows.isEmpty() ? -1 : rows.first().row();
+    setToolTip(m_list.selectedEntry().toHtmlEscaped());
+    m_pressSelected = true;
+    if (m_list.hasSelection()) {
+        Q_EMIT Click(m_list.selected);
+    }
+}
+
+void EntryListView::mousePressEvent(QMouseEvent* event)
+{
+    m_pressSelected = false;
+    if (!indexAt(event->pos()).isValid()) {
+        // Beside the entries: none is selected, so that the slider moves no brake.
+        selectionModel()->clearSelection();
+    }
+    QListView::mousePressEvent(event);
+}
+
+void EntryListView::clickedAgain(const QModelIndex& index)
+{
+    if (!m_pressSelected && m_list.selected == index.row()) {
+        Q_EMIT Click(index.row());
+    }
+}
+
+void EntryListView::keyPressEvent(QKeyEvent* event)
+{
+    const bool isControl = event->modifiers() == Qt::ControlModifier;
+    if (event->key() == Qt::Key_Delete) {
+        Q_EMIT removeWanted();
+    } else if (isControl && event->key() == Qt::Key_Up) {
+        Q_EMIT moveUpWanted();
+    } else if (isControl && event->key() == Qt::Key_Down) {
+        Q_EMIT moveDownWanted();
+    } else {
+        QListView::keyPressEvent(event);
+    }
+}
+
+void EntryListView::setMarkedRow(int row)
+{
+    if (row != m_markedRow) {
+        updateRow(std::exchange(m_markedRow, row));
+        updateRow(row);
+    }
+}
+
+void EntryListView::updateRow(int row)
+{
+    if (row >= 0 && row < m_list.entries.size()) {
+        update(m_model->index(row));
+    }
+}
+
+} // namespace orvanta

@@ -1,0 +1,71 @@
+// The list box of an editor: shows an EntryList and follows the user in it.
+#pragma once
+
+#include "editors/entry_list.h"
+
+#include <QListView>
+
+#include <functional>
+
+namespace orvanta {
+
+class EntryModel;
+
+/// How an entry is painted: what names it, what it holds, and where that comes from.
+struct EntryLook
+{
+    QString lead;  // a time; empty for none
+    QString text;  // the entry's own text
+    QString aside; // the path, muted
+};
+
+/// Rows are the entries themselves (their text is the whole entry); the look only paints them.
+/// Changes by the program never count as the user's clicks.
+class EntryListView : public QListView
+{
+    Q_OBJECT
+
+public:
+    using Look = std::function<EntryLook(const QString& entry)>;
+
+    explicit EntryListView(Look look, QWidget* parent = nullptr);
+
+    [[nodiscard]] const EntryList& list() const { return m_list; }
+    /// Applies one of the list operations and shows the result.
+    void change(const std::function<void(EntryList&)>& operation);
+
+    /// The row with the mark; -1 for none. The mark is not the selection.
+    void setMarkedRow(int row);
+    [[nodiscard]] int markedRow() const { return m_markedRow; }
+
+    [[nodiscard]] QSize sizeHint() const override { return {360, 200}; }
+
+Q_SIGNALS:
+    /// The user came to an entry, by mouse or keyboard. Counted from 0.
+    void Click(int row);
+    void entriesChanged();
+    // Delete, Ctrl+Up, Ctrl+Down.
+    void removeWanted();
+    void moveUpWanted();
+    void moveDownWanted();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void selectionChanged(const QItemSelection& selected,
+                          const QItemSelection& deselected) override;
+
+private:
+    void show(const EntryList& next);
+    void showSelection();
+    void clickedAgain(const QModelIndex& index);
+    void updateRow(int row);
+
+    EntryModel* m_model;
+    EntryList m_list;
+    int m_markedRow = -1;
+    bool m_programChanges = false;
+    bool m_pressSelected = false; // the press that is under way has reported its click already
+};
+
+} // namespace orvanta

@@ -1,0 +1,159 @@
+#include "editors/file_list_box.h"
+
+#include "core/paths.h"
+#include "editors/folder_names.h"
+#include "editors/responsive.h"
+
+#include <QAbstractListModel>
+#include <QKeyEvent>
+#include <QStyle>
+
+#include <utility>
+
+namespace orvanta {
+
+/// Rows of names, each with the same icon.
+class FileNamesModel : public QAbstractListModel
+{
+public:
+    FileNamesModel(QIcon icon, QObject* parent)
+        : QAbstractListModel(parent),
+          m_icon(std::move(icon))
+    {}
+
+    [[nodiscard]] const QStringList& names() const { return m_names; }
+    void setNames(QStringList names)
+    {
+        beginResetModel();
+        m_names = std::move(names);
+        endResetModel();
+    }
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(m_names.size());
+    }
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override
+    {
+        if (role == Qt::DecorationRole) {
+            return m_icon;
+        }
+        return role == Qt::DisplayRole ? QVariant(m_names.at(index.row())) : QVariant();
+    }
+
+private:
+    QIcon m_icon;
+    QStringList m_names;
+};
+
+FileListBox::FileListBox(QWidget* parent)
+    : QListView(parent),
+      m_model(new FileNamesModel(style()->standardIcon(QStyle::SP_FileIcon), this))
+{
+    setModel(m_model);
+    setUniformItemSizes(true);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTextElideMode(Qt::ElideMiddle);
+    connect(this, &QListView::clicked, this, &FileListBox::Click);
+    connect(this, &QListView::clicked, this, &FileListBox::fileChosen);
+}
+
+void FileListBox::setPattern(const QString& pattern)
+{
+    m_pattern = pattern;
+    list();
+}
+
+bool FileListBox::setFolder(const QString& folder)
+{
+    if (!FolderExists(folder)) {
+        return false;
+    }
+    m_folder = folder;
+    list();
+    return true;
+}
+
+void FileListBox::list()
+{
+    if (m_folder.isEmpty()) {
+        return;
+    }
+    QStringList names;
+    runResponsively(
+        [&names, folder = m_folder, pattern = m_pattern] { names = fileNames(folder, pattern); });
+    m_model->setNames(std::move(names));
+}
+
+QStringList FileListBox::names() const
+{
+    return m_model->names();
+}
+
+QString FileListBox::FileName() const
+{
+    const QModelIndex index = currentIndex();
+    return index.isValid() ? m_model->names().at(index.row()) : QString();
+}
+
+QString FileListBox::filePath() const
+{
+    return joinPath(m_folder, FileName());
+}
+
+QStringList FileListBox::selectedNames() const
+{
+    QStringList names;
+    for (int row = 0; row < m_model->rowCount({}); ++row) {
+        if (selectionModel()->isRowSelected(row)) {
+            names.append(m_model->names().at(row));
+        }
+    }
+    return names;
+}
+
+bool FileListBox::selectName(const QString& name)
+{
+    const qsizetype row = m_model->names().indexOf(name);
+    if (row < 0) {
+        return false;
+    }
+    selectRow(static_cast<int>(row));
+    return true;
+}
+
+void FileListBox::selectFirst()
+{
+    if (!m_model->names().isEmpty()) {
+        selectRow(0);
+    }
+}
+
+void FileListBox::selectRow(int row)
+{
+    selectionModel()->setCurrentIndex(m_model->index(row, 0, {}),
+                                      QItemSelectionModel::ClearAndSelect);
+    scrollTo(currentIndex());
+}
+
+bool FileListBox::clicks(const QKeyEvent& event) const
+{
+    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    const bool isSpace = event.key() == Qt::Key_Space && event.modifiers() == Qt::NoModifier;
+    return currentIndex().isValid() && (isSpace || (isEnter && m_enterClicks));
+}
+
+void FileListBox::keyPressEvent(QKeyEvent* event)
+{
+    if (clicks(*event)) {
+        Q_EMIT Click();
+        return;
+    }
+    const QModelIndex before = currentIndex();
+    QListView::keyPressEvent(event);
+    if (currentIndex() != before) {
+        Q_EMIT fileChosen();
+    }
+}
+
+} // namespace orvanta

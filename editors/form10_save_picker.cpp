@@ -1,0 +1,88 @@
+#include "editors/form10_save_picker.h"
+
+#include "editors/entry_list.h"
+#include "editors/file_list_box.h"
+#include "editors/folder_names.h"
+
+#include <QBoxLayout>
+#include <QFileInfo>
+#include <QLabel>
+#include <QPushButton>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+Form10::Form10(Module1& module, const HandlerBoundary& boundary, const QString& pattern,
+               QWidget* parent)
+    : PickerWindow(module, boundary, u"Form10", pattern, parent)
+{
+    module.picker.SaveFileName.clear();
+    buildNameRow();
+    connectHandlers();
+    connect(File1, &FileListBox::fileChosen, this,
+            this->boundary()([this] { Form10_File1_Click(); }));
+    connect(Text1, &QLineEdit::textChanged, this, &Form10::showWhetherReplaced);
+    showStoredFolder();
+    Text1->setFocus();
+    Text1->selectAll();
+}
+
+void Form10::buildNameRow()
+{
+    Text1 = new LineBox(this);
+    Text1->setText(texts()(u"Text1"));
+    nameControl(Text1, u"Text1"_s);
+    Label1 = new QLabel(this);
+    nameControl(Label1, u"Label1"_s);
+    Label1->setForegroundRole(QPalette::PlaceholderText);
+    auto* row = new QHBoxLayout;
+    row->addWidget(boxLabel(texts()(u"Text1.label"), Text1));
+    row->addWidget(Text1);
+    row->addWidget(new QLabel(pattern().mid(1), this));
+    lowerPart()->addLayout(row);
+    lowerPart()->addWidget(Label1);
+    setTabOrder(File1, Text1);
+    setTabOrder(Text1, Command2);
+}
+
+QString Form10::target() const
+{
+    return AddBackslash(File1->folder()) + Text1->text() + pattern().mid(1);
+}
+
+void Form10::showWhetherReplaced()
+{
+    const bool isThere = !Text1->text().isEmpty() && QFileInfo::exists(target());
+    Label1->setText(isThere ? texts()(u"Label1") : QString());
+}
+
+void Form10::Form10_File1_Click()
+{
+    Text1->setText(nameWithoutExtension(File1->FileName()));
+}
+
+void Form10::Form10_Command1_Click()
+{
+    if (Text1->text().isEmpty()) {
+        return;
+    }
+    storeFolder();
+    module().picker.SaveFileName = target();
+    QDialog::done(Accepted);
+}
+
+void Form10::Form10_Command2_Click()
+{
+    QDialog::done(Rejected);
+}
+
+void Form10::takeTypedName(const QString& name)
+{
+    // A whole path was pasted: its extension is the one that OK will append.
+    const QString extension = pattern().mid(1);
+    const bool hasIt = name.endsWith(extension, Qt::CaseInsensitive);
+    Text1->setText(hasIt ? name.chopped(extension.size()) : name);
+}
+
+} // namespace orvanta

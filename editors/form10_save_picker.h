@@ -1,0 +1,41 @@
+// Form10, the save picker.
+//
+//   FolderTreeview1  the folders      File1     the folder's files that match the pattern
+//   Text1            the new name     Label1    says that a file will be replaced
+//   Command1         OK               Command2  Cancel
+//   PathBox          the folder's path, or one to go to
+#pragma once
+
+#include "editors/picker_window.h"
+
+namespace orvanta {
+
+/// Puts the new file's path into SaveFileName; empty when nothing was chosen. The pattern's
+/// extension is always appended, also to a name that ends in it already.
+class Form10 : public PickerWindow
+{
+    Q_OBJECT
+
+public:
+    Form10(Module1& module, const HandlerBoundary& boundary, const QString& pattern,
+           QWidget* parent = nullptr);
+
+    LineBox* Text1 = nullptr; // the new file's name without its extension
+    QLabel* Label1 = nullptr; // a quiet line: the file is there already and will be replaced
+
+protected:
+    void Command1_Click() override { Form10_Command1_Click(); }
+    void Command2_Click() override { Form10_Command2_Click(); }
+    void takeTypedName(const QString& name) override;
+    void folderShown() override { showWhetherReplaced(); }
+
+private:
+    void buildNameRow();
+    void Form10_File1_Click();
+    void Form10_Command1_Click();
+    void Form10_Command2_Click();
+    void showWhetherReplaced();
+    [[nodiscard]] QString target() const;
+};
+
+} // namespace orvanta

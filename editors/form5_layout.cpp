@@ -1,0 +1,281 @@
+#include "editors/entry_list_view.h"
+#include "editors/file_list_box.h"
+#include "editors/folder_tree.h"
+#include "editors/form5_packet_editor.h"
+#include "editors/preview_pane.h"
+#include "editors/time_slider.h"
+
+#include <QBoxLayout>
+#include <QFontDatabase>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSplitter>
+#include <QStackedLayout>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+static EntryLook lookOfClip(const QString& entry)
+{
+    const MarkerSplit split = splitAtLastMarker(entry);
+    return {.lead = {}, .text = split.after, .aside = split.before};
+}
+
+static EntryLook lookOfBrake(const QString& entry)
+{
+    const MarkerSplit split = splitAtLastMarker(entry);
+    return {.lead = split.before, .text = split.after, .aside = {}};
+}
+
+void Form5::buildControls()
+{
+    Option1 = new QRadioButton(m_texts(u"Option1"), this);
+    Option2 = new QRadioButton(m_texts(u"Option2"), this);
+    Frame1 = new QGroupBox(m_texts(u"Frame1"), this);
+    Frame5 = new QGroupBox(m_texts(u"Frame5"), this);
+    Option1->setChecked(true);
+    buildClipControls();
+    buildBrakeControls();
+    buildButtons();
+    nameControls();
+}
+
+void Form5::buildClipControls()
+{
+    FolderTreeview1 = new FolderTree(m_texts.language(), Frame1);
+    File1 = new FileListBox(Frame1);
+    File1->setEnterClicks(true);
+    List1 = new EntryListView(lookOfClip, Frame1);
+    Text1 = new LineBox(Frame1);
+    Text2 = new LineBox(Frame1);
+}
+
+void Form5::buildBrakeControls()
+{
+    FolderTreeview2 = new FolderTree(m_texts.language(), Frame5);
+    File2 = new FileListBox(Frame5);
+    File2->setEnterClicks(true);
+    Text3 = new LineBox(Frame5);
+    ActiveMovie1 = new PreviewPane(m_services.makePreview, m_services.playerVolume, Frame5);
+    Slider1 = new TimeSlider(Frame5);
+    Label1 = new QLabel(u"000000.000"_s, Frame5);
+    Label2 = new QLabel(u"000000.00"_s, Frame5);
+    List2 = new EntryListView(lookOfBrake, Frame5);
+    Text4 = new LineBox(Frame5);
+}
+
+QPushButton* Form5::button(QStringView control)
+{
+    QPushButton* made = captionButton(m_texts(control), this);
+    made->setObjectName(control.toString());
+    return made;
+}
+
+void Form5::buildButtons()
+{
+    Command3 = button(u"Command3");
+    Command4 = button(u"Command4");
+    Command5 = button(u"Command5");
+    Command6 = button(u"Command6");
+    Command8 = button(u"Command8");
+    Command9 = button(u"Command9");
+    Command10 = button(u"Command10");
+    Command15 = button(u"Command15");
+    Command11 = button(u"Command11");
+    Command7 = button(u"Command7");
+    Command16 = button(u"Command16");
+    Command2 = button(u"Command2");
+    Command1 = pictureButton(ButtonPicture::Create, m_texts(u"Command1.name"), this);
+    Command12 = pictureButton(ButtonPicture::Create, m_texts(u"Command12.name"), this);
+}
+
+void Form5::nameControls()
+{
+    nameControl(Option1, u"Option1"_s);
+    nameControl(Option2, u"Option2"_s);
+    nameControl(Frame1, u"Frame1"_s);
+    nameControl(Frame5, u"Frame5"_s);
+    nameControl(FolderTreeview1, u"FolderTreeview1"_s, m_texts(u"FolderTreeview1.name"));
+    nameControl(File1, u"File1"_s, m_texts(u"File1.name"));
+    nameControl(List1, u"List1"_s, m_texts(u"List1.name"));
+    nameControl(Text1, u"Text1"_s);
+    nameControl(Text2, u"Text2"_s);
+    nameControl(FolderTreeview2, u"FolderTreeview2"_s, m_texts(u"FolderTreeview1.name"));
+    nameControl(File2, u"File2"_s, m_texts(u"File1.name"));
+    nameControl(Text3, u"Text3"_s);
+    nameControl(ActiveMovie1, u"ActiveMovie1"_s, m_texts(u"ActiveMovie1.name"));
+    nameControl(Slider1, u"Slider1"_s, m_texts(u"Slider1.name"));
+    nameControl(Label1, u"Label1"_s, m_texts(u"Slider1.name"));
+    nameControl(Label2, u"Label2"_s, m_texts(u"Label2.name"));
+    nameControl(List2, u"List2"_s, m_texts(u"List2.name"));
+    nameControl(Text4, u"Text4"_s);
+    nameControl(Command1, u"Command1"_s);
+    nameControl(Command12, u"Command12"_s);
+}
+
+void Form5::layOut()
+{
+    auto* modes = new QHBoxLayout;
+    modes->addWidget(Option1);
+    modes->addWidget(Option2);
+    modes->addStretch();
+    layOutClipMode();
+    layOutBrakeMode();
+    auto* frames = new QGridLayout;
+    // Both frames in one cell: the brake frame lies over the clip frame.
+    frames->addWidget(Frame1, 0, 0);
+    frames->addWidget(Frame5, 0, 0);
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(modes);
+    all->addLayout(frames, 1);
+    all->addLayout(buttonRow());
+    orderTabs();
+    setSizeGripEnabled(true);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    resize(980, 640);
+}
+
+static QSplitter* chooser(FolderTree* tree, FileListBox* files)
+{
+    auto* splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(tree);
+    splitter->addWidget(files);
+    splitter->setChildrenCollapsible(false);
+    return splitter;
+}
+
+static void layOutSideBySide(QGroupBox* frame, const std::vector<QWidget*>& parts,
+                             const QList<int>& widths)
+{
+    auto* splitter = new QSplitter(Qt::Horizontal, frame);
+    for (QWidget* part : parts) {
+        splitter->addWidget(part);
+        splitter->setStretchFactor(splitter->count() - 1, part == parts.front() ? 0 : 1);
+    }
+    splitter->setChildrenCollapsible(false);
+    splitter->setSizes(widths);
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(splitter);
+}
+
+void Form5::layOutClipMode()
+{
+    layOutSideBySide(Frame1, {chooser(FolderTreeview1, File1), clipListPart()}, {300, 640});
+}
+
+QWidget* Form5::clipListPart()
+{
+    auto* edits = new QHBoxLayout;
+    for (QPushButton* command : {Command8, Command5, Command6}) {
+        edits->addWidget(command);
+    }
+    edits->addStretch();
+    edits->addWidget(Command9);
+    edits->addWidget(Command10);
+    auto* fields = new QGridLayout;
+    fields->addWidget(boxLabel(m_texts(u"Text1.label"), Text1), 0, 0);
+    fields->addWidget(Text1, 0, 1);
+    fields->addWidget(boxLabel(m_texts(u"Text2.label"), Text2), 1, 0);
+    fields->addWidget(Text2, 1, 1);
+    auto* part = new QWidget;
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(6, 0, 0, 0);
+    layout->addWidget(List1, 1);
+    layout->addLayout(edits);
+    layout->addLayout(fields);
+    return part;
+}
+
+void Form5::layOutBrakeMode()
+{
+    layOutSideBySide(Frame5, {chooser(FolderTreeview2, File2), previewPart(), brakeListPart()},
+                     {230, 400, 310});
+}
+
+/// Room for the longest text that it shows, so that the slider does not tremble beside it.
+static void keepWidth(QLabel* label)
+{
+    label->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(label->text()));
+}
+
+QWidget* Form5::previewPart()
+{
+    keepWidth(Label1);
+    keepWidth(Label2);
+    Label2->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* clip = new QHBoxLayout;
+    clip->addWidget(boxLabel(m_texts(u"Text3.label"), Text3));
+    clip->addWidget(Text3);
+    auto* position = new QHBoxLayout;
+    position->addWidget(Label1);
+    position->addWidget(Slider1, 1);
+    position->addWidget(Label2);
+    auto* part = new QWidget;
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(6, 0, 6, 0);
+    layout->addLayout(clip);
+    layout->addWidget(ActiveMovie1, 1);
+    layout->addLayout(position);
+    return part;
+}
+
+QWidget* Form5::brakeListPart()
+{
+    auto* edits = new QHBoxLayout;
+    edits->addWidget(Command15);
+    edits->addWidget(Command11);
+    edits->addStretch();
+    auto* field = new QHBoxLayout;
+    field->addWidget(boxLabel(m_texts(u"Text4.label"), Text4));
+    field->addWidget(Text4);
+    auto* part = new QWidget;
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(6, 0, 0, 0);
+    layout->addWidget(List2, 1);
+    layout->addLayout(edits);
+    layout->addLayout(field);
+    return part;
+}
+
+/// Two buttons in one place; the mode shows one of them.
+static QGridLayout* onePlace(QPushButton* below, QPushButton* above)
+{
+    auto* place = new QGridLayout;
+    place->addWidget(below, 0, 0);
+    place->addWidget(above, 0, 0);
+    return place;
+}
+
+QBoxLayout* Form5::buttonRow()
+{
+    auto* row = new QHBoxLayout;
+    row->addLayout(onePlace(Command3, Command7));
+    row->addLayout(onePlace(Command4, Command16));
+    row->addStretch();
+    row->addWidget(Command2);
+    row->addLayout(onePlace(Command1, Command12));
+    const int height = Command1->sizeHint().height();
+    for (QPushButton* command : {Command2, Command3, Command4, Command7, Command16}) {
+        command->setMinimumHeight(height);
+    }
+    return row;
+}
+
+void Form5::orderTabs()
+{
+    const std::vector<QWidget*> order = {
+        Option1,  Option2,  FolderTreeview1, File1,     List1,     Command8,        Command5,
+        Command6, Command9, Command10,       Text1,     Text2,     FolderTreeview2, File2,
+        Text3,    Slider1,  List2,           Command15, Command11, Text4,           Command3,
+        Command7, Command4, Command16,       Command2,  Command1,  Command12};
+    for (std::size_t i = 1; i < order.size(); ++i) {
+        setTabOrder(order[i - 1], order[i]);
+    }
+}
+
+} // namespace orvanta

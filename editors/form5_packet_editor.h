@@ -1,0 +1,164 @@
+// Form5, the packet editor.
+//
+//   Option1   clip mode                      Option2   brake mode
+//   Frame1    the controls of clip mode      Frame5    the controls of brake mode, over them
+//   FolderTreeview1, File1   the clips to choose from
+//   List1     the clips                      Text1, Text2   path and text of the selected clip
+//   Command8  add all files                  Command5  remove    Command6  remove all
+//   Command9  move up                        Command10 move down
+//   Command3  load a packet                  Command4  save the packet
+//   Command1  create button of clip mode
+//   FolderTreeview2, File2   the brake clips to choose from
+//   Text3     the brake clip                 ActiveMovie1   its preview
+//   Slider1   the preview's position         Label1, Label2   position and length
+//   List2     the brakes                     Text4     text of the selected brake
+//   Command15 add a brake at the slider      Command11 remove the selected brake
+//   Command7  load brakes                    Command16 save the brake packet, over Command4
+//   Command12 create button of brake mode, over Command1
+//   Command2  cancel
+#pragma once
+
+#include "editors/editor_services.h"
+#include "editors/window_parts.h"
+
+#include <QDialog>
+
+#include <optional>
+#include <vector>
+
+class QBoxLayout;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+
+namespace orvanta {
+
+class EntryListView;
+class FileListBox;
+class FolderTree;
+class PreviewPane;
+class TimeSlider;
+struct EntryList;
+
+/// Its whole state is in its controls. Shows no message ever. Esc closes it only while there is
+/// nothing to lose; Cancel and the window manager close it in any state.
+class Form5 : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit Form5(EditorServices& services, QWidget* parent = nullptr);
+    ~Form5() override;
+
+    QRadioButton* Option1 = nullptr;       // clip mode
+    QRadioButton* Option2 = nullptr;       // brake mode
+    QGroupBox* Frame1 = nullptr;           // the controls of clip mode
+    QGroupBox* Frame5 = nullptr;           // the controls of brake mode
+    FolderTree* FolderTreeview1 = nullptr; // chooses the folder of the clips
+    FileListBox* File1 = nullptr;          // a click adds a clip
+    EntryListView* List1 = nullptr;        // the clips, path{}text
+    LineBox* Text1 = nullptr;              // path of the selected clip
+    LineBox* Text2 = nullptr;              // text of the selected clip
+    QPushButton* Command3 = nullptr;       // loads a packet
+    QPushButton* Command4 = nullptr;       // saves the packet
+    QPushButton* Command5 = nullptr;       // removes the selected clip
+    QPushButton* Command6 = nullptr;       // removes all clips
+    QPushButton* Command8 = nullptr;       // adds all files of the folder
+    QPushButton* Command9 = nullptr;       // moves the selected clip up
+    QPushButton* Command10 = nullptr;      // moves the selected clip down
+    QPushButton* Command1 = nullptr;       // creates the clip-list packet
+    FolderTree* FolderTreeview2 = nullptr; // chooses the folder of the brake clip
+    FileListBox* File2 = nullptr;          // a click opens the brake clip
+    LineBox* Text3 = nullptr;              // full path of the brake clip
+    PreviewPane* ActiveMovie1 = nullptr;   // the preview
+    TimeSlider* Slider1 = nullptr;         // position, seconds
+    QLabel* Label1 = nullptr;              // the slider's value
+    QLabel* Label2 = nullptr;              // the clip's length
+    EntryListView* List2 = nullptr;        // the brakes, time{}text
+    LineBox* Text4 = nullptr;              // text of the selected brake
+    QPushButton* Command15 = nullptr;      // adds a brake at the slider's position
+    QPushButton* Command11 = nullptr;      // removes the selected brake
+    QPushButton* Command7 = nullptr;       // loads a brake packet
+    QPushButton* Command16 = nullptr;      // saves the brake packet
+    QPushButton* Command12 = nullptr;      // creates the brake packet
+    QPushButton* Command2 = nullptr;       // closes without result
+
+    /// Whether the preview paused a player that had been running.
+    [[nodiscard]] bool hasPausedPlayer() const { return m_hasPausedPlayer; }
+
+    void reject() override;
+    /// Every way of closing stores the folder of File1.
+    void done(int result) override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    // Building: form5_layout.cpp
+    void buildControls();
+    void buildClipControls();
+    void buildBrakeControls();
+    void buildButtons();
+    void nameControls();
+    void layOut();
+    void layOutClipMode();
+    void layOutBrakeMode();
+    [[nodiscard]] QWidget* clipListPart();
+    [[nodiscard]] QWidget* previewPart();
+    [[nodiscard]] QWidget* brakeListPart();
+    [[nodiscard]] QBoxLayout* buttonRow();
+    void orderTabs();
+    [[nodiscard]] QPushButton* button(QStringView control);
+
+    // Loading and closing: form5_packet_editor.cpp
+    void connectHandlers();
+    void connectClipMode();
+    void connectBrakeMode();
+    void Form5_Form_Load();
+    void Form5_Option1_Click();
+    void Form5_Option2_Click();
+    void Form5_Command2_Click();
+    template <typename Sender, typename Signal, typename Handler>
+    void on(Sender* sender, Signal signal, Handler handler)
+    {
+        connect(sender, signal, this, m_services.boundary(std::move(handler)));
+    }
+    [[nodiscard]] bool isEmpty() const;
+    void finishCreate();
+
+    // Clip mode: form5_clip_mode.cpp
+    void Form5_FolderTreeview1_FolderClick(const QString& folder);
+    void Form5_File1_Click();
+    void Form5_Text1_Change();
+    void Form5_List1_Click();
+    void Form5_Command8_Click();
+    void Form5_Command3_Click();
+    void Form5_Command4_Click();
+    void Form5_Command1_Click();
+
+    // Brake mode: form5_brake_mode.cpp
+    void Form5_FolderTreeview2_FolderClick(const QString& folder);
+    void Form5_File2_Click();
+    void Form5_ActiveMovie1_OpenComplete(double durationSeconds);
+    void Form5_Slider1_Change(double seconds, bool held);
+    void Form5_Text4_Change();
+    void Form5_List2_Click();
+    void Form5_Command15_Click();
+    void Form5_Command7_Click();
+    void Form5_Command16_Click();
+    void Form5_Command12_Click();
+    void openPreview(const QString& pathText, const QString& packetFolder);
+    void showDuration(double seconds);
+    void showPosition();
+    void takeBrakeTimes();
+    void markPassedBrake(double positionSeconds);
+    void pausePlayer();
+
+    EditorServices& m_services;
+    WindowTexts m_texts;
+    std::vector<std::optional<double>> m_brakeTimes; // seconds, in the order of List2
+    bool m_hasPausedPlayer = false;
+};
+
+} // namespace orvanta

@@ -1,0 +1,30 @@
+// The member entries of the group editor: path + "{}" + text + "{}" + picture.
+#pragma once
+
+#include "editors/entry_list.h"
+
+namespace orvanta {
+
+/// The three boxes of the group editor.
+struct MemberFields
+{
+    QString path;
+    QString text;
+    QString picture;
+    friend bool operator==(const MemberFields& a, const MemberFields& b) = default;
+};
+
+[[nodiscard]] QString memberEntry(const MemberFields& fields);
+
+/// The boxes of a packet file that is being added: no picture yet.
+[[nodiscard]] MemberFields fieldsOfFile(const QString& folder, const QString& name);
+
+/// What the boxes show after a click on an entry. An entry of two fields changes the path alone;
+/// text and picture stay as they were shown. With no marker nothing changes.
+[[nodiscard]] MemberFields shownAfterClick(MemberFields shown, const QString& entry);
+
+/// Empties the list, then adds the members of a group file, two fields each. Raises 13, 9 or 6;
+/// those read before stay.
+void loadMembers(EntryList& list, const QString& group);
+
+} // namespace orvanta

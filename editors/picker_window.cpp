@@ -1,0 +1,167 @@
+#include "editors/picker_window.h"
+
+#include "core/ini.h"
+#include "core/numbers.h"
+#include "editors/file_list_box.h"
+#include "editors/folder_names.h"
+#include "editors/folder_tree.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QFormLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSplitter>
+
+#include <cmath>
+#include <utility>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+/// Read afresh at each showing, and Russian for anything but 1: the editors see it the other way
+/// round, and both stay as they are.
+static TextLanguage storedLanguage(const QString& iniPath)
+{
+    double language = 0;
+    resumeNext("picker language", [&] {
+        language = std::trunc(decimalValue(ReadIni(u"main"_s, u"language"_s, iniPath)));
+    });
+    return language == 1 ? TextLanguage::English : TextLanguage::Russian;
+}
+
+PickerWindow::PickerWindow(Module1& module, HandlerBoundary boundary, QStringView name,
+                           const QString& pattern, QWidget* parent)
+    : QDialog(parent),
+      m_module(module),
+      m_boundary(std::move(boundary)),
+      m_texts(name, storedLanguage(module.IniPath)),
+      m_pattern(pattern)
+{
+    setObjectName(name.toString());
+    setWindowTitle(m_texts(name));
+    setModal(true);
+    setSizeGripEnabled(true);
+    buildControls();
+    layOut();
+    applyTexts();
+}
+
+void PickerWindow::buildControls()
+{
+    PathBox = new LineBox(this);
+    FolderTreeview1 = new FolderTree(m_texts.language(), this);
+    File1 = new FileListBox(this);
+    File1->setPattern(m_pattern);
+    Command1 = pictureButton(ButtonPicture::Ok, m_texts(u"Command1.name"), this);
+    Command1->setDefault(true);
+    Command2 = captionButton(m_texts(u"Command2"), this);
+    Command2->setAutoDefault(true); // Enter on it is Cancel
+    nameControl(PathBox, u"PathBox"_s);
+    nameControl(FolderTreeview1, u"FolderTreeview1"_s, m_texts(u"FolderTreeview1"));
+    nameControl(File1, u"File1"_s, m_texts(u"File1"));
+    nameControl(Command1, u"Command1"_s);
+    nameControl(Command2, u"Command2"_s);
+}
+
+void PickerWindow::layOut()
+{
+    auto* path = new QHBoxLayout;
+    path->addWidget(boxLabel(m_texts(u"PathBox.label"), PathBox));
+    path->addWidget(PathBox);
+    auto* lists = new QSplitter(this);
+    lists->addWidget(FolderTreeview1);
+    lists->addWidget(File1);
+    lists->setStretchFactor(0, 2);
+    lists->setStretchFactor(1, 3);
+    lists->setChildrenCollapsible(false);
+    m_lowerPart = new QVBoxLayout;
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(Command2);
+    buttons->addWidget(Command1);
+    Command2->setMinimumHeight(Command1->sizeHint().height());
+    auto* all = new QVBoxLayout(this);
+    all->addLayout(path);
+    all->addWidget(lists, 1);
+    all->addLayout(m_lowerPart);
+    all->addLayout(buttons);
+    resize(720, 480);
+}
+
+void PickerWindow::applyTexts()
+{
+    FolderTreeview1->setToolTip(m_texts(u"FolderTreeview1"));
+    File1->setToolTip(m_texts(u"File1"));
+}
+
+void PickerWindow::connectHandlers()
+{
+    const auto on = [this](auto* sender, auto signal, auto handler) {
+        connect(sender, signal, this, m_boundary(handler));
+    };
+    on(FolderTreeview1, &FolderTree::folderChosen,
+       [this](const QString& folder) { FolderTreeview1_FolderClick(folder); });
+    on(File1, &QListView::doubleClicked, [this](auto&&...) { Command1_Click(); });
+    on(Command1, &QPushButton::clicked, [this](auto&&...) { Command1_Click(); });
+    on(Command2, &QPushButton::clicked, [this](auto&&...) { Command2_Click(); });
+}
+
+void PickerWindow::showStoredFolder()
+{
+    FolderTreeview1->setFolder(startFolder(ReadIni(u"save"_s, u"open"_s, m_module.IniPath)));
+    File1->setFocus();
+}
+
+void PickerWindow::storeFolder()
+{
+    WriteIni(u"save"_s, u"open"_s, File1->folder(), m_module.IniPath);
+}
+
+void PickerWindow::FolderTreeview1_FolderClick(const QString& folder)
+{
+    // A folder that has gone since leaves the list with its former one.
+    if (File1->setFolder(folder)) {
+        File1->selectFirst();
+        PathBox->show(folder);
+        folderShown();
+    }
+}
+
+void PickerWindow::goToTypedPath()
+{
+    const TypedPath typed = typedPath(PathBox->text(), File1->folder());
+    if (typed.folder.isEmpty() || !FolderTreeview1->setFolder(typed.folder)) {
+        PathBox->selectAll();
+        return;
+    }
+    if (!typed.name.isEmpty()) {
+        takeTypedName(typed.name);
+    }
+}
+
+void PickerWindow::keyPressEvent(QKeyEvent* event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && PathBox->hasFocus()) {
+        m_boundary([this] { goToTypedPath(); })();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void PickerWindow::reject()
+{
+    m_boundary([this] { Command2_Click(); })();
+}
+
+void PickerWindow::closeEvent(QCloseEvent* event)
+{
+    // Not Cancel: what was picked before stays.
+    QDialog::done(Rejected);
+    event->accept();
+}
+
+} // namespace orvanta

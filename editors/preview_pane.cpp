@@ -1,0 +1,100 @@
+#include "editors/preview_pane.h"
+
+#include "platform/video_surface.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace orvanta {
+
+PreviewPane::PreviewPane(Factory factory, std::function<int()> volume, QWidget* parent)
+    : QWidget(parent),
+      m_factory(std::move(factory)),
+      m_volume(std::move(volume)),
+      m_layout(new QVBoxLayout(this))
+{
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    setMinimumSize(240, 135);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+PreviewPane::~PreviewPane()
+{
+    if (m_control != nullptr) {
+        m_control->disconnect(this);
+    }
+    // The surface takes its pictures from the control.
+    delete m_surface;
+}
+
+void PreviewPane::makeControl()
+{
+    m_control = m_factory();
+    m_surface = new VideoSurface(m_control->picture(), this);
+    m_surface->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_layout->addWidget(m_surface);
+    connect(m_control.get(), &MediaControl::openComplete, this,
+            [this] { Q_EMIT opened(m_control->Duration()); });
+    connect(m_control.get(), &MediaControl::durationChange, this, &PreviewPane::durationChanged);
+    connect(m_control.get(), &MediaControl::position, this,
+            [this] { Q_EMIT positionChanged(m_control->CurrentPosition()); });
+}
+
+void PreviewPane::openFile(const QString& path)
+{
+    if (m_control == nullptr) {
+        makeControl();
+    }
+    m_control->setVolume(m_volume());
+    m_control->setFileName(path);
+}
+
+bool PreviewPane::isOpen() const
+{
+    return m_control != nullptr && m_control->isReady();
+}
+
+void PreviewPane::previewAt(double seconds)
+{
+    if (isOpen()) {
+        m_control->Pause();
+        m_control->previewPosition(seconds);
+    }
+}
+
+void PreviewPane::runFrom(double seconds)
+{
+    if (isOpen()) {
+        m_control->Stop();
+        m_control->setCurrentPosition(seconds);
+        run();
+    }
+}
+
+void PreviewPane::run()
+{
+    Q_EMIT runs();
+    m_control->Run();
+}
+
+void PreviewPane::mousePressEvent(QMouseEvent* /*event*/)
+{
+    if (!isOpen()) {
+        return;
+    }
+    if (m_control->CurrentState() == MediaControl::Running) {
+        m_control->Pause();
+    } else {
+        run();
+    }
+}
+
+void PreviewPane::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter(this).fillRect(rect(), Qt::black);
+}
+
+} // namespace orvanta

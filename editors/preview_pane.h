@@ -1,0 +1,61 @@
+// The preview player of the packet editor's brake clip.
+#pragma once
+
+#include "platform/media_control.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class QVBoxLayout;
+
+namespace orvanta {
+
+/// A second media control with its picture. It is made when the first clip is opened, so that an
+/// editor that is only for clip lists starts none.
+class PreviewPane : public QWidget
+{
+    Q_OBJECT
+
+public:
+    using Factory = std::function<std::unique_ptr<MediaControl>()>;
+
+    /// volume: hundredths of a decibel, read when a clip is opened.
+    PreviewPane(Factory factory, std::function<int()> volume, QWidget* parent = nullptr);
+    ~PreviewPane() override;
+
+    /// Opens an existing file; the empty text shows none. The clip does not run by itself.
+    void openFile(const QString& path);
+    /// Shows the picture near this place while a slider is held. Seconds.
+    void previewAt(double seconds);
+    /// Stops, goes to this place exactly, and runs. Seconds.
+    void runFrom(double seconds);
+    [[nodiscard]] bool isOpen() const;
+
+    [[nodiscard]] QSize sizeHint() const override { return {400, 225}; }
+
+Q_SIGNALS:
+    void opened(double durationSeconds);
+    void durationChanged(double durationSeconds);
+    void positionChanged(double seconds);
+    /// The clip starts to run.
+    void runs();
+
+protected:
+    // A click on the picture halts the clip or lets it go on.
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void makeControl();
+    void run();
+
+    Factory m_factory;
+    std::function<int()> m_volume;
+    std::unique_ptr<MediaControl> m_control;
+    QWidget* m_surface = nullptr;
+    QVBoxLayout* m_layout;
+};
+
+} // namespace orvanta

@@ -1,0 +1,132 @@
+#include "editors/window_parts.h"
+
+#include "editors/entry_list.h"
+
+#include <QApplication>
+#include <QIconEngine>
+#include <QLabel>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPushButton>
+
+#include <limits>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+LineBox::LineBox(QWidget* parent)
+    : QLineEdit(parent)
+{
+    setMaxLength(std::numeric_limits<int>::max());
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+        const QString line = onOneLine(text);
+        if (line != text) {
+            const int cursor = cursorPosition();
+            setText(line);
+            setCursorPosition(cursor);
+        }
+    });
+}
+
+void LineBox::show(const QString& text)
+{
+    setText(text);
+    setCursorPosition(0);
+}
+
+namespace {
+
+/// Draws on a square of 16 in the palette's colours, whatever size is asked for.
+class PictureEngine : public QIconEngine
+{
+public:
+    explicit PictureEngine(ButtonPicture picture)
+        : m_picture(picture)
+    {}
+
+    [[nodiscard]] QIconEngine* clone() const override { return new PictureEngine(*this); }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
+    {
+        const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
+        const QPalette palette = QApplication::palette();
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(rect.topLeft());
+        painter->scale(rect.width() / 16.0, rect.height() / 16.0);
+        QColor stroke = palette.color(group, QPalette::ButtonText);
+        if (m_picture == ButtonPicture::Create) {
+            painter->setPen(Qt::NoPen);
+            painter->setBrush(palette.color(group, QPalette::Highlight));
+            painter->drawEllipse(QRectF(0.5, 0.5, 15, 15));
+            stroke = palette.color(group, QPalette::HighlightedText);
+        }
+        paintCheck(*painter, stroke);
+        painter->restore();
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect({}, size), mode, state);
+        return pixmap;
+    }
+
+private:
+    static void paintCheck(QPainter& painter, const QColor& colour)
+    {
+        QPainterPath check(QPointF(4, 8.4));
+        check.lineTo(6.9, 11.2);
+        check.lineTo(12, 5.2);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(colour, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPath(check);
+    }
+
+    ButtonPicture m_picture;
+};
+
+} // namespace
+
+QIcon buttonPicture(ButtonPicture picture)
+{
+    return QIcon(new PictureEngine(picture));
+}
+
+QPushButton* captionButton(const QString& caption, QWidget* parent)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QPushButton* pictureButton(ButtonPicture picture, const QString& name, QWidget* parent)
+{
+    QPushButton* button = captionButton({}, parent);
+    button->setIcon(buttonPicture(picture));
+    button->setIconSize({20, 20});
+    button->setMinimumWidth(64);
+    button->setToolTip(name);
+    button->setAccessibleName(name);
+    return button;
+}
+
+QLabel* boxLabel(const QString& caption, QWidget* box)
+{
+    auto* label = new QLabel(caption, box->parentWidget());
+    label->setBuddy(box);
+    return label;
+}
+
+void nameControl(QWidget* control, const QString& objectName, const QString& accessibleName)
+{
+    control->setObjectName(objectName);
+    if (!accessibleName.isEmpty()) {
+        control->setAccessibleName(accessibleName);
+    }
+}
+
+} // namespace orvanta

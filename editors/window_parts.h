@@ -1,0 +1,70 @@
+// Small parts that pickers and editors share.
+#pragma once
+
+#include "player/model/texts.h"
+
+#include <QIcon>
+#include <QLineEdit>
+#include <QSize>
+
+class QLabel;
+class QPushButton;
+class QToolButton;
+class QWidget;
+
+namespace orvanta {
+
+/// The texts of one window in one language.
+class WindowTexts
+{
+public:
+    WindowTexts(QStringView window, TextLanguage language)
+        : m_window(window),
+          m_language(language)
+    {}
+    [[nodiscard]] QString operator()(QStringView control) const
+    {
+        return interfaceText(m_window, control, m_language);
+    }
+    [[nodiscard]] TextLanguage language() const { return m_language; }
+
+private:
+    QStringView m_window;
+    TextLanguage m_language;
+};
+
+/// A box for one line of a file: line breaks that are pasted become blanks, and a text of any
+/// length stays whole.
+class LineBox : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit LineBox(QWidget* parent = nullptr);
+    /// Shows a text from its beginning.
+    void show(const QString& text);
+
+    using QLineEdit::show;
+};
+
+/// The pictures of buttons without captions. They follow the desktop's colours and any scale.
+enum class ButtonPicture
+{
+    Ok,     // a check mark
+    Create, // a check mark in a filled disc
+};
+[[nodiscard]] QIcon buttonPicture(ButtonPicture picture);
+
+/// Buttons never become the default by themselves: Enter in a text box must not close an editor.
+[[nodiscard]] QPushButton* captionButton(const QString& caption, QWidget* parent);
+/// name: tool tip and accessible name.
+[[nodiscard]] QPushButton* pictureButton(ButtonPicture picture, const QString& name,
+                                         QWidget* parent);
+
+/// A caption above or beside a box, which it names for assistive technology.
+[[nodiscard]] QLabel* boxLabel(const QString& caption, QWidget* box);
+
+/// Sets a widget's object name, and its accessible name when that is not empty.
+void nameControl(QWidget* control, const QString& objectName, const QString& accessibleName = {});
+
+} // namespace orvanta

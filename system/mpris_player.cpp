@@ -1,0 +1,135 @@
+#include "system/mpris_player.h"
+
+#include <QUrl>
+
+#include <algorithm>
+#include <cmath>
+
+namespace orvanta
+{
+
+using namespace Qt::StringLiterals;
+
+MprisPlayer::MprisPlayer(QObject* object, MprisPorts& ports)
+    : QDBusAbstractAdaptor(object)
+    , m_ports(ports)
+{
+}
+
+QString MprisPlayer::playbackStatus() const
+{
+    return orvanta::playbackStatus(m_ports.control.CurrentState());
+}
+
+void MprisPlayer::setRate(double rate)
+{
+    // Only normal speed exists; the interface asks that a rate of 0 acts like Pause.
+    if (rate == 0.0) {
+        Pause();
+    }
+}
+
+QVariantMap MprisPlayer::metadata() const { return trackMetadata(m_ports, current()); }
+
+double MprisPlayer::volume() const { return m_ports.module.playback.CachedVolume.value() / 100.0; }
+
+void MprisPlayer::setVolume(double volume)
+{
+    const Int16 place = std::lround(std::clamp(volume, 0.0, 1.0) * 100.0);
+    m_ports.view.setVolumeSlider(place);
+    m_ports.engine.volumeMoved(place);
+}
+
+qlonglong MprisPlayer::position() const { return microseconds(m_ports.control.CurrentPosition()); }
+
+bool MprisPlayer::canGoNext() const { return m_ports.module.playlist.entryCount() > 0; }
+
+bool MprisPlayer::canGoPrevious() const { return canGoNext(); }
+
+bool MprisPlayer::canPlay() const { return canGoNext(); }
+
+bool MprisPlayer::canSeek() const { return isLoaded(); }
+
+QVariantMap MprisPlayer::announcedProperties() const
+{
+    return {
+        {u"PlaybackStatus"_s, playbackStatus()}, {u"Metadata"_s, metadata()},
+        {u"Volume"_s, volume()},                 {u"CanGoNext"_s, canGoNext()},
+        {u"CanGoPrevious"_s, canGoPrevious()},   {u"CanPlay"_s, canPlay()},
+        {u"CanPause"_s, canPause()},             {u"CanSeek"_s, canSeek()},
+    };
+}
+
+void MprisPlayer::Next() { m_ports.engine.nextChecked(); }
+
+void MprisPlayer::Previous() { m_ports.engine.previousChecked(); }
+
+void MprisPlayer::Pause()
+{
+    if (m_ports.control.CurrentState() == MediaControl::Running) {
+        m_ports.engine.pressPause();
+    }
+}
+
+void MprisPlayer::PlayPause()
+{
+    if (m_ports.control.CurrentState() == MediaControl::Running) {
+        Pause();
+    } else {
+        Play();
+    }
+}
+
+void MprisPlayer::Stop() { m_ports.engine.pressStop(); }
+
+void MprisPlayer::Play()
+{
+    if (isLoaded()) {
+        m_ports.engine.pressPlay();
+    } else {
+        m_ports.engine.nextChecked();
+    }
+}
+
+void MprisPlayer::Seek(qlonglong Offset)
+{
+    if (!isLoaded()) {
+        return;
+    }
+    const double target = m_ports.control.CurrentPosition() + static_cast<double>(Offset) / 1e6;
+    if (target > m_ports.control.Duration()) {
+        Next();
+    } else {
+        m_ports.engine.seekTo(std::max(target, 0.0));
+    }
+}
+
+void MprisPlayer::SetPosition(const QDBusObjectPath& TrackId, qlonglong Position)
+{
+    const double target = static_cast<double>(Position) / 1e6;
+    const bool isCurrent = placeOfTrack(TrackId.path()) == current();
+    if (!isLoaded() || !isCurrent || target < 0 || target > m_ports.control.Duration()) {
+        return;
+    }
+    m_ports.engine.seekTo(target);
+}
+
+void MprisPlayer::OpenUri(const QString& Uri)
+{
+    const QUrl url(Uri);
+    if (url.isLocalFile()) {
+        m_ports.open(url.toLocalFile());
+    }
+}
+
+bool MprisPlayer::isLoaded() const
+{
+    return m_ports.control.CurrentState() != MediaControl::NotLoaded;
+}
+
+Cursor MprisPlayer::current() const
+{
+    return {m_ports.module.playlist.CurrentPacket, m_ports.module.playlist.CurrentClip};
+}
+
+} // namespace orvanta

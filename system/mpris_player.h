@@ -1,0 +1,71 @@
+// org.mpris.MediaPlayer2.Player: transport, position and volume for the desktop's media controls.
+#pragma once
+
+#include "system/mpris_session.h"
+
+#include <QDBusAbstractAdaptor>
+#include <QDBusObjectPath>
+
+namespace orvanta
+{
+
+class MprisPlayer : public QDBusAbstractAdaptor
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.Player")
+    Q_PROPERTY(QString PlaybackStatus READ playbackStatus)
+    Q_PROPERTY(double Rate READ rate WRITE setRate)
+    Q_PROPERTY(QVariantMap Metadata READ metadata)
+    Q_PROPERTY(double Volume READ volume WRITE setVolume)
+    Q_PROPERTY(qlonglong Position READ position)
+    Q_PROPERTY(double MinimumRate READ rate)
+    Q_PROPERTY(double MaximumRate READ rate)
+    Q_PROPERTY(bool CanGoNext READ canGoNext)
+    Q_PROPERTY(bool CanGoPrevious READ canGoPrevious)
+    Q_PROPERTY(bool CanPlay READ canPlay)
+    Q_PROPERTY(bool CanPause READ canPause)
+    Q_PROPERTY(bool CanSeek READ canSeek)
+    Q_PROPERTY(bool CanControl READ canControl)
+
+public:
+    MprisPlayer(QObject* object, MprisPorts& ports);
+
+    [[nodiscard]] QString playbackStatus() const;
+    [[nodiscard]] double rate() const { return 1.0; }
+    void setRate(double rate);
+    [[nodiscard]] QVariantMap metadata() const;
+    [[nodiscard]] double volume() const;
+    void setVolume(double volume);
+    [[nodiscard]] qlonglong position() const; // microseconds
+    [[nodiscard]] bool canGoNext() const;
+    [[nodiscard]] bool canGoPrevious() const;
+    [[nodiscard]] bool canPlay() const;
+    [[nodiscard]] bool canPause() const { return canPlay(); }
+    [[nodiscard]] bool canSeek() const;
+    [[nodiscard]] bool canControl() const { return true; }
+
+    /// Every property that announces its changes, by name; Position does not.
+    [[nodiscard]] QVariantMap announcedProperties() const;
+
+public Q_SLOTS:
+    void Next();
+    void Previous();
+    void Pause();
+    void PlayPause();
+    void Stop();
+    void Play();
+    void Seek(qlonglong Offset);
+    void SetPosition(const QDBusObjectPath& TrackId, qlonglong Position);
+    void OpenUri(const QString& Uri);
+
+Q_SIGNALS:
+    void Seeked(qlonglong Position);
+
+private:
+    [[nodiscard]] bool isLoaded() const;
+    [[nodiscard]] Cursor current() const;
+
+    MprisPorts& m_ports;
+};
+
+} // namespace orvanta

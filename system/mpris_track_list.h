@@ -1,0 +1,49 @@
+// org.mpris.MediaPlayer2.TrackList: the clips or brakes of the current packet.
+#pragma once
+
+#include "system/mpris_session.h"
+
+#include <QDBusAbstractAdaptor>
+#include <QDBusObjectPath>
+#include <QList>
+
+namespace orvanta
+{
+
+using MetadataList = QList<QVariantMap>;
+
+class MprisTrackList : public QDBusAbstractAdaptor
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2.TrackList")
+    Q_PROPERTY(QList<QDBusObjectPath> Tracks READ tracks)
+    Q_PROPERTY(bool CanEditTracks READ canEditTracks)
+
+public:
+    MprisTrackList(QObject* object, MprisPorts& ports);
+
+    [[nodiscard]] QList<QDBusObjectPath> tracks() const;
+    [[nodiscard]] bool canEditTracks() const { return false; }
+
+    /// Announces the tracks when another packet (or another playlist) is current.
+    void announceIfReplaced();
+
+public Q_SLOTS:
+    orvanta::MetadataList GetTracksMetadata(const QList<QDBusObjectPath>& TrackIds);
+    // The list cannot be edited from outside: the interface asks for these to have no effect then.
+    void AddTrack(const QString& Uri, const QDBusObjectPath& AfterTrack, bool SetAsCurrent);
+    void RemoveTrack(const QDBusObjectPath& TrackId);
+    void GoTo(const QDBusObjectPath& TrackId);
+
+Q_SIGNALS:
+    void TrackListReplaced(const QList<QDBusObjectPath>& Tracks,
+                           const QDBusObjectPath& CurrentTrack);
+
+private:
+    MprisPorts& m_ports;
+    QList<QDBusObjectPath> m_announced;
+};
+
+} // namespace orvanta
+
+Q_DECLARE_METATYPE(orvanta::MetadataList)

@@ -1,0 +1,59 @@
+#include "core/int16.h"
+
+#include <gtest/gtest.h>
+
+namespace orvanta {
+
+template <typename Action> static ErrorNumber errorOf(const Action& action)
+{
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    ADD_FAILURE() << "no error was raised";
+    return ErrorNumber::InvalidProcedureCall;
+}
+
+TEST(Int16, HoldsItsWholeRange)
+{
+    EXPECT_EQ(Int16(32767).value(), 32767);
+    EXPECT_EQ(Int16(-32768).value(), -32768);
+}
+
+TEST(Int16, ValuesOutsideTheRangeOverflow)
+{
+    EXPECT_EQ(errorOf([] { (void)Int16(32768); }), ErrorNumber::Overflow);
+    EXPECT_EQ(errorOf([] { (void)Int16(-32769); }), ErrorNumber::Overflow);
+}
+
+TEST(Int16, ArithmeticIsChecked)
+{
+    Int16 largest = 32767;
+    EXPECT_EQ(errorOf([&] { largest += 1; }), ErrorNumber::Overflow);
+    EXPECT_EQ(largest.value(), 32767) << "a failing step changes nothing";
+    EXPECT_EQ(errorOf([] { (void)(Int16(-32768) - Int16(1)); }), ErrorNumber::Overflow);
+    EXPECT_EQ((Int16(30000) - Int16(1) + Int16(2)).value(), 30001);
+}
+
+TEST(Int16, ComparesByValue)
+{
+    EXPECT_LT(Int16(-1), Int16(0));
+    EXPECT_EQ(Int16(7), Int16(7));
+}
+
+TEST(Flag16, TrueIsMinusOne)
+{
+    EXPECT_EQ(Flag16(true).value(), -1);
+    EXPECT_EQ(Flag16(false).value(), 0);
+}
+
+TEST(Flag16, IsTakenOnce)
+{
+    Flag16 request = true;
+    EXPECT_TRUE(request.take());
+    EXPECT_FALSE(request.take());
+    EXPECT_EQ(request.value(), 0);
+}
+
+} // namespace orvanta

@@ -1,0 +1,88 @@
+// What assistive technology can see of the program: its controls, their texts, values and places.
+#pragma once
+
+#include "tests/e2e/support/desktop.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QRect>
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace orvanta::e2e
+{
+
+/// One accessible object of the program.
+class Accessible
+{
+public:
+    Accessible(QDBusConnection bus, QString service, QString path);
+
+    [[nodiscard]] QString service() const { return m_service; }
+    [[nodiscard]] QString name() const;
+    [[nodiscard]] QString description() const; // of a control without one: its tool tip
+    [[nodiscard]] QString role() const;        // "push button", "list", "slider", "text", "label"
+    [[nodiscard]] QString text() const;        // of an edit field
+    [[nodiscard]] double value() const;        // of a slider
+    void setValue(double value) const;         // as the user's own step
+    [[nodiscard]] QRect place() const;         // pixels of the screen
+    [[nodiscard]] bool isShowing() const { return hasState(kShowing); }
+    [[nodiscard]] bool isEnabled() const { return hasState(kEnabled); }
+    [[nodiscard]] bool isChecked() const { return hasState(kChecked); }
+    [[nodiscard]] bool isSelected() const { return hasState(kSelected); }
+
+    [[nodiscard]] std::vector<Accessible> children() const;
+    [[nodiscard]] int childCount() const;
+    [[nodiscard]] std::optional<Accessible> child(int index) const;
+    /// This object or the first below it, depth first, for which the test holds. Does not look
+    /// into lists, which may have thousands of lines.
+    [[nodiscard]] std::optional<Accessible>
+    find(const std::function<bool(const Accessible&)>& test) const;
+    /// The same by role and by name or tool tip.
+    [[nodiscard]] std::optional<Accessible> find(const QString& role, const QString& name) const;
+
+    /// Roles, names and descriptions of everything below, for the message of a failing test.
+    [[nodiscard]] QString outline(int depth = 0) const;
+
+private:
+    static constexpr int kChecked = 4;
+    static constexpr int kEnabled = 8;
+    static constexpr int kSelected = 23;
+    static constexpr int kShowing = 25;
+
+    [[nodiscard]] bool hasState(int state) const;
+    [[nodiscard]] QVariant property(const QString& interface, const QString& name) const;
+    QDBusMessage call(const QString& interface, const QString& method,
+                      const QVariantList& arguments = {}) const;
+
+    QDBusConnection m_bus;
+    QString m_service;
+    QString m_path;
+};
+
+/// A connection to the accessibility bus of a desktop.
+class AccessibilityBus
+{
+public:
+    explicit AccessibilityBus(const Desktop& desktop);
+    ~AccessibilityBus();
+    AccessibilityBus(const AccessibilityBus&) = delete;
+    AccessibilityBus& operator=(const AccessibilityBus&) = delete;
+
+    /// The top of the program with this process id; waits until it is there.
+    [[nodiscard]] std::optional<Accessible> program(qint64 pid);
+    /// A control of that program; waits until it is there and showing.
+    [[nodiscard]] std::optional<Accessible> control(qint64 pid, const QString& role,
+                                                    const QString& name);
+
+private:
+    [[nodiscard]] std::optional<Accessible> programNow(qint64 pid);
+
+    QString m_sessionName;
+    QString m_name;
+};
+
+} // namespace orvanta::e2e

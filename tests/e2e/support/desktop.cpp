@@ -1,0 +1,186 @@
+#include "tests/e2e/support/desktop.h"
+
+#include "tests/e2e/support/wait.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <cstdlib>
+
+namespace orvanta::e2e
+{
+
+using namespace Qt::StringLiterals;
+
+Desktop::Desktop(DesktopOptions options)
+    : m_environment(QProcessEnvironment::systemEnvironment())
+{
+    makeFolders();
+    const bool ready = startDisplay() && startBus() &&
+                       (!options.windowManager || startWindowManager()) &&
+                       (!options.sound || startSound());
+    Q_UNUSED(ready)
+}
+
+Desktop::~Desktop() = default;
+
+void Desktop::makeFolders()
+{
+    const QDir root(m_folder.path());
+    const std::pair<QString, QString> folders[] = {
+        {u"HOME"_s, u"home"_s},
+        {u"XDG_RUNTIME_DIR"_s, u"run"_s},
+        {u"XDG_CONFIG_HOME"_s, u"home/.config"_s},
+        {u"XDG_DATA_HOME"_s, u"home/.local/share"_s},
+        {u"XDG_CACHE_HOME"_s, u"home/.cache"_s},
+        {u"TMPDIR"_s, u"tmp"_s},
+    };
+    for (const auto& [variable, name] : folders) {
+        root.mkpath(name);
+        m_environment.insert(variable, root.filePath(name));
+    }
+    root.mkpath(u"files"_s);
+    QFile::setPermissions(root.filePath(u"run"_s),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    m_environment.remove(u"WAYLAND_DISPLAY"_s);
+    m_environment.remove(u"QT_QPA_PLATFORM"_s);
+    // Whatever sound devices the machine has stay silent.
+    m_environment.insert(u"PULSE_SERVER"_s, u"unix:/nonexistent"_s);
+    m_environment.insert(u"ALSA_CONFIG_PATH"_s, u"/dev/null"_s);
+    m_environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+}
+
+QString Desktop::folder() const
+{
+    return m_folder.filePath(u"files"_s);
+}
+
+bool Desktop::fail(const QString& what)
+{
+    m_problem = what;
+    return false;
+}
+
+std::unique_ptr<OwnedProcess> Desktop::launch(const QString& program, const QStringList& arguments)
+{
+    auto process = std::make_unique<OwnedProcess>();
+    process->setProcessEnvironment(m_environment);
+    process->setStandardErrorFile(m_folder.filePath(QFileInfo(program).fileName() + u".log"_s));
+    process->start(program, arguments);
+    return process;
+}
+
+bool Desktop::startDisplay()
+{
+    m_display = launch(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s,
+                                   u"1280x800x24"_s, u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
+    const QByteArray number = m_display->readFirstLine();
+    if (number.isEmpty()) {
+        return fail(u"Xvfb does not start"_s);
+    }
+    m_environment.insert(u"DISPLAY"_s, u":"_s + QString::fromLatin1(number));
+    return true;
+}
+
+bool Desktop::startBus()
+{
+    const QString address = u"--address=unix:path="_s + m_folder.filePath(u"run/bus"_s);
+    m_bus = launch(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--nosyslog"_s,
+                                      u"--print-address=1"_s, address});
+    const QByteArray printed = m_bus->readFirstLine();
+    if (printed.isEmpty()) {
+        return fail(u"dbus-daemon does not start"_s);
+    }
+    m_environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, QString::fromLatin1(printed));
+    return true;
+}
+
+QString Desktop::busAddress() const
+{
+    return m_environment.value(u"DBUS_SESSION_BUS_ADDRESS"_s);
+}
+
+bool Desktop::startWindowManager()
+{
+    m_windowManager = launch(u"openbox"_s, {u"--sm-disable"_s});
+    const bool manages = waitFor([this] { return !run(u"wmctrl"_s, {u"-m"_s}).isEmpty(); });
+    return manages || fail(u"openbox does not start"_s);
+}
+
+bool Desktop::startSound()
+{
+    const QString socket = m_folder.filePath(u"run/sound"_s);
+    m_sound = launch(
+        u"pulseaudio"_s,
+        {u"-n"_s, u"--daemonize=no"_s, u"--use-pid-file=no"_s, u"--exit-idle-time=-1"_s,
+         u"--disable-shm=yes"_s, u"--load=module-null-sink sink_name=speaker rate=48000"_s,
+         u"--load=module-native-protocol-unix auth-anonymous=1 socket="_s + socket});
+    if (!waitFor([&] { return QFileInfo::exists(socket); })) {
+        return fail(u"pulseaudio does not start"_s);
+    }
+    m_environment.insert(u"PULSE_SERVER"_s, u"unix:"_s + socket);
+    return true;
+}
+
+QString Desktop::soundMonitor()
+{
+    return u"speaker.monitor"_s;
+}
+
+QByteArray Desktop::run(const QString& program, const QStringList& arguments)
+{
+    OwnedProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.start(program, arguments);
+    process.waitForFinished(kPatienceMs);
+    return process.readAllStandardOutput();
+}
+
+static QStringList moveTo(QPoint place)
+{
+    return {u"mousemove"_s, QString::number(place.x()), QString::number(place.y())};
+}
+
+void Desktop::click(QPoint place)
+{
+    run(u"xdotool"_s, moveTo(place) << u"click"_s << u"1"_s);
+}
+
+void Desktop::doubleClick(QPoint place)
+{
+    run(u"xdotool"_s, moveTo(place) << u"click"_s << u"--repeat"_s << u"2"_s << u"--delay"_s
+                                    << u"40"_s << u"1"_s);
+}
+
+void Desktop::press(const QString& key)
+{
+    run(u"xdotool"_s, {u"key"_s, key});
+}
+
+void Desktop::type(const QString& text)
+{
+    run(u"xdotool"_s, {u"type"_s, u"--delay"_s, u"5"_s, text});
+}
+
+void Desktop::turnWheel(QPoint place, int notches)
+{
+    const QString button = notches > 0 ? u"4"_s : u"5"_s;
+    run(u"xdotool"_s, moveTo(place) << u"click"_s << u"--repeat"_s
+                                    << QString::number(std::abs(notches)) << u"--delay"_s << u"1"_s
+                                    << button);
+}
+
+QString Desktop::activeWindowTitle()
+{
+    return QString::fromUtf8(run(u"xdotool"_s, {u"getactivewindow"_s, u"getwindowname"_s}))
+        .trimmed();
+}
+
+int Desktop::visibleWindows(const QString& title)
+{
+    const QByteArray found = run(
+        u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^"_s + title + u"$"_s});
+    return static_cast<int>(found.trimmed().split('\n').size()) - (found.trimmed().isEmpty() ? 1 : 0);
+}
+
+} // namespace orvanta::e2e

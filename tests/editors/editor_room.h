@@ -1,0 +1,157 @@
+// A room of its own for each test: folders, settings, pickers that answer as told, a preview.
+#pragma once
+
+#include "core/ini.h"
+#include "editors/editor_services.h"
+#include "platform/scripted_media_control.h"
+
+#include <QAbstractItemView>
+#include <QFile>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace orvanta::test {
+
+using namespace Qt::StringLiterals;
+
+/// Answers with what the test has put in, once; nothing put in is Cancel.
+class ToldPickers : public Pickers
+{
+public:
+    explicit ToldPickers(Module1& module)
+        : m_module(module)
+    {}
+
+    QString openAnswer;
+    QString saveAnswer;
+    QStringList calls; // "open *.vxl", "save *.vxl"
+
+    void ShowOpenPicker(const QString& pattern, bool severalFiles) override
+    {
+        calls.append((severalFiles ? u"open several "_s : u"open "_s) + pattern);
+        m_module.picker.PickedFiles = {QString()};
+        if (!openAnswer.isEmpty()) {
+            m_module.picker.PickedFiles.append(openAnswer);
+        }
+    }
+    void ShowSavePicker(const QString& pattern) override
+    {
+        calls.append(u"save "_s + pattern);
+        m_module.picker.SaveFileName = saveAnswer;
+    }
+
+private:
+    Module1& m_module;
+};
+
+/// The rooms' folder is "<temp>/room", with the application folder "<temp>/home".
+class EditorRoom : public ::testing::Test
+{
+protected:
+    EditorRoom()
+    {
+        QDir(m_temp.path()).mkpath(u"room"_s);
+        QDir(m_temp.path()).mkpath(u"home"_s);
+        module.ApplicationFolder = m_temp.filePath(u"home"_s);
+        module.IniPath = module.ApplicationFolder + u"/orvanta.ini"_s;
+        module.Language = 1;
+        set(u"main"_s, u"language"_s, u"1"_s);
+        set(u"types"_s, u"num"_s, u"2"_s);
+        set(u"types"_s, u"file0"_s, u"avi"_s);
+        set(u"types"_s, u"file1"_s, u"mp3"_s);
+        set(u"save"_s, u"open"_s, room());
+    }
+
+    void set(const QString& section, const QString& key, const QString& value)
+    {
+        WriteIni(section, key, value, module.IniPath);
+    }
+    [[nodiscard]] QString stored(const QString& section, const QString& key) const
+    {
+        return ReadIni(section, key, module.IniPath);
+    }
+
+    [[nodiscard]] QString room(const QString& name = {}) const
+    {
+        return m_temp.filePath(name.isEmpty() ? u"room"_s : u"room/"_s + name);
+    }
+    QString put(const QString& name, const QByteArray& bytes = "x") const
+    {
+        QFile file(room(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        return file.fileName();
+    }
+    static QByteArray bytesOf(const QString& path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(no file)");
+    }
+
+    EditorServices services()
+    {
+        return {.module = module,
+                .pickers = pickers,
+                .boundary = HandlerBoundary(
+                    [this](const RuntimeError& error) { untrapped.append(error.text()); }),
+                .makePreview =
+                    [this] {
+                        auto control = std::make_unique<ScriptedMediaControl>();
+                        preview = control.get();
+                        control->autoOpen = true;
+                        control->duration = 120;
+                        return control;
+                    },
+                .playerVolume = [] { return -1000; },
+                .pausePlayer =
+                    [this] {
+                        const bool wasRunning = playerRuns;
+                        playerRuns = false;
+                        return wasRunning;
+                    },
+                .resumePlayer = [this] { playerRuns = true; }};
+    }
+
+    Module1 module;
+    ToldPickers pickers{module};
+    QStringList untrapped; // errors that would have ended the program
+    bool playerRuns = false;
+    QPointer<ScriptedMediaControl> preview; // of the editor that was made last
+
+private:
+    QTemporaryDir m_temp;
+};
+
+/// The row as a user reaches it.
+inline void clickRow(QAbstractItemView* view, int row, Qt::KeyboardModifiers keys = Qt::NoModifier)
+{
+    const QModelIndex index = view->model()->index(row, 0);
+    view->scrollTo(index);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, keys, view->visualRect(index).center());
+}
+
+/// Types over what a box shows.
+inline void typeOver(QWidget* box, const QString& text)
+{
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(box, text);
+}
+
+/// The user's decimal mark for one test.
+class UserLocale
+{
+public:
+    explicit UserLocale(const QLocale& locale) { QLocale::setDefault(locale); }
+    ~UserLocale() { QLocale::setDefault(m_before); }
+    UserLocale(const UserLocale&) = delete;
+    UserLocale& operator=(const UserLocale&) = delete;
+
+private:
+    QLocale m_before;
+};
+
+} // namespace orvanta::test

@@ -1,0 +1,299 @@
+#include "editors/entry_list_view.h"
+#include "editors/file_list_box.h"
+#include "editors/folder_tree.h"
+#include "editors/form6_group_editor.h"
+#include "tests/editors/editor_room.h"
+
+#include <QImage>
+#include <QLabel>
+#include <QPushButton>
+
+namespace orvanta::test {
+
+namespace {
+
+class GroupEditor : public EditorRoom
+{
+protected:
+    void open()
+    {
+        m_services.emplace(services());
+        editor = std::make_unique<Form6>(*m_services);
+        editor->show();
+    }
+    void openWith(const QStringList& entries, int selected = -1)
+    {
+        open();
+        editor->List1->change(
+            [&](EntryList& list) { list = {.entries = entries, .selected = selected}; });
+    }
+    static void press(QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
+    [[nodiscard]] QStringList entries() const { return editor->List1->list().entries; }
+    [[nodiscard]] QString temporaryGroup() const
+    {
+        return module.ApplicationFolder + u"/temp.vxg"_s;
+    }
+
+    std::unique_ptr<Form6> editor;
+
+private:
+    std::optional<EditorServices> m_services;
+};
+
+} // namespace
+
+TEST_F(GroupEditor, ListsThePacketsOfTheStoredFolder)
+{
+    put(u"a.vxl"_s);
+    put(u"b.VXL"_s);
+    put(u"c.avi"_s);
+    open();
+    EXPECT_EQ(editor->File1->names(), QStringList({u"a.vxl"_s, u"b.VXL"_s}));
+    EXPECT_EQ(editor->FolderTreeview1->folder(), room());
+}
+
+TEST_F(GroupEditor, IsRussianForTwoAlone)
+{
+    module.Language = 2;
+    open();
+    EXPECT_EQ(editor->windowTitle(), u"Создать группу"_s);
+    EXPECT_EQ(editor->Command7->text(), u"..."_s);
+    module.Language = 3;
+    open();
+    EXPECT_EQ(editor->windowTitle(), u"Create group"_s);
+}
+
+TEST_F(GroupEditor, ClickingAPacketAddsAMemberOfThreeFields)
+{
+    put(u"week1.vxl"_s);
+    open();
+    clickRow(editor->File1, 0);
+    EXPECT_EQ(entries(), QStringList({room(u"week1.vxl"_s) + u"{}week1{}{No picture}"_s}));
+    EXPECT_EQ(editor->Text1->text(), room(u"week1.vxl"_s));
+    EXPECT_EQ(editor->Text2->text(), u"week1"_s);
+    EXPECT_EQ(editor->Text3->text(), u"{No picture}"_s);
+}
+
+TEST_F(GroupEditor, AddingAFileWithNothingSelectedOverwritesTheFirstMember)
+{
+    put(u"c.vxl"_s);
+    openWith({u"a{}1{}p"_s, u"b{}2{}p"_s});
+    clickRow(editor->File1, 0);
+    EXPECT_EQ(entries(),
+              QStringList({room(u"c.vxl"_s) + u"{}c{}{No picture}"_s, u"b{}2{}p"_s, QString()}));
+    EXPECT_EQ(editor->List1->list().selected, 0);
+}
+
+TEST_F(GroupEditor, EditingABoxRebuildsTheSelectedMember)
+{
+    openWith({u"a{}1{}p"_s});
+    clickRow(editor->List1, 0);
+    typeOver(editor->Text2, u"new"_s);
+    EXPECT_EQ(entries(), QStringList({u"a{}new{}p"_s}));
+    typeOver(editor->Text3, u"q"_s);
+    EXPECT_EQ(entries(), QStringList({u"a{}new{}q"_s}));
+}
+
+TEST_F(GroupEditor, EditingABoxWithNothingSelectedAppendsAMember)
+{
+    openWith({u"a{}1{}p"_s});
+    typeOver(editor->Text1, u"x"_s);
+    EXPECT_EQ(entries(), QStringList({u"a{}1{}p"_s, u"x{}{}"_s}));
+    EXPECT_EQ(editor->List1->list().selected, 1);
+}
+
+TEST_F(GroupEditor, AfterAddAllAMemberShowsItsPathWithTheTextAndPictureShownBefore)
+{
+    put(u"b.vxl"_s);
+    openWith({u"a{}text{}picture"_s});
+    press(editor->Command8);
+    EXPECT_EQ(entries().at(1), room(u"b.vxl"_s) + u"{}b"_s);
+    clickRow(editor->List1, 0);
+    clickRow(editor->List1, 1);
+    EXPECT_EQ(editor->Text1->text(), room(u"b.vxl"_s));
+    EXPECT_EQ(editor->Text2->text(), u"text"_s);
+    EXPECT_EQ(editor->Text3->text(), u"picture"_s);
+    // The entry takes the shown values only when a box is edited.
+    EXPECT_EQ(entries().at(1), room(u"b.vxl"_s) + u"{}b"_s);
+    typeOver(editor->Text3, u"new"_s);
+    EXPECT_EQ(entries().at(1), room(u"b.vxl"_s) + u"{}text{}new"_s);
+}
+
+TEST_F(GroupEditor, ClickingAMemberDoesNotRebuildIt)
+{
+    openWith({u"a{}b{}c{}d"_s, u"e{}f"_s});
+    clickRow(editor->List1, 0);
+    EXPECT_EQ(editor->Text2->text(), u"b{}c"_s);
+    EXPECT_EQ(editor->Text3->text(), u"d"_s);
+    EXPECT_EQ(editor->List1->toolTip(), u"a{}b{}c{}d"_s);
+    clickRow(editor->List1, 1);
+    EXPECT_EQ(entries(), QStringList({u"a{}b{}c{}d"_s, u"e{}f"_s}));
+}
+
+TEST_F(GroupEditor, AChosenPictureGoesIntoTheSelectedMemberAndIsShown)
+{
+    QImage image(400, 300, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    ASSERT_TRUE(image.save(room(u"p.bmp"_s)));
+    openWith({u"a{}1{}{No picture}"_s});
+    clickRow(editor->List1, 0);
+    EXPECT_TRUE(editor->Image1->pixmap().isNull());
+    pickers.openAnswer = room(u"p.bmp"_s);
+    press(editor->Command7);
+    EXPECT_EQ(pickers.calls, QStringList({u"open *.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico"_s}));
+    EXPECT_EQ(entries(), QStringList({u"a{}1{}"_s + room(u"p.bmp"_s)}));
+    EXPECT_FALSE(editor->Image1->pixmap().isNull());
+    EXPECT_LE(editor->Image1->pixmap().width(), editor->Image1->width());
+}
+
+TEST_F(GroupEditor, ACancelledPictureChoiceChangesNothing)
+{
+    openWith({u"a{}1{}p"_s}, 0);
+    press(editor->Command7);
+    EXPECT_EQ(entries(), QStringList({u"a{}1{}p"_s}));
+}
+
+TEST_F(GroupEditor, APictureThatIsNoneShowsNothing)
+{
+    put(u"p.bmp"_s, "no picture at all");
+    openWith({u"a{}1{}"_s + room(u"p.bmp"_s), u"a{}1{}/gone.jpg"_s});
+    clickRow(editor->List1, 0);
+    EXPECT_TRUE(editor->Image1->pixmap().isNull());
+    clickRow(editor->List1, 1);
+    EXPECT_TRUE(editor->Image1->pixmap().isNull());
+}
+
+TEST_F(GroupEditor, RemovesAndMovesLikeThePacketEditor)
+{
+    openWith({u"a"_s, u"b"_s, u"c"_s});
+    press(editor->Command5);
+    EXPECT_EQ(entries().size(), 3);
+    clickRow(editor->List1, 0);
+    press(editor->Command9);
+    EXPECT_EQ(entries(), QStringList({u"a"_s, u"b"_s, u"c"_s}));
+    press(editor->Command10);
+    press(editor->Command10);
+    press(editor->Command10);
+    EXPECT_EQ(entries(), QStringList({u"b"_s, u"c"_s, u"a"_s}));
+    press(editor->Command5);
+    EXPECT_EQ(entries(), QStringList({u"b"_s, u"c"_s}));
+    press(editor->Command6);
+    EXPECT_EQ(entries(), QStringList());
+}
+
+TEST_F(GroupEditor, LoadsMembersWithoutTheirPictures)
+{
+    pickers.openAnswer =
+        put(u"in.vxg"_s, "[main]\nfiles=2\n[file1]\npath=/a.vxl\ntext=A\npicture=/p.jpg\n"
+                         "[file2]\npath=/b.vxl\ntext=B\n");
+    openWith({u"old"_s});
+    press(editor->Command3);
+    EXPECT_EQ(entries(), QStringList({u"/a.vxl{}A"_s, u"/b.vxl{}B"_s}));
+    EXPECT_EQ(pickers.calls, QStringList({u"open *.vxg"_s}));
+}
+
+TEST_F(GroupEditor, LoadedAndSavedAgainItLosesPicturesAndShiftsTexts)
+{
+    pickers.openAnswer =
+        put(u"in.vxg"_s, "[main]\nfiles=2\n[file1]\npath=/a.vxl\ntext=A\npicture=/p.jpg\n"
+                         "[file2]\npath=/b.vxl\ntext=B\npicture=/q.jpg\n");
+    open();
+    press(editor->Command3);
+    pickers.saveAnswer = room(u"out.vxg"_s);
+    press(editor->Command4);
+    EXPECT_EQ(bytesOf(room(u"out.vxg"_s)),
+              QByteArray("[main]\r\nfiles=2\r\n"
+                         "[file1]\r\npath=/a.vxl\r\ntext=\r\npicture=\r\n"
+                         "[file2]\r\npath=/b.vxl\r\ntext=\r\npicture=\r\n"));
+}
+
+TEST_F(GroupEditor, SavesExactBytesInBothDecimalMarks)
+{
+    for (const QLocale::Language language : {QLocale::English, QLocale::Russian}) {
+        const UserLocale locale{QLocale(language)};
+        openWith({u"/w1.vxl{}Неделя {} 1{}/w1.jpg"_s, u"/w2.vxl{}two"_s,
+                  u"/w3.vxl{}three{}{No picture}"_s});
+        pickers.saveAnswer = room(u"out.vxg"_s);
+        press(editor->Command4);
+        EXPECT_EQ(bytesOf(room(u"out.vxg"_s)),
+                  QByteArray("[main]\r\nfiles=3\r\n"
+                             "[file1]\r\npath=/w1.vxl\r\ntext=Неделя {} 1\r\npicture=/w1.jpg\r\n"
+                             "[file2]\r\npath=/w2.vxl\r\ntext=Неделя {} 1\r\npicture=/w1.jpg\r\n"
+                             "[file3]\r\npath=/w3.vxl\r\ntext=three\r\npicture={No picture}\r\n"));
+    }
+}
+
+TEST_F(GroupEditor, SavingAnEmptyListWritesZeroFiles)
+{
+    open();
+    pickers.saveAnswer = room(u"out.vxg"_s);
+    press(editor->Command4);
+    EXPECT_EQ(bytesOf(room(u"out.vxg"_s)), QByteArray("[main]\r\nfiles=0\r\n"));
+    EXPECT_EQ(pickers.calls, QStringList({u"save *.vxg"_s}));
+}
+
+TEST_F(GroupEditor, SavingReplacesAnOlderGroupEntirely)
+{
+    put(u"out.vxg"_s, "[main]\nfiles=7\n[file7]\npath=old\n");
+    openWith({u"/a.vxl{}A{}p"_s});
+    pickers.saveAnswer = room(u"out.vxg"_s);
+    press(editor->Command4);
+    EXPECT_FALSE(bytesOf(room(u"out.vxg"_s)).contains("old"));
+}
+
+TEST_F(GroupEditor, ACancelledPickerWritesAndLoadsNothing)
+{
+    openWith({u"a"_s});
+    press(editor->Command3);
+    press(editor->Command4);
+    EXPECT_EQ(entries(), QStringList({u"a"_s}));
+    EXPECT_EQ(QDir(room()).entryList(QDir::Files), QStringList());
+}
+
+TEST_F(GroupEditor, LoadingEndsSilentlyAtABadCount)
+{
+    pickers.openAnswer = put(u"in.vxg"_s, "[main]\nfiles=some\n");
+    openWith({u"old"_s});
+    press(editor->Command3);
+    EXPECT_EQ(entries(), QStringList());
+    EXPECT_EQ(untrapped, QStringList());
+}
+
+TEST_F(GroupEditor, CreateWithAnEmptyListClosesWithoutResult)
+{
+    open();
+    press(editor->Command1);
+    EXPECT_FALSE(editor->isVisible());
+    EXPECT_FALSE(module.EditorDone);
+    EXPECT_FALSE(QFile::exists(temporaryGroup()));
+}
+
+TEST_F(GroupEditor, CreateWritesTheTemporaryGroupAndCloses)
+{
+    openWith({u"/a.vxl{}A{}{No picture}"_s});
+    press(editor->Command1);
+    EXPECT_FALSE(editor->isVisible());
+    EXPECT_TRUE(module.EditorDone);
+    EXPECT_EQ(bytesOf(temporaryGroup()),
+              QByteArray("[main]\r\nfiles=1\r\n"
+                         "[file1]\r\npath=/a.vxl\r\ntext=A\r\npicture={No picture}\r\n"));
+}
+
+TEST_F(GroupEditor, CancelWritesNothing)
+{
+    openWith({u"/a.vxl{}A{}{No picture}"_s});
+    press(editor->Command2);
+    EXPECT_FALSE(module.EditorDone);
+    EXPECT_FALSE(QFile::exists(temporaryGroup()));
+}
+
+TEST_F(GroupEditor, ClosingStoresTheFolder)
+{
+    QDir(room()).mkdir(u"sub"_s);
+    open();
+    editor->FolderTreeview1->setFolder(room(u"sub"_s));
+    editor->close();
+    EXPECT_EQ(stored(u"save"_s, u"open"_s), room(u"sub"_s));
+}
+
+} // namespace orvanta::test

@@ -1,0 +1,125 @@
+#include "editors/file_list_box.h"
+#include "editors/folder_tree.h"
+#include "editors/form10_save_picker.h"
+#include "tests/editors/editor_room.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace orvanta::test {
+
+namespace {
+
+class SavePicker : public EditorRoom
+{
+protected:
+    void open(const QString& pattern = u"*.vxl"_s)
+    {
+        picker = std::make_unique<Form10>(module, services().boundary, pattern);
+        picker->show();
+    }
+    void pressOk() { QTest::mouseClick(picker->Command1, Qt::LeftButton); }
+    [[nodiscard]] const QString& saved() const { return module.picker.SaveFileName; }
+
+    std::unique_ptr<Form10> picker;
+};
+
+} // namespace
+
+TEST_F(SavePicker, BeginsWithNoNameAndNothingChosen)
+{
+    module.picker.SaveFileName = u"/before"_s;
+    open();
+    EXPECT_EQ(picker->Text1->text(), u"no name"_s);
+    EXPECT_EQ(saved(), QString());
+}
+
+TEST_F(SavePicker, OkGivesFolderNameAndExtensionAndStoresTheFolder)
+{
+    QDir(room()).mkdir(u"sub"_s);
+    open(u"*.vxg"_s);
+    picker->FolderTreeview1->setFolder(room(u"sub"_s));
+    typeOver(picker->Text1, u"mine"_s);
+    pressOk();
+    EXPECT_EQ(saved(), room(u"sub/mine.vxg"_s));
+    EXPECT_EQ(stored(u"save"_s, u"open"_s), room(u"sub"_s));
+    EXPECT_FALSE(picker->isVisible());
+}
+
+TEST_F(SavePicker, AppendsTheExtensionAlsoToANameThatEndsInIt)
+{
+    open();
+    typeOver(picker->Text1, u"a.vxl"_s);
+    pressOk();
+    EXPECT_EQ(saved(), room(u"a.vxl.vxl"_s));
+}
+
+TEST_F(SavePicker, ClickingAFileCopiesItsNameWithoutExtension)
+{
+    put(u"a.vxl"_s);
+    put(u"b.c.vxl"_s);
+    open();
+    clickRow(picker->File1, 1);
+    EXPECT_EQ(picker->Text1->text(), u"b.c"_s);
+    clickRow(picker->File1, 0);
+    EXPECT_EQ(picker->Text1->text(), u"a"_s);
+    pressOk();
+    EXPECT_EQ(saved(), room(u"a.vxl"_s));
+}
+
+TEST_F(SavePicker, AnotherFolderKeepsTheTypedName)
+{
+    QDir(room()).mkdir(u"sub"_s);
+    put(u"sub/there.vxl"_s);
+    open();
+    typeOver(picker->Text1, u"mine"_s);
+    picker->FolderTreeview1->setFolder(room(u"sub"_s));
+    EXPECT_EQ(picker->Text1->text(), u"mine"_s);
+}
+
+TEST_F(SavePicker, OkWithAnEmptyNameKeepsItOpen)
+{
+    open();
+    picker->Text1->clear();
+    pressOk();
+    EXPECT_TRUE(picker->isVisible());
+    EXPECT_EQ(saved(), QString());
+}
+
+TEST_F(SavePicker, CancelEscAndClosingLeaveNothingChosen)
+{
+    const auto ways = {+[](Form10& form) { QTest::mouseClick(form.Command2, Qt::LeftButton); },
+                       +[](Form10& form) { QTest::keyClick(form.Text1, Qt::Key_Escape); },
+                       +[](Form10& form) { form.close(); }};
+    for (const auto leave : ways) {
+        open();
+        leave(*picker);
+        EXPECT_FALSE(picker->isVisible());
+        EXPECT_EQ(saved(), QString());
+    }
+}
+
+TEST_F(SavePicker, AQuietLineSaysThatAFileWillBeReplaced)
+{
+    put(u"a.vxl"_s);
+    open();
+    EXPECT_EQ(picker->Label1->text(), QString());
+    typeOver(picker->Text1, u"a"_s);
+    EXPECT_EQ(picker->Label1->text(), u"This file exists and will be replaced."_s);
+    typeOver(picker->Text1, u"new"_s);
+    EXPECT_EQ(picker->Label1->text(), QString());
+}
+
+TEST_F(SavePicker, APastedPathSetsFolderAndName)
+{
+    QDir(room()).mkdir(u"sub"_s);
+    open();
+    typeOver(picker->PathBox, room(u"sub/new.vxl"_s));
+    QTest::keyClick(picker->PathBox, Qt::Key_Return);
+    EXPECT_TRUE(picker->isVisible());
+    EXPECT_EQ(picker->Text1->text(), u"new"_s);
+    pressOk();
+    EXPECT_EQ(saved(), room(u"sub/new.vxl"_s));
+}
+
+} // namespace orvanta::test

@@ -1,0 +1,293 @@
+#include "tests/playback/engine_fixture.h"
+
+#include <QElapsedTimer>
+
+#include <ctime>
+
+namespace orvanta::test {
+
+class Brakes : public EngineTest
+{
+protected:
+    Brakes() { control.duration = 40; }
+
+    void playLesson(Int16 brake = 1)
+    {
+        addBrakes({u"5"_s, u"12"_s, u"20"_s});
+        play(1, brake);
+    }
+};
+
+TEST_F(Brakes, ReachedByPlayingBecomesCurrentAndIsShown)
+{
+    playLesson();
+    tickAt(12.1);
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(view.clipText, u"brake 2");
+    EXPECT_EQ(view.listIndex, 3);
+    EXPECT_EQ(control.CurrentPosition(), 12);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(Brakes, AtTheExactTimeTheBrakeIsNotYetPassed)
+{
+    playLesson();
+    tickAt(12);
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(Brakes, ReachedByPlayingIgnoreTheMarks)
+{
+    playLesson();
+    view.checked[3] = false;
+    tickAt(12.1);
+    EXPECT_EQ(clip(), 2);
+}
+
+TEST_F(Brakes, BeforeTheFirstBrakeNoneIsCurrent)
+{
+    playLesson();
+    module.playlist.CurrentClip = 0;
+    tickAt(4);
+    EXPECT_EQ(clip(), 0);
+    tickAt(5.1);
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(Brakes, TheLastBrakeMovesOnToTheNextPacket)
+{
+    playLesson();
+    addClips({u"next"_s});
+    tickAt(20.1);
+    tickAt(20.1);
+    EXPECT_EQ(packet(), 1);
+    EXPECT_EQ(clip(), 3);
+    tickAt(20.3);
+    EXPECT_EQ(packet(), 2);
+    EXPECT_EQ(clip(), 1);
+    waitUntilRunning();
+    EXPECT_EQ(control.FileName(), path(u"next.avi"_s));
+}
+
+TEST_F(Brakes, TheLastBrakeMovesOnWhateverTheAdvanceOptionsSay)
+{
+    option("agnc", u"0"_s);
+    option("agnp", u"0"_s);
+    playLesson(3);
+    addClips({u"next"_s});
+    tickAt(20.3);
+    EXPECT_EQ(packet(), 2);
+}
+
+TEST_F(Brakes, TheLastBrakePassesOverUncheckedPackets)
+{
+    playLesson(3);
+    addClips({u"two"_s});
+    addClips({u"three"_s});
+    view.checked[5] = false; // header of packet 2
+    tickAt(20.3);
+    EXPECT_EQ(packet(), 3);
+}
+
+TEST_F(Brakes, TheLastBrakeOfTheLastPacketStops)
+{
+    playLesson(3);
+    const LogCapture log("orvanta.playback");
+    tickAt(20.3);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+    EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
+}
+
+TEST_F(Brakes, AfterTheFinalStopPlayBeginsAgain)
+{
+    playLesson(3);
+    tickAt(20.3);
+    EXPECT_EQ(packet(), 1);
+    EXPECT_EQ(clip(), 0);
+    engine->tick();
+    engine->pressPlay();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    tickAt(5.1);
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(Brakes, TheEndOfTheClipDoesNotAdvance)
+{
+    option("agnc");
+    option("agnp");
+    playLesson();
+    addClips({u"next"_s});
+    endClip();
+    engine->tick();
+    EXPECT_EQ(packet(), 1);
+    EXPECT_EQ(loads(), 1);
+    EXPECT_EQ(control.CurrentState(), MediaControl::NotLoaded);
+}
+
+TEST_F(Brakes, AreFollowedOnlyWhileTheMediaOfTheirPacketIsLoaded)
+{
+    addClips({u"one"_s});
+    play(1, 1);
+    module.playlist.Playlist.clear();
+    module.playlist.PlaylistCount = 0;
+    addBrakes({u"5"_s, u"12"_s});
+    engine->playlistReplaced(); // without "as" the earlier clip plays on
+    tickAt(30);
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
+    EXPECT_EQ(view.slider, 75); // of the whole clip that plays
+}
+
+TEST_F(Brakes, AreNotFollowedWhileAnotherFileIsInThePlayer)
+{
+    playLesson();
+    engine->operations().OpenMedia(file(u"other.avi"_s));
+    waitUntilRunning();
+    tickAt(30);
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(control.FileName(), path(u"other.avi"_s));
+}
+
+TEST_F(Brakes, TheSliderSpansTheCurrentBrake)
+{
+    playLesson(); // 5 to 12
+    tickAt(8.5);
+    EXPECT_EQ(view.slider, 50);
+}
+
+TEST_F(Brakes, TheSliderSpansTheTimeBeforeTheFirstBrake)
+{
+    playLesson();
+    module.playlist.CurrentClip = 0;
+    tickAt(1);
+    EXPECT_EQ(view.slider, 20);
+}
+
+TEST_F(Brakes, TheLengthShownIsThatOfTheClip)
+{
+    playLesson();
+    tickAt(8);
+    EXPECT_EQ(view.clipLength, formatPicture(40, kDurationPicture));
+}
+
+TEST_F(Brakes, ATimeThatIsNoNumberIsPassedOver)
+{
+    option("si");
+    addBrakes({u"5"_s, u"soon"_s});
+    play(1, 1);
+    module.tray.TrayRestoreRequest = true;
+    tickAt(39);
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(view.shown, 1); // the later steps have run
+}
+
+TEST_F(Brakes, AJumpToABrakeIsNotOvertakenByThePositionBefore)
+{
+    playLesson(3);
+    control.playTo(20);
+    engine->tick();
+    engine->ListClick(1, 1);
+    engine->tick();
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(view.clipText, u"brake 1");
+}
+
+class BrakeWait : public Brakes
+{
+protected:
+    /// Runs a tick that is past brake 2, with this happening inside its wait.
+    template <typename Action> void tickWith(Action&& action)
+    {
+        control.playTo(12.1);
+        QTimer::singleShot(0, &control, std::forward<Action>(action));
+        engine->tick();
+    }
+};
+
+TEST_F(BrakeWait, IsLeftOnPauseWithoutMovingOn)
+{
+    playLesson();
+    tickWith([&] { control.Pause(); });
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+}
+
+TEST_F(BrakeWait, IsLeftOnStopWithoutMovingOn)
+{
+    playLesson();
+    tickWith([&] { control.Stop(); });
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+}
+
+TEST_F(BrakeWait, IsLeftAtTheEndOfTheClipWithoutMovingOn)
+{
+    playLesson();
+    tickWith([&] { control.reachEnd(); });
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(control.CurrentState(), MediaControl::NotLoaded);
+}
+
+TEST_F(BrakeWait, IsLeftWhenTheProgramCloses)
+{
+    playLesson();
+    QElapsedTimer timer;
+    timer.start();
+    tickWith([&] { engine->closeProgram(); });
+    EXPECT_EQ(view.unloaded, 1);
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(BrakeWait, IsSupersededByAnotherStart)
+{
+    playLesson();
+    addClips({u"next"_s});
+    tickWith([&] { engine->ListClick(2, 1); });
+    EXPECT_EQ(packet(), 2);
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(view.clipText, u"next");
+}
+
+TEST_F(BrakeWait, IsSupersededByAnotherPlaylistOfTheSameMedia)
+{
+    playLesson();
+    tickWith([&] {
+        module.playlist.Playlist.clear();
+        module.playlist.PlaylistCount = 0;
+        addBrakes({u"5"_s, u"12"_s});
+        engine->playlistReplaced();
+    });
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(loads(), 1);
+}
+
+TEST_F(BrakeWait, AfterASeekBackWithinTheSpanDoesNotMoveOn)
+{
+    playLesson();
+    tickWith([&] { engine->seekTo(7); });
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(control.CurrentPosition(), 7);
+}
+
+TEST_F(BrakeWait, IsBoundedWhenThePositionNeverMoves)
+{
+    playLesson();
+    control.playTo(12.1);
+    QElapsedTimer timer;
+    timer.start();
+    engine->tick();
+    EXPECT_EQ(clip(), 2);
+    EXPECT_LT(timer.elapsed(), 5000);
+}
+
+TEST_F(BrakeWait, SleepsInsteadOfSpinning)
+{
+    playLesson();
+    control.playTo(12.1);
+    const std::clock_t before = std::clock();
+    engine->tick();
+    const double busySeconds = double(std::clock() - before) / CLOCKS_PER_SEC;
+    EXPECT_LT(busySeconds, 0.075); // half of the wait
+}
+
+} // namespace orvanta::test

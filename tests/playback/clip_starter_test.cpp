@@ -1,0 +1,331 @@
+#include "playback/clip_starter.h"
+#include "tests/playback/engine_fixture.h"
+
+#include <QDir>
+
+namespace orvanta::test {
+
+class Starting : public EngineTest
+{};
+
+TEST_F(Starting, AClipLoadsItsFileAndRuns)
+{
+    addClips({u"one"_s, u"two"_s});
+    play(1, 2);
+    EXPECT_EQ(control.FileName(), path(u"two.avi"_s));
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(Starting, MovesIndicesTextAndListCursorAndChecksTheLine)
+{
+    addClips({u"one"_s});
+    addClips({u"two"_s, u"three"_s});
+    view.checked[5] = false;
+    play(2, 2);
+    EXPECT_EQ(packet(), 2);
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(view.clipText, u"three");
+    EXPECT_EQ(view.listIndex, 5);
+    EXPECT_TRUE(view.checked[5]);
+    EXPECT_EQ(view.timer2Line, 5);
+}
+
+TEST_F(Starting, ShowsTheLooksOfThePlayingState)
+{
+    addClips({u"one"_s});
+    play(1, 1);
+    EXPECT_FALSE(view.looks.playEnabled);
+    EXPECT_TRUE(view.looks.pauseEnabled);
+    EXPECT_TRUE(view.looks.playSwapped);
+    EXPECT_TRUE(view.looks.pauseSwapped);
+}
+
+TEST_F(Starting, ARelativePathIsMeantBelowThePacketsFolder)
+{
+    QDir(home.path()).mkdir(u"lesson"_s);
+    home.write(u"lesson/one.avi"_s, "media");
+    PlaylistEntry packet;
+    packet.Folder = path(u"lesson/"_s);
+    packet.Clips.push_back({.Time = {}, .Text = {}, .Path = u"one.avi"_s});
+    addPacket(packet);
+    play(1, 1);
+    EXPECT_EQ(control.FileName(), path(u"lesson/one.avi"_s));
+}
+
+TEST_F(Starting, ARelativePathOfALooseFileIsMeantBelowTheFolderOpenedLast)
+{
+    file(u"one.avi"_s);
+    module.playlist.PacketFolder = home.path() + u'/';
+    PlaylistEntry packet;
+    packet.Clips.push_back({.Time = {}, .Text = {}, .Path = u"one.avi"_s});
+    addPacket(packet);
+    play(1, 1);
+    EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
+}
+
+TEST_F(Starting, ShowsThePictureOfThePacket)
+{
+    addClips({u"one"_s});
+    module.playlist.packet(1).Picture = file(u"picture.png"_s);
+    play(1, 1);
+    EXPECT_EQ(video.stillPicture, path(u"picture.png"_s));
+}
+
+TEST_F(Starting, WithoutPictureItIsCleared)
+{
+    addClips({u"one"_s});
+    for (const QString& picture : {QString(), u"{No picture}"_s, path(u"gone.png"_s)}) {
+        video.stillPicture = u"earlier"_s;
+        module.playlist.packet(1).Picture = picture;
+        play(1, 1);
+        EXPECT_EQ(video.stillPicture, QString());
+    }
+}
+
+TEST_F(Starting, HandsOverTheSavedPositionOfTheEntryThatWasCurrentUntilNow)
+{
+    addClips({u"one"_s, u"two"_s});
+    WriteIni(u"pos"_s, u"one"_s, u"11"_s, module.IniPath);
+    WriteIni(u"pos"_s, u"two"_s, u"22"_s, module.IniPath);
+    play(1, 1);
+    EXPECT_EQ(video.mirror().VideoBookmark, QString());
+    play(1, 2);
+    EXPECT_EQ(video.mirror().VideoBookmark, u"11");
+}
+
+TEST_F(Starting, DoesNotSeekToTheSavedPosition)
+{
+    addClips({u"one"_s});
+    WriteIni(u"pos"_s, u"one"_s, u"5"_s, module.IniPath);
+    play(1, 1);
+    play(1, 1);
+    EXPECT_TRUE(control.calls.filter(u"seek"_s).isEmpty());
+}
+
+TEST_F(Starting, IsLoggedWithPacketClipAndText)
+{
+    addClips({u"one"_s, u"Урок 2"_s});
+    const LogCapture log("orvanta.playback");
+    play(1, 2);
+    EXPECT_EQ(log.lines(), QStringList(u"start 1 2 Урок 2"_s));
+}
+
+TEST_F(Starting, AMissingFileMovesTheCursorAndLeavesThePlayerAsItWas)
+{
+    addClips({u"one"_s});
+    addMissingClips({u"gone"_s});
+    play(1, 1);
+    control.calls.clear();
+    const LogCapture log("orvanta.playback");
+    engine->ListClick(2, 1);
+    EXPECT_EQ(control.calls, QStringList());
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    EXPECT_EQ(packet(), 2);
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(view.clipText, u"gone");
+    EXPECT_EQ(view.listIndex, 4);
+    EXPECT_EQ(log.lines(), QStringList());
+}
+
+TEST_F(Starting, AMissingFileInAnEmptyPlayerLeavesTheIdleLooks)
+{
+    addMissingClips({u"gone"_s});
+    engine->ListClick(1, 1);
+    EXPECT_TRUE(view.looks.playEnabled);
+    EXPECT_FALSE(view.looks.pauseEnabled);
+}
+
+TEST_F(Starting, EverySwallowedErrorIsLogged)
+{
+    addMissingClips({u"gone"_s});
+    module.playlist.CurrentPacket = 1;
+    module.playlist.CurrentClip = 1;
+    const LogCapture log("orvanta.errors");
+    engine->ListClick(1, 1);
+    EXPECT_EQ(log.lines(), QStringList(u"media: error 53, File not found"_s));
+}
+
+TEST_F(Starting, APlaceOutsideThePlaylistRaisesNothing)
+{
+    addClips({u"one"_s});
+    engine->ListClick(7, 1);
+    engine->ListClick(1, 7);
+    EXPECT_EQ(clip(), 7);
+    EXPECT_EQ(loads(), 0);
+}
+
+TEST_F(Starting, ABrakeSeeksToItsTimeAndRuns)
+{
+    control.duration = 40;
+    addBrakes({u"5"_s, u"12.5"_s});
+    play(1, 2);
+    EXPECT_EQ(control.CurrentPosition(), 12.5);
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(view.clipText, u"brake 2");
+}
+
+TEST_F(Starting, ABrakeOfLoadedMediaDoesNotReloadIt)
+{
+    control.duration = 40;
+    addBrakes({u"5"_s, u"12"_s, u"20"_s});
+    play(1, 1);
+    control.calls.clear();
+    engine->ListClick(1, 3);
+    EXPECT_EQ(loads(), 0);
+    EXPECT_EQ(control.CurrentPosition(), 20);
+}
+
+TEST_F(Starting, ABrakeOfAnotherPacketReloadsTheSameMedia)
+{
+    control.duration = 40;
+    addBrakes({u"5"_s});
+    addBrakes({u"12"_s});
+    play(1, 1);
+    play(2, 1);
+    EXPECT_EQ(loads(), 2);
+}
+
+TEST_F(Starting, ABrakeRunsMediaThatWasStopped)
+{
+    control.duration = 40;
+    addBrakes({u"5"_s});
+    play(1, 1);
+    control.Stop();
+    engine->ListClick(1, 1);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    EXPECT_EQ(control.CurrentPosition(), 5);
+}
+
+TEST_F(Starting, ABrakeWhoseTimeIsNoNumberPlaysWithoutSeeking)
+{
+    addBrakes({u"soon"_s});
+    play(1, 1);
+    EXPECT_EQ(control.CurrentPosition(), 0);
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(Starting, ABrakeWhoseMediaCannotBeOpenedStopsWaiting)
+{
+    addBrakes({u"5"_s});
+    control.refusedFiles = QStringList(path(u"lesson.avi"_s));
+    engine->ListClick(1, 1);
+    EXPECT_FALSE(control.isOpening());
+    EXPECT_TRUE(control.calls.filter(u"seek"_s).isEmpty());
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(view.clipText, u"brake 1");
+}
+
+TEST_F(Starting, AStartThatIsSupersededWhileItWaitsLeavesAllToItsSuccessor)
+{
+    control.autoOpen = false;
+    addBrakes({u"5"_s});
+    addClips({u"one"_s});
+    QTimer::singleShot(0, engine.get(), [this] { engine->ListClick(2, 1); });
+    const LogCapture log("orvanta.playback");
+    engine->ListClick(1, 1); // returns because of the second start
+    EXPECT_EQ(packet(), 2);
+    EXPECT_EQ(view.clipText, u"one");
+    EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
+    EXPECT_EQ(log.lines(), QStringList(u"start 2 1 one"_s));
+}
+
+TEST_F(Starting, AStartThatWaitsEndsWhenTheProgramCloses)
+{
+    control.autoOpen = false;
+    addBrakes({u"5"_s});
+    QTimer::singleShot(0, engine.get(), [this] { engine->closeProgram(); });
+    engine->ListClick(1, 1);
+    EXPECT_EQ(view.unloaded, 1);
+    EXPECT_EQ(packet(), 0);
+}
+
+TEST_F(Starting, AnEndThatWasNotServedDoesNotEndTheNewClip)
+{
+    addClips({u"one"_s, u"two"_s});
+    play(1, 1);
+    control.reachEnd();
+    play(1, 2);
+    engine->tick();
+    EXPECT_EQ(control.FileName(), path(u"two.avi"_s));
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(Starting, AnEndThatWasNotServedDoesNotEndTheBrakeThatIsBegunAgain)
+{
+    control.duration = 40;
+    addBrakes({u"5"_s, u"12"_s});
+    play(1, 1);
+    control.reachEnd();
+    engine->ListClick(1, 1);
+    engine->tick();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    EXPECT_EQ(loads(), 1);
+}
+
+TEST_F(Starting, AFailureDuringTheWaitIsNotServedBeforeTheCursorHasMoved)
+{
+    option("agnc");
+    option("agnp");
+    addClips({u"one"_s});
+    addClips({u"two"_s});
+    addBrakes({u"5"_s});
+    addClips({u"four"_s});
+    play(1, 1);
+    control.refusedFiles = QStringList(path(u"lesson.avi"_s));
+    QObject::connect(&control, &MediaControl::openFailed, engine.get(), [this] { engine->tick(); });
+    engine->ListClick(3, 1);
+    EXPECT_EQ(packet(), 3);
+    engine->tick();
+    EXPECT_EQ(packet(), 4);
+    waitUntilRunning();
+}
+
+/// With a drive A: texts that begin with "a:\" are found in a folder of the test.
+class StartingFromDriveA : public Starting
+{
+protected:
+    StartingFromDriveA()
+    {
+        context.view = &view;
+        context.findFile = [this](const QString& text, const QString&) {
+            return text == u"a:\\x.avi" ? path(u"floppy.avi"_s) : QString();
+        };
+        file(u"floppy.avi"_s);
+        PlaylistEntry packet;
+        packet.Clips.push_back({.Time = {}, .Text = {}, .Path = u"a:\\x.avi"_s});
+        addPacket(packet);
+    }
+
+    EngineContext context{module, control, video};
+    PositionSlider slider{context};
+    TransportButtons transport{context, slider};
+    ClipStarter starter{context, transport};
+};
+
+TEST_F(StartingFromDriveA, WithTheOptionTheScratchCopyPlays)
+{
+    option("r");
+    home.write(u"temp.vxc"_s, "an earlier copy");
+    starter.ListClick(1, 1);
+    EXPECT_EQ(control.FileName(), path(u"temp.vxc"_s));
+    EXPECT_EQ(home.bytes(u"temp.vxc"_s), "media");
+}
+
+TEST_F(StartingFromDriveA, WithoutTheOptionTheFloppyPlays)
+{
+    option("r", u"0"_s);
+    starter.ListClick(1, 1);
+    EXPECT_EQ(control.FileName(), path(u"floppy.avi"_s));
+    EXPECT_EQ(home.bytes(u"temp.vxc"_s), QByteArray());
+}
+
+TEST_F(StartingFromDriveA, AFailedCopyLeavesThePlayerAsItWas)
+{
+    option("r");
+    QFile::remove(path(u"floppy.avi"_s));
+    starter.ListClick(1, 1);
+    EXPECT_EQ(loads(), 0);
+    EXPECT_EQ(clip(), 1);
+}
+
+} // namespace orvanta::test

@@ -1,0 +1,222 @@
+#include "tests/playback/engine_fixture.h"
+
+#include <QDir>
+
+namespace orvanta::test {
+
+class HandOver : public EngineTest
+{
+protected:
+    void queue(const QStringList& lines)
+    {
+        WriteIni(u"ftl"_s, u"wr"_s, u"0"_s, module.IniPath);
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            WriteIni(u"ftl"_s, QString::number(i + 1), lines[i], module.IniPath);
+        }
+        WriteIni(u"ftl"_s, u"num"_s, QString::number(lines.size()), module.IniPath);
+    }
+
+    void serve(const QStringList& lines)
+    {
+        queue(lines);
+        engine->tick();
+        waitUntilOpened();
+    }
+
+    QString packetFile(const QString& name, const QString& clip)
+    {
+        return home.write(name, u"[main]\nfiles=1\n[file1]\npath=%1\ntext=%2\n"_s
+                                    .arg(file(clip + u".avi"_s), clip)
+                                    .toUtf8());
+    }
+
+    [[nodiscard]] int packets() const { return module.playlist.PlaylistCount.value(); }
+    [[nodiscard]] const PlaylistEntry& entry(Int16 p) const { return module.playlist.packet(p); }
+};
+
+TEST_F(HandOver, AnEmptyQueueChangesNothing)
+{
+    addClips({u"one"_s});
+    serve({});
+    EXPECT_EQ(packets(), 1);
+    EXPECT_FALSE(module.playlist.OpenedFromExplorer);
+}
+
+TEST_F(HandOver, IsServedWhetherOrNotTheTrayOptionIsOn)
+{
+    for (const QString& tray : {u"0"_s, u"1"_s}) {
+        option("si", tray);
+        serve({file(u"clip.avi"_s)});
+        EXPECT_EQ(home.value("ftl", "num"), u"0") << tray.toStdString();
+        EXPECT_EQ(packets(), 1);
+        module.playlist.Playlist.clear();
+        module.playlist.PlaylistCount = 0;
+    }
+}
+
+TEST_F(HandOver, ResetsTheQueueAndItsLock)
+{
+    serve({file(u"clip.avi"_s)});
+    EXPECT_EQ(home.value("ftl", "num"), u"0");
+    EXPECT_EQ(home.value("ftl", "wr"), u"0");
+}
+
+TEST_F(HandOver, NotesThatTheShellOpenedTheFiles)
+{
+    serve({file(u"clip.avi"_s)});
+    EXPECT_TRUE(module.playlist.OpenedFromExplorer);
+}
+
+TEST_F(HandOver, AClipGoesIntoAPacketWithTheProgramsTitle)
+{
+    serve({file(u"intro.avi"_s)});
+    EXPECT_EQ(entry(1).Title, u"!Orvanta! 3.3");
+    EXPECT_EQ(entry(1).clip(1).Text, u"intro");
+    EXPECT_EQ(entry(1).clip(1).Path, path(u"intro.avi"_s));
+    EXPECT_EQ(view.lines.size(), 3U);
+}
+
+TEST_F(HandOver, ThePacketIsRecognisedInAnyCase)
+{
+    serve({packetFile(u"LESSON.VXL"_s, u"one"_s)});
+    EXPECT_EQ(entry(1).clip(1).Text, u"one");
+}
+
+TEST_F(HandOver, AGroupIsOpened)
+{
+    const QString member = packetFile(u"week1.vxl"_s, u"one"_s);
+    const QString group =
+        home.write(u"weeks.vxg"_s,
+                   u"[main]\nfiles=1\n[file1]\npath=%1\ntext=Week one\n"_s.arg(member).toUtf8());
+    serve({group});
+    EXPECT_EQ(entry(1).Title, u"Week one");
+    EXPECT_EQ(entry(1).clip(1).Text, u"one");
+}
+
+TEST_F(HandOver, QuotationMarksAroundAPathAreNoPartOfIt)
+{
+    serve({u"\"\""_s + file(u"intro.avi"_s) + u"\"\""_s});
+    EXPECT_EQ(entry(1).clip(1).Path, path(u"intro.avi"_s));
+}
+
+TEST_F(HandOver, TheFirstEntryReplacesThePlaylistAndTheOthersAppend)
+{
+    addClips({u"old"_s});
+    addClips({u"older"_s});
+    serve({packetFile(u"a.vxl"_s, u"one"_s), packetFile(u"b.vxl"_s, u"two"_s)});
+    EXPECT_EQ(packets(), 2);
+    EXPECT_EQ(entry(1).clip(1).Text, u"one");
+    EXPECT_EQ(entry(2).clip(1).Text, u"two");
+}
+
+TEST_F(HandOver, LooseClipsOfOneDrainShareOnePacket)
+{
+    serve({file(u"a.avi"_s), packetFile(u"b.vxl"_s, u"two"_s), file(u"c.avi"_s)});
+    EXPECT_EQ(packets(), 2);
+    EXPECT_EQ(entry(1).ClipCount, 2);
+    EXPECT_EQ(entry(1).clip(2).Text, u"c");
+}
+
+TEST_F(HandOver, TheFolderSwitchListsTheFilesOfThePlayableTypes)
+{
+    QDir(home.path()).mkdir(u"films"_s);
+    for (const char* name : {"b.AVI", "a.mp3", "notes.txt", ".hidden.avi"}) {
+        home.write(u"films/"_s + QString::fromLatin1(name), "media");
+    }
+    for (const QString& line : {u"/f"_s, u"/F"_s}) {
+        serve({line + path(u"films"_s)});
+        EXPECT_EQ(packets(), 1);
+        EXPECT_EQ(entry(1).ClipCount, 2);
+        EXPECT_EQ(entry(1).clip(1).Path, path(u"films/a.mp3"_s));
+        EXPECT_EQ(entry(1).clip(2).Text, u"b");
+    }
+}
+
+TEST_F(HandOver, APathThatLooksLikeTheSwitchButExistsIsAFile)
+{
+    // A relative line, so that it can begin with the switch and exist.
+    serve({u"/f"_s + path(u"films/a.avi"_s)}); // absolute, exists nowhere
+    EXPECT_EQ(module.playlist.entryCount(), 0);
+    serve({u"/films/gone.avi"_s}); // what follows "/f" is no absolute path
+    EXPECT_EQ(entry(1).clip(1).Path, u"/films/gone.avi");
+}
+
+TEST_F(HandOver, WithAutoStartTheFirstClipPlays)
+{
+    option("as");
+    serve({file(u"intro.avi"_s)});
+    waitUntilRunning();
+    EXPECT_EQ(control.FileName(), path(u"intro.avi"_s));
+    EXPECT_EQ(packet(), 1);
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(HandOver, WithoutAutoStartThePlayerIsStoppedAndTheDisplayReset)
+{
+    addClips({u"old"_s});
+    play(1, 1);
+    view.findText = u"searched"_s;
+    serve({file(u"intro.avi"_s)});
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+    EXPECT_EQ(view.slider, 0);
+    EXPECT_EQ(view.currentTime, u"0.00");
+    EXPECT_EQ(view.findText, QString());
+    EXPECT_EQ(view.clipText, QString());
+    EXPECT_TRUE(view.looks.playEnabled);
+    EXPECT_FALSE(view.looks.playSwapped);
+    EXPECT_FALSE(view.looks.pauseSwapped);
+}
+
+TEST_F(HandOver, WithNothingLoadedAutoStartStartsNothing)
+{
+    option("as");
+    QDir(home.path()).mkdir(u"empty"_s);
+    serve({u"/f"_s + path(u"empty"_s)});
+    EXPECT_EQ(loads(), 0);
+    EXPECT_EQ(view.clipText, QString());
+    EXPECT_EQ(home.value("ftl", "num"), u"0");
+}
+
+TEST_F(HandOver, AMissingPacketHasNoClips)
+{
+    serve({path(u"gone.vxl"_s)});
+    EXPECT_EQ(packets(), 1);
+    EXPECT_EQ(entry(1).ClipCount, 0);
+}
+
+TEST_F(HandOver, AnEntryThatCannotBeReadIsPassedOver)
+{
+    const QString bad = home.write(u"bad.vxl"_s, "[main]\nfiles=many\n");
+    serve({bad, packetFile(u"good.vxl"_s, u"one"_s)});
+    EXPECT_EQ(packets(), 2);
+    EXPECT_EQ(entry(2).clip(1).Text, u"one");
+    EXPECT_EQ(home.value("ftl", "wr"), u"0");
+}
+
+TEST_F(HandOver, ACountThatIsNoNumberIsResetAndPassedOver)
+{
+    WriteIni(u"ftl"_s, u"num"_s, u"many"_s, module.IniPath);
+    addClips({u"old"_s});
+    engine->tick();
+    EXPECT_EQ(home.value("ftl", "num"), u"0");
+    EXPECT_EQ(home.value("ftl", "wr"), u"0");
+}
+
+TEST_F(HandOver, AKeptProgramIsShownAndBroughtToTheFront)
+{
+    serve({file(u"a.avi"_s)});
+    EXPECT_EQ(view.shown, 0);
+    option("nc");
+    serve({file(u"a.avi"_s)});
+    EXPECT_EQ(view.shown, 1);
+    EXPECT_EQ(view.timer3Enabled, 1);
+}
+
+TEST_F(HandOver, IsLoggedOnce)
+{
+    const LogCapture log("orvanta.playlist");
+    serve({file(u"a.avi"_s), packetFile(u"b.vxl"_s, u"two"_s)});
+    EXPECT_EQ(log.lines(), QStringList(u"loaded 2 packets, 2 entries"_s));
+}
+
+} // namespace orvanta::test

@@ -1,0 +1,231 @@
+// The key tables and what the video window does with each key.
+#include "playback/keyboard.h"
+
+#include "core/numbers.h"
+#include "platform/scripted_media_control.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct PlainScreen : FullScreenControl
+{
+    bool on = false;
+    [[nodiscard]] bool isFullScreen() const override { return on; }
+    void setFullScreen(bool wanted) override { on = wanted; }
+};
+
+class VideoKeys : public testing::Test
+{
+protected:
+    void run()
+    {
+        control.duration = 600.0;
+        control.setFileName(u"/clip.avi"_s);
+        ASSERT_TRUE(QTest::qWaitFor([this] { return control.isReady(); }));
+        control.Run();
+        control.calls.clear();
+    }
+
+    void type(char16_t character)
+    {
+        if (const auto key = videoWindowKey(character)) {
+            keys.press(*key);
+        }
+    }
+
+    ScriptedMediaControl control;
+    VideoMirror mirror;
+    PlainScreen screen;
+    VideoWindowKeys keys{control, mirror, screen};
+};
+
+TEST(Keys, EveryKeyOfTheTableIsKnownToTheMainWindowInBothCases)
+{
+    for (const KeyRow& row : playbackKeys()) {
+        EXPECT_EQ(mainWindowKey(row.character), row.key);
+        EXPECT_EQ(mainWindowKey(QChar(row.character).toUpper()), row.key);
+    }
+}
+
+TEST(Keys, UpperCaseLettersDoNothingInTheVideoWindow)
+{
+    for (const KeyRow& row : playbackKeys()) {
+        const QChar upper = QChar(row.character).toUpper();
+        if (upper != QChar(row.character)) {
+            EXPECT_FALSE(videoWindowKey(upper).has_value()) << qPrintable(QString(upper));
+        }
+    }
+}
+
+TEST(Keys, AlwaysOnTopIsIgnoredInTheVideoWindow)
+{
+    EXPECT_TRUE(mainWindowKey(u't').has_value());
+    EXPECT_FALSE(videoWindowKey(u't').has_value());
+}
+
+TEST(Keys, EveryOtherCharacterIsIgnored)
+{
+    for (const char16_t character : u"acdeghijoquvwxyz0 *,./") {
+        if (character != 0) {
+            EXPECT_FALSE(mainWindowKey(character).has_value());
+        }
+    }
+}
+
+TEST(Keys, CyrillicLettersActAsTheLatinOnesOnTheirKeys)
+{
+    EXPECT_EQ(latinLetter(u'и', 56), QChar(u'b'));
+    EXPECT_EQ(latinLetter(u'И', 56), QChar(u'B'));
+    EXPECT_EQ(latinLetter(u'к', 27), QChar(u'r'));
+    EXPECT_EQ(latinLetter(u'е', 28), QChar(u't'));
+    EXPECT_EQ(latinLetter(u'ы', 39), QChar(u's'));
+}
+
+TEST(Keys, ALatinLetterStaysWhateverKeyTypedIt)
+{
+    EXPECT_EQ(latinLetter(u'x', 56), QChar(u'x'));
+    EXPECT_EQ(latinLetter(u'+', 56), QChar(u'+'));
+}
+
+TEST_F(VideoKeys, PlusAndMinusStepTheMirrorsVolumeByFiveWithinTheScale)
+{
+    mirror.VideoVolume = 93;
+    type(u'+');
+    EXPECT_EQ(mirror.VideoVolume, 98);
+    EXPECT_TRUE(mirror.RequestPending);
+    type(u'+');
+    EXPECT_EQ(mirror.VideoVolume, 100);
+    mirror.VideoVolume = 3;
+    type(u'-');
+    EXPECT_EQ(mirror.VideoVolume, 0);
+}
+
+TEST_F(VideoKeys, AVolumeStepOutsideSixteenBitsIsAnOverflow)
+{
+    mirror.VideoVolume = 32767;
+    try {
+        type(u'+');
+        FAIL() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number(), ErrorNumber::Overflow);
+    }
+}
+
+TEST_F(VideoKeys, BAndMMoveThePlayerByAMinute)
+{
+    run();
+    control.playTo(100.0);
+    type(u'm');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 160.0);
+    type(u'b');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
+    type(u'B');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
+}
+
+TEST_F(VideoKeys, ARefusedSeekLeavesThePositionAsItIs)
+{
+    run();
+    control.playTo(100.0);
+    control.failSeeks = true;
+    type(u'm');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
+}
+
+TEST_F(VideoKeys, KKeepsThePositionAsTheBookmark)
+{
+    run();
+    control.playTo(12.5);
+    type(u'k');
+    EXPECT_EQ(mirror.VideoBookmark, u"12.5"_s);
+}
+
+TEST_F(VideoKeys, LGoesToTheBookmarkOfARunningClip)
+{
+    run();
+    mirror.VideoBookmark = u"42"_s;
+    type(u'l');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 42.0);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(VideoKeys, LDoesNothingWhileTheClipIsPaused)
+{
+    run();
+    control.Pause();
+    mirror.VideoBookmark = u"42"_s;
+    type(u'l');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 0.0);
+}
+
+TEST_F(VideoKeys, LWithoutABookmarkDoesNothing)
+{
+    run();
+    control.playTo(5.0);
+    type(u'l');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 5.0);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(VideoKeys, PRAndSRaiseTheRequestThatServingHandsToThePlayer)
+{
+    run();
+    type(u'p');
+    EXPECT_TRUE(mirror.RequestPending);
+    keys.serveRequest();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    EXPECT_FALSE(mirror.RequestPending);
+    type(u'r');
+    keys.serveRequest();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    type(u's');
+    keys.serveRequest();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+}
+
+TEST_F(VideoKeys, StateKeysDoNothingWhileNothingIsLoaded)
+{
+    type(u'r');
+    EXPECT_FALSE(mirror.RequestPending);
+    EXPECT_EQ(mirror.VideoState, -1);
+}
+
+TEST_F(VideoKeys, FAndNSwitchFullScreenOfARunningClipAndKeepItRunning)
+{
+    run();
+    type(u'f');
+    EXPECT_TRUE(screen.on);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    type(u'n');
+    EXPECT_FALSE(screen.on);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(VideoKeys, FDoesNothingWhileThePlayerDoesNotRun)
+{
+    run();
+    control.Pause();
+    type(u'f');
+    EXPECT_FALSE(screen.on);
+}
+
+TEST_F(VideoKeys, LeavingFullScreenWorksInAnyState)
+{
+    run();
+    type(u'f');
+    control.Pause();
+    keys.leaveFullScreen();
+    EXPECT_FALSE(screen.on);
+    keys.toggleFullScreen();
+    EXPECT_TRUE(screen.on);
+}
+
+} // namespace
+} // namespace orvanta

@@ -1,0 +1,232 @@
+#include "tests/playback/engine_fixture.h"
+
+#include <cmath>
+#include <limits>
+
+namespace orvanta::test {
+
+class PositionSliderOfTheWindow : public EngineTest
+{
+protected:
+    PositionSliderOfTheWindow() { control.duration = 40; }
+
+    void playClipAt(double seconds)
+    {
+        addClips({u"one"_s});
+        play(1, 1);
+        control.playTo(seconds);
+        engine->tick();
+        control.calls.clear();
+    }
+
+    void playBrakeAt(double seconds)
+    {
+        addBrakes({u"5"_s, u"12"_s, u"20"_s});
+        play(1, 1);
+        control.playTo(seconds);
+        engine->tick();
+        control.calls.clear();
+    }
+};
+
+TEST_F(PositionSliderOfTheWindow, PreviewsTheTimeWithoutSeeking)
+{
+    playClipAt(10);
+    engine->sliderMoved(62.5);
+    EXPECT_EQ(view.currentTime, formatPicture(25, kPositionPicture));
+    EXPECT_EQ(module.SliderValue, 62);
+    EXPECT_EQ(control.calls, QStringList());
+}
+
+TEST_F(PositionSliderOfTheWindow, SeeksOnceOnCommit)
+{
+    playClipAt(10);
+    engine->sliderMoved(40);
+    engine->sliderMoved(75);
+    engine->sliderCommitted();
+    EXPECT_EQ(control.CurrentPosition(), 30);
+    EXPECT_EQ(countOf(u"Pause"_s), 1);
+    EXPECT_EQ(view.currentTime, formatPicture(30, kPositionPicture));
+}
+
+TEST_F(PositionSliderOfTheWindow, OfAPausedClipPreviewsButDoesNotSeek)
+{
+    playClipAt(10);
+    control.Pause();
+    engine->sliderMoved(75);
+    engine->sliderCommitted();
+    EXPECT_EQ(view.currentTime, formatPicture(30, kPositionPicture));
+    EXPECT_EQ(control.CurrentPosition(), 10);
+}
+
+TEST_F(PositionSliderOfTheWindow, LetGoAtTheExactPositionDoesNotSeek)
+{
+    playClipAt(10);
+    engine->sliderMoved(25);
+    engine->sliderCommitted();
+    EXPECT_EQ(control.calls, QStringList());
+}
+
+TEST_F(PositionSliderOfTheWindow, OfAStoppedClipSeeks)
+{
+    playClipAt(10);
+    control.Stop();
+    engine->tick();
+    engine->sliderMoved(75);
+    engine->sliderCommitted();
+    EXPECT_EQ(control.CurrentPosition(), 30);
+}
+
+TEST_F(PositionSliderOfTheWindow, AtThePositionOfAStoppedClipIsSetBack)
+{
+    playClipAt(10);
+    control.Stop();
+    engine->tick();
+    module.SliderValue = 0;
+    view.slider = 3; // where the user let go; its whole percentage is 0
+    engine->sliderCommitted();
+    EXPECT_EQ(view.slider, 0);
+    EXPECT_EQ(countOf(u"seek 0"_s), 0);
+}
+
+TEST_F(PositionSliderOfTheWindow, AValueThatIsNoNumberLeavesLabelAndSlider)
+{
+    playClipAt(10);
+    const QString shown = view.currentTime;
+    const Int16 value = module.SliderValue;
+    engine->sliderMoved(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(view.currentTime, shown);
+    EXPECT_EQ(module.SliderValue, value);
+}
+
+TEST_F(PositionSliderOfTheWindow, InABrakePacketPreviewsAndSeeksWithinTheBrake)
+{
+    playBrakeAt(6);
+    engine->sliderMoved(50);
+    EXPECT_EQ(view.currentTime, formatPicture(8.5, kPositionPicture));
+    engine->sliderCommitted();
+    EXPECT_EQ(control.CurrentPosition(), 8.5);
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(PositionSliderOfTheWindow, IsResetToZero)
+{
+    playClipAt(10);
+    engine->resetPositionDisplay();
+    EXPECT_EQ(view.slider, 0);
+    EXPECT_EQ(module.SliderValue, 0);
+}
+
+class SeekByKey : public PositionSliderOfTheWindow
+{};
+
+TEST_F(SeekByKey, GoesToThePosition)
+{
+    playClipAt(10);
+    engine->seekTo(30);
+    EXPECT_EQ(control.CurrentPosition(), 30);
+    EXPECT_EQ(engine->operations().GetPlayerPosition(), u"30");
+}
+
+TEST_F(SeekByKey, BeforeTheBeginningGoesToTheBeginning)
+{
+    playClipAt(10);
+    engine->seekTo(-50);
+    EXPECT_EQ(control.CurrentPosition(), 0);
+}
+
+TEST_F(SeekByKey, OutsideTheBrakeMakesTheBrakeThereCurrentWithoutASecondSeek)
+{
+    playBrakeAt(6);
+    engine->seekTo(15);
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(view.clipText, u"brake 2");
+    EXPECT_EQ(view.listIndex, 3);
+    EXPECT_EQ(control.CurrentPosition(), 15);
+    EXPECT_EQ(countOf(u"seek 12"_s), 0);
+}
+
+TEST_F(SeekByKey, BackOutOfTheBrakeMakesTheEarlierBrakeCurrent)
+{
+    playBrakeAt(6);
+    engine->seekTo(15);
+    engine->seekTo(7);
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(view.clipText, u"brake 1");
+}
+
+TEST_F(SeekByKey, BeforeTheFirstBrakeLeavesNoBrakeCurrent)
+{
+    playBrakeAt(6);
+    engine->seekTo(2);
+    EXPECT_EQ(clip(), 0);
+    EXPECT_EQ(view.listIndex, 1); // the packet's header
+    EXPECT_EQ(view.clipText, QString());
+}
+
+TEST_F(SeekByKey, WithinTheBrakeLeavesItCurrent)
+{
+    playBrakeAt(6);
+    engine->seekTo(11);
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(SeekByKey, IsFollowedByTheNextTickWithoutJumpingAgain)
+{
+    playBrakeAt(6);
+    engine->seekTo(15);
+    engine->tick();
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(control.CurrentPosition(), 15);
+}
+
+class Volume : public EngineTest
+{};
+
+TEST_F(Volume, MovedByTheUserReachesControlWindowCacheAndSettings)
+{
+    engine->volumeMoved(99);
+    EXPECT_EQ(control.Volume(), -1);
+    EXPECT_EQ(video.mirror().VideoVolume, 99);
+    EXPECT_EQ(module.playback.CachedVolume, 99);
+    EXPECT_EQ(home.value("save", "volume"), u"-0.008");
+    engine->tick();
+    EXPECT_EQ(view.volume, -1); // no change to take back
+}
+
+TEST_F(Volume, StoredIsAppliedAndWritesNothing)
+{
+    WriteIni(u"save"_s, u"volume"_s, u"-1000.0"_s, module.IniPath);
+    const QByteArray before = home.bytes(u"orvanta.ini"_s);
+    EXPECT_EQ(engine->applyStoredVolume(), 50);
+    EXPECT_EQ(control.Volume(), -1000);
+    EXPECT_EQ(video.mirror().VideoVolume, 50);
+    EXPECT_EQ(home.bytes(u"orvanta.ini"_s), before);
+}
+
+TEST_F(Volume, AbsentIsFullVolume)
+{
+    EXPECT_EQ(engine->applyStoredVolume(), 100);
+    EXPECT_EQ(control.Volume(), 0);
+}
+
+TEST_F(Volume, StoredThatIsNoNumberRaisesTypeMismatch)
+{
+    WriteIni(u"save"_s, u"volume"_s, u"loud"_s, module.IniPath);
+    EXPECT_THROW(engine->applyStoredVolume(), RuntimeError);
+}
+
+TEST_F(Volume, BalanceChangesOnlyItsStoredValue)
+{
+    engine->balanceMoved(80);
+    EXPECT_EQ(home.value("save", "balance"), u"80");
+    EXPECT_EQ(control.calls, QStringList());
+    EXPECT_EQ(engine->storedBalance(), 80);
+}
+
+TEST_F(Volume, AbsentBalanceIsTheCentre)
+{
+    EXPECT_EQ(engine->storedBalance(), 50);
+}
+
+} // namespace orvanta::test

@@ -1,0 +1,304 @@
+#include "tests/playback/engine_fixture.h"
+
+namespace orvanta::test {
+
+class Tick : public EngineTest
+{
+protected:
+    void playAt(double seconds)
+    {
+        addClips({u"one"_s});
+        play(1, 1);
+        control.playTo(seconds);
+    }
+};
+
+TEST_F(Tick, ShowsPositionLengthAndSliderOfARunningClip)
+{
+    control.duration = 40.126;
+    playAt(10.0315);
+    engine->tick();
+    EXPECT_EQ(view.currentTime, formatPicture(10.0315, kPositionPicture));
+    EXPECT_EQ(view.clipLength, formatPicture(40.126, kDurationPicture));
+    EXPECT_EQ(view.slider, 25);
+    EXPECT_EQ(module.SliderValue, 25);
+}
+
+TEST_F(Tick, ShowsNothingWhileTheClipStands)
+{
+    playAt(10);
+    control.Pause();
+    view.currentTime = u"as it was"_s;
+    engine->tick();
+    EXPECT_EQ(view.currentTime, u"as it was");
+    EXPECT_EQ(view.slider, -1);
+}
+
+TEST_F(Tick, LeavesLabelAndSliderAloneWhileTheUserHoldsTheSlider)
+{
+    playAt(5);
+    view.sliderHeld = true;
+    view.currentTime = u"preview"_s;
+    engine->tick();
+    EXPECT_EQ(view.currentTime, u"preview");
+    EXPECT_EQ(view.slider, -1);
+}
+
+TEST_F(Tick, AClipOfLengthZeroLeavesTheSliderWhereItIs)
+{
+    control.duration = 0;
+    playAt(0);
+    view.slider = 33;
+    engine->tick();
+    EXPECT_EQ(view.slider, 33);
+    EXPECT_EQ(view.currentTime, formatPicture(0, kPositionPicture));
+}
+
+TEST_F(Tick, APositionFarPastTheLengthLeavesTheSliderWhereItIs)
+{
+    playAt(1);
+    video.mirror().VideoPosition = u"1000000"_s;
+    view.slider = 33;
+    engine->tick();
+    EXPECT_EQ(view.slider, 33);
+}
+
+TEST_F(Tick, APositionThatIsNoNumberIsPassedOver)
+{
+    option("si");
+    playAt(1);
+    video.mirror().VideoPosition = u"soon"_s;
+    module.tray.TrayRestoreRequest = true;
+    engine->tick();
+    EXPECT_EQ(view.shown, 1); // the later steps have run
+}
+
+TEST_F(Tick, TheVideoWindowFollowsTheMainWindow)
+{
+    engine->tick();
+    EXPECT_TRUE(video.windowShown);
+    view.windowNormal = false;
+    engine->tick();
+    EXPECT_FALSE(video.windowShown);
+    view.windowNormal = true;
+    engine->tick();
+    EXPECT_TRUE(video.windowShown);
+    engine->tick();
+    EXPECT_EQ(video.showCalls, 3);
+}
+
+TEST_F(Tick, AVolumeSetInTheVideoWindowMovesTheSliderAndReachesTheControl)
+{
+    video.mirror().VideoVolume = 50;
+    engine->tick();
+    EXPECT_EQ(view.volume, 50);
+    EXPECT_EQ(control.Volume(), -1000);
+    EXPECT_EQ(home.value("save", "volume"), u"-1000");
+}
+
+TEST_F(Tick, AVolumeOffTheScaleIsBroughtBackOntoIt)
+{
+    video.mirror().VideoVolume = 105;
+    engine->tick();
+    EXPECT_EQ(view.volume, 100);
+    EXPECT_EQ(video.mirror().VideoVolume, 100);
+    EXPECT_EQ(control.Volume(), 0);
+}
+
+TEST_F(Tick, ABookmarkSetInTheVideoWindowIsStoredUnderTheClipsText)
+{
+    playAt(7.25);
+    video.mirror().VideoBookmark = u"7.2"_s;
+    engine->tick();
+    EXPECT_EQ(home.value("pos", "one"), u"7.25");
+    EXPECT_EQ(view.bookmarkSigns, 1);
+    EXPECT_EQ(video.mirror().VideoBookmark, u"7.25");
+    EXPECT_EQ(module.playback.CachedBookmark, u"7.25");
+    engine->tick();
+    EXPECT_EQ(view.bookmarkSigns, 1);
+}
+
+TEST_F(Tick, DoesNotReEnterItself)
+{
+    control.duration = 40;
+    addBrakes({u"0"_s, u"5"_s, u"10"_s});
+    play(1, 1);
+    control.playTo(5.2);
+    int nested = 0;
+    QTimer::singleShot(0, &control, [&] { // inside the brake wait
+        option("nc");
+        WriteIni(u"ftl"_s, u"num"_s, u"1"_s, module.IniPath);
+        WriteIni(u"ftl"_s, u"1"_s, path(u"lesson.avi"_s), module.IniPath);
+        engine->tick();
+        nested = view.shown;
+    });
+    engine->tick();
+    EXPECT_EQ(nested, 0);
+    EXPECT_EQ(view.shown, 1); // the outer tick has served the queue
+}
+
+TEST_F(Tick, WithoutAMainWindowDoesNothing)
+{
+    PlaybackEngine lonely(module, control, video);
+    lonely.tick();
+    EXPECT_EQ(video.showCalls, 0);
+}
+
+TEST_F(Tick, AnEndQueuesAnExtraTickAtOnce)
+{
+    option("agnc");
+    addClips({u"one"_s, u"two"_s});
+    play(1, 1);
+    control.reachEnd();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return control.FileName() == path(u"two.avi"_s); }));
+}
+
+class TrayRequestsInTheTick : public EngineTest
+{
+protected:
+    TrayRequestsInTheTick()
+    {
+        option("si");
+        addClips({u"one"_s, u"two"_s});
+    }
+
+    void playAndPoll(Int16 q)
+    {
+        play(1, q);
+        engine->tick();
+    }
+};
+
+TEST_F(TrayRequestsInTheTick, StayPendingUntilTheOptionIsTurnedOn)
+{
+    option("si", u"0"_s);
+    playAndPoll(1);
+    module.tray.TrayPauseRequest = true;
+    engine->tick();
+    EXPECT_TRUE(module.tray.TrayPauseRequest);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    option("si");
+    engine->tick();
+    EXPECT_FALSE(module.tray.TrayPauseRequest);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+}
+
+TEST_F(TrayRequestsInTheTick, RestoreShowsTheMainWindowAndBringsItToTheFront)
+{
+    module.tray.TrayRestoreRequest = true;
+    engine->tick();
+    EXPECT_EQ(view.shown, 1);
+    EXPECT_EQ(view.timer3Enabled, 1);
+    EXPECT_FALSE(module.tray.TrayRestoreRequest);
+}
+
+TEST_F(TrayRequestsInTheTick, PausePlayAndStopPressTheButtons)
+{
+    playAndPoll(1);
+    module.tray.TrayPauseRequest = true;
+    engine->tick();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    module.tray.TrayPlayRequest = true;
+    engine->tick();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    module.tray.TrayStopRequest = true;
+    engine->tick();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+    EXPECT_EQ(view.currentTime, u"0.00");
+}
+
+TEST_F(TrayRequestsInTheTick, RaisedTogetherAreServedInTheTicksOrder)
+{
+    playAndPoll(1);
+    control.calls.clear();
+    module.tray.TrayStopRequest = true;
+    module.tray.TrayPlayRequest = true;
+    module.tray.TrayPauseRequest = true;
+    engine->tick();
+    EXPECT_EQ(control.calls, (QStringList{u"Pause"_s, u"Run"_s, u"Stop"_s}));
+}
+
+TEST_F(TrayRequestsInTheTick, PauseOfAPausedClipLeavesNoWrongLooks)
+{
+    playAndPoll(1);
+    module.tray.TrayPauseRequest = true;
+    engine->tick();
+    engine->tick();
+    const TransportLooks paused = view.looks;
+    module.tray.TrayPauseRequest = true;
+    engine->tick();
+    engine->tick();
+    EXPECT_EQ(view.looks, paused);
+    EXPECT_TRUE(paused.playEnabled);
+    EXPECT_FALSE(paused.playSwapped);
+}
+
+TEST_F(TrayRequestsInTheTick, NextRunsTheAdvance)
+{
+    option("agnc");
+    playAndPoll(1);
+    module.tray.TrayNextRequest = true;
+    engine->tick();
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(control.FileName(), path(u"two.avi"_s));
+}
+
+TEST_F(TrayRequestsInTheTick, NextEndsTheTrayStep)
+{
+    option("agnc");
+    playAndPoll(1);
+    module.tray.TrayNextRequest = true;
+    module.tray.TrayPauseRequest = true;
+    engine->tick();
+    EXPECT_TRUE(module.tray.TrayPauseRequest);
+}
+
+TEST_F(TrayRequestsInTheTick, PreviousGoesOneClipBack)
+{
+    playAndPoll(2);
+    module.tray.TrayPreviousRequest = true;
+    engine->tick();
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
+}
+
+TEST_F(TrayRequestsInTheTick, PreviousAtTheVeryFirstClipStartsItAgain)
+{
+    playAndPoll(1);
+    module.tray.TrayPreviousRequest = true;
+    engine->tick();
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(loads(), 2);
+}
+
+TEST_F(TrayRequestsInTheTick, PreviousWithoutAPlaylistStartsNothing)
+{
+    module.playlist.Playlist.clear();
+    module.playlist.PlaylistCount = 0;
+    module.tray.TrayPreviousRequest = true;
+    engine->tick();
+    EXPECT_EQ(loads(), 0);
+    EXPECT_EQ(packet(), 0);
+}
+
+TEST_F(TrayRequestsInTheTick, NextWithoutAPlaylistRaisesNothing)
+{
+    option("agnc");
+    option("agnp");
+    module.playlist.Playlist.clear();
+    module.playlist.PlaylistCount = 0;
+    module.tray.TrayNextRequest = true;
+    engine->tick();
+    EXPECT_EQ(clip(), 0);
+}
+
+TEST_F(TrayRequestsInTheTick, CloseEndsTheProgramWhateverTheOptionSays)
+{
+    option("nc");
+    module.tray.TrayCloseRequest = true;
+    engine->tick();
+    EXPECT_TRUE(engine->isClosing());
+    EXPECT_EQ(view.unloaded, 1);
+}
+
+} // namespace orvanta::test

@@ -1,0 +1,207 @@
+#include "tests/playback/engine_fixture.h"
+
+namespace orvanta::test {
+
+constexpr TransportLooks kIdleLooks = {};
+constexpr TransportLooks kPlayingLooks = {
+    .playEnabled = false, .pauseEnabled = true, .playSwapped = true, .pauseSwapped = true};
+
+class Transport : public EngineTest
+{
+protected:
+    void playAndPoll()
+    {
+        addClips({u"one"_s});
+        play(1, 1);
+        engine->tick();
+    }
+};
+
+TEST_F(Transport, IsIdleAtFirst)
+{
+    EXPECT_EQ(view.looks, kIdleLooks);
+}
+
+TEST_F(Transport, IsIgnoredWhileNoClipIsLoaded)
+{
+    engine->pressPlay();
+    engine->pressPause();
+    engine->pressStop();
+    EXPECT_EQ(control.calls, QStringList());
+    EXPECT_EQ(engine->transport(), kIdleLooks);
+    EXPECT_EQ(view.currentTime, QString());
+}
+
+TEST_F(Transport, AfterPauseOnlyPlayIsEnabled)
+{
+    playAndPoll();
+    engine->pressPause();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    EXPECT_EQ(view.looks, kIdleLooks);
+}
+
+TEST_F(Transport, AfterPlayOnlyPauseIsEnabled)
+{
+    playAndPoll();
+    engine->pressPause();
+    engine->tick();
+    engine->pressPlay();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    EXPECT_EQ(view.looks, kPlayingLooks);
+}
+
+TEST_F(Transport, ASecondPauseExchangesThePicturesAgain)
+{
+    playAndPoll();
+    engine->pressPause();
+    engine->pressPause();
+    EXPECT_TRUE(view.looks.playEnabled);
+    EXPECT_TRUE(view.looks.playSwapped);
+    EXPECT_TRUE(view.looks.pauseSwapped);
+}
+
+TEST_F(Transport, StopInAClipListPacketStops)
+{
+    playAndPoll();
+    control.playTo(5);
+    engine->tick();
+    engine->pressStop();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+    EXPECT_EQ(view.currentTime, u"0.00");
+    EXPECT_EQ(view.slider, 0);
+    EXPECT_EQ(view.looks, kIdleLooks);
+}
+
+TEST_F(Transport, StopOfAPausedClipKeepsThePairedLooks)
+{
+    playAndPoll();
+    engine->pressPause();
+    engine->pressStop();
+    EXPECT_EQ(view.looks, kIdleLooks);
+}
+
+TEST_F(Transport, StopInABrakePacketWaitsAtTheCurrentBrake)
+{
+    control.duration = 40;
+    addBrakes({u"5"_s, u"12"_s});
+    play(1, 2);
+    control.playTo(12);
+    engine->tick();
+    control.playTo(14);
+    engine->pressStop();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    EXPECT_EQ(control.CurrentPosition(), 12);
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(view.currentTime, u"0.00");
+    EXPECT_EQ(view.looks, kIdleLooks);
+}
+
+TEST_F(Transport, StopBeforeTheFirstBrakeOnlyPauses)
+{
+    control.duration = 40;
+    addBrakes({u"5"_s});
+    play(1, 1);
+    engine->tick();
+    module.playlist.CurrentClip = 0;
+    control.playTo(2);
+    engine->pressStop();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    EXPECT_EQ(control.CurrentPosition(), 2);
+}
+
+TEST_F(Transport, StopAtABrakeWhoseTimeIsNoNumberOnlyPauses)
+{
+    addBrakes({u"soon"_s});
+    play(1, 1);
+    engine->tick();
+    engine->pressStop();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+}
+
+TEST_F(Transport, TheTickSetsTheLooksFromTheState)
+{
+    playAndPoll();
+    control.Pause(); // by a key, the tray or the full-screen view
+    engine->tick();
+    EXPECT_EQ(view.looks, kIdleLooks);
+    control.Run();
+    engine->tick();
+    EXPECT_EQ(view.looks, kPlayingLooks);
+    control.Stop();
+    engine->tick();
+    EXPECT_EQ(view.looks, kIdleLooks);
+}
+
+TEST_F(Transport, TheTickLeavesTheLooksAloneWhileAFileIsBeingOpened)
+{
+    control.autoOpen = false;
+    addClips({u"one"_s});
+    engine->ListClick(1, 1);
+    video.mirror().VideoState = MediaControl::Stopped;
+    engine->tick();
+    EXPECT_EQ(view.looks, kPlayingLooks);
+}
+
+TEST_F(Transport, AnEndWithoutAdvanceLeavesTheIdleLooks)
+{
+    playAndPoll();
+    endClip();
+    engine->tick();
+    EXPECT_EQ(view.looks, kIdleLooks);
+}
+
+TEST_F(Transport, AStopOfTheUserIsLoggedOnce)
+{
+    playAndPoll();
+    const LogCapture log("orvanta.playback");
+    engine->pressStop();
+    engine->tick();
+    engine->pressStop();
+    EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
+}
+
+TEST_F(Transport, AStopByKeyIsLogged)
+{
+    playAndPoll();
+    const LogCapture log("orvanta.playback");
+    engine->operations().StopIfRunning();
+    engine->tick();
+    EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
+}
+
+class Opening : public EngineTest
+{};
+
+TEST_F(Opening, SetsTheCursorAndRebuildsTheTree)
+{
+    addClips({u"one"_s});
+    addClips({u"two"_s});
+    play(2, 1);
+    module.playlist.OpenedFromExplorer = true;
+    const int rebuilt = view.rebuilt;
+    engine->playlistReplaced();
+    EXPECT_EQ(packet(), 1);
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(view.rebuilt, rebuilt + 1);
+    EXPECT_FALSE(module.playlist.OpenedFromExplorer);
+    EXPECT_EQ(loads(), 1);
+}
+
+TEST_F(Opening, WithAutoStartPlaysTheFirstClip)
+{
+    option("as");
+    addClips({u"one"_s});
+    engine->playlistReplaced();
+    waitUntilRunning();
+    EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
+}
+
+TEST_F(Opening, IsLogged)
+{
+    addClips({u"one"_s, u"two"_s});
+    const LogCapture log("orvanta.playlist");
+    engine->playlistReplaced();
+    EXPECT_EQ(log.lines(), QStringList(u"loaded 1 packets, 2 entries"_s));
+}
+
+} // namespace orvanta::test

@@ -1,0 +1,180 @@
+// The parts around the video window: its place, its surface, the bookmark sign.
+#include "platform/picture_source.h"
+#include "platform/video_surface.h"
+#include "playback/form4_bookmark_sign.h"
+#include "playback/still_picture.h"
+#include "playback/video_layout.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QScreen>
+#include <QTest>
+
+#include <gtest/gtest.h>
+#include <memory>
+
+using namespace orvanta;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PlainSource : public PictureSource
+{
+public:
+    void setTargetSize(QSize pixels) override { target = pixels; }
+    [[nodiscard]] QImage frame() const override { return image; }
+    [[nodiscard]] bool hasPicture() const override { return !image.isNull(); }
+    void give(QSize size, QColor colour)
+    {
+        image = QImage(size, QImage::Format_RGB32);
+        image.fill(colour);
+        Q_EMIT frameChanged();
+    }
+
+    QSize target;
+    QImage image;
+};
+
+QColor colourAt(QWidget& widget, int x, int y)
+{
+    return widget.grab().toImage().pixelColor(x, y);
+}
+
+} // namespace
+
+TEST(VideoLayout, APictureShrinksToTheRoomWithItsShapeKept)
+{
+    struct Row
+    {
+        QSize picture, room, wanted;
+    };
+    const Row rows[] = {
+        {{320, 240}, {800, 600}, {320, 240}},  {{1600, 1200}, {800, 600}, {800, 600}},
+        {{1600, 400}, {800, 600}, {800, 200}}, {{100, 1200}, {800, 600}, {50, 600}},
+        {{90000, 10}, {800, 600}, {800, 1}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(shrunkToFit(row.picture, row.room), row.wanted) << row.picture.width();
+    }
+}
+
+TEST(VideoLayout, TheWindowGoesToTheFirstFreeSide)
+{
+    constexpr QRect kScreen(0, 0, 1000, 800);
+    constexpr QSize kWindow(300, 200);
+    EXPECT_EQ(placeBeside({0, 0, 400, 300}, kWindow, kScreen), QPoint(408, 0));
+    EXPECT_EQ(placeBeside({600, 0, 400, 300}, kWindow, kScreen), QPoint(292, 0));
+    EXPECT_EQ(placeBeside({200, 0, 600, 300}, kWindow, kScreen), QPoint(200, 308));
+    EXPECT_EQ(placeBeside({200, 500, 600, 300}, kWindow, kScreen), QPoint(200, 292));
+    EXPECT_EQ(placeBeside({0, 0, 1000, 800}, kWindow, kScreen), QPoint(700, 0));
+}
+
+TEST(VideoLayout, AWindowIsBroughtInsideTheScreen)
+{
+    constexpr QRect kScreen(100, 50, 1000, 800);
+    EXPECT_EQ(insideScreen({0, 0}, {300, 200}, kScreen), QPoint(100, 50));
+    EXPECT_EQ(insideScreen({2000, 2000}, {300, 200}, kScreen), QPoint(800, 650));
+    EXPECT_EQ(insideScreen({500, 500}, {3000, 200}, kScreen), QPoint(100, 500));
+}
+
+TEST(VideoLayout, FifteenTwipsAreAPixel)
+{
+    EXPECT_EQ(pixelsOfTwips({3100, 450}), QSize(207, 30));
+}
+
+TEST(VideoSurface, ASurfaceAsksForFramesInItsSizeWhileItShows)
+{
+    PlainSource source;
+    VideoSurface surface(&source);
+    surface.resize(120, 90);
+    EXPECT_EQ(source.target, QSize());
+    surface.show();
+    EXPECT_EQ(source.target, QSize(120, 90));
+    surface.resize(60, 50);
+    EXPECT_EQ(source.target, QSize(60, 50));
+    surface.hide();
+    EXPECT_TRUE(source.target.isEmpty());
+}
+
+TEST(VideoSurface, AFrameIsPaintedAsItIs)
+{
+    PlainSource source;
+    VideoSurface surface(&source);
+    surface.resize(40, 30);
+    surface.show();
+    EXPECT_EQ(colourAt(surface, 5, 5), QColor(Qt::black));
+    source.give({40, 30}, Qt::green);
+    EXPECT_EQ(colourAt(surface, 0, 0), QColor(Qt::green));
+    EXPECT_EQ(colourAt(surface, 39, 29), QColor(Qt::green));
+}
+
+TEST(VideoSurface, AFrameOfAnotherSizeKeepsItsShapeWithBlackAround)
+{
+    PlainSource source;
+    VideoSurface surface(&source);
+    surface.resize(80, 40);
+    surface.show();
+    source.give({20, 20}, Qt::green);
+    EXPECT_EQ(colourAt(surface, 40, 20), QColor(Qt::green));
+    EXPECT_EQ(colourAt(surface, 5, 20), QColor(Qt::black));
+    EXPECT_EQ(colourAt(surface, 75, 20), QColor(Qt::black));
+}
+
+TEST(VideoSurface, WithoutASourceItStaysBlack)
+{
+    VideoSurface surface(nullptr);
+    surface.resize(20, 20);
+    surface.show();
+    EXPECT_EQ(colourAt(surface, 10, 10), QColor(Qt::black));
+}
+
+TEST(StillPicture, WhatIsNoPictureReadsAsNone)
+{
+    EXPECT_TRUE(readStillPicture(QString()).isNull());
+    EXPECT_TRUE(readStillPicture(u"/missing.png"_s).isNull());
+    EXPECT_TRUE(readStillPicture(u"/"_s).isNull());
+}
+
+TEST(BookmarkSign, StandsAtTheTopLeftAndUnloadsItself)
+{
+    const QPointer<Form4> sign = new Form4;
+    sign->show();
+    EXPECT_EQ(sign->objectName(), u"Form4"_s);
+    EXPECT_EQ(sign->size(), QSize(32, 32));
+    EXPECT_EQ(sign->pos(), QGuiApplication::primaryScreen()->geometry().topLeft());
+    EXPECT_EQ(sign->Timer1.interval(), 1000);
+    EXPECT_TRUE(sign->Timer1.isActive());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return sign.isNull(); }));
+}
+
+TEST(BookmarkSign, IsFramelessOnTopAndTakesNoFocus)
+{
+    const auto sign = std::make_unique<Form4>();
+    EXPECT_TRUE(sign->windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_TRUE(sign->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(sign->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    EXPECT_TRUE(sign->testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
+TEST(BookmarkSign, ShowsAReadableRibbon)
+{
+    Form4 sign;
+    const QImage picture = sign.grab().toImage();
+    EXPECT_NE(picture.pixelColor(16, 10), picture.pixelColor(4, 10));
+    EXPECT_EQ(picture.pixelColor(4, 10), picture.pixelColor(16, 30));
+}
+
+TEST(BookmarkSign, IsShownByOneCall)
+{
+    showBookmarkSign();
+    const auto shown = [] {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (qobject_cast<Form4*>(widget) != nullptr && widget->isVisible()) {
+                return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(shown());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !shown(); }));
+}

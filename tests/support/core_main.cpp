@@ -1,0 +1,13 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+
+#include <clocale>
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    std::setlocale(LC_NUMERIC, "C");
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

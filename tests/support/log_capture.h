@@ -1,0 +1,43 @@
+// Collects the lines of one log category while it lives.
+#pragma once
+
+#include <QLoggingCategory>
+#include <QString>
+#include <QStringList>
+
+namespace orvanta::test {
+
+class LogCapture
+{
+public:
+    explicit LogCapture(const char* category)
+    {
+        s_category = QLatin1String(category);
+        s_lines.clear();
+        QLoggingCategory::setFilterRules(QLatin1String(category) + QLatin1String("=true"));
+        m_previous = qInstallMessageHandler(collect);
+    }
+    ~LogCapture()
+    {
+        qInstallMessageHandler(m_previous);
+        QLoggingCategory::setFilterRules({});
+    }
+    LogCapture(const LogCapture&) = delete;
+    LogCapture& operator=(const LogCapture&) = delete;
+
+    [[nodiscard]] static QStringList lines() { return s_lines; }
+
+private:
+    static void collect(QtMsgType, const QMessageLogContext& context, const QString& text)
+    {
+        if (context.category != nullptr && s_category == QLatin1String(context.category)) {
+            s_lines.append(text);
+        }
+    }
+
+    inline static QString s_category;
+    inline static QStringList s_lines;
+    QtMessageHandler m_previous = nullptr;
+};
+
+} // namespace orvanta::test

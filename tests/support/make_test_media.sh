@@ -1,0 +1,64 @@
+#!/bin/sh
+# Makes the clips of the media tests, tiny and real, in the folder given. Needs ffmpeg.
+set -eu
+folder=$1
+mkdir -p "$folder"
+cd "$folder"
+
+ff() { ffmpeg -nostdin -hide_banner -loglevel error -y "$@"; }
+picture="testsrc2=size=64x64:rate=25"
+sound="sine=frequency=440:sample_rate=44100"
+
+av() { # seconds, file, further options
+    seconds=$1 file=$2
+    shift 2
+    ff -f lavfi -i "$picture" -f lavfi -i "$sound" -t "$seconds" -pix_fmt yuv420p "$@" "$file"
+}
+
+# Very short ones, and ones of ordinary length.
+av 0.3 short.mp4 -c:v libx264 -c:a aac
+av 0.3 short.mkv -c:v libx264 -c:a aac
+av 0.3 short.avi -c:v mpeg4 -c:a libmp3lame
+av 0.3 short.webm -c:v libvpx -c:a libopus
+av 2 two.mp4 -c:v libx264 -g 250 -c:a aac
+av 3 three.mkv -c:v libx264 -g 250 -c:a aac
+av 1.2 stream.ts -c:v libx264 -c:a aac
+av 1 silent.mp4 -c:v libx264 -an
+
+# Sound only.
+for file in short.wav short.mp3 short.ogg short.flac; do
+    ff -f lavfi -i "$sound" -t 0.3 "$file"
+done
+ff -f lavfi -i "$sound" -t 1 one.wav
+ff -f lavfi -i "$sound" -t 1 -c:a libvorbis one.ogg
+ff -f lavfi -i "$sound" -t 1 one.mp3
+ff -f lavfi -i "sine=frequency=1000:sample_rate=48000" -t 0.5 -c:a pcm_f32le level.wav
+
+# Bare streams.
+ff -f lavfi -i "$picture" -t 0.6 -pix_fmt yuv420p -c:v libx264 raw.h264
+ff -f lavfi -i "$sound" -t 0.6 -c:a aac raw.aac
+
+# Every picture has a shade of its own: number n is 20 + 3 n, so an exact seek can be read off.
+shades="color=black:size=64x64:rate=25,format=gray,geq=lum='20+3*N',format=yuv420p"
+ff -f lavfi -i "$shades" -t 3 -c:v libx264 -qp 4 -g 250 -bf 2 shades.mp4
+ff -f lavfi -i "$shades" -t 3 -c:v libx264 -qp 4 -g 50 -muxdelay 0 shades.ts
+
+# Lengths that are wrong or unknown, and files that break off.
+ff -i three.mkv -c copy -movflags +faststart whole.mp4
+ff -i three.mkv -c:v mpeg4 -c:a libmp3lame whole.avi
+cut_to() { head -c "$(($(wc -c <"$1") * $2 / 100))" "$1" >"$3"; }
+cut_to whole.mp4 60 broken.mp4
+cut_to three.mkv 60 broken.mkv
+cut_to whole.avi 60 broken.avi
+cut_to stream.ts 60 broken.ts
+cut_to one.wav 50 broken.wav
+ff -i short.mkv -c copy -f matroska -live 1 pipe:1 >unknown.mkv
+
+# A file whose media lies elsewhere is made from this one: its index comes after its media.
+av 0.4 plain.mov -c:v libx264 -c:a aac
+
+# No media.
+: >empty.mp4
+head -c 20000 /dev/urandom >noise.mp4
+echo "This is a text." >text.mp4
+head -c 3000 whole.mp4 >headonly.mp4

@@ -1,0 +1,331 @@
+// The program on the desktop's media controls, over a real bus, with clients of their own.
+#include "system/mpris_service.h"
+#include "tests/playback/engine_fixture.h"
+#include "tests/system/private_bus.h"
+
+#include <QDBusArgument>
+#include <QDBusInterface>
+#include <QDBusReply>
+#include <QSignalSpy>
+#include <QUrl>
+
+namespace orvanta::test {
+namespace {
+
+constexpr auto kName = "org.mpris.MediaPlayer2.orvanta";
+constexpr auto kPath = "/org/mpris/MediaPlayer2";
+constexpr auto kRoot = "org.mpris.MediaPlayer2";
+constexpr auto kPlayer = "org.mpris.MediaPlayer2.Player";
+constexpr auto kTrackList = "org.mpris.MediaPlayer2.TrackList";
+
+struct PlainScreen : FullScreenControl
+{
+    bool on = false;
+    [[nodiscard]] bool isFullScreen() const override { return on; }
+    void setFullScreen(bool wanted) override { on = wanted; }
+};
+
+/// Keeps what PropertiesChanged announced.
+class Announcements : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Announcements(QDBusConnection bus)
+    {
+        bus.connect(QString::fromLatin1(kName), QString::fromLatin1(kPath),
+                    u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s, this,
+                    SLOT(changed(QString, QVariantMap, QStringList)));
+        bus.connect(QString::fromLatin1(kName), QString::fromLatin1(kPath),
+                    QString::fromLatin1(kPlayer), u"Seeked"_s, this, SLOT(seeked(qlonglong)));
+    }
+
+    QVariantMap properties;
+    QList<qlonglong> seeks;
+
+private Q_SLOTS:
+    void changed(const QString&, const QVariantMap& values, const QStringList&)
+    {
+        properties.insert(values);
+    }
+    void seeked(qlonglong position) { seeks.append(position); }
+};
+
+class Mpris : public EngineTest
+{
+protected:
+    Mpris()
+        : service({module, *engine, control, screen, view, [this] { ++quits; },
+                   [this](const QString& file) { opened.append(file); }},
+                  bus.connection(u"service"_s)),
+          client(bus.connection(u"client"_s)),
+          heard(client)
+    {}
+
+    QVariant property(const char* interface, const char* name)
+    {
+        return call(u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
+                    {QString::fromLatin1(interface), QString::fromLatin1(name)})
+            .value<QDBusVariant>()
+            .variant();
+    }
+
+    void setProperty(const char* interface, const char* name, const QVariant& value)
+    {
+        call(u"org.freedesktop.DBus.Properties"_s, u"Set"_s,
+             {QString::fromLatin1(interface), QString::fromLatin1(name),
+              QVariant::fromValue(QDBusVariant(value))});
+    }
+
+    /// Calls without blocking: the service lives in this very process.
+    QVariant call(const QString& interface, const QString& method, const QVariantList& arguments)
+    {
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            QString::fromLatin1(kName), QString::fromLatin1(kPath), interface, method);
+        message.setArguments(arguments);
+        const QDBusPendingCall pending = client.asyncCall(message);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return pending.isFinished(); }));
+        EXPECT_FALSE(pending.isError()) << qPrintable(pending.error().message());
+        return pending.reply().arguments().value(0);
+    }
+
+    void player(const char* method, const QVariantList& arguments = {})
+    {
+        call(QString::fromLatin1(kPlayer), QString::fromLatin1(method), arguments);
+    }
+
+    QVariantMap metadata()
+    {
+        return qdbus_cast<QVariantMap>(property(kPlayer, "Metadata").value<QDBusArgument>());
+    }
+
+    PrivateBus bus;
+    PlainScreen screen;
+    int quits = 0;
+    QStringList opened;
+    MprisService service;
+    QDBusConnection client;
+    Announcements heard;
+};
+
+TEST_F(Mpris, TheServiceIsRegisteredAndSaysWhoItIs)
+{
+    EXPECT_TRUE(service.isRegistered());
+    EXPECT_EQ(property(kRoot, "Identity").toString(), u"Orvanta"_s);
+    EXPECT_EQ(property(kRoot, "DesktopEntry").toString(), u"orvanta"_s);
+    EXPECT_TRUE(property(kRoot, "CanQuit").toBool());
+    EXPECT_TRUE(property(kRoot, "CanRaise").toBool());
+    EXPECT_TRUE(property(kRoot, "HasTrackList").toBool());
+    EXPECT_EQ(property(kRoot, "SupportedUriSchemes").toStringList(), QStringList{u"file"_s});
+}
+
+TEST_F(Mpris, MetadataNamesTheClipItsPacketAndItsLength)
+{
+    control.duration = 12.5;
+    addClips({u"one"_s, u"two"_s});
+    play(1, 2);
+    const QVariantMap data = metadata();
+    EXPECT_EQ(data.value(u"xesam:title"_s).toString(), u"two"_s);
+    EXPECT_EQ(data.value(u"xesam:album"_s).toString(), u"!Orvanta! 3.3"_s);
+    EXPECT_EQ(data.value(u"mpris:length"_s).toLongLong(), 12500000);
+    EXPECT_EQ(data.value(u"mpris:trackid"_s).value<QDBusObjectPath>().path(),
+              u"/org/orvanta/track/1/2"_s);
+}
+
+TEST_F(Mpris, ThePacketsPictureIsTheArt)
+{
+    PlaylistEntry packet;
+    packet.Title = u"Lesson"_s;
+    packet.Picture = file(u"cover picture.jpg"_s);
+    packet.Clips.push_back({.Time = {}, .Text = u"one"_s, .Path = file(u"one.avi"_s)});
+    addPacket(packet);
+    play(1, 1);
+    EXPECT_EQ(metadata().value(u"mpris:artUrl"_s).toString(),
+              QUrl::fromLocalFile(packet.Picture).toString(QUrl::FullyEncoded));
+}
+
+TEST_F(Mpris, WithoutAClipTheTrackIsNone)
+{
+    EXPECT_EQ(metadata().value(u"mpris:trackid"_s).value<QDBusObjectPath>().path(),
+              u"/org/mpris/MediaPlayer2/TrackList/NoTrack"_s);
+    EXPECT_FALSE(property(kPlayer, "CanSeek").toBool());
+    EXPECT_FALSE(property(kPlayer, "CanGoNext").toBool());
+}
+
+TEST_F(Mpris, PlayPauseAndStopSteerThePlayerAndAreAnnounced)
+{
+    addClips({u"one"_s});
+    play(1, 1);
+    engine->tick();
+    player("Pause");
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return heard.properties.value(u"PlaybackStatus"_s) == u"Paused"_s; }));
+    engine->tick();
+    player("PlayPause");
+    EXPECT_EQ(property(kPlayer, "PlaybackStatus").toString(), u"Playing"_s);
+    engine->tick();
+    player("Stop");
+    EXPECT_EQ(property(kPlayer, "PlaybackStatus").toString(), u"Stopped"_s);
+}
+
+TEST_F(Mpris, NextAndPreviousGoOverCheckedClipsWhateverTheOptionsSay)
+{
+    addClips({u"one"_s, u"two"_s, u"three"_s});
+    addClips({u"four"_s});
+    play(1, 1);
+    view.checked.at(3) = false;
+    player("Next");
+    waitUntilRunning();
+    EXPECT_EQ(clip(), 3);
+    player("Next");
+    waitUntilRunning();
+    EXPECT_EQ(packet(), 2);
+    player("Previous");
+    waitUntilRunning();
+    EXPECT_EQ(packet(), 1);
+    EXPECT_EQ(clip(), 3);
+}
+
+TEST_F(Mpris, NextAtTheVeryEndStops)
+{
+    addClips({u"one"_s});
+    play(1, 1);
+    engine->tick();
+    player("Next");
+    EXPECT_NE(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(Mpris, SeekMovesByMicrosecondsAndTellsTheNewPosition)
+{
+    control.duration = 100.0;
+    addClips({u"one"_s});
+    play(1, 1);
+    control.playTo(10.0);
+    engine->tick();
+    player("Seek", {QVariant::fromValue(qlonglong(5000000))});
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 15.0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return heard.seeks.contains(15000000); }));
+    EXPECT_EQ(property(kPlayer, "Position").toLongLong(), 15000000);
+}
+
+TEST_F(Mpris, ASeekBeyondTheEndActsLikeNext)
+{
+    control.duration = 100.0;
+    addClips({u"one"_s, u"two"_s});
+    play(1, 1);
+    player("Seek", {QVariant::fromValue(qlonglong(200000000))});
+    waitUntilRunning();
+    EXPECT_EQ(clip(), 2);
+}
+
+TEST_F(Mpris, SetPositionOfAnotherTrackOrOutsideTheClipIsIgnored)
+{
+    control.duration = 100.0;
+    addClips({u"one"_s, u"two"_s});
+    play(1, 1);
+    control.playTo(10.0);
+    const auto track = [](const char* path) {
+        return QVariant::fromValue(QDBusObjectPath(QString::fromLatin1(path)));
+    };
+    player("SetPosition", {track("/org/orvanta/track/1/2"), qlonglong(50000000)});
+    player("SetPosition", {track("/org/orvanta/track/1/1"), qlonglong(500000000)});
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 10.0);
+    player("SetPosition", {track("/org/orvanta/track/1/1"), qlonglong(50000000)});
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 50.0);
+}
+
+TEST_F(Mpris, VolumeIsTheSlidersScaleAndIsClamped)
+{
+    setProperty(kPlayer, "Volume", 0.5);
+    EXPECT_EQ(module.playback.CachedVolume, 50);
+    EXPECT_EQ(control.Volume(), -1000);
+    setProperty(kPlayer, "Volume", 7.0);
+    EXPECT_DOUBLE_EQ(property(kPlayer, "Volume").toDouble(), 1.0);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return heard.properties.value(u"Volume"_s).toDouble() == 1.0; }));
+}
+
+TEST_F(Mpris, TheRateIsAlwaysOneAndARateOfZeroPauses)
+{
+    addClips({u"one"_s});
+    play(1, 1);
+    engine->tick();
+    EXPECT_DOUBLE_EQ(property(kPlayer, "Rate").toDouble(), 1.0);
+    EXPECT_DOUBLE_EQ(property(kPlayer, "MinimumRate").toDouble(), 1.0);
+    setProperty(kPlayer, "Rate", 0.0);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+}
+
+TEST_F(Mpris, RaiseQuitAndFullscreenReachTheProgram)
+{
+    call(QString::fromLatin1(kRoot), u"Raise"_s, {});
+    EXPECT_EQ(view.shown, 1);
+    EXPECT_EQ(view.broughtToFront, 1);
+    setProperty(kRoot, "Fullscreen", true);
+    EXPECT_TRUE(screen.on);
+    call(QString::fromLatin1(kRoot), u"Quit"_s, {});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return quits == 1; }));
+}
+
+TEST_F(Mpris, OpenUriOpensFilesAndNothingElse)
+{
+    player("OpenUri", {u"file:///tmp/a%20b.vxl"_s});
+    player("OpenUri", {u"http://example.org/a.vxl"_s});
+    EXPECT_EQ(opened, QStringList{u"/tmp/a b.vxl"_s});
+}
+
+TEST_F(Mpris, TheTrackListIsTheCurrentPacketAndGoToStartsATrack)
+{
+    addClips({u"one"_s, u"two"_s});
+    play(1, 1);
+    const auto tracks = qdbus_cast<QList<QDBusObjectPath>>(
+        property(kTrackList, "Tracks").value<QDBusArgument>());
+    ASSERT_EQ(tracks.size(), 2);
+    call(QString::fromLatin1(kTrackList), u"GoTo"_s, {QVariant::fromValue(tracks.at(1))});
+    waitUntilRunning();
+    EXPECT_EQ(clip(), 2);
+    EXPECT_FALSE(property(kTrackList, "CanEditTracks").toBool());
+}
+
+TEST_F(Mpris, TracksMetadataComesInTheOrderAsked)
+{
+    addClips({u"one"_s, u"two"_s});
+    play(1, 1);
+    const QList<QDBusObjectPath> asked{QDBusObjectPath(u"/org/orvanta/track/1/2"_s),
+                                       QDBusObjectPath(u"/org/orvanta/track/1/1"_s)};
+    const QVariant answer = call(QString::fromLatin1(kTrackList), u"GetTracksMetadata"_s,
+                                 {QVariant::fromValue(asked)});
+    const auto all = qdbus_cast<QList<QVariantMap>>(answer.value<QDBusArgument>());
+    ASSERT_EQ(all.size(), 2);
+    EXPECT_EQ(all.at(0).value(u"xesam:title"_s).toString(), u"two"_s);
+    EXPECT_EQ(all.at(1).value(u"xesam:title"_s).toString(), u"one"_s);
+}
+
+TEST_F(Mpris, ATrackThatIsNoneOfOursGoesNowhere)
+{
+    addClips({u"one"_s});
+    play(1, 1);
+    const qsizetype before = loads();
+    call(QString::fromLatin1(kTrackList), u"GoTo"_s,
+         {QVariant::fromValue(QDBusObjectPath(u"/org/orvanta/track/9/9"_s))});
+    EXPECT_EQ(loads(), before);
+}
+
+TEST(MprisWithoutABus, TheServiceIsNotRegisteredAndNothingFails)
+{
+    Module1 module;
+    ScriptedMediaControl control;
+    PlainVideoWindow video(control);
+    PlainPlaybackView view(module);
+    PlaybackEngine engine(module, control, video);
+    PlainScreen screen;
+    const MprisService service({module, engine, control, screen, view, {}, {}},
+                               QDBusConnection(u"no such connection"_s));
+    EXPECT_FALSE(service.isRegistered());
+}
+
+} // namespace
+} // namespace orvanta::test
+
+#include "mpris_test.moc"

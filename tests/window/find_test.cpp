@@ -1,0 +1,102 @@
+// The search in the playlist.
+
+#include "tests/window/window_fixture.h"
+
+namespace orvanta::test {
+
+class FindButton : public Form2Test
+{
+protected:
+    void SetUp() override
+    {
+        // Rows: 0 root, 1 header, 2 Red apple, 3 Green pear, 4 Green APPLE, 5 Груша
+        addClips(u"fruit"_s, {u"Red apple"_s, u"Green pear"_s, u"Green APPLE"_s, u"Груша"_s});
+        show();
+        window->RebuildTree();
+    }
+
+    int find(const QString& text)
+    {
+        window->Text1->setText(text);
+        click(window->Image2);
+        return window->List1->cursorLine();
+    }
+};
+
+TEST_F(FindButton, AnEmptyTextDoesNothing)
+{
+    clickRow(3);
+    EXPECT_EQ(find({}), 3);
+}
+
+TEST_F(FindButton, ComparesWithoutCase)
+{
+    EXPECT_EQ(find(u"aPPle"_s), 2);
+    EXPECT_EQ(find(u"груШа"_s), 5);
+}
+
+TEST_F(FindButton, ARepeatedSearchGoesOnAfterTheLastMatchAndDoesNotWrap)
+{
+    EXPECT_EQ(find(u"apple"_s), 2);
+    EXPECT_EQ(find(u"apple"_s), 4);
+    EXPECT_EQ(find(u"apple"_s), 4);
+    EXPECT_EQ(find(u"apple"_s), 4);
+}
+
+TEST_F(FindButton, AFailedRepetitionKeepsFailingUntilTheTextChanges)
+{
+    find(u"pear"_s);
+    ASSERT_EQ(find(u"pear"_s), 3);
+    clickRow(2);
+    EXPECT_EQ(find(u"pear"_s), 2);
+    EXPECT_EQ(find(u"PEAR"_s), 3);
+}
+
+TEST_F(FindButton, ATextThatIsNowhereChangesNothing)
+{
+    clickRow(4);
+    EXPECT_EQ(find(u"banana"_s), 4);
+}
+
+TEST_F(FindButton, NeverLooksAtTheFirstRow)
+{
+    EXPECT_EQ(find(u"orvanta"_s), -1);
+}
+
+TEST_F(FindButton, PassesOverTheFirstFourCharactersOfARow)
+{
+    EXPECT_EQ(find(u"-- "_s), -1);
+    // What follows them is searched, also where it still belongs to a clip's prefix.
+    EXPECT_EQ(find(u"- red"_s), 2);
+}
+
+TEST_F(FindButton, OnlyMovesTheCursor)
+{
+    clickListAt(boxOfRow(3));
+    find(u"pear"_s);
+    EXPECT_FALSE(window->isLineChecked(3));
+    EXPECT_EQ(control.calls, QStringList());
+}
+
+TEST_F(FindButton, ReturnInTheFindBoxFinds)
+{
+    window->Text1->setText(u"pear"_s);
+    QTest::keyClick(window->Text1, Qt::Key_Return);
+    EXPECT_EQ(window->List1->cursorLine(), 3);
+}
+
+TEST_F(FindButton, BringsARowIntoSight)
+{
+    QStringList texts;
+    for (int i = 0; i < 200; ++i) {
+        texts.append(u"line %1"_s.arg(i));
+    }
+    addClips(u"more"_s, texts + QStringList{u"needle"_s});
+    window->RebuildTree();
+    const int row = find(u"needle"_s);
+    ASSERT_GT(row, 200);
+    const QRect line = window->List1->visualRect(window->List1->currentIndex());
+    EXPECT_TRUE(window->List1->viewport()->rect().contains(line));
+}
+
+} // namespace orvanta::test

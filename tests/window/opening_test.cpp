@@ -1,0 +1,170 @@
+// The two open buttons.
+
+#include "tests/window/window_fixture.h"
+
+#include <QDir>
+
+namespace orvanta::test {
+
+class Opening : public Form2Test
+{
+protected:
+    void SetUp() override { show(); }
+    void TearDown() override { QDir::setCurrent(m_folderBefore); }
+
+    [[nodiscard]] QString writePacket(const QString& name, const QStringList& texts) const
+    {
+        const QString path = home.file(name);
+        WriteIni(u"main"_s, u"files"_s, QString::number(texts.size()), path);
+        for (qsizetype i = 0; i < texts.size(); ++i) {
+            const QString section = u"file%1"_s.arg(i + 1);
+            WriteIni(section, u"path"_s, home.write(texts[i] + u".avi"_s, "media"), path);
+            WriteIni(section, u"text"_s, texts[i], path);
+        }
+        return path;
+    }
+
+    [[nodiscard]] QString writeGroup(const QString& name, const QStringList& packets) const
+    {
+        const QString path = home.file(name);
+        WriteIni(u"main"_s, u"files"_s, QString::number(packets.size()), path);
+        for (qsizetype i = 0; i < packets.size(); ++i) {
+            const QString section = u"file%1"_s.arg(i + 1);
+            WriteIni(section, u"path"_s, packets[i], path);
+            WriteIni(section, u"text"_s, u"packet %1"_s.arg(i + 1), path);
+        }
+        return path;
+    }
+
+private:
+    QString m_folderBefore = QDir::currentPath();
+};
+
+TEST_F(Opening, OpenClipAsksForSeveralFilesOfTheRegisteredTypes)
+{
+    click(window->Image8);
+    EXPECT_EQ(pickers.pattern, u"*.avi;*.mp3");
+    EXPECT_TRUE(pickers.severalFiles);
+}
+
+TEST_F(Opening, OpenFileAsksForOnePacketOrGroup)
+{
+    click(window->Image14);
+    EXPECT_EQ(pickers.pattern, u"*.vxl;*.vxg");
+    EXPECT_FALSE(pickers.severalFiles);
+}
+
+TEST_F(Opening, CancellingLeavesThePlaylist)
+{
+    addClips(u"before"_s, {u"one"_s});
+    window->RebuildTree();
+    click(window->Image8);
+    click(window->Image14);
+    EXPECT_EQ(module.playlist.PlaylistCount, Int16(1));
+    EXPECT_EQ(window->lineCount(), 3);
+}
+
+TEST_F(Opening, AnEmptyFirstEntryIsNothingChosen)
+{
+    pickers.answer = {QString(), u"/x/y.avi"_s};
+    click(window->Image8);
+    EXPECT_EQ(module.playlist.PlaylistCount, Int16(0));
+}
+
+TEST_F(Opening, OpenClipMakesOnePacketOfTheChosenFiles)
+{
+    addClips(u"before"_s, {u"one"_s});
+    pickers.answer = {home.write(u"a.avi"_s, "media"), home.write(u"b.mp3"_s, "media")};
+    click(window->Image8);
+    EXPECT_EQ(listedTexts(),
+              (QStringList{u"!Orvanta!"_s, u"|-- !Orvanta! 3.3"_s, u"   |- a"_s, u"   |- b"_s}));
+    EXPECT_EQ(module.playlist.CurrentPacket, Int16(1));
+    EXPECT_EQ(module.playlist.CurrentClip, Int16(1));
+    EXPECT_EQ(control.FileName(), QString());
+}
+
+TEST_F(Opening, TheFirstClipStartsWhenTheOptionSaysSo)
+{
+    option("as");
+    pickers.answer = {home.write(u"a.avi"_s, "media")};
+    click(window->Image8);
+    EXPECT_EQ(control.FileName(), pickers.answer.first());
+}
+
+TEST_F(Opening, TheOptionIsOnOnlyWhenItsTextIsOne)
+{
+    option("as", u"yes"_s);
+    pickers.answer = {home.write(u"a.avi"_s, "media")};
+    click(window->Image8);
+    EXPECT_EQ(control.FileName(), QString());
+}
+
+TEST_F(Opening, ANameThatEndsInASmallLIsAPacket)
+{
+    pickers.answer = {writePacket(u"lesson.vxl"_s, {u"one"_s, u"two"_s})};
+    click(window->Image14);
+    EXPECT_EQ(listedTexts(), (QStringList{u"!Orvanta!"_s, u"|-- !Orvanta! 3.3"_s, u"   |- one"_s,
+                                          u"   |- two"_s}));
+}
+
+TEST_F(Opening, AnyOtherNameIsAGroup)
+{
+    const QString packet = writePacket(u"lesson.vxl"_s, {u"one"_s});
+    for (const QString& name : {u"all.vxg"_s, u"all.VXL"_s}) {
+        pickers.answer = {writeGroup(name, {packet, packet})};
+        click(window->Image14);
+        EXPECT_EQ(listedTexts(), (QStringList{u"!Orvanta!"_s, u"|-- packet 1"_s, u"|  |- one"_s,
+                                              u"|-- packet 2"_s, u"   |- one"_s}));
+    }
+}
+
+TEST_F(Opening, TheChosenFilesFolderBecomesTheCurrentOne)
+{
+    pickers.answer = {writePacket(u"lesson.vxl"_s, {u"one"_s})};
+    click(window->Image14);
+    EXPECT_EQ(QDir::current().canonicalPath(), QDir(home.path()).canonicalPath());
+}
+
+TEST_F(Opening, ALoaderThatFailsEndsTheOpeningSilentlyAndTheTreeShowsWhatWasRead)
+{
+    option("as");
+    addClips(u"before"_s, {u"one"_s, u"two"_s});
+    window->RebuildTree();
+    const QString path = home.file(u"bad.vxl"_s);
+    WriteIni(u"main"_s, u"files"_s, u"abc"_s, path);
+    pickers.answer = {path};
+    const LogCapture log("orvanta.errors");
+    click(window->Image14);
+    EXPECT_EQ(listedTexts(), (QStringList{u"!Orvanta!"_s, u"|-- !Orvanta! 3.3"_s}));
+    EXPECT_EQ(control.FileName(), QString());
+    EXPECT_FALSE(reported.has_value());
+    EXPECT_EQ(LogCapture::lines().size(), 1);
+}
+
+TEST_F(Opening, AFolderThatIsGoneEndsTheOpeningSilently)
+{
+    addClips(u"before"_s, {u"one"_s});
+    window->RebuildTree();
+    pickers.answer = {home.file(u"gone/lesson.vxl"_s)};
+    click(window->Image14);
+    EXPECT_EQ(window->lineCount(), 3);
+    EXPECT_FALSE(reported.has_value());
+}
+
+TEST_F(Opening, WhatTheUserOpensNoLongerCountsAsHandedOver)
+{
+    module.playlist.OpenedFromExplorer = true;
+    pickers.answer = {home.write(u"a.avi"_s, "media")};
+    click(window->Image8);
+    EXPECT_FALSE(module.playlist.OpenedFromExplorer);
+}
+
+TEST_F(Opening, LogsWhatWasLoaded)
+{
+    const LogCapture log("orvanta.playlist");
+    pickers.answer = {home.write(u"a.avi"_s, "media"), home.write(u"b.avi"_s, "media")};
+    click(window->Image8);
+    EXPECT_EQ(LogCapture::lines(), QStringList{u"loaded 1 packets, 2 entries"_s});
+}
+
+} // namespace orvanta::test

@@ -1,0 +1,383 @@
+// The playlist's list: lines, marks, clicks, tool tips, and its speed.
+
+#include "tests/window/window_fixture.h"
+
+#include <QElapsedTimer>
+
+#include <algorithm>
+
+namespace orvanta::test {
+
+class PlaylistView : public Form2Test
+{
+protected:
+    void showThreePackets()
+    {
+        addThreePackets();
+        show();
+        window->RebuildTree();
+    }
+
+    void moveOverRow(int row, int pixel)
+    {
+        const QRect line = window->List1->visualRect(window->List1->model()->index(row, 0));
+        QTest::mouseMove(window->List1->viewport(), {50, line.top() + pixel});
+        const QPoint place(50, line.top() + pixel);
+        QMouseEvent move(QEvent::MouseMove, place, window->List1->viewport()->mapToGlobal(place),
+                         Qt::NoButton, Qt::NoButton, {});
+        QCoreApplication::sendEvent(window->List1->viewport(), &move);
+    }
+};
+
+TEST_F(PlaylistView, OnePacketOfThreeClipsShowsFiveLines)
+{
+    addClips(u"title"_s, {u"a"_s, u"b"_s, u"c"_s});
+    show();
+    window->RebuildTree();
+    EXPECT_EQ(listedTexts(), (QStringList{u"!Orvanta!"_s, u"|-- title"_s, u"   |- a"_s,
+                                          u"   |- b"_s, u"   |- c"_s}));
+}
+
+TEST_F(PlaylistView, OnlyTheClipsOfTheLastPacketHaveNoBar)
+{
+    addClips(u"first"_s, {u"one"_s});
+    addClips(u"second"_s, {u"two"_s});
+    show();
+    window->RebuildTree();
+    EXPECT_EQ(listedTexts(), (QStringList{u"!Orvanta!"_s, u"|-- first"_s, u"|  |- one"_s,
+                                          u"|-- second"_s, u"   |- two"_s}));
+}
+
+TEST_F(PlaylistView, APacketWithoutClipsShowsOnlyItsHeader)
+{
+    addClips(u"empty"_s, {});
+    show();
+    window->RebuildTree();
+    EXPECT_EQ(listedTexts(), (QStringList{u"!Orvanta!"_s, u"|-- empty"_s}));
+}
+
+TEST_F(PlaylistView, EveryLineButTheRootIsCheckedWhenAdded)
+{
+    showThreePackets();
+    EXPECT_FALSE(window->isLineChecked(0));
+    for (int line = 1; line < window->lineCount(); ++line) {
+        EXPECT_TRUE(window->isLineChecked(line)) << line;
+    }
+}
+
+TEST_F(PlaylistView, TheRootHasNoBox)
+{
+    showThreePackets();
+    const QAbstractItemModel& model = *window->List1->model();
+    EXPECT_FALSE(model.data(model.index(0, 0), Qt::CheckStateRole).isValid());
+    EXPECT_FALSE(model.flags(model.index(0, 0)).testFlag(Qt::ItemIsUserCheckable));
+    window->checkLine(0);
+    EXPECT_FALSE(window->isLineChecked(0));
+}
+
+TEST_F(PlaylistView, ClickingTheBoxTogglesAndLeavesTheCursor)
+{
+    showThreePackets();
+    clickRow(2);
+    clickListAt(boxOfRow(3));
+    EXPECT_FALSE(window->isLineChecked(3));
+    EXPECT_EQ(window->List1->cursorLine(), 2);
+    clickListAt(boxOfRow(3));
+    EXPECT_TRUE(window->isLineChecked(3));
+}
+
+TEST_F(PlaylistView, ClickingTheTextMovesTheCursorAndLeavesTheMark)
+{
+    showThreePackets();
+    clickRow(3);
+    EXPECT_EQ(window->List1->cursorLine(), 3);
+    EXPECT_TRUE(window->isLineChecked(3));
+    EXPECT_EQ(control.calls, QStringList());
+}
+
+TEST_F(PlaylistView, SpaceTogglesTheCurrentLine)
+{
+    showThreePackets();
+    clickRow(2);
+    QTest::keyClick(window->List1, Qt::Key_Space);
+    EXPECT_FALSE(window->isLineChecked(2));
+}
+
+TEST_F(PlaylistView, ClickingTheRootLeavesNoCurrentLine)
+{
+    showThreePackets();
+    clickRow(2);
+    clickRow(0);
+    EXPECT_EQ(window->List1->cursorLine(), -1);
+}
+
+TEST_F(PlaylistView, KeysNeverMakeTheRootCurrent)
+{
+    showThreePackets();
+    clickRow(2);
+    QTest::keyClick(window->List1, Qt::Key_Home);
+    EXPECT_EQ(window->List1->cursorLine(), 1);
+    QTest::keyClick(window->List1, Qt::Key_Up);
+    EXPECT_EQ(window->List1->cursorLine(), 1);
+    QTest::keyClick(window->List1, Qt::Key_Down);
+    EXPECT_EQ(window->List1->cursorLine(), 2);
+}
+
+TEST_F(PlaylistView, ReachingTheListByKeyMakesNoLineCurrent)
+{
+    showThreePackets();
+    window->Image8->setFocus(Qt::TabFocusReason);
+    window->List1->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(window->List1->cursorLine(), -1);
+}
+
+TEST_F(PlaylistView, LettersAreNotSearchedForAndPassOnToTheWindow)
+{
+    addClips(u"pack"_s, {u"apple"_s, u"sour"_s});
+    show();
+    window->RebuildTree();
+    clickRow(2);
+    for (const char letter : {'s', 'p', '|'}) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(QLatin1Char(letter)));
+        QCoreApplication::sendEvent(window->List1, &press);
+        EXPECT_FALSE(press.isAccepted());
+    }
+    EXPECT_EQ(window->List1->cursorLine(), 2);
+}
+
+TEST_F(PlaylistView, DoubleClickOnAClipStartsIt)
+{
+    showThreePackets();
+    doubleClickRow(6);
+    EXPECT_EQ(module.playlist.CurrentPacket, Int16(2));
+    EXPECT_EQ(module.playlist.CurrentClip, Int16(2));
+    EXPECT_EQ(window->Text2->text(), u"four");
+    EXPECT_EQ(window->List1->cursorLine(), 6);
+    EXPECT_EQ(control.FileName(), home.file(u"four.avi"_s));
+}
+
+TEST_F(PlaylistView, DoubleClickOnAHeaderStartsNothing)
+{
+    showThreePackets();
+    doubleClickRow(4);
+    EXPECT_EQ(module.playlist.CurrentPacket, Int16(0));
+    EXPECT_EQ(control.FileName(), QString());
+}
+
+TEST_F(PlaylistView, DoubleClickOnTheRootStartsNothing)
+{
+    showThreePackets();
+    doubleClickRow(0);
+    EXPECT_EQ(window->List1->cursorLine(), -1);
+    EXPECT_EQ(control.FileName(), QString());
+}
+
+TEST_F(PlaylistView, DoubleClickWithoutACurrentLineDoesNothing)
+{
+    showThreePackets();
+    QTest::mouseDClick(window->List1->viewport(), Qt::LeftButton, {}, textOfRow(2));
+    EXPECT_EQ(control.FileName(), QString());
+    EXPECT_FALSE(reported.has_value());
+}
+
+TEST_F(PlaylistView, DoubleClickOnABoxStartsNothing)
+{
+    showThreePackets();
+    clickRow(2);
+    QTest::mouseDClick(window->List1->viewport(), Qt::LeftButton, {}, boxOfRow(2));
+    EXPECT_EQ(control.FileName(), QString());
+}
+
+TEST_F(PlaylistView, StartingALineChecksIt)
+{
+    showThreePackets();
+    clickListAt(boxOfRow(2));
+    ASSERT_FALSE(window->isLineChecked(2));
+    doubleClickRow(2);
+    EXPECT_TRUE(window->isLineChecked(2));
+}
+
+TEST_F(PlaylistView, ReturnStartsTheCurrentLine)
+{
+    showThreePackets();
+    clickRow(3);
+    QTest::keyClick(window->List1, Qt::Key_Return);
+    EXPECT_EQ(module.playlist.CurrentClip, Int16(2));
+}
+
+TEST_F(PlaylistView, RowsAreThirteenPixelsHighAndBeginAtTheTop)
+{
+    showThreePackets();
+    for (int row = 0; row < 5; ++row) {
+        const QRect line = window->List1->visualRect(window->List1->model()->index(row, 0));
+        EXPECT_EQ(line.top(), 13 * row);
+        EXPECT_EQ(line.height(), 13);
+    }
+    EXPECT_LE(window->List1->fontMetrics().height(), 13);
+}
+
+TEST_F(PlaylistView, TheToolTipNamesTheLineUnderThePointerAtEveryPixel)
+{
+    showThreePackets();
+    const QStringList texts = {u"first"_s, u"one"_s, u"two"_s, u"second"_s, u"three"_s};
+    for (int row = 1; row <= texts.size(); ++row) {
+        for (int pixel = 0; pixel < 13; ++pixel) {
+            window->List1->setToolTip(u"before"_s);
+            moveOverRow(row, pixel);
+            EXPECT_EQ(window->List1->toolTip(), texts.at(row - 1)) << row << ", pixel " << pixel;
+        }
+    }
+}
+
+TEST_F(PlaylistView, TheToolTipFollowsAScrolledList)
+{
+    QStringList texts;
+    for (int i = 1; i <= 300; ++i) {
+        texts.append(u"clip %1"_s.arg(i));
+    }
+    addClips(u"many"_s, texts);
+    show();
+    window->RebuildTree();
+    window->List1->verticalScrollBar()->setValue(100);
+    moveOverRow(103, 6);
+    EXPECT_EQ(window->List1->toolTip(), u"clip 102");
+}
+
+TEST_F(PlaylistView, TheToolTipStaysOverTheRootAndBelowTheLastLine)
+{
+    showThreePackets();
+    window->List1->setToolTip(u"before"_s);
+    moveOverRow(0, 5);
+    EXPECT_EQ(window->List1->toolTip(), u"before");
+    moveOverRow(window->lineCount() - 1, 13 + 6);
+    EXPECT_EQ(window->List1->toolTip(), u"before");
+}
+
+TEST_F(PlaylistView, TheTreeIsASnapshot)
+{
+    showThreePackets();
+    module.playlist.Playlist.front().Clips.front().Text = u"changed"_s;
+    EXPECT_EQ(listedTexts().at(2), u"|  |- one");
+    window->RebuildTree();
+    EXPECT_EQ(listedTexts().at(2), u"|  |- changed");
+}
+
+TEST_F(PlaylistView, RebuildingLeavesNoCurrentLine)
+{
+    showThreePackets();
+    clickRow(3);
+    window->RebuildTree();
+    EXPECT_EQ(window->List1->cursorLine(), -1);
+}
+
+TEST_F(PlaylistView, ClearingLeavesNoLine)
+{
+    showThreePackets();
+    window->clearList();
+    EXPECT_EQ(window->lineCount(), 0);
+    EXPECT_EQ(window->headerLineOf(1), -1);
+}
+
+TEST_F(PlaylistView, HeaderLinesAreThoseOfTheShownTree)
+{
+    showThreePackets();
+    EXPECT_EQ(window->headerLineOf(1), 1);
+    EXPECT_EQ(window->headerLineOf(2), 4);
+    EXPECT_EQ(window->headerLineOf(3), 7);
+    EXPECT_EQ(window->headerLineOf(4), -1);
+}
+
+TEST_F(PlaylistView, Timer2MarksItsLineOnceAndSwitchesItselfOff)
+{
+    showThreePackets();
+    clickListAt(boxOfRow(2));
+    window->enableTimer2(2);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window->isLineChecked(2); }));
+    EXPECT_FALSE(window->Timer2.isActive());
+}
+
+class LongPlaylist : public Form2Test
+{
+protected:
+    static constexpr int kClips = 32767;
+
+    void addManyClips(int count)
+    {
+        PlaylistEntry packet;
+        packet.Title = u"many"_s;
+        for (int i = 1; i <= count; ++i) {
+            packet.Clips.push_back({.Time = {}, .Text = u"clip %1"_s.arg(i), .Path = u"/x"_s});
+        }
+        packet.ClipCount = count;
+        module.playlist.Playlist = {packet};
+        module.playlist.PlaylistCount = 1;
+    }
+
+    /// Until the tree stands in the list, laid out and painted.
+    qint64 rebuildMilliseconds()
+    {
+        QElapsedTimer clock;
+        clock.start();
+        window->RebuildTree();
+        window->List1->scrollToBottom();
+        window->List1->viewport()->repaint();
+        return clock.elapsed();
+    }
+
+    qint64 scrollMicroseconds()
+    {
+        constexpr int kSteps = 50;
+        QScrollBar& bar = *window->List1->verticalScrollBar();
+        QElapsedTimer clock;
+        clock.start();
+        for (int step = 0; step < kSteps; ++step) {
+            bar.setValue(bar.maximum() * step / kSteps);
+            window->List1->viewport()->repaint();
+        }
+        return clock.nsecsElapsed() / 1000 / kSteps;
+    }
+
+    template <typename Measure> static qint64 best(Measure measure)
+    {
+        qint64 least = measure();
+        for (int round = 1; round < 5; ++round) {
+            least = std::min(least, measure());
+        }
+        return least;
+    }
+};
+
+TEST_F(LongPlaylist, IsRebuiltInLessThanATenthOfASecond)
+{
+    addManyClips(kClips);
+    show();
+    EXPECT_LT(best([this] { return rebuildMilliseconds(); }), 100);
+    EXPECT_EQ(window->lineCount(), kClips + 2);
+}
+
+TEST_F(LongPlaylist, ScrollsAtTheCostOfAShortOne)
+{
+    addManyClips(200);
+    show();
+    window->RebuildTree();
+    const qint64 shortList = best([this] { return scrollMicroseconds(); });
+    addManyClips(kClips);
+    window->RebuildTree();
+    const qint64 longList = best([this] { return scrollMicroseconds(); });
+    EXPECT_LT(longList, 3 * shortList + 1000) << "short: " << shortList << " us a step";
+}
+
+TEST_F(LongPlaylist, MovingThePointerOverItsEndRaisesNothing)
+{
+    addManyClips(kClips);
+    show();
+    window->RebuildTree();
+    window->List1->scrollToBottom();
+    const QPoint place(50, window->List1->viewport()->height() - 5);
+    QMouseEvent move(QEvent::MouseMove, place, window->List1->viewport()->mapToGlobal(place),
+                     Qt::NoButton, Qt::NoButton, {});
+    QCoreApplication::sendEvent(window->List1->viewport(), &move);
+    EXPECT_FALSE(reported.has_value());
+}
+
+} // namespace orvanta::test

@@ -1,0 +1,190 @@
+// The table of interface texts, and how the windows take their texts from it.
+
+#include "tests/window/window_fixture.h"
+
+#include <QFontMetrics>
+#include <QSet>
+
+namespace orvanta::test {
+
+namespace {
+
+struct Row
+{
+    const char16_t* control;
+    const char16_t* english;
+    const char16_t* russian;
+};
+
+QString text(const char16_t* characters)
+{
+    return QString::fromUtf16(characters);
+}
+
+constexpr Row kToolTips[] = {
+    {u"Image8", u"Open clip...", u"Открыть клип..."},
+    {u"Image9", u"New...", u"Новый..."},
+    {u"Image10", u"Tools...", u"Инструменты..."},
+    {u"Image11", u"Help...", u"Помощь..."},
+    {u"Image12", u"Minimize button", u"Кнопка свернуть"},
+    {u"Image13", u"Close button", u"Кнопка закрыть"},
+    {u"Image14", u"Open file...", u"Открыть файл..."},
+    {u"List1", u"Playlist", u"Playlist"},
+    {u"Label1", u"Current time", u"Текущее время"},
+    {u"Label2", u"Length of clip", u"Длина клипа"},
+    {u"Slider2", u"Volume", u"Громкость"},
+    {u"Slider3", u"Balance", u"Баланс"},
+    {u"Text2", u"Current clip", u"Текущий клип"},
+    {u"Text1", u"Find text", u"Искать текст"},
+    {u"Image2", u"Find", u"Поиск"},
+    {u"Image5", u"", u""},
+    {u"Image3", u"", u""},
+    {u"Image4", u"", u""},
+};
+
+constexpr Row kMenus[] = {
+    {u"cp", u"&Packet...", u"&Пакет..."}, {u"cg", u"&Group...", u"&Группу..."},
+    {u"op", u"&Options", u"&Опции"},      {u"cdc", u"&CD Create", u"&CD Create"},
+    {u"ai", u"&Add-ins", u"&Дополнения"}, {u"doc", u"&Documentation", u"&Документация"},
+    {u"tu", u"&Tutorial", u"&Учебник"},   {u"ab", u"&About", u"&О программе"},
+};
+
+QChar accessKey(const QString& caption)
+{
+    const qsizetype mark = caption.indexOf(u'&');
+    return mark < 0 ? QChar() : caption.at(mark + 1).toUpper();
+}
+
+} // namespace
+
+class InterfaceTexts : public Form2Test
+{
+protected:
+    void expectToolTips(bool english) const
+    {
+        for (const Row& row : kToolTips) {
+            const auto* found = window->findChild<QWidget*>(text(row.control));
+            ASSERT_NE(found, nullptr) << qPrintable(text(row.control));
+            EXPECT_EQ(found->toolTip(), text(english ? row.english : row.russian))
+                << qPrintable(text(row.control));
+        }
+    }
+
+    void expectMenus(bool english) const
+    {
+        for (const Row& row : kMenus) {
+            const auto* entry = window->findChild<QAction*>(text(row.control));
+            ASSERT_NE(entry, nullptr) << qPrintable(text(row.control));
+            EXPECT_EQ(entry->text(), text(english ? row.english : row.russian));
+        }
+    }
+};
+
+TEST_F(InterfaceTexts, LanguageOneGivesTheEnglishMainWindow)
+{
+    load(1);
+    expectToolTips(true);
+    expectMenus(true);
+}
+
+TEST_F(InterfaceTexts, EveryOtherLanguageGivesTheRussianMainWindow)
+{
+    for (const int language : {0, 2, 3}) {
+        SCOPED_TRACE(language);
+        load(language);
+        expectToolTips(false);
+        expectMenus(false);
+    }
+}
+
+TEST_F(InterfaceTexts, TheMainWindowHasTheSameCaptionInBothLanguages)
+{
+    EXPECT_EQ(load(1).windowTitle(), u"!Orvanta!");
+    EXPECT_EQ(load(2).windowTitle(), u"!Orvanta!");
+}
+
+TEST_F(InterfaceTexts, ButtonsAreCalledByTheirToolTips)
+{
+    for (const int language : {1, 2}) {
+        load(language);
+        for (const SkinButton* button :
+             {window->Image8, window->Image14, window->Image9, window->Image10, window->Image11,
+              window->Image12, window->Image13, window->Image2}) {
+            EXPECT_FALSE(button->accessibleName().isEmpty());
+            EXPECT_EQ(button->accessibleName(), button->toolTip());
+        }
+    }
+}
+
+TEST_F(InterfaceTexts, TransportButtonsHaveNamesWithoutToolTips)
+{
+    load(1);
+    EXPECT_EQ(window->Image5->accessibleName(), u"Play");
+    EXPECT_EQ(window->Image3->accessibleName(), u"Pause");
+    EXPECT_EQ(window->Image4->accessibleName(), u"Stop");
+    load(2);
+    EXPECT_EQ(window->Image5->accessibleName(), u"Воспроизвести");
+    EXPECT_EQ(window->Image3->accessibleName(), u"Пауза");
+    EXPECT_EQ(window->Image4->accessibleName(), u"Стоп");
+}
+
+TEST_F(InterfaceTexts, MenusHaveTheirEntriesInOrder)
+{
+    load();
+    EXPECT_EQ(window->create->actions(), (QList<QAction*>{window->cp, window->cg}));
+    EXPECT_EQ(window->tools->actions(),
+              (QList<QAction*>{window->op, window->cdc, window->ai->menuAction()}));
+    EXPECT_EQ(window->help->actions(), (QList<QAction*>{window->doc, window->tu, window->ab}));
+}
+
+TEST_F(InterfaceTexts, AccessKeysAreUniqueWithinAMenu)
+{
+    for (const int language : {1, 2}) {
+        load(language);
+        for (const QMenu* menu : {window->create, window->tools, window->help}) {
+            QSet<QChar> keys;
+            for (const QAction* entry : menu->actions()) {
+                const QChar key = accessKey(entry->text());
+                EXPECT_FALSE(key.isNull()) << qPrintable(entry->text());
+                EXPECT_FALSE(keys.contains(key)) << qPrintable(entry->text());
+                keys.insert(key);
+            }
+        }
+    }
+}
+
+TEST_F(InterfaceTexts, CaptionsFitWhereTheyStand)
+{
+    for (const int language : {1, 2}) {
+        show(language);
+        const QLineEdit& find = *window->Text1;
+        EXPECT_LT(find.fontMetrics().horizontalAdvance(find.placeholderText()), find.width() - 24);
+        for (QLabel* label : {window->Label1, window->Label2}) {
+            label->setText(u"000000,000"_s);
+            EXPECT_LE(label->sizeHint().width(), label->width());
+        }
+    }
+}
+
+TEST(TextTable, NoCellIsEmptyAndNoRowIsThereTwice)
+{
+    QSet<QString> rows;
+    for (const InterfaceText& row : interfaceTexts()) {
+        const QString key = row.window.toString() + u'/' + row.control.toString();
+        EXPECT_FALSE(rows.contains(key)) << qPrintable(key);
+        rows.insert(key);
+        EXPECT_FALSE(row.english.trimmed().isEmpty()) << qPrintable(key);
+        EXPECT_FALSE(row.russian.trimmed().isEmpty()) << qPrintable(key);
+    }
+    EXPECT_GT(rows.size(), 30);
+}
+
+TEST(TextTable, BothLanguagesMarkAnAccessKeyInTheSameRows)
+{
+    for (const InterfaceText& row : interfaceTexts()) {
+        EXPECT_EQ(row.english.contains(u'&'), row.russian.contains(u'&'))
+            << qPrintable(row.control.toString());
+    }
+}
+
+} // namespace orvanta::test

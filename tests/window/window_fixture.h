@@ -1,0 +1,206 @@
+// The main window with a real engine, a scripted control and settings of its own.
+#pragma once
+
+#include "core/ini.h"
+#include "platform/scripted_media_control.h"
+#include "player/window/clip_line.h"
+#include "player/window/file_list.h"
+#include "player/window/form2_main_window.h"
+#include "player/window/playlist_list.h"
+#include "player/window/skin.h"
+#include "player/window/skin_button.h"
+#include "player/window/skin_slider.h"
+#include "tests/support/log_capture.h"
+#include "tests/support/plain_video_window.h"
+#include "tests/support/settings_folder.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <optional>
+
+namespace orvanta::test {
+
+using namespace Qt::StringLiterals;
+
+/// Answers at once with the files that the test has laid out.
+class ScriptedPickers : public Pickers
+{
+public:
+    explicit ScriptedPickers(Module1& module)
+        : m_module(module)
+    {}
+
+    QStringList answer;                 // the files that the user chooses; none: cancelled
+    QString pattern = u"(not asked)"_s; // of the last call
+    bool severalFiles = false;
+
+    void ShowOpenPicker(const QString& askedPattern, bool several) override
+    {
+        pattern = askedPattern;
+        severalFiles = several;
+        m_module.picker.PickedFiles = QStringList{QString()} + answer;
+    }
+    void ShowSavePicker(const QString& /*pattern*/) override {}
+
+private:
+    Module1& m_module;
+};
+
+class Form2Test : public testing::Test
+{
+protected:
+    Form2Test()
+    {
+        module.ApplicationFolder = home.path();
+        module.IniPath = home.ini();
+        module.TypePattern = u"*.avi;*.mp3"_s;
+        module.Language = 1;
+    }
+
+    ~Form2Test() override { window.reset(); }
+
+    /// Loads the window and shows it. The tick's timer rests: a test ticks when it wants.
+    Form2& show(Int16 language = 1)
+    {
+        load(language);
+        window->showMainWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+        return *window;
+    }
+
+    Form2& load(Int16 language = 1)
+    {
+        module.Language = language;
+        engine = std::make_unique<PlaybackEngine>(module, control, video);
+        window = std::make_unique<Form2>(Form2Services{
+            .module = module,
+            .engine = *engine,
+            .pickers = pickers,
+            .boundary = HandlerBoundary([this](const RuntimeError& e) { reported = e.number(); }),
+            .unloadSplash = [this] { ++splashUnloads; },
+            .unloadOtherForms = [this] { othersUnloaded = true; },
+        });
+        timerRanAfterLoad = window->Timer1.isActive();
+        window->Timer1.stop();
+        control.calls.clear();
+        return *window;
+    }
+
+    void option(const char* key, const QString& value = u"1"_s) const
+    {
+        WriteIni(u"options"_s, QString::fromLatin1(key), value, module.IniPath);
+    }
+
+    void setting(const char* section, const char* key, const QString& value) const
+    {
+        WriteIni(QString::fromLatin1(section), QString::fromLatin1(key), value, module.IniPath);
+    }
+
+    /// A clip-list packet; each clip's file exists and has the clip's text as its name.
+    void addClips(const QString& title, const QStringList& texts)
+    {
+        PlaylistEntry packet;
+        packet.Title = title;
+        for (const QString& text : texts) {
+            const QString path = home.write(text + u".avi"_s, "media");
+            packet.Clips.push_back({.Time = {}, .Text = text, .Path = path});
+        }
+        add(packet);
+    }
+
+    void addBrakes(const QString& title, const QStringList& times)
+    {
+        PlaylistEntry packet;
+        packet.Title = title;
+        packet.HasBrakes = true;
+        packet.MediaFile = home.write(u"lesson.avi"_s, "media");
+        for (const QString& time : times) {
+            packet.Clips.push_back({.Time = time, .Text = u"brake at "_s + time, .Path = {}});
+        }
+        add(packet);
+    }
+
+    /// Three packets: "first" (one, two), "second" (three, four), and "empty".
+    void addThreePackets()
+    {
+        addClips(u"first"_s, {u"one"_s, u"two"_s});
+        addClips(u"second"_s, {u"three"_s, u"four"_s});
+        addClips(u"empty"_s, {});
+    }
+
+    /// Where a row's text is, in the list's own pixels.
+    [[nodiscard]] QPoint textOfRow(int row) const
+    {
+        const QRect line = window->List1->visualRect(window->List1->model()->index(row, 0));
+        return {line.left() + 60, line.center().y()};
+    }
+
+    [[nodiscard]] QPoint boxOfRow(int row) const
+    {
+        const QRect line = window->List1->visualRect(window->List1->model()->index(row, 0));
+        return PlaylistDelegate::boxArea(line).center();
+    }
+
+    void clickRow(int row) const { clickListAt(textOfRow(row)); }
+
+    void clickListAt(QPoint place) const
+    {
+        QTest::mouseClick(window->List1->viewport(), Qt::LeftButton, {}, place);
+    }
+
+    void doubleClickRow(int row) const
+    {
+        clickRow(row);
+        QTest::mouseDClick(window->List1->viewport(), Qt::LeftButton, {}, textOfRow(row));
+    }
+
+    static void click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
+
+    /// Starts a clip and waits until it runs and the engine knows.
+    [[nodiscard]] bool start(Int16 packet, Int16 clip)
+    {
+        engine->ListClick(packet, clip);
+        return QTest::qWaitFor([this] {
+            engine->tick();
+            return module.playback.CachedState == MediaControl::Running;
+        });
+    }
+
+    [[nodiscard]] QStringList listedTexts() const
+    {
+        QStringList texts;
+        for (const TreeLine& line : window->List1->lines()) {
+            texts.append(line.text);
+        }
+        return texts;
+    }
+
+    SettingsFolder home;
+    Module1 module;
+    ScriptedMediaControl control;
+    PlainVideoWindow video{control};
+    ScriptedPickers pickers{module};
+    std::unique_ptr<PlaybackEngine> engine;
+    std::unique_ptr<Form2> window;
+    std::optional<ErrorNumber> reported;
+    int splashUnloads = 0;
+    bool othersUnloaded = false;
+    bool timerRanAfterLoad = false;
+
+private:
+    void add(PlaylistEntry& packet)
+    {
+        packet.ClipCount = static_cast<qint64>(packet.Clips.size());
+        module.playlist.Playlist.push_back(packet);
+        module.playlist.PlaylistCount += 1;
+    }
+};
+
+} // namespace orvanta::test
