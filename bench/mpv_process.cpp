@@ -7,8 +7,7 @@
 #include <cstdlib>
 #include <xcb/xcb.h>
 
-namespace orvanta::bench
-{
+namespace orvanta::bench {
 
 using namespace Qt::StringLiterals;
 
@@ -71,15 +70,15 @@ void MapWatch::Disconnect::operator()(xcb_connection_t* connection) const
 }
 
 MapWatch::MapWatch(const e2e::Desktop& desktop)
-    : m_connection(xcb_connect(
-          desktop.environment().value(u"DISPLAY"_s).toLatin1().constData(), nullptr))
+    : m_connection(
+          xcb_connect(desktop.environment().value(u"DISPLAY"_s).toLatin1().constData(), nullptr))
 {
     const uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
     xcb_change_window_attributes(m_connection.get(), screenOf(m_connection.get())->root,
                                  XCB_CW_EVENT_MASK, &events);
     // A round trip: from here on nothing is missed.
-    std::free(xcb_get_input_focus_reply(m_connection.get(),
-                                        xcb_get_input_focus(m_connection.get()), nullptr));
+    std::free(xcb_get_input_focus_reply(m_connection.get(), xcb_get_input_focus(m_connection.get()),
+                                        nullptr));
 }
 
 bool MapWatch::hasClass(unsigned window, const QByteArray& windowClass) const
@@ -87,8 +86,7 @@ bool MapWatch::hasClass(unsigned window, const QByteArray& windowClass) const
     constexpr uint32_t kLongest = 64; // in words
     const auto request = xcb_get_property(m_connection.get(), 0, window, XCB_ATOM_WM_CLASS,
                                           XCB_ATOM_STRING, 0, kLongest);
-    xcb_get_property_reply_t* reply =
-        xcb_get_property_reply(m_connection.get(), request, nullptr);
+    xcb_get_property_reply_t* reply = xcb_get_property_reply(m_connection.get(), request, nullptr);
     if (reply == nullptr) {
         return false;
     }

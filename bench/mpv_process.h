@@ -9,8 +9,7 @@
 
 struct xcb_connection_t;
 
-namespace orvanta::bench
-{
+namespace orvanta::bench {
 
 /// mpv without a configuration, idle, with its window; steered through its socket.
 class MpvProcess

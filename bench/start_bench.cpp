@@ -20,8 +20,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace orvanta::bench
-{
+namespace orvanta::bench {
 
 using namespace orvanta::e2e;
 
@@ -89,7 +88,10 @@ static void measureStart(const Desktop& desktop)
     say("start until the window is shown", median(ours), median(theirs), "s", 1.0);
 }
 
-static QString clipPath() { return media(u"tone20.wav"_s); }
+static QString clipPath()
+{
+    return media(u"tone20.wav"_s);
+}
 
 static QString longPacket(const Desktop& desktop)
 {

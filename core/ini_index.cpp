@@ -45,14 +45,12 @@ static void addFirstKey(NameTable& keys, const IniText& text, const IniLine& lin
         return;
     }
     const FoldedName name(iniTrimmed(content.first(sign)), text.encoding);
-    const std::size_t hash = name.hash();
+    const quint32 hash = name.hash();
     const auto isSame = [&](quint32 other) {
         return name.equals(keyNameAt(text, other), text.encoding);
     };
     if (keys.find(hash, isSame) == NameTable::kNone) {
-        keys.add(static_cast<quint32>(line.begin), hash, [&](quint32 other) {
-            return FoldedName(keyNameAt(text, other), text.encoding).hash();
-        });
+        keys.add(static_cast<quint32>(line.begin), hash);
     }
 }
 
@@ -87,9 +85,7 @@ void IniIndex::addSection(const IniText& text, const IniLine& line)
     m_sections.push_back({static_cast<quint32>(line.begin), body, body});
     const FoldedName name = sectionNameAt(text, m_sections.back().header);
     if (findSection(name, text) == kNone) {
-        m_sectionNames.add(number, name.hash(), [&](quint32 other) {
-            return sectionNameAt(text, m_sections[other].header).hash();
-        });
+        m_sectionNames.add(number, name.hash());
     }
 }
 

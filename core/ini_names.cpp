@@ -62,10 +62,41 @@ bool FoldedName::equals(QByteArrayView name, const IniEncoding& encoding) const
     return FoldedName(name, encoding).m_bytes == m_bytes;
 }
 
-std::size_t FoldedName::hash() const
+quint32 FoldedName::hash() const
 {
-    return qHashBits(m_bytes.constData(), static_cast<std::size_t>(m_bytes.size()),
-                     QHashSeed::globalSeed());
+    const std::size_t hash = qHashBits(
+        m_bytes.constData(), static_cast<std::size_t>(m_bytes.size()), QHashSeed::globalSeed());
+    return static_cast<quint32>(hash ^ (hash >> 32U));
+}
+
+void NameTable::add(quint32 number, quint32 hash)
+{
+    if (4 * (m_count + 1) > 3 * m_slots.size()) {
+        grow();
+    }
+    place({number, hash});
+    ++m_count;
+}
+
+void NameTable::grow()
+{
+    constexpr std::size_t kSmallest = 8;
+    std::vector<Slot> old(std::max(kSmallest, 2 * m_slots.size()));
+    old.swap(m_slots);
+    for (const Slot& slot : old) {
+        if (slot.number != kNone) {
+            place(slot);
+        }
+    }
+}
+
+void NameTable::place(const Slot& slot)
+{
+    std::size_t at = firstSlot(slot.hash);
+    while (m_slots[at].number != kNone) {
+        at = nextSlot(at);
+    }
+    m_slots[at] = slot;
 }
 
 } // namespace orvanta

@@ -26,7 +26,7 @@ public:
     FoldedName(QByteArrayView name, const IniEncoding& encoding);
 
     [[nodiscard]] bool equals(QByteArrayView name, const IniEncoding& encoding) const;
-    [[nodiscard]] std::size_t hash() const;
+    [[nodiscard]] quint32 hash() const;
 
 private:
     void foldAnyCharacters(const QString& name);
@@ -34,60 +34,47 @@ private:
     QVarLengthArray<char, 64> m_bytes;
 };
 
-/// Finds numbers by name, at four to ten bytes for each: the names stay in the text that they
-/// come from.
+/// Finds numbers by name, at ten to twenty bytes for each: the names stay in the text that they
+/// come from, which is looked at only when the hashes are equal.
 class NameTable
 {
 public:
     static constexpr quint32 kNone = 0xFFFFFFFFU;
 
-    /// The number for which isWanted(number) holds; kNone without one.
+    /// The number of this hash for which isWanted(number) holds; kNone without one.
     template <typename IsWanted>
-    [[nodiscard]] quint32 find(std::size_t hash, const IsWanted& isWanted) const
+    [[nodiscard]] quint32 find(quint32 hash, const IsWanted& isWanted) const
     {
         if (m_slots.empty()) {
             return kNone;
         }
-        std::size_t slot = hash & (m_slots.size() - 1);
-        while (m_slots[slot] != kNone && !isWanted(m_slots[slot])) {
-            slot = (slot + 1) & (m_slots.size() - 1);
+        std::size_t at = firstSlot(hash);
+        while (m_slots[at].number != kNone &&
+               (m_slots[at].hash != hash || !isWanted(m_slots[at].number))) {
+            at = nextSlot(at);
         }
-        return m_slots[slot];
+        return m_slots[at].number;
     }
 
-    /// Adds a number whose name is not there yet. hashOf(number) is the hash of a number's name.
-    template <typename HashOf> void add(quint32 number, std::size_t hash, const HashOf& hashOf)
-    {
-        if (4 * (m_count + 1) > 3 * m_slots.size()) {
-            grow(hashOf);
-        }
-        place(number, hash);
-        ++m_count;
-    }
+    /// Adds a number whose name is not there yet.
+    void add(quint32 number, quint32 hash);
 
 private:
-    template <typename HashOf> void grow(const HashOf& hashOf)
+    struct Slot
     {
-        constexpr std::size_t kSmallest = 8;
-        std::vector<quint32> old(std::max(kSmallest, 2 * m_slots.size()), kNone);
-        old.swap(m_slots);
-        for (const quint32 number : old) {
-            if (number != kNone) {
-                place(number, hashOf(number));
-            }
-        }
-    }
+        quint32 number = kNone;
+        quint32 hash = 0;
+    };
 
-    void place(quint32 number, std::size_t hash)
+    [[nodiscard]] std::size_t firstSlot(quint32 hash) const { return hash & (m_slots.size() - 1); }
+    [[nodiscard]] std::size_t nextSlot(std::size_t slot) const
     {
-        std::size_t slot = hash & (m_slots.size() - 1);
-        while (m_slots[slot] != kNone) {
-            slot = (slot + 1) & (m_slots.size() - 1);
-        }
-        m_slots[slot] = number;
+        return (slot + 1) & (m_slots.size() - 1);
     }
+    void grow();
+    void place(const Slot& slot);
 
-    std::vector<quint32> m_slots; // their count is a power of two
+    std::vector<Slot> m_slots; // their count is a power of two
     std::size_t m_count = 0;
 };
 

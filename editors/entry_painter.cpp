@@ -55,43 +55,79 @@ void EntryPainter::paintMark(QPainter& painter, const QRect& row, const QColor& 
     painter.fillPath(triangle, colour);
 }
 
+namespace {
+
+/// Texts side by side from left to right in what is left of a row.
+class RowOfTexts
+{
+public:
+    RowOfTexts(QPainter& painter, const QFontMetrics& metrics, const QRect& row)
+        : m_painter(painter),
+          m_metrics(metrics),
+          m_rest(row)
+    {}
+
+    [[nodiscard]] int restWidth() const { return std::max(m_rest.width(), 0); }
+
+    void add(const QString& text, int width, Qt::Alignment align, const QColor& colour)
+    {
+        const QRect cell(m_rest.left(), m_rest.top(), width, m_rest.height());
+        m_painter.setPen(colour);
+        m_painter.drawText(cell, static_cast<int>(align | Qt::AlignVCenter) | Qt::TextSingleLine,
+                           text);
+        m_rest.setLeft(m_rest.left() + width + 2 * kPadding);
+    }
+    void add(const QString& text, const QColor& colour)
+    {
+        add(text, m_metrics.horizontalAdvance(text) + 1, Qt::AlignLeft, colour);
+    }
+    void addElided(const QString& text, int width, Qt::TextElideMode elide, Qt::Alignment align,
+                   const QColor& colour)
+    {
+        add(m_metrics.elidedText(text, elide, width), width, align, colour);
+    }
+
+private:
+    QPainter& m_painter;
+    const QFontMetrics& m_metrics;
+    QRect m_rest;
+};
+
+int numberWidth(const QFontMetrics& metrics, const QModelIndex& index)
+{
+    const int last = std::max(index.model()->rowCount(), 10);
+    return metrics.horizontalAdvance(QString::number(last)) + 1;
+}
+
+} // namespace
+
 void EntryPainter::paintTexts(QPainter& painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const
 {
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-    const QPalette& palette = option.palette;
-    const QColor text = palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+    const QColor text =
+        option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
     const EntryLook look = m_look(index.data().toString());
     const QFontMetrics& metrics = option.fontMetrics;
     painter.save();
     painter.setFont(option.font);
-    QRect rest = option.rect.adjusted(kPadding, 0, -kPadding, 0);
     if (index.row() == m_view->markedRow()) {
-        paintMark(painter, option.rect, isSelected ? text : palette.color(QPalette::Highlight));
+        paintMark(painter, option.rect,
+                  isSelected ? text : option.palette.color(QPalette::Highlight));
     }
-    rest.setLeft(rest.left() + kMarkWidth + kPadding);
-
-    const auto column = [&](const QString& what, int width, Qt::Alignment align,
-                            const QColor& colour) {
-        painter.setPen(colour);
-        painter.drawText(QRect(rest.left(), rest.top(), width, rest.height()),
-                         static_cast<int>(align | Qt::AlignVCenter) | Qt::TextSingleLine, what);
-        rest.setLeft(rest.left() + width + 2 * kPadding);
-    };
-    const int numberWidth =
-        metrics.horizontalAdvance(QString::number(std::max(index.model()->rowCount(), 10)));
-    column(QString::number(index.row() + 1), numberWidth, Qt::AlignRight, muted(text));
+    RowOfTexts row(painter, metrics,
+                   option.rect.adjusted(2 * kPadding + kMarkWidth, 0, -kPadding, 0));
+    row.add(QString::number(index.row() + 1), numberWidth(metrics, index), Qt::AlignRight,
+            muted(text));
     if (!look.lead.isEmpty()) {
-        column(look.lead, metrics.horizontalAdvance(look.lead), Qt::AlignLeft, text);
+        row.add(look.lead, text);
     }
-    // The text takes what it needs, the path what is left, but at least a third of the row.
-    const int asideLeast = look.aside.isEmpty() ? 0 : rest.width() / 3;
+    // The text takes what it needs; the path gets what is left, but at least a third.
+    const int pathLeast = look.aside.isEmpty() ? 0 : row.restWidth() / 3;
     const int textWidth =
-        std::min(metrics.horizontalAdvance(look.text) + 1, rest.width() - asideLeast);
-    column(metrics.elidedText(look.text, Qt::ElideRight, textWidth), textWidth, Qt::AlignLeft,
-           text);
-    column(metrics.elidedText(look.aside, Qt::ElideMiddle, rest.width()), rest.width(),
-           Qt::AlignRight, muted(text));
+        std::min(metrics.horizontalAdvance(look.text) + 1, row.restWidth() - pathLeast);
+    row.addElided(look.text, textWidth, Qt::ElideRight, Qt::AlignLeft, text);
+    row.addElided(look.aside, row.restWidth(), Qt::ElideMiddle, Qt::AlignRight, muted(text));
     painter.restore();
 }
 

@@ -139,15 +139,6 @@ void Form5::layOut()
     resize(980, 640);
 }
 
-static QSplitter* chooser(FolderTree* tree, FileListBox* files)
-{
-    auto* splitter = new QSplitter(Qt::Vertical);
-    splitter->addWidget(tree);
-    splitter->addWidget(files);
-    splitter->setChildrenCollapsible(false);
-    return splitter;
-}
-
 static void layOutSideBySide(QGroupBox* frame, const std::vector<QWidget*>& parts,
                              const QList<int>& widths)
 {
@@ -164,7 +155,7 @@ static void layOutSideBySide(QGroupBox* frame, const std::vector<QWidget*>& part
 
 void Form5::layOutClipMode()
 {
-    layOutSideBySide(Frame1, {chooser(FolderTreeview1, File1), clipListPart()}, {300, 640});
+    layOutSideBySide(Frame1, {chooserOf(FolderTreeview1, File1), clipListPart()}, {300, 640});
 }
 
 QWidget* Form5::clipListPart()
@@ -192,7 +183,7 @@ QWidget* Form5::clipListPart()
 
 void Form5::layOutBrakeMode()
 {
-    layOutSideBySide(Frame5, {chooser(FolderTreeview2, File2), previewPart(), brakeListPart()},
+    layOutSideBySide(Frame5, {chooserOf(FolderTreeview2, File2), previewPart(), brakeListPart()},
                      {230, 400, 310});
 }
 

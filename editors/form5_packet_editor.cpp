@@ -18,16 +18,10 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-/// Russian for 2 alone: the pickers see it the other way round, and both stay as they are.
-static TextLanguage languageOf(const Module1& module)
-{
-    return module.Language == 2 ? TextLanguage::Russian : TextLanguage::English;
-}
-
 Form5::Form5(EditorServices& services, QWidget* parent)
     : QDialog(parent),
       m_services(services),
-      m_texts(u"Form5", languageOf(services.module))
+      m_texts(u"Form5", editorLanguage(services.module))
 {
     setObjectName(u"Form5"_s);
     setWindowTitle(m_texts(u"Form5"));

@@ -19,15 +19,10 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-static TextLanguage languageOf(const Module1& module)
-{
-    return module.Language == 2 ? TextLanguage::Russian : TextLanguage::English;
-}
-
 Form6::Form6(EditorServices& services, QWidget* parent)
     : QDialog(parent),
       m_services(services),
-      m_texts(u"Form6", languageOf(services.module))
+      m_texts(u"Form6", editorLanguage(services.module))
 {
     setObjectName(u"Form6"_s);
     setWindowTitle(m_texts(u"Form6"));

@@ -78,12 +78,8 @@ void Form6::nameControls()
 
 void Form6::layOut()
 {
-    auto* chooser = new QSplitter(Qt::Vertical);
-    chooser->addWidget(FolderTreeview1);
-    chooser->addWidget(File1);
-    chooser->setChildrenCollapsible(false);
     auto* parts = new QSplitter(Qt::Horizontal, this);
-    parts->addWidget(chooser);
+    parts->addWidget(chooserOf(FolderTreeview1, File1));
     parts->addWidget(memberPart());
     parts->setStretchFactor(1, 1);
     parts->setChildrenCollapsible(false);

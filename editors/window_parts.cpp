@@ -8,12 +8,18 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
+#include <QSplitter>
 
 #include <limits>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
+
+TextLanguage editorLanguage(const Module1& module)
+{
+    return module.Language == 2 ? TextLanguage::Russian : TextLanguage::English;
+}
 
 LineBox::LineBox(QWidget* parent)
     : QLineEdit(parent)
@@ -119,6 +125,15 @@ QLabel* boxLabel(const QString& caption, QWidget* box)
     auto* label = new QLabel(caption, box->parentWidget());
     label->setBuddy(box);
     return label;
+}
+
+QSplitter* chooserOf(QWidget* tree, QWidget* files)
+{
+    auto* splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(tree);
+    splitter->addWidget(files);
+    splitter->setChildrenCollapsible(false);
+    return splitter;
 }
 
 void nameControl(QWidget* control, const QString& objectName, const QString& accessibleName)

@@ -1,6 +1,7 @@
 // Small parts that pickers and editors share.
 #pragma once
 
+#include "player/model/module1.h"
 #include "player/model/texts.h"
 
 #include <QIcon>
@@ -9,7 +10,7 @@
 
 class QLabel;
 class QPushButton;
-class QToolButton;
+class QSplitter;
 class QWidget;
 
 namespace orvanta {
@@ -32,6 +33,10 @@ private:
     QStringView m_window;
     TextLanguage m_language;
 };
+
+/// The editors are Russian for 2 alone: the pickers see it the other way round, and both stay as
+/// they are.
+[[nodiscard]] TextLanguage editorLanguage(const Module1& module);
 
 /// A box for one line of a file: line breaks that are pasted become blanks, and a text of any
 /// length stays whole.
@@ -63,6 +68,9 @@ enum class ButtonPicture
 
 /// A caption above or beside a box, which it names for assistive technology.
 [[nodiscard]] QLabel* boxLabel(const QString& caption, QWidget* box);
+
+/// A folder tree with its file list below it.
+[[nodiscard]] QSplitter* chooserOf(QWidget* tree, QWidget* files);
 
 /// Sets a widget's object name, and its accessible name when that is not empty.
 void nameControl(QWidget* control, const QString& objectName, const QString& accessibleName = {});

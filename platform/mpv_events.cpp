@@ -64,7 +64,7 @@ void MpvMediaControl::Private::observeProperties()
 // A receiver of a signal may spin the event loop and so serve events from within, or end it all.
 void MpvMediaControl::Private::serveEvents()
 {
-    const QPointer<MpvMediaControl> alive(&q);
+    const QPointer<MpvMediaControl> alive(&m_control);
     while (alive) {
         const mpv_event* event = m_mpv->nextEvent();
         if (event == nullptr) {

@@ -84,7 +84,7 @@ void MpvMediaControl::Private::reload()
 /// The caller has not yet begun to wait for the answer, so it comes from the event loop.
 void MpvMediaControl::Private::refuseLater(const QString& reason)
 {
-    QTimer::singleShot(0, &q, [this, reason, load = m_load] {
+    QTimer::singleShot(0, &m_control, [this, reason, load = m_load] {
         if (load == m_load && m_phase == Opening) {
             failOpening(reason);
         }
@@ -126,7 +126,7 @@ void MpvMediaControl::Private::finishOpening()
     const quint64 load = m_load;
     changeState(Stopped);
     if (load == m_load) {
-        Q_EMIT q.openComplete(m_pictureSize);
+        Q_EMIT m_control.openComplete(m_pictureSize);
     }
 }
 
@@ -142,7 +142,7 @@ void MpvMediaControl::Private::failOpening(const QString& reason)
     forgetClip();
     m_picture.setHasPicture(false);
     changeState(NotLoaded);
-    Q_EMIT q.openFailed(reason);
+    Q_EMIT m_control.openFailed(reason);
 }
 
 /// Goes where somebody wanted to go while the file was not yet open.

@@ -10,88 +10,88 @@ MpvMediaControl::MpvMediaControl(QObject* parent)
 
 MpvMediaControl::MpvMediaControl(const MpvOptionList& extraOptions, QObject* parent)
     : MediaControl(parent),
-      d(std::make_unique<Private>(*this, extraOptions))
+      m_player(std::make_unique<Private>(*this, extraOptions))
 {}
 
 MpvMediaControl::~MpvMediaControl() = default;
 
 QString MpvMediaControl::FileName() const
 {
-    return d->fileName();
+    return m_player->fileName();
 }
 
 void MpvMediaControl::setFileName(const QString& path)
 {
     if (path.isEmpty()) {
-        d->unload();
+        m_player->unload();
     } else {
-        d->load(path);
+        m_player->load(path);
     }
 }
 
 double MpvMediaControl::CurrentPosition() const
 {
-    return d->position();
+    return m_player->position();
 }
 
 void MpvMediaControl::setCurrentPosition(double seconds)
 {
-    d->seek(seconds, MpvSeek::Exact);
+    m_player->seek(seconds, MpvSeek::Exact);
 }
 
 void MpvMediaControl::previewPosition(double seconds)
 {
-    d->seek(seconds, MpvSeek::KeyFrame);
+    m_player->seek(seconds, MpvSeek::KeyFrame);
 }
 
 double MpvMediaControl::Duration() const
 {
-    return d->duration();
+    return m_player->duration();
 }
 
 MediaControl::State MpvMediaControl::CurrentState() const
 {
-    return d->state();
+    return m_player->state();
 }
 
 void MpvMediaControl::Run()
 {
-    d->run();
+    m_player->run();
 }
 
 void MpvMediaControl::Pause()
 {
-    d->pause();
+    m_player->pause();
 }
 
 void MpvMediaControl::Stop()
 {
-    d->stop();
+    m_player->stop();
 }
 
 void MpvMediaControl::setVolume(int hundredthsOfDecibel)
 {
-    d->setVolume(hundredthsOfDecibel);
+    m_player->setVolume(hundredthsOfDecibel);
 }
 
 int MpvMediaControl::Volume() const
 {
-    return d->volume();
+    return m_player->volume();
 }
 
 bool MpvMediaControl::isReady() const
 {
-    return d->isReady();
+    return m_player->isReady();
 }
 
 bool MpvMediaControl::isOpening() const
 {
-    return d->isOpening();
+    return m_player->isOpening();
 }
 
 PictureSource* MpvMediaControl::picture()
 {
-    return &d->picture();
+    return &m_player->picture();
 }
 
 void checkMediaLibrary()

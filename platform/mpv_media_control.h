@@ -38,7 +38,7 @@ public:
 
 private:
     class Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> m_player;
 };
 
 /// Checks the player library: raises 53 when its version does not fit or it cannot be started.

@@ -23,16 +23,16 @@ std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
 } // namespace
 
 MpvMediaControl::Private::Private(MpvMediaControl& control, const MpvOptionList& extra)
-    : q(control),
+    : m_control(control),
       m_mpv(startPlayer(extra)),
       m_picture(m_mpv->get())
 {
     m_look.setInterval(kLookMilliseconds);
     m_seekGuard.setInterval(kSeekGuardMilliseconds);
     m_seekGuard.setSingleShot(true);
-    QObject::connect(m_mpv.get(), &MpvHandle::eventsWaiting, &q, [this] { serveEvents(); });
-    QObject::connect(&m_look, &QTimer::timeout, &q, [this] { lookForEnd(); });
-    QObject::connect(&m_seekGuard, &QTimer::timeout, &q, [this] { seekSettled(); });
+    QObject::connect(m_mpv.get(), &MpvHandle::eventsWaiting, &m_control, [this] { serveEvents(); });
+    QObject::connect(&m_look, &QTimer::timeout, &m_control, [this] { lookForEnd(); });
+    QObject::connect(&m_seekGuard, &QTimer::timeout, &m_control, [this] { seekSettled(); });
     observeProperties();
 }
 
@@ -75,7 +75,7 @@ void MpvMediaControl::Private::seek(double seconds, MpvSeek::Kind kind)
     const double target = clamped(seconds);
     if (m_phase == Opening || m_reloading) {
         m_seekWhenReady = target;
-        Q_EMIT q.position();
+        Q_EMIT m_control.position();
         return;
     }
     if (m_seek.isUnderWay(target, kind)) {
@@ -116,7 +116,7 @@ void MpvMediaControl::Private::changeState(State state)
     } else {
         m_look.stop();
     }
-    Q_EMIT q.stateChange(old, state);
+    Q_EMIT m_control.stateChange(old, state);
 }
 
 void MpvMediaControl::Private::setPaused(bool paused)
@@ -184,8 +184,8 @@ void MpvMediaControl::Private::reachEnd()
     setPaused(true);
     rewind();
     changeState(Stopped);
-    Q_EMIT q.positionChange(end, 0);
-    Q_EMIT q.position();
+    Q_EMIT m_control.positionChange(end, 0);
+    Q_EMIT m_control.position();
 }
 
 /// A jump that the user made. It must not look like the end of the clip.
@@ -193,9 +193,9 @@ void MpvMediaControl::Private::reportJump(double oldSeconds)
 {
     const double now = position();
     if (!looksLikeEnd(oldSeconds, now, m_duration)) {
-        Q_EMIT q.positionChange(oldSeconds, now);
+        Q_EMIT m_control.positionChange(oldSeconds, now);
     }
-    Q_EMIT q.position();
+    Q_EMIT m_control.position();
 }
 
 void MpvMediaControl::Private::moveTo(double seconds)
@@ -207,7 +207,7 @@ void MpvMediaControl::Private::moveTo(double seconds)
     const double place = clamped(seconds);
     if (place != m_position) {
         m_position = place;
-        Q_EMIT q.position();
+        Q_EMIT m_control.position();
     }
 }
 
@@ -216,7 +216,7 @@ void MpvMediaControl::Private::takeDuration(double seconds)
     if (seconds > 0 && seconds != m_duration) {
         m_duration = seconds;
         m_position = clamped(m_position);
-        Q_EMIT q.durationChange(seconds);
+        Q_EMIT m_control.durationChange(seconds);
     }
 }
 

@@ -109,7 +109,7 @@ private:
 
     static quint64 idOf(Request request, quint64 serial);
 
-    MpvMediaControl& q;
+    MpvMediaControl& m_control;
     std::unique_ptr<MpvHandle> m_mpv;
     MpvPictureSource m_picture; // must go before the player, or the library aborts
     QTimer m_look;              // while running: has the clip come to its end?

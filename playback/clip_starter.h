@@ -16,8 +16,8 @@ public:
     /// that is superseded meanwhile leaves everything to its successor.
     void ListClick(Int16 p, Int16 q);
 
-    /// Nothing could be opened. A player that still has its earlier clip plays on; an empty one goes
-    /// on to the next clip with the next tick.
+    /// Nothing could be opened. A player that still has its earlier clip plays on; an empty one
+    /// goes on to the next clip with the next tick.
     void noteFailure();
 
 private:

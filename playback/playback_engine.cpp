@@ -15,6 +15,8 @@
 
 #include <QScopedValueRollback>
 
+#include <utility>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -28,10 +30,11 @@ public:
 
     /// Runs one entry into the engine. A program end that is asked for inside waits until the
     /// outermost entry has returned: windows must not go while a handler of theirs still runs.
+    /// Raises nothing.
     template <typename Action> void enter(Action&& action)
     {
         ++m_depth;
-        action();
+        trapped("playback engine", std::forward<Action>(action));
         --m_depth;
         if (m_depth == 0 && close.isPending()) {
             close.carryOut();

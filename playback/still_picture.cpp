@@ -27,7 +27,7 @@ QImage readStillPicture(const QString& file)
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     const bool known = isKnownFormat(reader.format());
-    const QImage image = known ? reader.read() : QImage();
+    QImage image = known ? reader.read() : QImage();
     if (image.isNull()) {
         qCInfo(logErrors, "no picture in %ls: %ls", qUtf16Printable(file),
                qUtf16Printable(known ? reader.errorString() : u"not a kind of picture in use"_s));

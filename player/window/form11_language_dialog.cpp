@@ -20,7 +20,7 @@ namespace {
 
 PictureSign* badge(const QString& artwork, QWidget* parent)
 {
-    constexpr QSize kSize(48, 48);
+    static constexpr QSize kSize(48, 48);
     return new PictureSign([artwork](qreal ratio) { return skin::artwork(artwork, kSize, ratio); },
                            kSize, parent);
 }

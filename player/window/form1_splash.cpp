@@ -38,6 +38,7 @@ Form1::Form1(Int16 language)
     Image1->setObjectName(u"Image1"_s);
     Image1->move(kRussianPicture.topLeft());
     Image1->setVisible(language == Int16(2));
+    m_expiry.setTimerType(Qt::PreciseTimer);
     m_expiry.setSingleShot(true);
     m_expiry.setInterval(std::chrono::seconds(3));
     connect(&m_expiry, &QTimer::timeout, this, &QWidget::close);

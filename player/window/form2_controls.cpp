@@ -99,13 +99,14 @@ void Form2::buildSliders()
     Slider2 = new SkinSlider(SkinSlider::Fill::FromLeft, 5, m_surface);
     Slider3 = new SkinSlider(SkinSlider::Fill::FromCentre, 5, m_surface);
     const auto label = [this](const QColor& colour) {
-        auto* made = new QLabel(u"0.00"_s, m_surface);
+        auto* made = new QLabel(u"000000,000"_s, m_surface);
         made->setFont(skin::digitsFont(13));
         QPalette palette = made->palette();
         palette.setColor(QPalette::WindowText, colour);
         made->setPalette(palette);
         // Room for the longest usual text, so that a running time moves nothing.
-        made->setMinimumWidth(made->fontMetrics().horizontalAdvance(u"000000,000"_s));
+        made->setMinimumWidth(made->sizeHint().width());
+        made->setText(u"0.00"_s);
         return made;
     };
     Label1 = label(skin::kText);

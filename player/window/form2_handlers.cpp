@@ -51,6 +51,8 @@ void Form2::connectHandlers()
     press(Image11, &Form2::Form2_Image11_Click);
     press(Image12, &Form2::Form2_Image12_Click);
     press(Image13, &Form2::Form2_Image13_Click);
+    connect(this, &Form2::closeAsked, this, m_services.boundary([this] { Form2_Image13_Click(); }),
+            Qt::QueuedConnection);
     press(Image5, &Form2::Form2_Image5_Click);
     press(Image3, &Form2::Form2_Image3_Click);
     press(Image4, &Form2::Form2_Image4_Click);

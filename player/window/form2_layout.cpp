@@ -28,7 +28,7 @@ QBoxLayout* row(int spacing)
 // A picture beside a slider: it says what the slider is for.
 QWidget* sign(const QString& picture, QWidget* parent)
 {
-    constexpr int kSide = 16;
+    static constexpr int kSide = 16;
     return new PictureSign(
         [picture](qreal ratio) { return skin::picture(picture, skin::kTextMuted, kSide, ratio); },
         {kSide, kSide}, parent);
@@ -36,7 +36,7 @@ QWidget* sign(const QString& picture, QWidget* parent)
 
 QWidget* badge(QWidget* parent)
 {
-    constexpr QSize kSize(20, 20);
+    static constexpr QSize kSize(20, 20);
     return new PictureSign([](qreal ratio) { return skin::artwork(u"orvanta"_s, kSize, ratio); },
                            kSize, parent);
 }

@@ -50,7 +50,7 @@ void Form2::Form2_Form_Load()
     resumeNext("main window load, add-ins", [&] { buildAddInsMenu(language); });
     m_services.engine.attachView(*this);
     resumeNext("main window load, volume",
-               [&] { setVolumeSlider(m_services.engine.applyStoredVolume()); });
+               [&] { Slider2->setValue(m_services.engine.applyStoredVolume().value()); });
     resumeNext("main window load, balance",
                [&] { Slider3->setValue(m_services.engine.storedBalance().value()); });
     Timer1.start();

@@ -136,6 +136,10 @@ public:
     void showBookmarkSign() override;
     void unloadAll() override;
 
+Q_SIGNALS:
+    /// The window manager asks the window to close.
+    void closeAsked();
+
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

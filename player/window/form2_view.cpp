@@ -193,8 +193,7 @@ void Form2::closeEvent(QCloseEvent* event)
         return;
     }
     event->ignore();
-    const auto press = m_services.boundary([this] { Form2_Image13_Click(); });
-    QMetaObject::invokeMethod(this, std::function<void()>(press), Qt::QueuedConnection);
+    Q_EMIT closeAsked();
 }
 
 void Form2::paintEvent(QPaintEvent* /*event*/)

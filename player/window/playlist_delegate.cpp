@@ -73,8 +73,8 @@ void PlaylistDelegate::paintRow(QPainter& painter, const QStyleOptionViewItem& o
 
 void PlaylistDelegate::paintBox(QPainter& painter, const QRect& line, bool checked) const
 {
-    const QRectF box(line.left() + kBoxLeft, line.top() + (line.height() - kBoxSide) / 2, kBoxSide,
-                     kBoxSide);
+    const QRectF box(line.left() + kBoxLeft, line.top() + (line.height() - kBoxSide) / 2.0,
+                     kBoxSide, kBoxSide);
     if (!checked) {
         painter.setPen(QPen(skin::kTextMuted, 1));
         painter.setBrush(Qt::NoBrush);

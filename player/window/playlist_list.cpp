@@ -199,7 +199,7 @@ void PlaylistList::keyPressEvent(QKeyEvent* event)
 // The base class would make the first line current as soon as the list is reached by Tab.
 void PlaylistList::focusInEvent(QFocusEvent* event)
 {
-    QAbstractScrollArea::focusInEvent(event);
+    QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
 }
 

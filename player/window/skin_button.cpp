@@ -17,7 +17,7 @@ SkinButton::SkinButton(Face face, int side, SkinPicture picture, QWidget* parent
 {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
-    setFixedSize(sizeHint());
+    setFixedSize(side, side);
 }
 
 void SkinButton::setPicture(const SkinPicture& picture)

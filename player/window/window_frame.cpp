@@ -143,9 +143,10 @@ void WindowFrame::beginMoving()
 
 void WindowFrame::move(const QMouseEvent& event)
 {
+    // Less than the desktop's drag distance: the window lags behind the pointer by this much.
+    constexpr int kSlack = 3;
     const QPoint place = event.globalPosition().toPoint();
-    if (m_doing == Doing::Pressed &&
-        (place - m_pressedAt).manhattanLength() >= QApplication::startDragDistance()) {
+    if (m_doing == Doing::Pressed && (place - m_pressedAt).manhattanLength() >= kSlack) {
         beginMoving();
     }
     if (m_doing == Doing::Moving || m_doing == Doing::Resizing) {

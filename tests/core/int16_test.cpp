@@ -1,3 +1,4 @@
+#include "core/error_boundary.h"
 #include "core/int16.h"
 
 #include <gtest/gtest.h>
@@ -34,6 +35,25 @@ TEST(Int16, ArithmeticIsChecked)
     EXPECT_EQ(largest.value(), 32767) << "a failing step changes nothing";
     EXPECT_EQ(errorOf([] { (void)(Int16(-32768) - Int16(1)); }), ErrorNumber::Overflow);
     EXPECT_EQ((Int16(30000) - Int16(1) + Int16(2)).value(), 30001);
+}
+
+// Not static: the compiler must not see that it always fails.
+[[gnu::noinline]] Int16 countOrFail(qint64 value)
+{
+    if (value < 0) {
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    }
+    return value;
+}
+
+TEST(Int16, KeepsItsValueWhenTheNewOneFails)
+{
+    Int16 count = 7;
+    resumeNext("test", [&] { count = countOrFail(-1); });
+    EXPECT_EQ(count.value(), 7);
+    Int16 absent;
+    resumeNext("test", [&] { absent = countOrFail(-1); });
+    EXPECT_EQ(absent.value(), 0);
 }
 
 TEST(Int16, ComparesByValue)

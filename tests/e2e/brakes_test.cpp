@@ -6,8 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 class Brakes : public EndToEnd
 {
@@ -21,8 +20,7 @@ protected:
     {
         const QString clips =
             writeClips(file(u"after.vxl"_s), {{media(u"short.wav"_s), u"Afterwards"_s}});
-        return writeGroup(file(u"group.vxg"_s),
-                          {{lesson(), u"Lesson"_s}, {clips, u"Clips"_s}});
+        return writeGroup(file(u"group.vxg"_s), {{lesson(), u"Lesson"_s}, {clips, u"Clips"_s}});
     }
 
     const QList<BrakeLine> m_brakes = {

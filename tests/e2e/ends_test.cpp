@@ -6,8 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 struct PlayableFile
 {
@@ -16,16 +15,15 @@ struct PlayableFile
 };
 
 class NaturalEnd : public EndToEnd, public testing::WithParamInterface<PlayableFile>
-{
-};
+{};
 
 TEST_P(NaturalEnd, AdvancesExactlyOnce)
 {
     const QString clip = media(QString::fromLatin1(GetParam().name));
     ASSERT_FALSE(clip.isEmpty());
-    const QString packet = writeClips(
-        file(u"packet.vxl"_s),
-        {{clip, u"Tested"_s}, {clip, u"Again"_s}, {media(u"short.wav"_s), u"Last"_s}});
+    const QString packet =
+        writeClips(file(u"packet.vxl"_s),
+                   {{clip, u"Tested"_s}, {clip, u"Again"_s}, {media(u"short.wav"_s), u"Last"_s}});
     ASSERT_TRUE(program.startAndShow({packet}));
     ASSERT_TRUE(plays(u"start 1 1 Tested"_s));
     ASSERT_TRUE(plays(u"ended 1 3"_s));
@@ -39,9 +37,9 @@ TEST_P(NaturalEnd, AdvancesExactlyOnce)
 }
 
 constexpr PlayableFile kPlayableFiles[] = {
-    {"short.avi"},     {"short.mp4"},  {"short.mp3"},     {"short.wav"},     {"sound2.mp3"},
-    {"sound2.ogg"},    {"silent2.mp4"}, {"video2.avi"},   {"video2.mkv"},    {"video2.webm"},
-    {"says_more.wav"}, {"says_less.wav"}, {"variable.mp3"}, {"cut.mp4"},     {"cut.mkv"},
+    {"short.avi"},     {"short.mp4"},     {"short.mp3"},    {"short.wav"},  {"sound2.mp3"},
+    {"sound2.ogg"},    {"silent2.mp4"},   {"video2.avi"},   {"video2.mkv"}, {"video2.webm"},
+    {"says_more.wav"}, {"says_less.wav"}, {"variable.mp3"}, {"cut.mp4"},    {"cut.mkv"},
     {"cut.mp3"},       {"cut.avi"},
 };
 

@@ -6,8 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 class HandOver : public EndToEnd
 {

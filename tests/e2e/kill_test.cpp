@@ -9,16 +9,14 @@
 
 using namespace Qt::StringLiterals;
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 class Kill : public testing::Test
 {
 protected:
     Kill()
         : desktop({.windowManager = false})
-    {
-    }
+    {}
 
     void SetUp() override
     {
@@ -27,16 +25,15 @@ protected:
             home.set(u"pos"_s, u"Clip %1"_s.arg(i), u"%1.25"_s.arg(i));
         }
         before = lines();
-        volumeLines = before.filter(QRegularExpression(u"^volume="_s)).size();
-        ASSERT_EQ(volumeLines, 1);
+        ASSERT_GE(before.size(), kKept);
     }
 
     QStringList lines() const
     {
         QFile settings(home.settingsFile());
-        return settings.open(QIODevice::ReadOnly)
-                   ? QString::fromUtf8(settings.readAll()).split(u"\r\n"_s)
-                   : QStringList();
+        const QString text =
+            settings.open(QIODevice::ReadOnly) ? QString::fromUtf8(settings.readAll()) : QString();
+        return QString(text).remove(u'\r').split(u'\n');
     }
 
     static bool isChanging(const QString& line)
@@ -82,7 +79,6 @@ protected:
     Desktop desktop;
     Home home;
     QStringList before;
-    qsizetype volumeLines = 0;
 };
 
 TEST_F(Kill, TwoHundredTimesWhileSettingsAreWrittenLosesNoValue)
@@ -99,10 +95,9 @@ TEST_F(Kill, TwoHundredTimesWhileSettingsAreWrittenLosesNoValue)
         const QString stored = home.get(u"save"_s, u"volume"_s);
         OwnedProcess hand;
         hand.setProcessEnvironment(desktop.environment());
-        hand.start(u"xdotool"_s,
-                   {u"mousemove"_s, QString::number(volume.x()), QString::number(volume.y()),
-                    u"click"_s, u"--repeat"_s, u"500"_s, u"--delay"_s, u"1"_s,
-                    round % 2 == 0 ? u"5"_s : u"4"_s});
+        hand.start(u"xdotool"_s, {u"mousemove"_s, QString::number(volume.x()),
+                                  QString::number(volume.y()), u"click"_s, u"--repeat"_s, u"500"_s,
+                                  u"--delay"_s, u"1"_s, round % 2 == 0 ? u"5"_s : u"4"_s});
         const std::unique_ptr<Application> later = laterLaunch();
         killAtRandom(*later, 150);
         killAtRandom(program, 150);
@@ -119,7 +114,6 @@ TEST_F(Kill, ALaunchKilledWhileItQueuesNeverLeavesTheQueueBusy)
 {
     for (int round = 0; round < 30; ++round) {
         const std::unique_ptr<Application> launch = laterLaunch();
-        launch->next(u"^orvanta.startup: main window shown"_s, 0);
         killAtRandom(*launch, 100);
         ASSERT_TRUE(launch->waitForEnd());
         checkSettings();

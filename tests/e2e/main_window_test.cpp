@@ -6,8 +6,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 class Search : public EndToEnd
 {
@@ -17,9 +16,9 @@ protected:
         EndToEnd::SetUp();
         home.setOption(u"as"_s, false);
         const QString clip = media(u"short.wav"_s);
-        const QString packet = writeClips(
-            file(u"packet.vxl"_s),
-            {{clip, u"Red apple"_s}, {clip, u"Green pear"_s}, {clip, u"Green APPLE"_s}});
+        const QString packet =
+            writeClips(file(u"packet.vxl"_s),
+                       {{clip, u"Red apple"_s}, {clip, u"Green pear"_s}, {clip, u"Green APPLE"_s}});
         ASSERT_TRUE(program.startAndShow({packet}));
         ASSERT_TRUE(loads(1, 3));
     }
@@ -80,15 +79,14 @@ class Sound : public EndToEnd
 protected:
     Sound()
         : EndToEnd({.sound = true})
-    {
-    }
+    {}
 
     void listen()
     {
         m_recorder.setProcessEnvironment(desktop.environment());
-        m_recorder.start(u"parec"_s, {u"--device="_s + Desktop::soundMonitor(),
-                                      u"--format=float32le"_s, u"--rate=48000"_s,
-                                      u"--channels=1"_s, u"--latency-msec=20"_s});
+        m_recorder.start(u"parec"_s,
+                         {u"--device="_s + Desktop::soundMonitor(), u"--format=float32le"_s,
+                          u"--rate=48000"_s, u"--channels=1"_s, u"--latency-msec=20"_s});
     }
 
     /// Decibels of the next quarter of a second.
@@ -161,8 +159,7 @@ TEST_F(Sound, TheStoredVolumeIsHeardFromTheStart)
 }
 
 class Sliders : public EndToEnd
-{
-};
+{};
 
 TEST_F(Sliders, OneNotchDownFromFullVolumeStoresItsUnroundedText)
 {
@@ -198,8 +195,7 @@ TEST_F(Sliders, StoredPlacesAreShownAtTheNextStartAndNothingIsWritten)
 }
 
 class Close : public EndToEnd
-{
-};
+{};
 
 TEST_F(Close, DeletesTheScratchCopyAndEndsWithStatusZero)
 {
@@ -213,8 +209,8 @@ TEST_F(Close, DeletesTheScratchCopyAndEndsWithStatusZero)
 
 TEST_F(Close, EndsAPlayingAPausedAndABrakePacketAlike)
 {
-    const QString lesson = writeBrakes(file(u"lesson.vxl"_s), media(u"brakes6.mp4"_s),
-                                       {{0, u"One"_s}, {2, u"Two"_s}});
+    const QString lesson =
+        writeBrakes(file(u"lesson.vxl"_s), media(u"brakes6.mp4"_s), {{0, u"One"_s}, {2, u"Two"_s}});
     ASSERT_TRUE(program.startAndShow({lesson}));
     ASSERT_TRUE(plays(u"start 1 1"_s));
     window().press(u"Pause"_s);

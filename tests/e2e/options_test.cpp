@@ -4,8 +4,7 @@
 
 using namespace Qt::StringLiterals;
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 class Options : public EndToEnd
 {
@@ -18,8 +17,7 @@ protected:
 
     QString groupOfTwo()
     {
-        const QString first =
-            writeClips(file(u"one.vxl"_s), {{media(u"short.mp4"_s), u"Only"_s}});
+        const QString first = writeClips(file(u"one.vxl"_s), {{media(u"short.mp4"_s), u"Only"_s}});
         return writeGroup(file(u"both.vxg"_s), {{first, u"A"_s}, {packetOfTwo(), u"B"_s}});
     }
 
@@ -140,9 +138,8 @@ TEST_F(Options, AnyTextButOneIsOff)
 TEST_F(Options, AnOptionChangedInTheFileWhileAClipPlaysTakesEffectAtItsEnd)
 {
     home.setOption(u"agnc"_s, false);
-    const QString packet = writeClips(
-        file(u"slow.vxl"_s),
-        {{media(u"sound2.wav"_s), u"Long"_s}, {media(u"short.wav"_s), u"Short"_s}});
+    const QString packet = writeClips(file(u"slow.vxl"_s), {{media(u"sound2.wav"_s), u"Long"_s},
+                                                            {media(u"short.wav"_s), u"Short"_s}});
     ASSERT_TRUE(program.startAndShow({packet}));
     ASSERT_TRUE(plays(u"start 1 1"_s));
     home.setOption(u"agnc"_s, true);

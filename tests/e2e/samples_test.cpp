@@ -1,16 +1,14 @@
 // The samples, from their beginning to their end.
 
-#include "tests/e2e/support/end_to_end.h"
-
 #include "core/ini.h"
+#include "tests/e2e/support/end_to_end.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 class Samples : public EndToEnd
 {

@@ -6,20 +6,17 @@
 
 using namespace Qt::StringLiterals;
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 class Start : public EndToEnd
-{
-};
+{};
 
 class FirstStart : public EndToEnd
 {
 protected:
     FirstStart()
         : EndToEnd({}, Home::Empty)
-    {
-    }
+    {}
 
     QString language() const { return home.get(u"main"_s, u"language"_s); }
     bool isShown() { return program.next(u"^orvanta.startup: main window shown"_s).has_value(); }

@@ -328,14 +328,16 @@ TEST(MediaPlaying, AControlMayGoAtAnyMoment)
         }
         player.reset();
     }
-    SUCCEED();
+    RecordedPlayer next; // the library is none the worse for it
+    EXPECT_TRUE(next.open(u"short.mp4"_s));
 }
 
-TEST(MediaPlaying, AControlMayGoInsideItsOwnEvent)
+TEST(MediaPlaying, AControlMayGoRightAfterAnEvent)
 {
     auto player = std::make_unique<RecordedPlayer>();
-    QObject::connect(&player->control, &MediaControl::positionChange, qApp,
-                     [&] { QTimer::singleShot(0, qApp, [&] { player.reset(); }); });
+    QObject::connect(
+        &player->control, &MediaControl::positionChange, QCoreApplication::instance(),
+        [&] { QTimer::singleShot(0, QCoreApplication::instance(), [&] { player.reset(); }); });
     ASSERT_TRUE(player->open(u"short.mp4"_s));
     player->control.Run();
     EXPECT_TRUE(comesTrue([&] { return player == nullptr; }));

@@ -85,7 +85,7 @@ TEST_F(QueueProcesses, ALaunchKilledAtAnyMomentLeavesTheQueueFreeAndEveryEarlier
     for (int i = 0; i < kKills; ++i) {
         Probe launch;
         launch.startProgram("queue_probe", arguments({u"flood"_s, u"/k%1-"_s.arg(i)}));
-        ASSERT_EQ(launch.nextLine(), "flooding");
+        ASSERT_EQ(launch.nextLine(), "flooding") << launch.readAllStandardError().constData();
         QThread::usleep(QRandomGenerator::global()->bounded(8000U));
         launch.kill();
         ASSERT_TRUE(launch.waitForFinished());

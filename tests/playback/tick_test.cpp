@@ -153,6 +153,15 @@ TEST_F(Tick, AnEndQueuesAnExtraTickAtOnce)
     EXPECT_TRUE(QTest::qWaitFor([&] { return control.FileName() == path(u"two.avi"_s); }));
 }
 
+TEST_F(Tick, NextAndPreviousAskedForWithoutAPlaylistRaiseNothingAndDoNotHinderTheClose)
+{
+    engine->nextChecked();
+    engine->previousChecked();
+    EXPECT_EQ(loads(), 0);
+    engine->closeProgram();
+    EXPECT_EQ(view.unloaded, 1);
+}
+
 class TrayRequestsInTheTick : public EngineTest
 {
 protected:

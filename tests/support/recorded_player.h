@@ -30,6 +30,7 @@ struct RecordedPlayer
     {
         double from = 0;
         double to = 0;
+        double duration = 0; // as it was then
     };
 
     explicit RecordedPlayer(const MpvOptionList& options = {{"ao", "null"}})
@@ -48,7 +49,7 @@ struct RecordedPlayer
             [this](MediaControl::State, MediaControl::State state) { states.push_back(state); });
         QObject::connect(&control, &MediaControl::positionChange, &control,
                          [this](double from, double to) {
-                             jumps.push_back({from, to});
+                             jumps.push_back({from, to, control.Duration()});
                              ends += looksLikeEnd(from, to, control.Duration()) ? 1 : 0;
                          });
     }

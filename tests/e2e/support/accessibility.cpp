@@ -12,13 +12,11 @@
 
 #include <utility>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
+namespace {
 
 struct Reference
 {
@@ -41,11 +39,10 @@ constexpr int kCallMs = 5000;
 } // namespace
 
 Accessible::Accessible(QDBusConnection bus, QString service, QString path)
-    : m_bus(std::move(bus))
-    , m_service(std::move(service))
-    , m_path(std::move(path))
-{
-}
+    : m_bus(std::move(bus)),
+      m_service(std::move(service)),
+      m_path(std::move(path))
+{}
 
 QDBusMessage Accessible::call(const QString& interface, const QString& method,
                               const QVariantList& arguments) const
@@ -162,8 +159,7 @@ std::optional<Accessible> Accessible::child(int index) const
     return Accessible(m_bus, reference.service, reference.path.path());
 }
 
-std::optional<Accessible>
-Accessible::find(const std::function<bool(const Accessible&)>& test) const
+std::optional<Accessible> Accessible::find(const std::function<bool(const Accessible&)>& test) const
 {
     if (test(*this)) {
         return *this;
@@ -188,8 +184,8 @@ std::optional<Accessible> Accessible::find(const QString& role, const QString& n
 
 QString Accessible::outline(int depth) const
 {
-    QString lines = QString(depth * 2, u' ') +
-                    u"[%1] \"%2\" (%3)\n"_s.arg(role(), name(), description());
+    QString lines =
+        QString(depth * 2, u' ') + u"[%1] \"%2\" (%3)\n"_s.arg(role(), name(), description());
     if (role() != u"list") {
         for (const Accessible& each : children()) {
             lines += each.outline(depth + 1);
@@ -200,15 +196,20 @@ QString Accessible::outline(int depth) const
 
 static QString addressOfAccessibilityBus(const QDBusConnection& session)
 {
-    const QDBusMessage request =
-        QDBusMessage::createMethodCall(u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s,
-                                       u"GetAddress"_s);
+    const QDBusMessage request = QDBusMessage::createMethodCall(
+        u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, u"org.a11y.Bus"_s, u"GetAddress"_s);
     return firstOf(session.call(request, QDBus::Block, kPatienceMs)).toString();
 }
 
+static QString uniqueName()
+{
+    static int number = 0;
+    return u"end to end %1"_s.arg(++number);
+}
+
 AccessibilityBus::AccessibilityBus(const Desktop& desktop)
-    : m_sessionName(u"session "_s + desktop.busAddress())
-    , m_name(u"accessibility "_s + desktop.busAddress())
+    : m_sessionName(uniqueName()),
+      m_name(uniqueName())
 {
     const QDBusConnection session =
         QDBusConnection::connectToBus(desktop.busAddress(), m_sessionName);
@@ -224,8 +225,7 @@ AccessibilityBus::~AccessibilityBus()
 std::optional<Accessible> AccessibilityBus::programNow(qint64 pid)
 {
     const QDBusConnection bus(m_name);
-    const Accessible root(bus, u"org.a11y.atspi.Registry"_s,
-                          u"/org/a11y/atspi/accessible/root"_s);
+    const Accessible root(bus, u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s);
     for (const Accessible& each : root.children()) {
         if (bus.interface()->servicePid(each.service()).value() == pid) {
             return each;

@@ -12,8 +12,7 @@
 #include <optional>
 #include <vector>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 /// One accessible object of the program.
 class Accessible

@@ -5,8 +5,7 @@
 #include <algorithm>
 #include <csignal>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 using namespace Qt::StringLiterals;
 

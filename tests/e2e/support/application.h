@@ -10,8 +10,7 @@
 #include <optional>
 #include <vector>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 /// One line of the program's log. seconds: since the program's start, by its own clock.
 struct LogLine
@@ -59,10 +58,10 @@ private:
     [[nodiscard]] std::optional<std::size_t> indexOf(const QRegularExpression& pattern) const;
     std::optional<std::size_t> waitForIndex(const QString& pattern, int limitMs);
 
-    OwnedProcess m_process;
     QByteArray m_unfinished;
     std::vector<LogLine> m_lines;
     std::size_t m_next = 0; // the first line not given yet
+    OwnedProcess m_process; // goes first: while it ends, its last lines come in
 };
 
 /// The built program.

@@ -7,8 +7,7 @@
 
 #include <cstdlib>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 using namespace Qt::StringLiterals;
 
@@ -72,8 +71,8 @@ std::unique_ptr<OwnedProcess> Desktop::launch(const QString& program, const QStr
 
 bool Desktop::startDisplay()
 {
-    m_display = launch(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s,
-                                   u"1280x800x24"_s, u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
+    m_display = launch(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x800x24"_s,
+                                   u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
     const QByteArray number = m_display->readFirstLine();
     if (number.isEmpty()) {
         return fail(u"Xvfb does not start"_s);
@@ -110,11 +109,11 @@ bool Desktop::startWindowManager()
 bool Desktop::startSound()
 {
     const QString socket = m_folder.filePath(u"run/sound"_s);
-    m_sound = launch(
-        u"pulseaudio"_s,
-        {u"-n"_s, u"--daemonize=no"_s, u"--use-pid-file=no"_s, u"--exit-idle-time=-1"_s,
-         u"--disable-shm=yes"_s, u"--load=module-null-sink sink_name=speaker rate=48000"_s,
-         u"--load=module-native-protocol-unix auth-anonymous=1 socket="_s + socket});
+    m_sound =
+        launch(u"pulseaudio"_s,
+               {u"-n"_s, u"--daemonize=no"_s, u"--use-pid-file=no"_s, u"--exit-idle-time=-1"_s,
+                u"--disable-shm=yes"_s, u"--load=module-null-sink sink_name=speaker rate=48000"_s,
+                u"--load=module-native-protocol-unix auth-anonymous=1 socket="_s + socket});
     if (!waitFor([&] { return QFileInfo::exists(socket); })) {
         return fail(u"pulseaudio does not start"_s);
     }
@@ -165,9 +164,9 @@ void Desktop::type(const QString& text)
 void Desktop::turnWheel(QPoint place, int notches)
 {
     const QString button = notches > 0 ? u"4"_s : u"5"_s;
-    run(u"xdotool"_s, moveTo(place) << u"click"_s << u"--repeat"_s
-                                    << QString::number(std::abs(notches)) << u"--delay"_s << u"1"_s
-                                    << button);
+    run(u"xdotool"_s, moveTo(place)
+                          << u"click"_s << u"--repeat"_s << QString::number(std::abs(notches))
+                          << u"--delay"_s << u"1"_s << button);
 }
 
 QString Desktop::activeWindowTitle()
@@ -178,9 +177,10 @@ QString Desktop::activeWindowTitle()
 
 int Desktop::visibleWindows(const QString& title)
 {
-    const QByteArray found = run(
-        u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^"_s + title + u"$"_s});
-    return static_cast<int>(found.trimmed().split('\n').size()) - (found.trimmed().isEmpty() ? 1 : 0);
+    const QByteArray found =
+        run(u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^"_s + title + u"$"_s});
+    return static_cast<int>(found.trimmed().split('\n').size()) -
+           (found.trimmed().isEmpty() ? 1 : 0);
 }
 
 } // namespace orvanta::e2e

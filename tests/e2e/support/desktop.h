@@ -9,8 +9,7 @@
 
 #include <memory>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 struct DesktopOptions
 {

@@ -1,16 +1,14 @@
 #include "tests/e2e/support/end_to_end.h"
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 using namespace Qt::StringLiterals;
 
 EndToEnd::EndToEnd(DesktopOptions options, Home::Kind kind)
-    : desktop(options)
-    , home(kind)
-    , program(desktop, home)
-{
-}
+    : desktop(options),
+      home(kind),
+      program(desktop, home)
+{}
 
 void EndToEnd::SetUp()
 {

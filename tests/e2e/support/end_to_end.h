@@ -7,11 +7,9 @@
 #include "tests/e2e/support/wait.h"
 
 #include <gtest/gtest.h>
-
 #include <memory>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 class EndToEnd : public testing::Test
 {

@@ -4,8 +4,7 @@
 
 #include <QFile>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 using namespace Qt::StringLiterals;
 

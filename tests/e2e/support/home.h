@@ -4,8 +4,7 @@
 #include <QString>
 #include <QTemporaryDir>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 class Home
 {

@@ -2,17 +2,15 @@
 
 #include "tests/e2e/support/wait.h"
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 using namespace Qt::StringLiterals;
 
 MainWindow::MainWindow(Desktop& desktop, const Application& application)
-    : m_desktop(desktop)
-    , m_bus(desktop)
-    , m_pid(application.pid())
-{
-}
+    : m_desktop(desktop),
+      m_bus(desktop),
+      m_pid(application.pid())
+{}
 
 std::optional<Accessible> MainWindow::control(const QString& role, const QString& name)
 {

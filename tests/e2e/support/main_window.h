@@ -6,8 +6,7 @@
 
 #include <QStringList>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 /// Waits for each control; an absent one gives empty answers. Made after the window is shown.
 class MainWindow

@@ -10,8 +10,7 @@
 #include <functional>
 #include <map>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 using namespace Qt::StringLiterals;
 
@@ -138,7 +137,8 @@ static const std::map<QString, Maker>& makers()
         {u"short.wav"_s, sound(u"0.3"_s, u"-c:a pcm_s16le"_s)},
         {u"says_more.wav"_s, soundThatSays(9)},
         {u"says_less.wav"_s, soundThatSays(0.5)},
-        {u"variable.mp3"_s, sound(u"2"_s, u"-c:a libmp3lame -q:a 9 -write_xing 0 -id3v2_version 0"_s)},
+        {u"variable.mp3"_s,
+         sound(u"2"_s, u"-c:a libmp3lame -q:a 9 -write_xing 0 -id3v2_version 0"_s)},
         {u"cut.mp4"_s, cut(u"video2.mp4"_s)},
         {u"cut.mkv"_s, cut(u"video2.mkv"_s)},
         {u"cut.mp3"_s, cut(u"sound2.mp3"_s)},

@@ -3,8 +3,7 @@
 
 #include <QString>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 /// The path of a clip, made when it is not there yet; empty when it cannot be made. Known names:
 ///   video2.avi video2.mp4 video2.mkv video2.webm   2 s of picture and sound
@@ -14,8 +13,8 @@ namespace orvanta::e2e
 ///   sound2.mp3 sound2.ogg sound2.wav               2 s of sound
 ///   tone20.wav                                     20 s of a steady, loud tone
 ///   short.avi short.mp4 short.mp3 short.wav        0.3 s
-///   says_more.wav says_less.wav                    a header that names another length than the file has
-///   variable.mp3                                   variable bit rate, no length in it
+///   says_more.wav says_less.wav                    a header that names another length than the
+///   file has variable.mp3                                   variable bit rate, no length in it
 ///   cut.mp4 cut.mkv cut.mp3 cut.avi                the first six tenths of a file
 ///   noise.avi                                      bytes that are no media
 [[nodiscard]] QString media(const QString& name);

@@ -8,8 +8,7 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 using namespace Qt::StringLiterals;
 

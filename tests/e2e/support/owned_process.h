@@ -3,8 +3,7 @@
 
 #include <QProcess>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 /// Ended by its destructor, by its process id alone; killed by the kernel when the test dies.
 class OwnedProcess : public QProcess

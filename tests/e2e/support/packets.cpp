@@ -2,8 +2,7 @@
 
 #include <QFile>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 using namespace Qt::StringLiterals;
 
@@ -20,8 +19,8 @@ QString writeClips(const QString& file, const QList<ClipLine>& clips)
 {
     QString content = u"[main]\r\nfiles=%1\r\n"_s.arg(clips.size());
     for (qsizetype i = 0; i < clips.size(); ++i) {
-        content += u"[file%1]\r\npath=%2\r\ntext=%3\r\n"_s.arg(i + 1).arg(clips[i].path,
-                                                                       clips[i].text);
+        content +=
+            u"[file%1]\r\npath=%2\r\ntext=%3\r\n"_s.arg(i + 1).arg(clips[i].path, clips[i].text);
     }
     return writeBytes(file, content.toUtf8());
 }

@@ -4,8 +4,7 @@
 #include <QList>
 #include <QString>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 struct ClipLine
 {

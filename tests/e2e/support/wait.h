@@ -3,8 +3,7 @@
 
 #include <QTest>
 
-namespace orvanta::e2e
-{
+namespace orvanta::e2e {
 
 /// Generous, since the machine may be busy with other programs. Milliseconds.
 inline constexpr int kPatienceMs = 30000;
