@@ -95,9 +95,10 @@ static QString clipPath()
 
 static QString longPacket(const Desktop& desktop)
 {
+    const QString clip = clipPath();
     QList<ClipLine> clips;
     for (int i = 1; i <= kEntries; ++i) {
-        clips.append({clipPath(), u"Clip %1"_s.arg(i)});
+        clips.append({clip, u"Clip %1"_s.arg(i)});
     }
     return writeClips(desktop.folder() + u"/long.vxl"_s, clips);
 }
@@ -196,6 +197,7 @@ static void measureRest(const Desktop& desktop)
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
+    std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     std::setlocale(LC_NUMERIC, "C");
     const orvanta::e2e::Desktop desktop({.windowManager = false});
     if (!desktop.isReady()) {

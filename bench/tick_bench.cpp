@@ -74,7 +74,7 @@ static QString largestPacket(const QString& folder)
     for (int i = 1; i <= kEntries; ++i) {
         entries.append(u"/media/clips/clip %1.avi{}Clip number %1"_s.arg(i));
     }
-    const QString path = folder + u"/largest.vxl"_s;
+    QString path = folder + u"/largest.vxl"_s;
     writeClipListPacket(path, entries);
     return path;
 }

@@ -22,6 +22,7 @@ struct DocumentWriter::Private
     QByteArray target; // symbolic links followed
     std::optional<struct stat> earlier;
     std::optional<SiblingFile> sibling; // none before the first write and after the end
+    bool hasEnded = false;
     IniDocument document;
 
     void open();
@@ -47,6 +48,7 @@ void DocumentWriter::Private::abandon()
 void DocumentWriter::Private::fail()
 {
     qCInfo(logErrors, "cannot write %s: %s", target.constData(), strerror(errno));
+    hasEnded = true;
     abandon();
     throw RuntimeError(ErrorNumber::PathFileAccessError);
 }
@@ -55,6 +57,10 @@ void DocumentWriter::Private::open()
 {
     if (sibling) {
         return;
+    }
+    if (hasEnded) {
+        errno = EBADF;
+        fail();
     }
     earlier = statusOf(target);
     if (earlier && access(target.constData(), W_OK) != 0) { // the user protected it
@@ -66,8 +72,6 @@ void DocumentWriter::Private::open()
     }
     if (earlier) {
         sibling->takeOwnership(*earlier);
-    } else {
-        sibling->makeOrdinary();
     }
 }
 
@@ -104,28 +108,29 @@ void DocumentWriter::Private::replaceEarlier()
     }
     sibling->syncFolder();
     sibling.reset();
+    hasEnded = true;
 }
 
-DocumentWriter::DocumentWriter(QString target)
-    : d(std::make_unique<Private>())
+DocumentWriter::DocumentWriter(const QString& target)
+    : m_state(std::make_unique<Private>())
 {
-    d->target = realPath(QFile::encodeName(target));
+    m_state->target = realPath(QFile::encodeName(target));
 }
 
 DocumentWriter::~DocumentWriter()
 {
-    d->abandon();
+    m_state->abandon();
 }
 
 void DocumentWriter::write(const QString& section, const QString& key, const QString& value)
 {
-    d->write(section, key, value);
+    m_state->write(section, key, value);
 }
 
 void DocumentWriter::finish()
 {
-    d->open();
-    d->replaceEarlier();
+    m_state->open();
+    m_state->replaceEarlier();
 }
 
 } // namespace orvanta

@@ -13,7 +13,7 @@ namespace orvanta {
 class DocumentWriter
 {
 public:
-    explicit DocumentWriter(QString target);
+    explicit DocumentWriter(const QString& target);
     ~DocumentWriter();
     DocumentWriter(const DocumentWriter&) = delete;
     DocumentWriter& operator=(const DocumentWriter&) = delete;
@@ -25,7 +25,7 @@ public:
 
 private:
     struct Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> m_state;
 };
 
 } // namespace orvanta

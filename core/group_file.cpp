@@ -67,7 +67,7 @@ bool isAbsolute(const QString& pathText)
 /// A relative text is meant below the group's folder.
 QString memberFile(const QString& pathText, const QString& group, const FindMember& find)
 {
-    const QString found = find ? find(pathText) : QString();
+    QString found = find ? find(pathText) : QString();
     if (!found.isEmpty() || pathText.isEmpty()) {
         return found;
     }

@@ -98,15 +98,9 @@ static bool canHold(const QString& key)
 /// Brings the document's change to the disk. size: the bytes that the file had before.
 static bool commit(const IniDocument& document, Change change, qsizetype size, IniFile& file)
 {
-    switch (change) {
-    case Change::None:
-        return true;
-    case Change::Appended:
-        return file.append(size, QByteArrayView(document.fileBytes()).sliced(size));
-    case Change::Rewritten:
-        return file.replaceWith(document.fileBytes());
-    }
-    return false;
+    return change == Change::Appended
+               ? file.append(size, QByteArrayView(document.fileBytes()).sliced(size))
+               : file.replaceWith(document.fileBytes());
 }
 
 /// Locks the file, lets the function change its document and commits what it says has changed.
@@ -124,6 +118,10 @@ static bool changeFile(const QString& path, const MakeChange& makeChange)
     }
     const qsizetype size = document->fileBytes().size();
     const Change change = makeChange(*document);
+    if (change == Change::None) {
+        cache().giveBack(path, document);
+        return true;
+    }
     if (!commit(*document, change, size, *file)) {
         return saysWhy(path);
     }

@@ -76,6 +76,11 @@ std::shared_ptr<IniDocument> IniCache::take(const QString& path, const IniFile& 
     return document.use_count() == 1 ? document : std::make_shared<IniDocument>(*document);
 }
 
+void IniCache::giveBack(const QString& path, std::shared_ptr<IniDocument> document)
+{
+    entryOf(path).document = std::move(document);
+}
+
 void IniCache::keep(const QString& path, std::shared_ptr<IniDocument> document, const IniFile& file)
 {
     Entry& entry = entryOf(path);

@@ -22,8 +22,10 @@ public:
     /// Opens and locks a file to be changed, a missing one is created. Nothing when that fails.
     [[nodiscard]] std::optional<IniFile> openToChange(const QString& path);
     /// The document of a file that the caller has locked, to be changed; null when it cannot be
-    /// read. It belongs to the caller alone until keep().
+    /// read. It belongs to the caller alone until one of the next two.
     [[nodiscard]] std::shared_ptr<IniDocument> take(const QString& path, const IniFile& file);
+    /// Takes the document back unchanged.
+    void giveBack(const QString& path, std::shared_ptr<IniDocument> document);
     /// Takes the document back in the state that the caller's writing gave the file.
     void keep(const QString& path, std::shared_ptr<IniDocument> document, const IniFile& file);
 

@@ -5,6 +5,8 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdint>
 #include <iconv.h>
 
 namespace orvanta {
@@ -29,7 +31,7 @@ public:
     Converter(const Converter&) = delete;
     Converter& operator=(const Converter&) = delete;
 
-    [[nodiscard]] bool isOpen() const { return m_handle != iconv_t(-1); }
+    [[nodiscard]] bool isOpen() const { return reinterpret_cast<std::intptr_t>(m_handle) != -1; }
 
     /// The characters of one byte, at most two; 0: undefined; -1: the byte begins a longer
     /// sequence.

@@ -16,11 +16,6 @@ static QByteArrayView trimmedLine(const IniText& text, const IniLine& line)
     return iniTrimmed(text.bytes.sliced(line.begin, line.end - line.begin));
 }
 
-static FoldedName sectionNameAt(const IniText& text, quint32 header)
-{
-    return {iniSectionName(trimmedLineAt(text, header)), text.encoding};
-}
-
 /// Up to the first "=".
 static QByteArrayView keyNameAt(const IniText& text, quint32 line)
 {
@@ -83,7 +78,7 @@ void IniIndex::addSection(const IniText& text, const IniLine& line)
     const auto body = static_cast<quint32>(line.next);
     const auto number = static_cast<quint32>(m_sections.size());
     m_sections.push_back({static_cast<quint32>(line.begin), body, body});
-    const FoldedName name = sectionNameAt(text, m_sections.back().header);
+    const FoldedName name(iniSectionName(trimmedLine(text, line)), text.encoding);
     if (findSection(name, text) == kNone) {
         m_sectionNames.add(number, name.hash());
     }

@@ -11,7 +11,7 @@
 
 namespace orvanta {
 
-constexpr mode_t kPrivateMode = 0600;
+constexpr mode_t kNewFileMode = 0666;
 constexpr mode_t kPermissionBits = 07777;
 
 /// Long names are cut: the sibling's name must not exceed what a folder can hold.
@@ -51,7 +51,7 @@ std::optional<SiblingFile> SiblingFile::create(const QByteArray& target)
     constexpr int kAttempts = 100;
     const QByteArray path = siblingPath(target);
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        Descriptor file = Descriptor::open(path, O_RDWR | O_CREAT | O_EXCL, kPrivateMode);
+        Descriptor file = Descriptor::open(path, O_RDWR | O_CREAT | O_EXCL, kNewFileMode);
         if (file.isOpen()) {
             SiblingFile sibling(target, path, std::move(file));
             if (sibling.m_file.lock(LOCK_EX | LOCK_NB) && sibling.isAtItsPath()) {
@@ -84,13 +84,6 @@ void SiblingFile::takeOwnership(const struct stat& earlier) const
         mode &= ~static_cast<mode_t>(S_IRWXG); // the rights were meant for another group
     }
     fchmod(m_file.number(), mode);
-}
-
-void SiblingFile::makeOrdinary() const
-{
-    const mode_t mask = umask(0); // the only way to learn it
-    umask(mask);
-    fchmod(m_file.number(), 0666 & ~mask);
 }
 
 bool SiblingFile::sync() const

@@ -26,10 +26,9 @@ public:
     /// Cuts it at this size.
     [[nodiscard]] bool cutAt(qint64 size) const;
 
-    /// Gives it owner and mode of the earlier file, as far as the user may.
+    /// Gives it owner and mode of the earlier file, as far as the user may. Before that it has the
+    /// mode of any new file, so nothing private may be in it yet.
     void takeOwnership(const struct stat& earlier) const;
-    /// Gives it the mode of any new file.
-    void makeOrdinary() const;
     /// Brings the content to the disk.
     [[nodiscard]] bool sync() const;
     /// Takes the target's place. The descriptor stays open and locked.

@@ -33,7 +33,7 @@ EditorOutcome showPacketEditor(EditorServices& services, QWidget* parent)
         showModally(editor, services.packetEditorSize);
         hasPausedPlayer = editor.hasPausedPlayer();
     }
-    const EditorOutcome outcome{fileToOpen(services.module, u"\\temp.vxl"_s)};
+    EditorOutcome outcome{fileToOpen(services.module, u"\\temp.vxl"_s)};
     if (hasPausedPlayer && outcome.fileToOpen.isEmpty()) {
         services.resumePlayer();
     }

@@ -38,7 +38,7 @@ public:
     void setMarkedRow(int row);
     [[nodiscard]] int markedRow() const { return m_markedRow; }
 
-    [[nodiscard]] QSize sizeHint() const override { return {360, 200}; }
+    [[nodiscard]] QSize sizeHint() const override { return {360, 120}; }
 
 Q_SIGNALS:
     /// The user came to an entry, by mouse or keyboard. Counted from 0.

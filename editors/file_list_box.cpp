@@ -52,6 +52,8 @@ FileListBox::FileListBox(QWidget* parent)
 {
     setModel(m_model);
     setUniformItemSizes(true);
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
+    setIconSize({icon, icon});
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTextElideMode(Qt::ElideMiddle);
     connect(this, &QListView::clicked, this, &FileListBox::Click);

@@ -69,7 +69,7 @@ bool matchesAny(const NamePatterns& patterns, const QString& name)
 QString textOfName(const std::string& bytes)
 {
     const QByteArray raw = QByteArray::fromStdString(bytes);
-    const QString text = QFile::decodeName(raw);
+    QString text = QFile::decodeName(raw);
     if (QFile::encodeName(text) == raw && onOneLine(text) == text) {
         return text;
     }

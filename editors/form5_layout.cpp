@@ -139,23 +139,21 @@ void Form5::layOut()
     resize(980, 640);
 }
 
-static void layOutSideBySide(QGroupBox* frame, const std::vector<QWidget*>& parts,
-                             const QList<int>& widths)
+static void layOutSideBySide(QGroupBox* frame, QWidget* chooser, QWidget* part)
 {
     auto* splitter = new QSplitter(Qt::Horizontal, frame);
-    for (QWidget* part : parts) {
-        splitter->addWidget(part);
-        splitter->setStretchFactor(splitter->count() - 1, part == parts.front() ? 0 : 1);
-    }
+    splitter->addWidget(chooser);
+    splitter->addWidget(part);
+    splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
-    splitter->setSizes(widths);
+    splitter->setSizes({270, 670});
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(splitter);
 }
 
 void Form5::layOutClipMode()
 {
-    layOutSideBySide(Frame1, {chooserOf(FolderTreeview1, File1), clipListPart()}, {300, 640});
+    layOutSideBySide(Frame1, chooserOf(FolderTreeview1, File1), clipListPart());
 }
 
 QWidget* Form5::clipListPart()
@@ -183,8 +181,14 @@ QWidget* Form5::clipListPart()
 
 void Form5::layOutBrakeMode()
 {
-    layOutSideBySide(Frame5, {chooserOf(FolderTreeview2, File2), previewPart(), brakeListPart()},
-                     {230, 400, 310});
+    auto* part = new QSplitter(Qt::Vertical);
+    part->addWidget(previewPart());
+    part->addWidget(brakeListPart());
+    part->setStretchFactor(0, 3);
+    part->setStretchFactor(1, 2);
+    part->setChildrenCollapsible(false);
+    part->setSizes({330, 170});
+    layOutSideBySide(Frame5, chooserOf(FolderTreeview2, File2), part);
 }
 
 /// Room for the longest text that it shows, so that the slider does not tremble beside it.
@@ -208,7 +212,7 @@ QWidget* Form5::previewPart()
     position->addWidget(Label2);
     auto* part = new QWidget;
     auto* layout = new QVBoxLayout(part);
-    layout->setContentsMargins(6, 0, 6, 0);
+    layout->setContentsMargins(6, 0, 0, 0);
     layout->addLayout(clip);
     layout->addWidget(ActiveMovie1, 1);
     layout->addLayout(position);
@@ -218,18 +222,15 @@ QWidget* Form5::previewPart()
 QWidget* Form5::brakeListPart()
 {
     auto* edits = new QHBoxLayout;
+    edits->addWidget(boxLabel(m_texts(u"Text4.label"), Text4));
+    edits->addWidget(Text4, 1);
     edits->addWidget(Command15);
     edits->addWidget(Command11);
-    edits->addStretch();
-    auto* field = new QHBoxLayout;
-    field->addWidget(boxLabel(m_texts(u"Text4.label"), Text4));
-    field->addWidget(Text4);
     auto* part = new QWidget;
     auto* layout = new QVBoxLayout(part);
     layout->setContentsMargins(6, 0, 0, 0);
     layout->addWidget(List2, 1);
     layout->addLayout(edits);
-    layout->addLayout(field);
     return part;
 }
 
@@ -260,10 +261,10 @@ QBoxLayout* Form5::buttonRow()
 void Form5::orderTabs()
 {
     const std::vector<QWidget*> order = {
-        Option1,  Option2,  FolderTreeview1, File1,     List1,     Command8,        Command5,
-        Command6, Command9, Command10,       Text1,     Text2,     FolderTreeview2, File2,
-        Text3,    Slider1,  List2,           Command15, Command11, Text4,           Command3,
-        Command7, Command4, Command16,       Command2,  Command1,  Command12};
+        Option1,  Option2,  FolderTreeview1, File1,    List1,     Command8,        Command5,
+        Command6, Command9, Command10,       Text1,    Text2,     FolderTreeview2, File2,
+        Text3,    Slider1,  List2,           Text4,    Command15, Command11,       Command3,
+        Command7, Command4, Command16,       Command2, Command1,  Command12};
     for (std::size_t i = 1; i < order.size(); ++i) {
         setTabOrder(order[i - 1], order[i]);
     }

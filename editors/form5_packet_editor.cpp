@@ -47,8 +47,8 @@ void Form5::connectClipMode()
     on(FolderTreeview1, &FolderTree::folderChosen,
        [this](const QString& folder) { Form5_FolderTreeview1_FolderClick(folder); });
     on(File1, &FileListBox::Click, [this] { Form5_File1_Click(); });
-    on(Text1, &QLineEdit::textEdited, [this](auto&&...) { Form5_Text1_Change(); });
-    on(Text2, &QLineEdit::textEdited, [this](auto&&...) { Form5_Text1_Change(); });
+    on(Text1, &LineBox::edited, [this] { Form5_Text1_Change(); });
+    on(Text2, &LineBox::edited, [this] { Form5_Text1_Change(); });
     on(List1, &EntryListView::Click, [this](auto&&...) { Form5_List1_Click(); });
     on(Command3, &QPushButton::clicked, [this](auto&&...) { Form5_Command3_Click(); });
     on(Command4, &QPushButton::clicked, [this](auto&&...) { Form5_Command4_Click(); });
@@ -80,7 +80,7 @@ void Form5::connectBrakeMode()
        [this](double seconds, bool held) { Form5_Slider1_Change(seconds, held); });
     on(List2, &EntryListView::Click, [this](auto&&...) { Form5_List2_Click(); });
     on(List2, &EntryListView::entriesChanged, [this] { takeBrakeTimes(); });
-    on(Text4, &QLineEdit::textEdited, [this](auto&&...) { Form5_Text4_Change(); });
+    on(Text4, &LineBox::edited, [this] { Form5_Text4_Change(); });
     on(Command7, &QPushButton::clicked, [this](auto&&...) { Form5_Command7_Click(); });
     on(Command15, &QPushButton::clicked, [this](auto&&...) { Form5_Command15_Click(); });
     on(Command16, &QPushButton::clicked, [this](auto&&...) { Form5_Command16_Click(); });

@@ -52,6 +52,7 @@ PickerWindow::PickerWindow(Module1& module, HandlerBoundary boundary, QStringVie
 void PickerWindow::buildControls()
 {
     PathBox = new LineBox(this);
+    PathBox->installEventFilter(this);
     FolderTreeview1 = new FolderTree(m_texts.language(), this);
     File1 = new FileListBox(this);
     File1->setPattern(m_pattern);
@@ -142,14 +143,22 @@ void PickerWindow::goToTypedPath()
     }
 }
 
-void PickerWindow::keyPressEvent(QKeyEvent* event)
+static bool isEnter(const QEvent& event)
 {
-    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && PathBox->hasFocus()) {
-        m_boundary([this] { goToTypedPath(); })();
-        return;
+    if (event.type() != QEvent::KeyPress) {
+        return false;
     }
-    QDialog::keyPressEvent(event);
+    const int key = static_cast<const QKeyEvent&>(event).key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+bool PickerWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == PathBox && isEnter(*event)) {
+        m_boundary([this] { goToTypedPath(); })();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void PickerWindow::reject()

@@ -54,7 +54,8 @@ protected:
     virtual void folderShown() {}
 
     void closeEvent(QCloseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    /// Enter in the path box goes there; everywhere else it is OK.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void buildControls();

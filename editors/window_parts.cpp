@@ -25,14 +25,21 @@ LineBox::LineBox(QWidget* parent)
     : QLineEdit(parent)
 {
     setMaxLength(std::numeric_limits<int>::max());
-    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
-        const QString line = onOneLine(text);
-        if (line != text) {
-            const int cursor = cursorPosition();
-            setText(line);
-            setCursorPosition(cursor);
-        }
+    connect(this, &QLineEdit::textChanged, this, &LineBox::keepOneLine);
+    connect(this, &QLineEdit::textEdited, this, [this] {
+        keepOneLine();
+        Q_EMIT edited();
     });
+}
+
+void LineBox::keepOneLine()
+{
+    const QString line = onOneLine(text());
+    if (line != text()) {
+        const int cursor = cursorPosition();
+        setText(line);
+        setCursorPosition(cursor);
+    }
 }
 
 void LineBox::show(const QString& text)

@@ -50,6 +50,13 @@ public:
     void show(const QString& text);
 
     using QLineEdit::show;
+
+Q_SIGNALS:
+    /// The user changed the text, which is one line by now.
+    void edited();
+
+private:
+    void keepOneLine();
 };
 
 /// The pictures of buttons without captions. They follow the desktop's colours and any scale.

@@ -2,6 +2,8 @@
 
 #include "platform/mpv_handle.h"
 
+#include <QThread>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -102,6 +104,8 @@ bool setContainerOptions(MpvHandle& mpv)
 bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra)
 {
     bool all = setContainerOptions(mpv);
+    // One thread for each core; the library would take one more, and its pictures with it.
+    all = mpv.setOption("vd-lavc-threads", QByteArray::number(QThread::idealThreadCount())) && all;
     for (const Option& option : kOptions) {
         all = mpv.setOption(option.name, option.value) && all;
     }

@@ -204,6 +204,9 @@ void MpvMediaControl::Private::moveTo(double seconds)
         return;
     }
     m_largest = std::max(m_largest, seconds);
+    if (m_state == Running) {
+        m_look.start(); // a clip that moves has not ended: asking would only cost
+    }
     const double place = clamped(seconds);
     if (place != m_position) {
         m_position = place;

@@ -4,8 +4,7 @@
 #include <QImage>
 #include <QObject>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Delivers the current frame. Belongs to the interface thread.
 class PictureSource : public QObject

@@ -7,13 +7,11 @@
 #include <algorithm>
 #include <array>
 
-namespace orvanta
-{
+namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
+namespace {
 
 constexpr double kMinute = 60.0; // seconds
 constexpr int kVolumeStep = 5;   // on the volume slider's scale
@@ -45,11 +43,17 @@ std::optional<KeyRow> rowOf(QChar character)
     return row == kKeys.end() ? std::nullopt : std::optional(*row);
 }
 
-Int16 clampedVolume(Int16 volume) { return std::clamp(volume.value(), 0, 100); }
+Int16 clampedVolume(Int16 volume)
+{
+    return std::clamp(volume.value(), 0, 100);
+}
 
 } // namespace
 
-std::span<const KeyRow> playbackKeys() { return kKeys; }
+std::span<const KeyRow> playbackKeys()
+{
+    return kKeys;
+}
 
 std::optional<PlaybackKey> mainWindowKey(QChar typed)
 {
@@ -77,11 +81,10 @@ QChar latinLetter(QChar typed, quint32 scanCode)
 
 VideoWindowKeys::VideoWindowKeys(MediaControl& control, VideoMirror& mirror,
                                  FullScreenControl& screen)
-    : m_control(control)
-    , m_mirror(mirror)
-    , m_screen(screen)
-{
-}
+    : m_control(control),
+      m_mirror(mirror),
+      m_screen(screen)
+{}
 
 void VideoWindowKeys::press(PlaybackKey key)
 {
@@ -114,7 +117,10 @@ void VideoWindowKeys::press(PlaybackKey key)
     }
 }
 
-void VideoWindowKeys::toggleFullScreen() { m_screen.setFullScreen(!m_screen.isFullScreen()); }
+void VideoWindowKeys::toggleFullScreen()
+{
+    m_screen.setFullScreen(!m_screen.isFullScreen());
+}
 
 void VideoWindowKeys::leaveFullScreen()
 {
@@ -184,12 +190,11 @@ void VideoWindowKeys::switchFullScreenWhileRunning(bool on)
 
 MainWindowKeys::MainWindowKeys(Module1& module, PlaybackEngine& engine, PlaybackView& view,
                                VideoWindowKeys& videoKeys)
-    : m_module(module)
-    , m_engine(engine)
-    , m_view(view)
-    , m_videoKeys(videoKeys)
-{
-}
+    : m_module(module),
+      m_engine(engine),
+      m_view(view),
+      m_videoKeys(videoKeys)
+{}
 
 bool MainWindowKeys::press(PlaybackKey key)
 {

@@ -8,8 +8,7 @@
 #include <optional>
 #include <span>
 
-namespace orvanta
-{
+namespace orvanta {
 
 enum class PlaybackKey
 {

@@ -11,13 +11,11 @@
 
 #include <cmath>
 
-namespace orvanta
-{
+namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
+namespace {
 
 /// The stored language decides, not the one that the program started with.
 TextLanguage trayLanguage(const QString& applicationFolder)
@@ -47,7 +45,10 @@ Form12::Form12(Module1& module)
     IconTray1.show();
 }
 
-Form12::~Form12() { IconTray1.hide(); }
+Form12::~Form12()
+{
+    IconTray1.hide();
+}
 
 void Form12::buildMenu()
 {
@@ -94,16 +95,34 @@ void Form12::Form12_IconTray1_event9(QSystemTrayIcon::ActivationReason reason)
     }
 }
 
-void Form12::Form12_st_Click() { m_module.tray.TrayStopRequest = true; }
+void Form12::Form12_st_Click()
+{
+    m_module.tray.TrayStopRequest = true;
+}
 
-void Form12::Form12_pa_Click() { m_module.tray.TrayPauseRequest = true; }
+void Form12::Form12_pa_Click()
+{
+    m_module.tray.TrayPauseRequest = true;
+}
 
-void Form12::Form12_pl_Click() { m_module.tray.TrayPlayRequest = true; }
+void Form12::Form12_pl_Click()
+{
+    m_module.tray.TrayPlayRequest = true;
+}
 
-void Form12::Form12_nex_Click() { m_module.tray.TrayNextRequest = true; }
+void Form12::Form12_nex_Click()
+{
+    m_module.tray.TrayNextRequest = true;
+}
 
-void Form12::Form12_pr_Click() { m_module.tray.TrayPreviousRequest = true; }
+void Form12::Form12_pr_Click()
+{
+    m_module.tray.TrayPreviousRequest = true;
+}
 
-void Form12::Form12_closeapp_Click() { m_module.tray.TrayCloseRequest = true; }
+void Form12::Form12_closeapp_Click()
+{
+    m_module.tray.TrayCloseRequest = true;
+}
 
 } // namespace orvanta

@@ -13,8 +13,7 @@
 #include <QObject>
 #include <QSystemTrayIcon>
 
-namespace orvanta
-{
+namespace orvanta {
 
 class Form12 : public QObject
 {

@@ -5,16 +5,14 @@
 #include <algorithm>
 #include <cmath>
 
-namespace orvanta
-{
+namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
 MprisPlayer::MprisPlayer(QObject* object, MprisPorts& ports)
-    : QDBusAbstractAdaptor(object)
-    , m_ports(ports)
-{
-}
+    : QDBusAbstractAdaptor(object),
+      m_ports(ports)
+{}
 
 QString MprisPlayer::playbackStatus() const
 {
@@ -29,9 +27,15 @@ void MprisPlayer::setRate(double rate)
     }
 }
 
-QVariantMap MprisPlayer::metadata() const { return trackMetadata(m_ports, current()); }
+QVariantMap MprisPlayer::metadata() const
+{
+    return trackMetadata(m_ports, current());
+}
 
-double MprisPlayer::volume() const { return m_ports.module.playback.CachedVolume.value() / 100.0; }
+double MprisPlayer::volume() const
+{
+    return m_ports.module.playback.CachedVolume.value() / 100.0;
+}
 
 void MprisPlayer::setVolume(double volume)
 {
@@ -40,29 +44,54 @@ void MprisPlayer::setVolume(double volume)
     m_ports.engine.volumeMoved(place);
 }
 
-qlonglong MprisPlayer::position() const { return microseconds(m_ports.control.CurrentPosition()); }
+qlonglong MprisPlayer::position() const
+{
+    return microseconds(m_ports.control.CurrentPosition());
+}
 
-bool MprisPlayer::canGoNext() const { return m_ports.module.playlist.entryCount() > 0; }
+bool MprisPlayer::canGoNext() const
+{
+    return m_ports.module.playlist.entryCount() > 0;
+}
 
-bool MprisPlayer::canGoPrevious() const { return canGoNext(); }
+bool MprisPlayer::canGoPrevious() const
+{
+    return canGoNext();
+}
 
-bool MprisPlayer::canPlay() const { return canGoNext(); }
+bool MprisPlayer::canPlay() const
+{
+    return canGoNext();
+}
 
-bool MprisPlayer::canSeek() const { return isLoaded(); }
+bool MprisPlayer::canSeek() const
+{
+    return isLoaded();
+}
 
 QVariantMap MprisPlayer::announcedProperties() const
 {
     return {
-        {u"PlaybackStatus"_s, playbackStatus()}, {u"Metadata"_s, metadata()},
-        {u"Volume"_s, volume()},                 {u"CanGoNext"_s, canGoNext()},
-        {u"CanGoPrevious"_s, canGoPrevious()},   {u"CanPlay"_s, canPlay()},
-        {u"CanPause"_s, canPause()},             {u"CanSeek"_s, canSeek()},
+        {u"PlaybackStatus"_s, playbackStatus()},
+        {u"Metadata"_s, metadata()},
+        {u"Volume"_s, volume()},
+        {u"CanGoNext"_s, canGoNext()},
+        {u"CanGoPrevious"_s, canGoPrevious()},
+        {u"CanPlay"_s, canPlay()},
+        {u"CanPause"_s, canPause()},
+        {u"CanSeek"_s, canSeek()},
     };
 }
 
-void MprisPlayer::Next() { m_ports.engine.nextChecked(); }
+void MprisPlayer::Next()
+{
+    m_ports.engine.nextChecked();
+}
 
-void MprisPlayer::Previous() { m_ports.engine.previousChecked(); }
+void MprisPlayer::Previous()
+{
+    m_ports.engine.previousChecked();
+}
 
 void MprisPlayer::Pause()
 {
@@ -80,7 +109,10 @@ void MprisPlayer::PlayPause()
     }
 }
 
-void MprisPlayer::Stop() { m_ports.engine.pressStop(); }
+void MprisPlayer::Stop()
+{
+    m_ports.engine.pressStop();
+}
 
 void MprisPlayer::Play()
 {

@@ -6,8 +6,7 @@
 #include <QDBusAbstractAdaptor>
 #include <QDBusObjectPath>
 
-namespace orvanta
-{
+namespace orvanta {
 
 class MprisPlayer : public QDBusAbstractAdaptor
 {

@@ -6,8 +6,7 @@
 #include <QDBusAbstractAdaptor>
 #include <QStringList>
 
-namespace orvanta
-{
+namespace orvanta {
 
 class MprisRoot : public QDBusAbstractAdaptor
 {

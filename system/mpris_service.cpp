@@ -6,13 +6,11 @@
 #include <QDBusMessage>
 #include <QTimer>
 
-namespace orvanta
-{
+namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
+namespace {
 
 constexpr auto kService = "org.mpris.MediaPlayer2.orvanta"_L1;
 constexpr auto kObject = "/org/mpris/MediaPlayer2"_L1;
@@ -31,12 +29,12 @@ QVariantMap changesBetween(const QVariantMap& before, const QVariantMap& now)
 } // namespace
 
 MprisService::MprisService(MprisPorts ports, QDBusConnection bus, QObject* parent)
-    : QObject(parent)
-    , m_ports(std::move(ports))
-    , m_bus(std::move(bus))
-    , m_root(this, m_ports)
-    , m_player(this, m_ports)
-    , m_trackList(this, m_ports)
+    : QObject(parent),
+      m_ports(std::move(ports)),
+      m_bus(std::move(bus)),
+      m_root(this, m_ports),
+      m_player(this, m_ports),
+      m_trackList(this, m_ports)
 {
     if (!m_bus.isConnected()) {
         qCInfo(logDesktop, "no session bus: the desktop's media controls cannot be served");
@@ -59,8 +57,7 @@ void MprisService::registerService()
 {
     m_bus.registerObject(kObject, this, QDBusConnection::ExportAdaptors);
     // Another program folder may run its own instance: the interface asks for a name of its own.
-    const QString own
-        = kService + u".instance%1"_s.arg(QCoreApplication::applicationPid());
+    const QString own = kService + u".instance%1"_s.arg(QCoreApplication::applicationPid());
     for (const QString& name : {QString(kService), own}) {
         if (m_bus.registerService(name)) {
             m_serviceName = name;
@@ -76,9 +73,8 @@ void MprisService::connectSources()
     connect(&m_ports.control, &MediaControl::durationChange, this, &MprisService::announceSoon);
     connect(&m_ports.engine, &PlaybackEngine::cursorChanged, this, &MprisService::announceSoon);
     connect(&m_ports.engine, &PlaybackEngine::volumeChanged, this, &MprisService::announceSoon);
-    connect(&m_ports.control, &MediaControl::positionChange, this, [this](double, double now) {
-        Q_EMIT m_player.Seeked(microseconds(now));
-    });
+    connect(&m_ports.control, &MediaControl::positionChange, this,
+            [this](double, double now) { Q_EMIT m_player.Seeked(microseconds(now)); });
 }
 
 void MprisService::announceSoon()
@@ -108,8 +104,8 @@ void MprisService::announceProperties(const QString& interface, const QVariantMa
     if (changed.isEmpty()) {
         return;
     }
-    QDBusMessage signal = QDBusMessage::createSignal(
-        kObject, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s);
+    QDBusMessage signal = QDBusMessage::createSignal(kObject, u"org.freedesktop.DBus.Properties"_s,
+                                                     u"PropertiesChanged"_s);
     signal << interface << changed << QStringList();
     m_bus.send(signal);
 }

@@ -8,8 +8,7 @@
 #include <QDBusConnection>
 #include <QObject>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Registers the service and announces changes. Without a session bus it says so in the log and
 /// the program runs all the same.

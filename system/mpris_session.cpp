@@ -7,21 +7,19 @@
 
 #include <cmath>
 
-namespace orvanta
-{
+namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
+namespace {
 
 constexpr auto kNoTrack = "/org/mpris/MediaPlayer2/TrackList/NoTrack"_L1;
 constexpr auto kTrackRoot = "/org/orvanta/track/"_L1;
 
 bool contains(const PlaylistState& playlist, Cursor place)
 {
-    return place.packet >= 1 && place.packet <= playlist.PlaylistCount && place.clip >= 1
-        && place.clip <= playlist.packet(place.packet).ClipCount;
+    return place.packet >= 1 && place.packet <= playlist.PlaylistCount && place.clip >= 1 &&
+           place.clip <= playlist.packet(place.packet).ClipCount;
 }
 
 QString artUrl(const PlaylistEntry& packet)
@@ -90,6 +88,9 @@ QVariantMap trackMetadata(const MprisPorts& ports, Cursor place)
     return data;
 }
 
-qlonglong microseconds(double seconds) { return std::llround(seconds * 1e6); }
+qlonglong microseconds(double seconds)
+{
+    return std::llround(seconds * 1e6);
+}
 
 } // namespace orvanta

@@ -8,8 +8,7 @@
 
 #include <functional>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Everything that the adaptors work with. All of it outlives them.
 struct MprisPorts

@@ -2,12 +2,11 @@
 
 #include <QDBusMetaType>
 
-namespace orvanta
-{
+namespace orvanta {
 
 MprisTrackList::MprisTrackList(QObject* object, MprisPorts& ports)
-    : QDBusAbstractAdaptor(object)
-    , m_ports(ports)
+    : QDBusAbstractAdaptor(object),
+      m_ports(ports)
 {
     qDBusRegisterMetaType<MetadataList>();
 }
@@ -50,10 +49,9 @@ MetadataList MprisTrackList::GetTracksMetadata(const QList<QDBusObjectPath>& Tra
 
 void MprisTrackList::AddTrack(const QString& /*Uri*/, const QDBusObjectPath& /*AfterTrack*/,
                               bool /*SetAsCurrent*/)
-{
-}
+{}
 
-void MprisTrackList::RemoveTrack(const QDBusObjectPath& /*TrackId*/) { }
+void MprisTrackList::RemoveTrack(const QDBusObjectPath& /*TrackId*/) {}
 
 void MprisTrackList::GoTo(const QDBusObjectPath& TrackId)
 {

@@ -7,8 +7,7 @@
 #include <QDBusObjectPath>
 #include <QList>
 
-namespace orvanta
-{
+namespace orvanta {
 
 using MetadataList = QList<QVariantMap>;
 

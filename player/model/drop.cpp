@@ -9,23 +9,20 @@
 
 #include <ranges>
 
-namespace orvanta
-{
+namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace
-{
+namespace {
 
 class Drop
 {
 public:
     Drop(PlaylistState& playlist, const QString& typePattern)
-        : m_playlist(playlist)
-        , m_typePattern(typePattern)
-        , m_target(playlist.PlaylistCount)
-    {
-    }
+        : m_playlist(playlist),
+          m_typePattern(typePattern),
+          m_target(playlist.PlaylistCount)
+    {}
 
     void add(const QString& file)
     {

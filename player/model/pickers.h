@@ -3,8 +3,7 @@
 
 #include <QString>
 
-namespace orvanta
-{
+namespace orvanta {
 
 /// Results go to Module1's PickedFiles and SaveFileName.
 class Pickers

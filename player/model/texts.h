@@ -6,8 +6,7 @@
 
 #include <span>
 
-namespace orvanta
-{
+namespace orvanta {
 
 enum class TextLanguage
 {

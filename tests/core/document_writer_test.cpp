@@ -70,6 +70,16 @@ TEST_F(Documents, WhereThereWasNoneWhatWasWrittenSoFarStays)
     EXPECT_EQ(names(), QStringList(u"a.vxl"_s));
 }
 
+TEST_F(Documents, AfterAFailingStepNothingMoreIsWritten)
+{
+    const QString file = put(u"a.vxl"_s, "[main]\r\nold=1\r\n");
+    DocumentWriter writer(file);
+    EXPECT_EQ(errorOf([&] { writer.write(u"main"_s, u"[no key"_s, u"1"_s); }), 75);
+    EXPECT_EQ(errorOf([&] { writer.write(u"main"_s, u"files"_s, u"0"_s); }), 75);
+    EXPECT_EQ(errorOf([&] { writer.finish(); }), 75);
+    EXPECT_EQ(bytesOf(file), "[main]\r\nold=1\r\n");
+}
+
 TEST_F(Documents, AMissingFolderIsAnAccessErrorAtTheFirstStep)
 {
     const test::LogCapture log("orvanta.errors");

@@ -68,9 +68,10 @@ TEST_F(WritingIni, ANulCutsAWrittenText)
 TEST_F(WritingIni, AnEqualValueLeavesTheFileAlone)
 {
     const QString file = put(u"a.ini"_s, "[s]\nk=1\n");
-    const ino_t before = status(file).st_ino;
+    const struct stat before = status(file);
     EXPECT_TRUE(tryWriteIni(u"s"_s, u"k"_s, u"1"_s, file));
-    EXPECT_EQ(status(file).st_ino, before);
+    EXPECT_EQ(status(file).st_ino, before.st_ino);
+    EXPECT_EQ(status(file).st_mtim.tv_nsec, before.st_mtim.tv_nsec);
 }
 
 TEST_F(WritingIni, ManyKeysBehindEachOtherAllArrive)

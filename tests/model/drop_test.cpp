@@ -1,15 +1,14 @@
 // What files dropped on the playlist add to it.
-#include "player/model/drop.h"
-
 #include "core/ini.h"
 #include "core/packet_file.h"
+#include "player/model/drop.h"
 #include "player/model/loaders.h"
-
-#include <gtest/gtest.h>
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <gtest/gtest.h>
 
 namespace orvanta {
 

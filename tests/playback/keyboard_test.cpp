@@ -1,12 +1,11 @@
 // The key tables and what the video window does with each key.
-#include "playback/keyboard.h"
-
 #include "core/numbers.h"
 #include "platform/scripted_media_control.h"
-
-#include <gtest/gtest.h>
+#include "playback/keyboard.h"
 
 #include <QTest>
+
+#include <gtest/gtest.h>
 
 namespace orvanta {
 

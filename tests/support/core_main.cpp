@@ -1,8 +1,7 @@
-#include <gtest/gtest.h>
-
 #include <QCoreApplication>
 
 #include <clocale>
+#include <gtest/gtest.h>
 
 int main(int argc, char** argv)
 {

@@ -1,7 +1,6 @@
 // The tray form: its texts, and the one request that each command raises.
-#include "system/form12_tray.h"
-
 #include "core/ini.h"
+#include "system/form12_tray.h"
 #include "tests/support/settings_folder.h"
 
 #include <gtest/gtest.h>

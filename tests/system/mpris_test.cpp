@@ -279,8 +279,8 @@ TEST_F(Mpris, TheTrackListIsTheCurrentPacketAndGoToStartsATrack)
 {
     addClips({u"one"_s, u"two"_s});
     play(1, 1);
-    const auto tracks = qdbus_cast<QList<QDBusObjectPath>>(
-        property(kTrackList, "Tracks").value<QDBusArgument>());
+    const auto tracks =
+        qdbus_cast<QList<QDBusObjectPath>>(property(kTrackList, "Tracks").value<QDBusArgument>());
     ASSERT_EQ(tracks.size(), 2);
     call(QString::fromLatin1(kTrackList), u"GoTo"_s, {QVariant::fromValue(tracks.at(1))});
     waitUntilRunning();
@@ -294,8 +294,8 @@ TEST_F(Mpris, TracksMetadataComesInTheOrderAsked)
     play(1, 1);
     const QList<QDBusObjectPath> asked{QDBusObjectPath(u"/org/orvanta/track/1/2"_s),
                                        QDBusObjectPath(u"/org/orvanta/track/1/1"_s)};
-    const QVariant answer = call(QString::fromLatin1(kTrackList), u"GetTracksMetadata"_s,
-                                 {QVariant::fromValue(asked)});
+    const QVariant answer =
+        call(QString::fromLatin1(kTrackList), u"GetTracksMetadata"_s, {QVariant::fromValue(asked)});
     const auto all = qdbus_cast<QList<QVariantMap>>(answer.value<QDBusArgument>());
     ASSERT_EQ(all.size(), 2);
     EXPECT_EQ(all.at(0).value(u"xesam:title"_s).toString(), u"two"_s);
