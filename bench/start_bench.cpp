@@ -131,7 +131,7 @@ static Opening openingOfProgram(const Desktop& desktop, const QString& packet)
     const double before = megabytes(program.pid());
     Opening least{1e9, 0};
     for (int i = 0; i < kOpenings && list; ++i) {
-        QThread::msleep(static_cast<unsigned long>(37 * i)); // another moment of the tick
+        QThread::msleep(37UL * static_cast<unsigned long>(i)); // another moment of the tick
         QElapsedTimer clock;
         clock.start();
         const bool done = handOver(home, packet) &&

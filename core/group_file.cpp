@@ -80,7 +80,7 @@ QString memberFile(const QString& pathText, const QString& group, const FindMemb
 void writeGroup(const QString& target, const QStringList& entries)
 {
     DocumentWriter writer(target);
-    writer.write(u"main"_s, u"files"_s, QString::number(entries.size()));
+    writer.write(u"main"_s, u"files"_s, countText(entries));
     MemberFields fields;
     int index = 0;
     for (const QString& entry : entries) {

@@ -99,10 +99,15 @@ void readClips(PlaylistEntry& entry, const IniSnapshot& packet)
 
 } // namespace
 
+QString countText(const QStringList& entries)
+{
+    return QString::number(Int16(entries.size()).value());
+}
+
 void writeClipListPacket(const QString& target, const QStringList& entries)
 {
     DocumentWriter writer(target);
-    writer.write(u"main"_s, u"files"_s, QString::number(entries.size()));
+    writer.write(u"main"_s, u"files"_s, countText(entries));
     writeEntries(writer, u"file"_s, u"path"_s, entries);
     writer.finish();
 }
@@ -115,7 +120,7 @@ void writeBrakePacket(const QString& target, const QString& clipPath, const QStr
     writer.write(u"file1"_s, u"path"_s, clipPath);
     writer.write(u"file1"_s, u"text"_s, clipPath);
     writer.write(u"main"_s, u"file"_s, mediaFile);
-    writer.write(u"main"_s, u"brakes"_s, QString::number(entries.size()));
+    writer.write(u"main"_s, u"brakes"_s, countText(entries));
     writeEntries(writer, u"brake"_s, u"time"_s, entries);
     writer.finish();
 }

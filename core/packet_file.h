@@ -11,6 +11,9 @@ namespace orvanta {
 /// Joins the fields of one entry in the editors' lists; never in files.
 inline constexpr char16_t kEntryMarker[] = u"{}";
 
+/// The number of entries as a document holds it. Raises 6 over 32767: no reader would take more.
+[[nodiscard]] QString countText(const QStringList& entries);
+
 /// Writes a clip-list packet from entries path + "{}" + text. An entry without the marker repeats
 /// the previous one. Raises 75 at the first failing step.
 void writeClipListPacket(const QString& target, const QStringList& entries);

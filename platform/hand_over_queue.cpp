@@ -176,7 +176,10 @@ std::optional<QString> folderOfSwitch(const QString& line)
     if (!line.startsWith(u"/f", Qt::CaseInsensitive) || QFileInfo::exists(line)) {
         return std::nullopt;
     }
-    const QString folder = line.mid(2);
+    QString folder = line.mid(2);
+    if (folder.size() >= 2 && folder.startsWith(u'"') && folder.endsWith(u'"')) {
+        folder = folder.mid(1, folder.size() - 2);
+    }
     const bool named = isAbsolutePathText(folder) || QFileInfo(folder).isDir();
     return named ? std::optional(folder) : std::nullopt;
 }

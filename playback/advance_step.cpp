@@ -38,12 +38,13 @@ std::pair<int, int> AdvanceStep::mediaAt(Cursor place) const
 void AdvanceStep::runAfterFailure()
 {
     Cursor from = m_context.cursor();
-    m_failed.insert(mediaAt(from));
+    m_context.failedMedia.insert(mediaAt(from));
     if (m_context.currentPacket().HasBrakes) {
         from.clip = m_context.currentPacket().ClipCount;
     }
     AdvanceDecision decision = decide(from);
-    if (decision.what == AdvanceDecision::Start && m_failed.contains(mediaAt(decision.cursor))) {
+    if (decision.what == AdvanceDecision::Start &&
+        m_context.failedMedia.contains(mediaAt(decision.cursor))) {
         decision = {AdvanceDecision::Over, {1, 1}};
     }
     apply(decision);
@@ -55,6 +56,8 @@ void AdvanceStep::apply(const AdvanceDecision& decision)
         m_starter.ListClick(decision.cursor.packet, decision.cursor.clip);
     } else if (decision.what == AdvanceDecision::Over) {
         playbackIsOver(decision.cursor);
+    } else {
+        forgetFailures();
     }
 }
 

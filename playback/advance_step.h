@@ -24,7 +24,7 @@ public:
     void next();
     void previous();
     /// A clip was opened, or another playlist: failures begin to count anew.
-    void forgetFailures() { m_failed.clear(); }
+    void forgetFailures() { m_context.failedMedia.clear(); }
 
 private:
     [[nodiscard]] AdvanceDecision decide(Cursor from) const;
@@ -36,7 +36,6 @@ private:
     TransportButtons& m_transport;
     ClipStarter& m_starter;
     CloseSequence& m_close;
-    std::set<std::pair<int, int>> m_failed; // packet and clip; clip 0: a brake packet's one file
 };
 
 } // namespace orvanta

@@ -84,10 +84,20 @@ void BrakeStep::goToNextPacket()
     const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);
     const auto place = firstPlaceFrom(shape, m_context.cursor().packet + 1);
     if (place) {
+        unloadClip();
         m_starter.ListClick(place->packet, place->clip);
     } else {
         finalStop();
     }
+}
+
+/// The next packet may have no media that can be opened: this one must not play past its end mark.
+void BrakeStep::unloadClip()
+{
+    m_context.operations.StopIfRunning();
+    m_context.operations.ForgetEnd();
+    m_context.control.setFileName({});
+    m_context.video.moveOutOfSight();
 }
 
 /// Before the first brake again, so that Play begins the lesson anew.

@@ -21,6 +21,7 @@ private:
     [[nodiscard]] BrakeDecision decide() const;
     void apply(BrakeDecision decision);
     void goToNextPacket();
+    void unloadClip();
     void finalStop();
 
     EngineContext& m_context;

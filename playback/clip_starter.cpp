@@ -86,6 +86,9 @@ bool ClipStarter::startBrake(Cursor place)
     const QString file = existing(m_context.locate(packet.MediaFile, packet));
     if (mustLoad(file, place.packet)) {
         open(file, packet.MediaFile, packet.Folder);
+    } else {
+        // Perhaps loaded as a clip of its own, or from another packet: now it is this packet's.
+        m_context.loaded = {file, packet.MediaFile, packet.Folder};
     }
     if (!waitUntilReady() || superseded()) {
         return false;
@@ -162,6 +165,9 @@ void ClipStarter::noteFailure()
     if (m_context.isPlayerEmpty()) {
         m_context.startFailed = true;
         m_transport.showIdle();
+    } else {
+        // The buttons were shown as for a clip that runs: the tick sets them right.
+        m_context.module.playback.StateChanged = true;
     }
 }
 

@@ -8,6 +8,8 @@
 #include "player/model/module1.h"
 
 #include <functional>
+#include <set>
+#include <utility>
 
 namespace orvanta {
 
@@ -36,12 +38,19 @@ struct EngineContext
     /// For who shows the current clip or the volume elsewhere.
     std::function<void()> onCursorMoved = [] {};
     std::function<void()> onVolumeMoved = [] {};
-    int waitingStarts = 0;    // starts that wait in the event loop for their media
+    int waitingStarts = 0; // starts that wait in the event loop for their media
+    /// Packet and clip of what could not be opened since something could; clip 0: the one file of a
+    /// brake packet.
+    std::set<std::pair<int, int>> failedMedia;
     bool startFailed = false; // the last start left the player empty: the tick advances again
     bool closing = false;     // the program ends; no handler begins anything
 
     /// Every start of a clip, change of the playlist and close makes what waits outdated.
-    void supersede() { ++m_generation; }
+    void supersede()
+    {
+        ++m_generation;
+        startFailed = false;
+    }
     [[nodiscard]] quint64 generation() const { return m_generation; }
 
     [[nodiscard]] Cursor cursor() const;

@@ -6,6 +6,8 @@
 #include "playback/event_wait.h"
 #include "player/model/loaders.h"
 
+#include <QDir>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -25,10 +27,10 @@ void HandOverDrain::serve()
         return;
     }
     showProgram();
-    m_context.module.playlist.OpenedFromExplorer = true;
     // Taken and given back at once: what follows may wait for media, and launches need the lock.
     QStringList lines;
     queue.drain([&](const QStringList& queued) { lines = queued; });
+    m_context.module.playlist.OpenedFromExplorer = true;
     open(lines);
     m_context.view->RebuildTree();
     logLoaded(m_context.module.playlist);
@@ -47,6 +49,8 @@ void HandOverDrain::showProgram()
 void HandOverDrain::open(const QStringList& lines)
 {
     m_context.supersede();
+    m_context.failedMedia.clear();
+    makeFolderOfFirstCurrent(lines);
     m_context.module.playlist.Playlist.clear();
     m_context.module.playlist.PlaylistCount = 0;
     m_loosePacket = 0;
@@ -62,12 +66,21 @@ static QString withoutQuotes(const QString& line)
     return quoted ? line.mid(1, line.size() - 2) : line;
 }
 
+/// Later lines may name their files relative to it. A folder that is not there changes nothing.
+void HandOverDrain::makeFolderOfFirstCurrent(const QStringList& lines)
+{
+    const QString folder = lines.isEmpty() ? QString() : folderOfPath(withoutQuotes(lines.first()));
+    if (!folder.isEmpty()) {
+        QDir::setCurrent(folder);
+    }
+}
+
 void HandOverDrain::append(const QString& line)
 {
     const QString path = withoutQuotes(line);
     const QString kind = kindOfPath(path);
     if (const auto folder = folderOfSwitch(path)) {
-        appendFolder(withoutQuotes(*folder));
+        appendFolder(*folder);
     } else if (kind == u"VXG") {
         appendGroup(m_context.module.playlist, path);
     } else if (kind == u"VXL") {

@@ -19,6 +19,7 @@ public:
 private:
     void showProgram();
     void open(const QStringList& lines);
+    static void makeFolderOfFirstCurrent(const QStringList& lines);
     void append(const QString& line);
     void appendFolder(const QString& folder);
     void appendLooseClip(const QString& file);

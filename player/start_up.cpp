@@ -1,5 +1,6 @@
 #include "player/start_up.h"
 
+#include "core/ini.h"
 #include "core/log.h"
 #include "core/paths.h"
 #include "platform/application_folder.h"
@@ -83,6 +84,8 @@ void StartUp::buildIniPath()
     m_module.ApplicationFolder = applicationFolder();
     m_module.IniPath = programFile(m_module.ApplicationFolder, u"\\orvanta.ini"_s);
     m_registry.emplace(m_module.ApplicationFolder);
+    const QString platformIni = programFile(m_module.ApplicationFolder, u"\\platform.ini"_s);
+    setLegacyCodePage(ReadIni(u"text"_s, u"codepage"_s, platformIni));
 }
 
 void StartUp::chooseLanguage()
@@ -107,6 +110,8 @@ bool StartUp::becomeFirstInstance()
         qCInfo(logStartup, "%s", heard ? "the first instance goes on" : "the first is silent");
         return false;
     }
+    connect(m_instance.get(), &SingleInstance::raiseRequested, this,
+            m_boundary([this](const QString& token) { raiseMainWindow(token); }));
     m_instance->listen();
     return true;
 }
@@ -164,17 +169,22 @@ void StartUp::showMainWindowUnlessAuto()
 /// signal ends the process at once, so that a launch waiting for the queue can be stopped.
 void StartUp::serveDesktop()
 {
-    connect(m_instance.get(), &SingleInstance::raiseRequested, this,
-            m_boundary([this](const QString& token) { raiseMainWindow(token); }));
     const auto endProgram = m_boundary([this](auto&&...) { m_engine->closeProgram(); });
     m_endSignals = std::make_unique<EndSignals>();
     connect(m_endSignals.get(), &EndSignals::endRequested, this, endProgram);
     connect(qApp, &QGuiApplication::commitDataRequest, this, endProgram);
     qCInfo(logStartup, "ready");
+    if (m_raiseWaiting) {
+        raiseMainWindow(*m_raiseWaiting);
+    }
 }
 
 void StartUp::raiseMainWindow(const QString& activationToken)
 {
+    if (!m_endSignals) {
+        m_raiseWaiting = activationToken; // still starting: there is no window to raise yet
+        return;
+    }
     qCInfo(logStartup, "raised by a later launch");
     m_mainWindow->showMainWindow();
     if (m_mainWindow->isMinimized()) {

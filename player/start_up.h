@@ -64,6 +64,7 @@ private:
     RunTimeReport m_report;
     HandlerBoundary m_boundary;
     bool m_ended = false;
+    std::optional<QString> m_raiseWaiting; // token of a launch that came during the start
 
     // Destroyed from the last to the first: windows before the engine, the engine before the
     // player, the instance's lock after all of them.

@@ -64,6 +64,7 @@ static void loadGroup(PlaylistState& playlist, const QString& path, Placing plac
     } catch (const RuntimeError&) {
         if (!packets.empty()) {
             place(playlist, std::move(packets), placing);
+            playlist.PacketFolder = folder;
         }
         throw;
     }

@@ -10,13 +10,27 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// Beside the window opens the one with the picture, seldom wider than this.
+constexpr int kUsualPictureWidth = 640;
+
+// Together with a picture at its right the window stands in the middle of the screen.
+QPoint firstPlace(QSize window, const QRect& room)
+{
+    const int both = window.width() + skin::kGrid + kUsualPictureWidth;
+    return room.topLeft() + QPoint(std::max(0, (room.width() - both) / 2),
+                                   std::max(0, (room.height() - window.height()) / 2));
+}
 
 QBoxLayout* row(int spacing)
 {
@@ -89,6 +103,7 @@ void Form2::layOut()
     List1->setMinimumHeight(6 * skin::kRowHeight);
     orderTabs();
     resize(520, 440);
+    move(firstPlace(size(), screen()->availableGeometry()));
 }
 
 QBoxLayout* Form2::titleRow()

@@ -237,4 +237,14 @@ TEST_F(PacketFiles, TheLargestPacketIsWrittenAndReadWhole)
     EXPECT_EQ(again, entries);
 }
 
+TEST_F(PacketFiles, MoreEntriesThanAReaderTakesAreRefusedAndTheEarlierDocumentStays)
+{
+    const QString target = path(u"a.vxl"_s);
+    writeClipListPacket(target, {u"/clips/kept.avi{}Kept"_s});
+    const QStringList many(32768, u"/clips/a.avi{}A"_s);
+    EXPECT_EQ(errorOf([&] { writeClipListPacket(target, many); }), 6);
+    EXPECT_EQ(errorOf([&] { writeBrakePacket(target, u"/a.avi"_s, u"/a.avi"_s, many); }), 6);
+    EXPECT_EQ(read(target).clip(1).Text, u"Kept"_s);
+}
+
 } // namespace orvanta

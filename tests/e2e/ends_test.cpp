@@ -2,6 +2,7 @@
 
 #include "tests/e2e/support/end_to_end.h"
 
+#include <functional>
 #include <ostream>
 
 using namespace Qt::StringLiterals;
@@ -60,8 +61,34 @@ protected:
         ASSERT_TRUE(waitFor([this] { return window().currentSeconds() > 0; }));
     }
 
-    QStringList ends() const { return program.linesMatching(u"^orvanta.playback: ended"_s); }
-    QStringList starts() const { return program.linesMatching(u"^orvanta.playback: start"_s); }
+    /// Does something in the clip's last whole second, which begins here. On a busy machine the
+    /// clip may be over before: then it is tried again from its beginning. False when it has ended
+    /// every time, as it does when the deed itself is taken for the end.
+    bool tryInTheLastSecond(double secondBegins, const std::function<void()>& deed)
+    {
+        constexpr int kTries = 5;
+        for (int i = 0; i < kTries; ++i) {
+            const qsizetype before = ends().size();
+            EXPECT_TRUE(waitFor([&] { return window().currentSeconds() >= secondBegins; }));
+            deed();
+            EXPECT_TRUE(waitFor([&] { return window().currentSeconds() < 1; }));
+            if (ends().size() == before) {
+                return true;
+            }
+            window().doubleClickRow(2);
+            EXPECT_TRUE(plays(u"start 1 1"_s));
+        }
+        return false;
+    }
+
+    [[nodiscard]] QStringList ends() const
+    {
+        return program.linesMatching(u"^orvanta.playback: ended"_s);
+    }
+    [[nodiscard]] QStringList starts() const
+    {
+        return program.linesMatching(u"^orvanta.playback: start"_s);
+    }
 };
 
 TEST_F(NoEnd, StopDoesNotAdvance)
@@ -78,19 +105,17 @@ TEST_F(NoEnd, StopDoesNotAdvance)
 TEST_F(NoEnd, StopInTheLastSecondDoesNotAdvance)
 {
     playFirstOf(u"video3.mp4"_s);
-    ASSERT_TRUE(window().isEnabled(u"Stop"_s)); // found now, pressed without delay
-    ASSERT_TRUE(waitFor([this] { return window().currentSeconds() > 2; }));
-    window().press(u"Stop"_s);
-    ASSERT_TRUE(plays(u"stopped"_s));
-    saidUntilAnotherFileIsOpen();
-    EXPECT_EQ(ends(), QStringList());
-    EXPECT_EQ(starts().size(), 1);
+    const bool inTime = tryInTheLastSecond(2, [this] { window().press(u"Stop"_s); });
+    ASSERT_TRUE(inTime);
+    const QStringList said = saidUntilAnotherFileIsOpen();
+    EXPECT_EQ(said.filter(u"orvanta.playback: ended"_s), QStringList());
+    EXPECT_EQ(said.filter(u"orvanta.playback: start"_s), QStringList());
 }
 
 TEST_F(NoEnd, SeekingWithTheSliderDoesNotAdvance)
 {
     playFirstOf(u"tone20.wav"_s);
-    for (const int percent : {50, 10, 90, 30, 97, 0}) {
+    for (const int percent : {50, 10, 90, 30, 80, 0}) {
         window().clickSlider(u"Position"_s, percent);
         const double target = 20.0 * percent / 100;
         ASSERT_TRUE(waitFor([&] {
@@ -104,13 +129,10 @@ TEST_F(NoEnd, SeekingWithTheSliderDoesNotAdvance)
 
 TEST_F(NoEnd, SeekingFromTheLastSecondToTheBeginningDoesNotAdvance)
 {
-    playFirstOf(u"tone20.wav"_s);
-    window().clickSlider(u"Position"_s, 96);
-    ASSERT_TRUE(waitFor([this] { return window().currentSeconds() > 19; }));
-    window().clickSlider(u"Position"_s, 0);
-    ASSERT_TRUE(waitFor([this] { return window().currentSeconds() < 2; }));
-    EXPECT_EQ(ends(), QStringList());
-    EXPECT_EQ(starts().size(), 1);
+    playFirstOf(u"video3.mp4"_s);
+    const bool inTime = tryInTheLastSecond(2, [this] { window().clickSlider(u"Position"_s, 0); });
+    ASSERT_TRUE(inTime);
+    EXPECT_TRUE(plays(u"ended 1 1"_s)); // at the natural end of the second time round
 }
 
 TEST_F(NoEnd, PauseDoesNotAdvanceAndTheSliderDoesNotSeekThen)

@@ -32,10 +32,10 @@ static QByteArray hugeValue(const QByteArray& clip)
 
 static QByteArray manySections(const QByteArray& clip)
 {
-    constexpr int kSections = 1'000'000;
+    constexpr qsizetype kSections = 1'000'000;
     QByteArray content;
     content.reserve(kSections * 12);
-    for (int i = 0; i < kSections; ++i) {
+    for (qsizetype i = 0; i < kSections; ++i) {
         content += "[s" + QByteArray::number(i) + "]\n";
     }
     return content + withFiles("2", clip);

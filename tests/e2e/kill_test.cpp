@@ -28,7 +28,7 @@ protected:
         ASSERT_GE(before.size(), kKept);
     }
 
-    QStringList lines() const
+    [[nodiscard]] QStringList lines() const
     {
         QFile settings(home.settingsFile());
         const QString text =
@@ -57,7 +57,7 @@ protected:
     }
 
     /// A later launch: hands a line over, which both it and the running program write about.
-    std::unique_ptr<Application> laterLaunch() const
+    [[nodiscard]] std::unique_ptr<Application> laterLaunch() const
     {
         auto launch = std::make_unique<Application>(desktop, home);
         launch->start({u"/nowhere/clip.avi"_s});

@@ -26,11 +26,14 @@ protected:
         ASSERT_EQ(::mkfifo(fifo().toLocal8Bit().constData(), 0600), 0);
     }
 
-    QString fifo() const { return file(u"fifo.avi"_s); }
-    QString address() const { return u"http://127.0.0.1:%1/clip.avi"_s.arg(m_server.serverPort()); }
+    [[nodiscard]] QString fifo() const { return file(u"fifo.avi"_s); }
+    [[nodiscard]] QString address() const
+    {
+        return u"http://127.0.0.1:%1/clip.avi"_s.arg(m_server.serverPort());
+    }
 
     /// Opening a FIFO for writing succeeds only while somebody reads it.
-    bool fifoIsBeingRead() const
+    [[nodiscard]] bool fifoIsBeingRead() const
     {
         const int end = ::open(fifo().toLocal8Bit().constData(), O_WRONLY | O_NONBLOCK);
         if (end >= 0) {

@@ -198,6 +198,11 @@ TEST(FolderSwitch, NamesAnAbsoluteOrExistingFolder)
     QDir::setCurrent(before);
 }
 
+TEST(FolderSwitch, AFolderInQuotationMarksIsMeantWithoutThem)
+{
+    EXPECT_EQ(folderOfSwitch(u"/f\"/home/a b\""_s), u"/home/a b"_s);
+}
+
 TEST(FolderSwitch, IsNoneInAnythingElse)
 {
     for (const QString& line :

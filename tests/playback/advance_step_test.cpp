@@ -326,4 +326,35 @@ TEST_F(BadFiles, AnOpenedClipLetsTheNextPassBeginAnew)
     }
 }
 
+TEST_F(BadFiles, OfAnEarlierPlaylistAreForgottenByTheNext)
+{
+    option("as");
+    option("agnc");
+    addMissingClips({u"one"_s, u"two"_s});
+    engine->ListClick(1, 1);
+    engine->tick();
+    engine->tick();
+    WriteIni(u"ftl"_s, u"1"_s, path(u"bad.gone"_s), module.IniPath);
+    WriteIni(u"ftl"_s, u"2"_s, file(u"good.avi"_s), module.IniPath);
+    WriteIni(u"ftl"_s, u"num"_s, u"2"_s, module.IniPath);
+    engine->tick();
+    engine->tick();
+    waitUntilRunning();
+    EXPECT_EQ(clip(), 2);
+}
+
+TEST_F(BadFiles, OfAnEarlierPlaylistStartNothingInTheNext)
+{
+    option("agnc");
+    addMissingClips({u"one"_s, u"two"_s});
+    engine->ListClick(1, 1);
+    module.playlist.Playlist.clear();
+    module.playlist.PlaylistCount = 0;
+    addClips({u"three"_s, u"four"_s});
+    engine->playlistReplaced();
+    engine->tick();
+    engine->tick();
+    EXPECT_EQ(loads(), 0);
+}
+
 } // namespace orvanta::test

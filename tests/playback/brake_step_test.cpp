@@ -290,4 +290,32 @@ TEST_F(BrakeWait, SleepsInsteadOfSpinning)
     EXPECT_LT(busySeconds, 0.075); // half of the wait
 }
 
+TEST_F(Brakes, AreServedWhenTheirMediaWasLoadedAsAClipOfItsOwn)
+{
+    addClips({u"lesson"_s});
+    play(1, 1);
+    module.playlist.Playlist.clear();
+    module.playlist.PlaylistCount = 0;
+    addBrakes({u"5"_s, u"12"_s, u"20"_s});
+    play(1, 1);
+    ASSERT_EQ(loads(), 1);
+    tickAt(12.1);
+    EXPECT_EQ(clip(), 2);
+}
+
+TEST_F(Brakes, TheLastBrakePassesOverAPacketWhoseMediaIsMissing)
+{
+    option("agnc");
+    option("agnp");
+    playLesson(3);
+    addMissingClips({u"gone"_s});
+    addClips({u"good"_s});
+    tickAt(20.1);
+    EXPECT_EQ(packet(), 2);
+    EXPECT_EQ(control.FileName(), QString());
+    engine->tick();
+    waitUntilRunning();
+    EXPECT_EQ(packet(), 3);
+}
+
 } // namespace orvanta::test

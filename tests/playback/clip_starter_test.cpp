@@ -328,4 +328,18 @@ TEST_F(StartingFromDriveA, AFailedCopyLeavesThePlayerAsItWas)
     EXPECT_EQ(clip(), 1);
 }
 
+TEST_F(Starting, AMissingFileWhileThePlayerIsPausedLeavesThePausedLooks)
+{
+    addClips({u"one"_s});
+    addMissingClips({u"gone"_s});
+    play(1, 1);
+    engine->tick();
+    control.Pause();
+    engine->tick();
+    engine->ListClick(2, 1);
+    engine->tick();
+    EXPECT_TRUE(view.looks.playEnabled);
+    EXPECT_FALSE(view.looks.pauseEnabled);
+}
+
 } // namespace orvanta::test

@@ -219,4 +219,22 @@ TEST_F(HandOver, IsLoggedOnce)
     EXPECT_EQ(log.lines(), QStringList(u"loaded 2 packets, 2 entries"_s));
 }
 
+TEST_F(HandOver, LaterLinesAreMeantBelowTheFolderOfTheFirst)
+{
+    const QString before = QDir::currentPath();
+    const QString first = packetFile(u"first.vxl"_s, u"one"_s);
+    packetFile(u"second.vxl"_s, u"two"_s);
+    serve({first, u"second.vxl"_s});
+    EXPECT_TRUE(QDir::setCurrent(before));
+    ASSERT_EQ(packets(), 2);
+    EXPECT_EQ(entry(2).clip(1).Text, u"two");
+}
+
+TEST_F(HandOver, AQueueThatCannotBeReadIsNoOpeningByTheShell)
+{
+    WriteIni(u"ftl"_s, u"num"_s, u"abc"_s, module.IniPath);
+    engine->tick();
+    EXPECT_FALSE(module.playlist.OpenedFromExplorer);
+}
+
 } // namespace orvanta::test

@@ -310,4 +310,26 @@ TEST_F(TrayRequestsInTheTick, CloseEndsTheProgramWhateverTheOptionSays)
     EXPECT_EQ(view.unloaded, 1);
 }
 
+TEST_F(Tick, ABookmarkWithoutACurrentClipIsNotStoredButStillShown)
+{
+    module.playlist.CurrentPacket = 5;
+    video.mirror().VideoBookmark = u"3"_s;
+    engine->tick();
+    EXPECT_EQ(view.bookmarkSigns, 1);
+    EXPECT_EQ(ReadIni(u"pos"_s, QString(), module.IniPath), QString());
+}
+
+TEST_F(Tick, AStepOutsideSixteenBitsIsPassedOverAndTheQueueIsServed)
+{
+    option("si");
+    addClips({u"one"_s});
+    module.playlist.CurrentPacket = 1;
+    module.playlist.CurrentClip = 32767;
+    module.tray.TrayNextRequest = true;
+    WriteIni(u"ftl"_s, u"1"_s, file(u"queued.avi"_s), module.IniPath);
+    WriteIni(u"ftl"_s, u"num"_s, u"1"_s, module.IniPath);
+    engine->tick();
+    EXPECT_EQ(module.playlist.packet(1).clip(1).Text, u"queued");
+}
+
 } // namespace orvanta::test

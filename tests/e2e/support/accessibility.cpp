@@ -184,8 +184,8 @@ std::optional<Accessible> Accessible::find(const QString& role, const QString& n
 
 QString Accessible::outline(int depth) const
 {
-    QString lines =
-        QString(depth * 2, u' ') + u"[%1] \"%2\" (%3)\n"_s.arg(role(), name(), description());
+    QString lines = QString(qsizetype{2} * depth, u' ') +
+                    u"[%1] \"%2\" (%3)\n"_s.arg(role(), name(), description());
     if (role() != u"list") {
         for (const Accessible& each : children()) {
             lines += each.outline(depth + 1);

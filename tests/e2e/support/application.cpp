@@ -43,7 +43,7 @@ void Application::start(const QStringList& arguments)
 bool Application::startAndShow(const QStringList& arguments)
 {
     start(arguments);
-    return next(u"^orvanta.startup: main window shown"_s).has_value();
+    return peek(u"^orvanta.startup: main window shown"_s).has_value();
 }
 
 bool Application::waitForEnd(int limitMs)
@@ -105,6 +105,12 @@ std::optional<std::size_t> Application::waitForIndex(const QString& pattern, int
         },
         limitMs);
     return settled ? index : std::nullopt;
+}
+
+std::optional<LogLine> Application::peek(const QString& pattern, int limitMs)
+{
+    const std::optional<std::size_t> index = waitForIndex(pattern, limitMs);
+    return index ? std::optional(m_lines[*index]) : std::nullopt;
 }
 
 std::optional<LogLine> Application::next(const QString& pattern, int limitMs)

@@ -29,7 +29,8 @@ public:
     void setVariable(const QString& name, const QString& value);
     /// Starts it and returns at once.
     void start(const QStringList& arguments = {});
-    /// Starts it and waits until its main window is shown.
+    /// Starts it and waits until its main window is shown. What it said until then can still be
+    /// asked for: under load a clip may start before the window is painted.
     [[nodiscard]] bool startAndShow(const QStringList& arguments = {});
 
     [[nodiscard]] qint64 pid() const { return m_process.processId(); }
@@ -42,6 +43,8 @@ public:
     /// The next line that matches, after the one given last. Nothing when none comes in time or
     /// the program ends without it.
     std::optional<LogLine> next(const QString& pattern, int limitMs = kLongMs);
+    /// The same without counting it as given.
+    [[nodiscard]] std::optional<LogLine> peek(const QString& pattern, int limitMs = kLongMs);
     /// The lines after the one given last, up to and without the next that matches (which counts
     /// as given). Nothing when none matches in time.
     std::optional<QStringList> linesUntil(const QString& pattern, int limitMs = kLongMs);

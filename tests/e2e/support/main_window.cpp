@@ -19,7 +19,7 @@ std::optional<Accessible> MainWindow::control(const QString& role, const QString
     if (known != m_known.constEnd()) {
         return *known;
     }
-    const std::optional<Accessible> found = m_bus.control(m_pid, role, name);
+    std::optional<Accessible> found = m_bus.control(m_pid, role, name);
     if (found) {
         m_known.insert(key, *found);
     }

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 static QString folder()
 {
-    const QString path = QStringLiteral(ORVANTA_BUILD_DIR "/test-media-e2e");
+    QString path = QStringLiteral(ORVANTA_BUILD_DIR "/test-media-e2e");
     QDir().mkpath(path);
     return path;
 }
@@ -106,7 +106,7 @@ static Maker soundThatSays(double seconds)
 
 static bool noise(const QString& target)
 {
-    constexpr int kWords = 5000;
+    constexpr qsizetype kWords = 5000;
     QRandomGenerator generator(1); // the same noise every time
     QList<quint32> words(kWords);
     generator.fillRange(words.data(), words.size());
@@ -157,7 +157,7 @@ static bool make(const QString& name, const Maker& maker)
 
 QString media(const QString& name)
 {
-    const QString path = folder() + u'/' + name;
+    QString path = folder() + u'/' + name;
     const auto maker = makers().find(name);
     if (maker == makers().end()) {
         return {};
