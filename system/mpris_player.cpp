@@ -123,12 +123,12 @@ void MprisPlayer::Play()
     }
 }
 
-void MprisPlayer::Seek(qlonglong Offset)
+void MprisPlayer::Seek(qlonglong offset)
 {
     if (!isLoaded()) {
         return;
     }
-    const double target = m_ports.control.CurrentPosition() + static_cast<double>(Offset) / 1e6;
+    const double target = m_ports.control.CurrentPosition() + static_cast<double>(offset) / 1e6;
     if (target > m_ports.control.Duration()) {
         Next();
     } else {
@@ -136,19 +136,19 @@ void MprisPlayer::Seek(qlonglong Offset)
     }
 }
 
-void MprisPlayer::SetPosition(const QDBusObjectPath& TrackId, qlonglong Position)
+void MprisPlayer::SetPosition(const QDBusObjectPath& trackId, qlonglong position)
 {
-    const double target = static_cast<double>(Position) / 1e6;
-    const bool isCurrent = placeOfTrack(TrackId.path()) == current();
+    const double target = static_cast<double>(position) / 1e6;
+    const bool isCurrent = placeOfTrack(trackId.path()) == current();
     if (!isLoaded() || !isCurrent || target < 0 || target > m_ports.control.Duration()) {
         return;
     }
     m_ports.engine.seekTo(target);
 }
 
-void MprisPlayer::OpenUri(const QString& Uri)
+void MprisPlayer::OpenUri(const QString& uri)
 {
-    const QUrl url(Uri);
+    const QUrl url(uri);
     if (url.isLocalFile()) {
         m_ports.open(url.toLocalFile());
     }

@@ -53,12 +53,12 @@ public Q_SLOTS:
     void PlayPause();
     void Stop();
     void Play();
-    void Seek(qlonglong Offset);
-    void SetPosition(const QDBusObjectPath& TrackId, qlonglong Position);
-    void OpenUri(const QString& Uri);
+    void Seek(qlonglong offset);
+    void SetPosition(const QDBusObjectPath& trackId, qlonglong position);
+    void OpenUri(const QString& uri);
 
 Q_SIGNALS:
-    void Seeked(qlonglong Position);
+    void Seeked(qlonglong position);
 
 private:
     [[nodiscard]] bool isLoaded() const;

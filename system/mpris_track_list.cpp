@@ -38,25 +38,25 @@ void MprisTrackList::announceIfReplaced()
         now, QDBusObjectPath(trackPath(playlist.CurrentPacket, playlist.CurrentClip)));
 }
 
-MetadataList MprisTrackList::GetTracksMetadata(const QList<QDBusObjectPath>& TrackIds)
+MetadataList MprisTrackList::GetTracksMetadata(const QList<QDBusObjectPath>& trackIds)
 {
     MetadataList all;
-    for (const QDBusObjectPath& track : TrackIds) {
+    for (const QDBusObjectPath& track : trackIds) {
         all.append(trackMetadata(m_ports, placeOfTrack(track.path())));
     }
     return all;
 }
 
-void MprisTrackList::AddTrack(const QString& /*Uri*/, const QDBusObjectPath& /*AfterTrack*/,
-                              bool /*SetAsCurrent*/)
+void MprisTrackList::AddTrack(const QString& /*uri*/, const QDBusObjectPath& /*afterTrack*/,
+                              bool /*setAsCurrent*/)
 {}
 
-void MprisTrackList::RemoveTrack(const QDBusObjectPath& /*TrackId*/) {}
+void MprisTrackList::RemoveTrack(const QDBusObjectPath& /*trackId*/) {}
 
-void MprisTrackList::GoTo(const QDBusObjectPath& TrackId)
+void MprisTrackList::GoTo(const QDBusObjectPath& trackId)
 {
-    const Cursor place = placeOfTrack(TrackId.path());
-    if (tracks().contains(TrackId)) {
+    const Cursor place = placeOfTrack(trackId.path());
+    if (tracks().contains(trackId)) {
         m_ports.engine.ListClick(place.packet, place.clip);
     }
 }

@@ -28,15 +28,15 @@ public:
     void announceIfReplaced();
 
 public Q_SLOTS:
-    orvanta::MetadataList GetTracksMetadata(const QList<QDBusObjectPath>& TrackIds);
+    orvanta::MetadataList GetTracksMetadata(const QList<QDBusObjectPath>& trackIds);
     // The list cannot be edited from outside: the interface asks for these to have no effect then.
-    void AddTrack(const QString& Uri, const QDBusObjectPath& AfterTrack, bool SetAsCurrent);
-    void RemoveTrack(const QDBusObjectPath& TrackId);
-    void GoTo(const QDBusObjectPath& TrackId);
+    void AddTrack(const QString& uri, const QDBusObjectPath& afterTrack, bool setAsCurrent);
+    void RemoveTrack(const QDBusObjectPath& trackId);
+    void GoTo(const QDBusObjectPath& trackId);
 
 Q_SIGNALS:
-    void TrackListReplaced(const QList<QDBusObjectPath>& Tracks,
-                           const QDBusObjectPath& CurrentTrack);
+    void TrackListReplaced(const QList<QDBusObjectPath>& tracks,
+                           const QDBusObjectPath& currentTrack);
 
 private:
     MprisPorts& m_ports;

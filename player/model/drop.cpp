@@ -7,7 +7,7 @@
 
 #include <QFileInfo>
 
-#include <ranges>
+#include <algorithm>
 
 namespace orvanta {
 
@@ -79,9 +79,7 @@ private:
 DropResult applyDrop(PlaylistState& playlist, const QStringList& files, const QString& typePattern)
 {
     Drop drop(playlist, typePattern);
-    for (const QString& file : files | std::views::reverse) {
-        drop.add(file);
-    }
+    std::for_each(files.crbegin(), files.crend(), [&](const QString& file) { drop.add(file); });
     return drop.result();
 }
 

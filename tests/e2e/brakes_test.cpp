@@ -74,7 +74,8 @@ TEST_F(Brakes, EachTextStandsThereByTheTimeThePositionIsSixTenthsPastItsBrake)
 TEST_F(Brakes, TheListFollowsThePosition)
 {
     ASSERT_TRUE(program.startAndShow({lesson(u"short first brake"_s, m_shortFirst)}));
-    ASSERT_GE(window().rows().size(), 1); // the list is found now, not while time matters
+    // The list is found now, not while time matters.
+    ASSERT_TRUE(waitFor([this] { return !window().rows().isEmpty(); }));
     ASSERT_TRUE(plays(u"start 1 1 Look"_s));
     ASSERT_TRUE(plays(u"start 1 2 Listen"_s));
     EXPECT_TRUE(waitFor([this] { return window().currentRow() == 3; }));
