@@ -7,6 +7,9 @@ namespace orvanta::test {
 class HandOver : public EngineTest
 {
 protected:
+    // A drain makes a folder of the test's own the current one, and that folder goes.
+    ~HandOver() override { QDir::setCurrent(QDir::rootPath()); }
+
     void queue(const QStringList& lines)
     {
         WriteIni(u"ftl"_s, u"wr"_s, u"0"_s, module.IniPath);
@@ -221,11 +224,9 @@ TEST_F(HandOver, IsLoggedOnce)
 
 TEST_F(HandOver, LaterLinesAreMeantBelowTheFolderOfTheFirst)
 {
-    const QString before = QDir::currentPath();
     const QString first = packetFile(u"first.vxl"_s, u"one"_s);
     packetFile(u"second.vxl"_s, u"two"_s);
     serve({first, u"second.vxl"_s});
-    EXPECT_TRUE(QDir::setCurrent(before));
     ASSERT_EQ(packets(), 2);
     EXPECT_EQ(entry(2).clip(1).Text, u"two");
 }
