@@ -8,6 +8,7 @@ target_compile_definitions(orvanta_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_C
                                                    QT_NO_KEYWORDS QT_NO_FOREACH)
 target_compile_options(orvanta_flags INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Woverloaded-virtual -Werror)
+target_link_options(orvanta_flags INTERFACE -Wl,--as-needed -Wl,-z,relro -Wl,-z,now)
 if(ORVANTA_SANITIZE)
     target_compile_options(orvanta_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)

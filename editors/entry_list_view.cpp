@@ -1,6 +1,7 @@
 #include "editors/entry_list_view.h"
 
 #include "editors/entry_painter.h"
+#include "editors/window_parts.h"
 
 #include <QAbstractListModel>
 #include <QKeyEvent>
@@ -127,7 +128,7 @@ void EntryListView::showSelection()
     const QModelIndex index = m_model->index(m_list.selected);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     scrollTo(index);
-    setToolTip(m_list.selectedEntry().toHtmlEscaped());
+    setToolTip(plainToolTip(m_list.selectedEntry()));
 }
 
 void EntryListView::selectionChanged(const QItemSelection& selected,
@@ -139,7 +140,7 @@ void EntryListView::selectionChanged(const QItemSelection& selected,
     }
     const QModelIndexList rows = selectionModel()->selectedIndexes();
     m_list.selected = rows.isEmpty() ? -1 : rows.first().row();
-    setToolTip(m_list.selectedEntry().toHtmlEscaped());
+    setToolTip(plainToolTip(m_list.selectedEntry()));
     m_pressSelected = true;
     if (m_list.hasSelection()) {
         Q_EMIT Click(m_list.selected);

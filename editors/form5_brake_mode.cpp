@@ -5,6 +5,7 @@
 #include "editors/entry_list_view.h"
 #include "editors/file_list_box.h"
 #include "editors/form5_packet_editor.h"
+#include "editors/found_paths.h"
 #include "editors/preview_pane.h"
 #include "editors/time_slider.h"
 #include "platform/media_locator.h"
@@ -89,14 +90,14 @@ void Form5::Form5_Command15_Click()
 
 void Form5::Form5_Command7_Click()
 {
-    m_services.pickers.ShowOpenPicker(u"*.vxl"_s, false);
-    const QString packet = m_services.module.picker.PickedFiles.value(1);
+    const QString packet = pickFile(u"*.vxl"_s);
     if (packet.isEmpty()) {
         return;
     }
     const BrakeDocument document = readBrakeDocument(packet);
+    m_brakesFolder = folderOfPath(packet);
     Text3->show(document.mediaFile);
-    openPreview(document.mediaFile, folderOfPath(packet));
+    openPreview(document.mediaFile, m_brakesFolder);
     List2->change([&](EntryList& list) {
         removeAll(list);
         list.entries = document.entries;
@@ -105,25 +106,16 @@ void Form5::Form5_Command7_Click()
 
 void Form5::Form5_Command16_Click()
 {
-    trapped("Form5_Command16_Click", [this] {
-        m_services.pickers.ShowSavePicker(u"*.vxl"_s);
-        const QString& target = m_services.module.picker.SaveFileName;
-        if (!target.isEmpty()) {
-            writeBrakePacket(target, File2->filePath(), Text3->text(), List2->list().entries);
-        }
+    save(u"*.vxl"_s, [this](const QString& target) {
+        writeBrakePacket(target, File2->filePath(), Text3->text(), List2->list().entries);
     });
 }
 
 void Form5::Form5_Command12_Click()
 {
-    if (List2->list().entries.isEmpty()) {
-        done(Rejected);
-        return;
-    }
-    trapped("Form5_Command12_Click", [this] {
-        writeBrakePacket(programFile(m_services.module.ApplicationFolder, u"\\temp.vxl"_s),
-                         File2->filePath(), Text3->text(), List2->list().entries);
-        finishCreate();
+    create(*List2, u"\\temp.vxl"_s, [this](const QString& target) {
+        writeBrakePacket(target, File2->filePath(), pathFoundBeside(m_brakesFolder, Text3->text()),
+                         List2->list().entries);
     });
 }
 
@@ -139,7 +131,7 @@ void Form5::markPassedBrake(double positionSeconds)
 
 void Form5::pausePlayer()
 {
-    m_hasPausedPlayer = m_services.pausePlayer() || m_hasPausedPlayer;
+    m_hasPausedPlayer = services().pausePlayer() || m_hasPausedPlayer;
 }
 
 } // namespace orvanta

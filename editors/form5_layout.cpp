@@ -33,34 +33,24 @@ static EntryLook lookOfBrake(const QString& entry)
 
 void Form5::buildControls()
 {
-    Option1 = new QRadioButton(m_texts(u"Option1"), this);
-    Option2 = new QRadioButton(m_texts(u"Option2"), this);
-    Frame1 = new QGroupBox(m_texts(u"Frame1"), this);
-    Frame5 = new QGroupBox(m_texts(u"Frame5"), this);
+    Option1 = new QRadioButton(texts()(u"Option1"), this);
+    Option2 = new QRadioButton(texts()(u"Option2"), this);
+    Frame1 = new QGroupBox(texts()(u"Frame1"), this);
+    Frame5 = new QGroupBox(texts()(u"Frame5"), this);
     Option1->setChecked(true);
-    buildClipControls();
+    buildListControls(Frame1, lookOfClip);
     buildBrakeControls();
     buildButtons();
     nameControls();
 }
 
-void Form5::buildClipControls()
-{
-    FolderTreeview1 = new FolderTree(m_texts.language(), Frame1);
-    File1 = new FileListBox(Frame1);
-    File1->setEnterClicks(true);
-    List1 = new EntryListView(lookOfClip, Frame1);
-    Text1 = new LineBox(Frame1);
-    Text2 = new LineBox(Frame1);
-}
-
 void Form5::buildBrakeControls()
 {
-    FolderTreeview2 = new FolderTree(m_texts.language(), Frame5);
+    FolderTreeview2 = new FolderTree(texts().language(), Frame5);
     File2 = new FileListBox(Frame5);
     File2->setEnterClicks(true);
     Text3 = new LineBox(Frame5);
-    ActiveMovie1 = new PreviewPane(m_services.makePreview, m_services.playerVolume, Frame5);
+    ActiveMovie1 = new PreviewPane(services().makePreview, services().playerVolume, Frame5);
     Slider1 = new TimeSlider(Frame5);
     Label1 = new QLabel(u"000000.000"_s, Frame5);
     Label2 = new QLabel(u"000000.00"_s, Frame5);
@@ -68,29 +58,14 @@ void Form5::buildBrakeControls()
     Text4 = new LineBox(Frame5);
 }
 
-QPushButton* Form5::button(QStringView control)
-{
-    QPushButton* made = captionButton(m_texts(control), this);
-    made->setObjectName(control.toString());
-    return made;
-}
-
 void Form5::buildButtons()
 {
-    Command3 = button(u"Command3");
-    Command4 = button(u"Command4");
-    Command5 = button(u"Command5");
-    Command6 = button(u"Command6");
-    Command8 = button(u"Command8");
-    Command9 = button(u"Command9");
-    Command10 = button(u"Command10");
+    buildListButtons();
     Command15 = button(u"Command15");
     Command11 = button(u"Command11");
     Command7 = button(u"Command7");
     Command16 = button(u"Command16");
-    Command2 = button(u"Command2");
-    Command1 = pictureButton(ButtonPicture::Create, m_texts(u"Command1.name"), this);
-    Command12 = pictureButton(ButtonPicture::Create, m_texts(u"Command12.name"), this);
+    Command12 = createButton(u"Command12");
 }
 
 void Form5::nameControls()
@@ -99,22 +74,18 @@ void Form5::nameControls()
     nameControl(Option2, u"Option2"_s);
     nameControl(Frame1, u"Frame1"_s);
     nameControl(Frame5, u"Frame5"_s);
-    nameControl(FolderTreeview1, u"FolderTreeview1"_s, m_texts(u"FolderTreeview1.name"));
-    nameControl(File1, u"File1"_s, m_texts(u"File1.name"));
-    nameControl(List1, u"List1"_s, m_texts(u"List1.name"));
-    nameControl(Text1, u"Text1"_s);
-    nameControl(Text2, u"Text2"_s);
-    nameControl(FolderTreeview2, u"FolderTreeview2"_s, m_texts(u"FolderTreeview1.name"));
-    nameControl(File2, u"File2"_s, m_texts(u"File1.name"));
+    nameControl(FolderTreeview2, u"FolderTreeview2"_s, texts()(u"FolderTreeview1.name"));
+    nameControl(File2, u"File2"_s, texts()(u"File1.name"));
     nameControl(Text3, u"Text3"_s);
-    nameControl(ActiveMovie1, u"ActiveMovie1"_s, m_texts(u"ActiveMovie1.name"));
-    nameControl(Slider1, u"Slider1"_s, m_texts(u"Slider1.name"));
-    nameControl(Label1, u"Label1"_s, m_texts(u"Slider1.name"));
-    nameControl(Label2, u"Label2"_s, m_texts(u"Label2.name"));
-    nameControl(List2, u"List2"_s, m_texts(u"List2.name"));
+    nameControl(ActiveMovie1, u"ActiveMovie1"_s, texts()(u"ActiveMovie1.name"));
+    nameControl(Slider1, u"Slider1"_s, texts()(u"Slider1.name"));
+    nameControl(Label1, u"Label1"_s);
+    nameControl(Label2, u"Label2"_s);
+    // A label's own text is what is read out; the tool tip describes it.
+    Label1->setToolTip(texts()(u"Slider1.name"));
+    Label2->setToolTip(texts()(u"Label2.name"));
+    nameControl(List2, u"List2"_s, texts()(u"List2.name"));
     nameControl(Text4, u"Text4"_s);
-    nameControl(Command1, u"Command1"_s);
-    nameControl(Command12, u"Command12"_s);
 }
 
 void Form5::layOut()
@@ -132,11 +103,8 @@ void Form5::layOut()
     auto* all = new QVBoxLayout(this);
     all->addLayout(modes);
     all->addLayout(frames, 1);
-    all->addLayout(buttonRow());
-    orderTabs();
-    setSizeGripEnabled(true);
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
-    resize(980, 640);
+    all->addLayout(buttonRow({{Command3, Command7}, {Command4, Command16}}, {Command1, Command12}));
+    finishLayout({980, 640}, tabOrder());
 }
 
 static void layOutSideBySide(QGroupBox* frame, QWidget* chooser, QWidget* part)
@@ -158,23 +126,16 @@ void Form5::layOutClipMode()
 
 QWidget* Form5::clipListPart()
 {
-    auto* edits = new QHBoxLayout;
-    for (QPushButton* command : {Command8, Command5, Command6}) {
-        edits->addWidget(command);
-    }
-    edits->addStretch();
-    edits->addWidget(Command9);
-    edits->addWidget(Command10);
     auto* fields = new QGridLayout;
-    fields->addWidget(boxLabel(m_texts(u"Text1.label"), Text1), 0, 0);
+    fields->addWidget(boxLabel(texts()(u"Text1.label"), Text1), 0, 0);
     fields->addWidget(Text1, 0, 1);
-    fields->addWidget(boxLabel(m_texts(u"Text2.label"), Text2), 1, 0);
+    fields->addWidget(boxLabel(texts()(u"Text2.label"), Text2), 1, 0);
     fields->addWidget(Text2, 1, 1);
     auto* part = new QWidget;
     auto* layout = new QVBoxLayout(part);
     layout->setContentsMargins(6, 0, 0, 0);
     layout->addWidget(List1, 1);
-    layout->addLayout(edits);
+    layout->addLayout(editRow());
     layout->addLayout(fields);
     return part;
 }
@@ -204,7 +165,7 @@ QWidget* Form5::previewPart()
     keepWidth(Label2);
     Label2->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     auto* clip = new QHBoxLayout;
-    clip->addWidget(boxLabel(m_texts(u"Text3.label"), Text3));
+    clip->addWidget(boxLabel(texts()(u"Text3.label"), Text3));
     clip->addWidget(Text3);
     auto* position = new QHBoxLayout;
     position->addWidget(Label1);
@@ -222,7 +183,7 @@ QWidget* Form5::previewPart()
 QWidget* Form5::brakeListPart()
 {
     auto* edits = new QHBoxLayout;
-    edits->addWidget(boxLabel(m_texts(u"Text4.label"), Text4));
+    edits->addWidget(boxLabel(texts()(u"Text4.label"), Text4));
     edits->addWidget(Text4, 1);
     edits->addWidget(Command15);
     edits->addWidget(Command11);
@@ -234,40 +195,12 @@ QWidget* Form5::brakeListPart()
     return part;
 }
 
-/// Two buttons in one place; the mode shows one of them.
-static QGridLayout* onePlace(QPushButton* below, QPushButton* above)
+std::vector<QWidget*> Form5::tabOrder() const
 {
-    auto* place = new QGridLayout;
-    place->addWidget(below, 0, 0);
-    place->addWidget(above, 0, 0);
-    return place;
-}
-
-QBoxLayout* Form5::buttonRow()
-{
-    auto* row = new QHBoxLayout;
-    row->addLayout(onePlace(Command3, Command7));
-    row->addLayout(onePlace(Command4, Command16));
-    row->addStretch();
-    row->addWidget(Command2);
-    row->addLayout(onePlace(Command1, Command12));
-    const int height = Command1->sizeHint().height();
-    for (QPushButton* command : {Command2, Command3, Command4, Command7, Command16}) {
-        command->setMinimumHeight(height);
-    }
-    return row;
-}
-
-void Form5::orderTabs()
-{
-    const std::vector<QWidget*> order = {
-        Option1,  Option2,  FolderTreeview1, File1,    List1,     Command8,        Command5,
-        Command6, Command9, Command10,       Text1,    Text2,     FolderTreeview2, File2,
-        Text3,    Slider1,  List2,           Text4,    Command15, Command11,       Command3,
-        Command7, Command4, Command16,       Command2, Command1,  Command12};
-    for (std::size_t i = 1; i < order.size(); ++i) {
-        setTabOrder(order[i - 1], order[i]);
-    }
+    return {Option1,  Option2,  FolderTreeview1, File1,    List1,     Command8,        Command5,
+            Command6, Command9, Command10,       Text1,    Text2,     FolderTreeview2, File2,
+            Text3,    Slider1,  List2,           Text4,    Command15, Command11,       Command3,
+            Command7, Command4, Command16,       Command2, Command1,  Command12};
 }
 
 } // namespace orvanta

@@ -18,32 +18,22 @@
 //   Command2  cancel
 #pragma once
 
-#include "editors/editor_services.h"
-#include "editors/window_parts.h"
-
-#include <QDialog>
+#include "editors/editor_window.h"
 
 #include <optional>
 #include <vector>
 
-class QBoxLayout;
 class QGroupBox;
 class QLabel;
-class QPushButton;
 class QRadioButton;
 
 namespace orvanta {
 
-class EntryListView;
-class FileListBox;
-class FolderTree;
 class PreviewPane;
 class TimeSlider;
-struct EntryList;
 
-/// Its whole state is in its controls. Shows no message ever. Esc closes it only while there is
-/// nothing to lose; Cancel and the window manager close it in any state.
-class Form5 : public QDialog
+/// Its whole state is in its controls. What clip mode shares with the group editor is the base's.
+class Form5 : public EditorWindow
 {
     Q_OBJECT
 
@@ -55,19 +45,6 @@ public:
     QRadioButton* Option2 = nullptr;       // brake mode
     QGroupBox* Frame1 = nullptr;           // the controls of clip mode
     QGroupBox* Frame5 = nullptr;           // the controls of brake mode
-    FolderTree* FolderTreeview1 = nullptr; // chooses the folder of the clips
-    FileListBox* File1 = nullptr;          // a click adds a clip
-    EntryListView* List1 = nullptr;        // the clips, path{}text
-    LineBox* Text1 = nullptr;              // path of the selected clip
-    LineBox* Text2 = nullptr;              // text of the selected clip
-    QPushButton* Command3 = nullptr;       // loads a packet
-    QPushButton* Command4 = nullptr;       // saves the packet
-    QPushButton* Command5 = nullptr;       // removes the selected clip
-    QPushButton* Command6 = nullptr;       // removes all clips
-    QPushButton* Command8 = nullptr;       // adds all files of the folder
-    QPushButton* Command9 = nullptr;       // moves the selected clip up
-    QPushButton* Command10 = nullptr;      // moves the selected clip down
-    QPushButton* Command1 = nullptr;       // creates the clip-list packet
     FolderTree* FolderTreeview2 = nullptr; // chooses the folder of the brake clip
     FileListBox* File2 = nullptr;          // a click opens the brake clip
     LineBox* Text3 = nullptr;              // full path of the brake clip
@@ -82,22 +59,16 @@ public:
     QPushButton* Command7 = nullptr;       // loads a brake packet
     QPushButton* Command16 = nullptr;      // saves the brake packet
     QPushButton* Command12 = nullptr;      // creates the brake packet
-    QPushButton* Command2 = nullptr;       // closes without result
 
     /// Whether the preview paused a player that had been running.
     [[nodiscard]] bool hasPausedPlayer() const { return m_hasPausedPlayer; }
 
-    void reject() override;
-    /// Every way of closing stores the folder of File1.
-    void done(int result) override;
-
 protected:
-    void closeEvent(QCloseEvent* event) override;
+    [[nodiscard]] bool isEmpty() const override;
 
 private:
     // Building: form5_layout.cpp
     void buildControls();
-    void buildClipControls();
     void buildBrakeControls();
     void buildButtons();
     void nameControls();
@@ -107,9 +78,7 @@ private:
     [[nodiscard]] QWidget* clipListPart();
     [[nodiscard]] QWidget* previewPart();
     [[nodiscard]] QWidget* brakeListPart();
-    [[nodiscard]] QBoxLayout* buttonRow();
-    void orderTabs();
-    [[nodiscard]] QPushButton* button(QStringView control);
+    [[nodiscard]] std::vector<QWidget*> tabOrder() const;
 
     // Loading and closing: form5_packet_editor.cpp
     void connectHandlers();
@@ -118,21 +87,11 @@ private:
     void Form5_Form_Load();
     void Form5_Option1_Click();
     void Form5_Option2_Click();
-    void Form5_Command2_Click();
-    template <typename Sender, typename Signal, typename Handler>
-    void on(Sender* sender, Signal signal, Handler handler)
-    {
-        connect(sender, signal, this, m_services.boundary(std::move(handler)));
-    }
-    [[nodiscard]] bool isEmpty() const;
-    void finishCreate();
 
     // Clip mode: form5_clip_mode.cpp
-    void Form5_FolderTreeview1_FolderClick(const QString& folder);
     void Form5_File1_Click();
     void Form5_Text1_Change();
     void Form5_List1_Click();
-    void Form5_Command8_Click();
     void Form5_Command3_Click();
     void Form5_Command4_Click();
     void Form5_Command1_Click();
@@ -155,9 +114,8 @@ private:
     void markPassedBrake(double positionSeconds);
     void pausePlayer();
 
-    EditorServices& m_services;
-    WindowTexts m_texts;
     std::vector<std::optional<double>> m_brakeTimes; // seconds, in the order of List2
+    QString m_brakesFolder; // of the brake packet that was loaded last; empty before
     bool m_hasPausedPlayer = false;
 };
 

@@ -10,6 +10,9 @@
 
 namespace orvanta {
 
+// Exact seeks take up to a tenth of a second and more: many of them in a row would show nothing.
+constexpr int kRestMilliseconds = 120;
+
 PreviewPane::PreviewPane(Factory factory, std::function<int()> volume, QWidget* parent)
     : QWidget(parent),
       m_factory(std::move(factory)),
@@ -18,6 +21,9 @@ PreviewPane::PreviewPane(Factory factory, std::function<int()> volume, QWidget* 
 {
     m_layout->setContentsMargins(0, 0, 0, 0);
     setMinimumSize(240, 135);
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(kRestMilliseconds);
+    connect(&m_rest, &QTimer::timeout, this, &PreviewPane::showExactly);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
@@ -48,6 +54,7 @@ void PreviewPane::openFile(const QString& path)
     if (m_control == nullptr) {
         makeControl();
     }
+    m_rest.stop();
     m_control->setVolume(m_volume());
     m_control->setFileName(path);
 }
@@ -62,11 +69,21 @@ void PreviewPane::previewAt(double seconds)
     if (isOpen()) {
         m_control->Pause();
         m_control->previewPosition(seconds);
+        m_heldSeconds = seconds;
+        m_rest.start();
+    }
+}
+
+void PreviewPane::showExactly()
+{
+    if (isOpen()) {
+        m_control->setCurrentPosition(m_heldSeconds);
     }
 }
 
 void PreviewPane::runFrom(double seconds)
 {
+    m_rest.stop();
     if (isOpen()) {
         m_control->Stop();
         m_control->setCurrentPosition(seconds);

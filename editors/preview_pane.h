@@ -3,6 +3,7 @@
 
 #include "platform/media_control.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -27,7 +28,8 @@ public:
 
     /// Opens an existing file; the empty text shows none. The clip does not run by itself.
     void openFile(const QString& path);
-    /// Shows the picture near this place while a slider is held. Seconds.
+    /// Shows the picture near this place while a slider is held, and the one right there when it
+    /// rests. Seconds.
     void previewAt(double seconds);
     /// Stops, goes to this place exactly, and runs. Seconds.
     void runFrom(double seconds);
@@ -49,6 +51,7 @@ protected:
 
 private:
     void makeControl();
+    void showExactly();
     void run();
 
     Factory m_factory;
@@ -56,6 +59,8 @@ private:
     std::unique_ptr<MediaControl> m_control;
     QWidget* m_surface = nullptr;
     QVBoxLayout* m_layout;
+    QTimer m_rest; // runs out when the held slider has not moved for a moment
+    double m_heldSeconds = 0;
 };
 
 } // namespace orvanta

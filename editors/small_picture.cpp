@@ -1,23 +1,45 @@
 #include "editors/small_picture.h"
 
+#include "platform/metafile.h"
+
+#include <QFile>
 #include <QImageReader>
 
 namespace orvanta {
+
+/// Scaled while it is read: a photograph of any size costs little.
+static QImage readWithin(const QString& file, QSize bounds)
+{
+    QImageReader reader(file);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QSize whole = reader.size();
+    if (whole.width() > bounds.width() || whole.height() > bounds.height()) {
+        reader.setScaledSize(whole.scaled(bounds, Qt::KeepAspectRatio));
+    }
+    return reader.read();
+}
+
+static QImage readAsMetafile(const QString& file)
+{
+    constexpr qint64 kEnoughToTell = 4;
+    QFile metafile(file);
+    if (!metafile.open(QIODevice::ReadOnly) || !looksLikeMetafile(metafile.peek(kEnoughToTell))) {
+        return {};
+    }
+    return readMetafile(metafile.readAll());
+}
 
 QPixmap smallPicture(const QString& file, QSize size, qreal devicePixelRatio)
 {
     if (file.isEmpty()) {
         return {};
     }
-    QImageReader reader(file);
-    reader.setAutoTransform(true);
     const QSize bounds = size * devicePixelRatio;
-    const QSize whole = reader.size();
-    // Scaled while it is read: a photograph of any size costs little.
-    if (whole.width() > bounds.width() || whole.height() > bounds.height()) {
-        reader.setScaledSize(whole.scaled(bounds, Qt::KeepAspectRatio));
+    QImage image = readWithin(file, bounds);
+    if (image.isNull()) {
+        image = readAsMetafile(file);
     }
-    QImage image = reader.read();
     if (image.width() > bounds.width() || image.height() > bounds.height()) {
         image = image.scaled(bounds, Qt::KeepAspectRatio, Qt::SmoothTransformation);
     }

@@ -70,6 +70,9 @@ void TimeSlider::setSeconds(double seconds)
 
 void TimeSlider::moveByUser(double seconds, bool held)
 {
+    if (maximum() == 0) {
+        return; // no clip: a brake that is selected must not jump to 0
+    }
     // A thousandth is the slider's own unit; finer digits would only be noise of the arithmetic.
     const double bounded = std::clamp(seconds, 0.0, length());
     setSeconds(std::round(bounded * kTicksPerSecond) / kTicksPerSecond);

@@ -5,7 +5,8 @@
 
 namespace orvanta {
 
-/// Seconds from 0 to the clip's length. Only what the user does is signalled.
+/// Seconds from 0 to the clip's length; without a length the user cannot move it. Only what the
+/// user does is signalled.
 class TimeSlider : public QSlider
 {
     Q_OBJECT

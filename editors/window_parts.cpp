@@ -9,6 +9,7 @@
 #include <QPainterPath>
 #include <QPushButton>
 #include <QSplitter>
+#include <QTextDocument>
 
 #include <limits>
 
@@ -111,7 +112,9 @@ QIcon buttonPicture(ButtonPicture picture)
 
 QPushButton* captionButton(const QString& caption, QWidget* parent)
 {
+    constexpr int kRoomAtTheSides = 16; // some styles leave next to none
     auto* button = new QPushButton(caption, parent);
+    button->setMinimumWidth(button->sizeHint().width() + kRoomAtTheSides);
     button->setAutoDefault(false);
     return button;
 }
@@ -141,6 +144,11 @@ QSplitter* chooserOf(QWidget* tree, QWidget* files)
     splitter->addWidget(files);
     splitter->setChildrenCollapsible(false);
     return splitter;
+}
+
+QString plainToolTip(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
 }
 
 void nameControl(QWidget* control, const QString& objectName, const QString& accessibleName)

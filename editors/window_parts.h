@@ -79,6 +79,9 @@ enum class ButtonPicture
 /// A folder tree with its file list below it.
 [[nodiscard]] QSplitter* chooserOf(QWidget* tree, QWidget* files);
 
+/// The text as a tool tip shows it: signs that look like markup stay signs.
+[[nodiscard]] QString plainToolTip(const QString& text);
+
 /// Sets a widget's object name, and its accessible name when that is not empty.
 void nameControl(QWidget* control, const QString& objectName, const QString& accessibleName = {});
 

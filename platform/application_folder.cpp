@@ -59,14 +59,17 @@ QString applicationFolder()
     return folder;
 }
 
+/// Those of the installation, which its administrator may have changed; else the built-in ones.
 static QByteArray defaultSettings()
 {
     initDefaults();
-    QFile defaults(u":/orvanta/orvanta.ini"_s);
+    const QString shared = QStringLiteral(ORVANTA_SHARED) + u"/defaults/orvanta.ini"_s;
+    const QString installed = QCoreApplication::applicationDirPath() + u'/' + shared;
+    QFile defaults(QFileInfo(installed).isFile() ? installed : u":/orvanta/orvanta.ini"_s);
     if (!defaults.open(QIODevice::ReadOnly)) {
         return {};
     }
-    return defaults.readAll().replace("\n", "\r\n");
+    return defaults.readAll().replace("\r\n", "\n").replace("\n", "\r\n");
 }
 
 static bool writeWhole(QTemporaryFile& file, const QByteArray& content)
@@ -97,13 +100,39 @@ void installDefaultSettings(const QString& folder)
     }
 }
 
-/// Where an installation and where a build inside a checkout keep what is only read.
-static QStringList installedFolders()
+namespace {
+
+/// Where an installation, and where a build inside a checkout, keeps things, seen from the program.
+struct InstalledPlaces
+{
+    QStringList documents; // read only: icons, help, lessons
+    QStringList programs;  // companions
+};
+
+InstalledPlaces installedPlaces()
 {
     const QDir program(QCoreApplication::applicationDirPath());
-    return {QDir::cleanPath(program.filePath(u"../share/orvanta"_s)),
-            QDir::cleanPath(program.filePath(u"../resources"_s))};
+    const auto place = [&](const QString& name) { return QDir::cleanPath(program.filePath(name)); };
+    const QString shared = place(QStringLiteral(ORVANTA_SHARED));
+    return {
+        .documents = {shared, place(u"../resources"_s), place(u"../resources/help"_s)},
+        .programs = {place(QStringLiteral(ORVANTA_COMPANIONS)), shared, place(u"companions"_s)}};
 }
+
+bool isProgram(const QString& file)
+{
+    const QFileInfo info(file);
+    return info.isFile() && info.isExecutable();
+}
+
+/// The name as it is, and without the ending that programs bear elsewhere.
+QStringList programNames(const QString& name)
+{
+    const bool ends = name.endsWith(u".exe", Qt::CaseInsensitive);
+    return ends ? QStringList{name, name.chopped(4)} : QStringList{name};
+}
+
+} // namespace
 
 QString installedFile(const QString& folder, const QString& name)
 {
@@ -111,13 +140,26 @@ QString installedFile(const QString& folder, const QString& name)
     if (QFileInfo::exists(own)) {
         return own;
     }
-    for (const QString& installed : installedFolders()) {
+    for (const QString& installed : installedPlaces().documents) {
         QString file = programFile(installed, name);
         if (QFileInfo::exists(file)) {
             return file;
         }
     }
     return own;
+}
+
+QString installedProgram(const QString& folder, const QString& name)
+{
+    for (const QString& place : QStringList(folder) + installedPlaces().programs) {
+        for (const QString& called : programNames(name)) {
+            QString file = programFile(place, called);
+            if (isProgram(file)) {
+                return file;
+            }
+        }
+    }
+    return {};
 }
 
 } // namespace orvanta

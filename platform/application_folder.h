@@ -13,6 +13,11 @@ namespace orvanta {
 /// in the application folder, then in the installed one. The first place when it is nowhere.
 [[nodiscard]] QString installedFile(const QString& folder, const QString& name);
 
+/// A program whose name begins with a backslash ("\tutorial.exe"): in the application folder as
+/// named, there without ".exe", then the same in the installed folders. Empty when none of them is
+/// a file that can be executed.
+[[nodiscard]] QString installedProgram(const QString& folder, const QString& name);
+
 /// Puts the default settings into a new application folder; leaves an existing file alone.
 void installDefaultSettings(const QString& folder);
 

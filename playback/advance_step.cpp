@@ -70,6 +70,27 @@ void AdvanceStep::playbackIsOver(Cursor rest)
     m_context.view->setListIndex(-1);
     forgetFailures();
     if (m_context.module.playlist.OpenedFromExplorer && m_context.module.optionIsOn(u"acp"_s)) {
+        closeAfterPlaying();
+    }
+}
+
+void AdvanceStep::closeAfterPlaying()
+{
+    if (m_context.view->isModalWindowOpen()) {
+        m_context.closeWhenFree = true;
+    } else {
+        m_close.press();
+    }
+}
+
+void AdvanceStep::closeIfFree()
+{
+    if (!m_context.closeWhenFree || m_context.view->isModalWindowOpen()) {
+        return;
+    }
+    m_context.closeWhenFree = false;
+    // Play may have been pressed meanwhile.
+    if (m_context.control.CurrentState() != MediaControl::Running) {
         m_close.press();
     }
 }

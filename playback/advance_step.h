@@ -23,6 +23,9 @@ public:
     /// To the next or previous checked place, whatever the options say.
     void next();
     void previous();
+    /// Playback is over and was to end the program, but a window waited for an answer: ends it once
+    /// none does.
+    void closeIfFree();
     /// A clip was opened, or another playlist: failures begin to count anew.
     void forgetFailures() { m_context.failedMedia.clear(); }
 
@@ -30,6 +33,7 @@ private:
     [[nodiscard]] AdvanceDecision decide(Cursor from) const;
     void apply(const AdvanceDecision& decision);
     void playbackIsOver(Cursor rest);
+    void closeAfterPlaying();
     [[nodiscard]] std::pair<int, int> mediaAt(Cursor place) const;
 
     EngineContext& m_context;

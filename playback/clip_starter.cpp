@@ -25,6 +25,8 @@ void ClipStarter::ListClick(Int16 p, Int16 q)
     m_context.startFailed = false;
     m_context.log.running();
     m_transport.showPlaying();
+    // A clip that is unloaded before any tick has seen it run leaves no other trace.
+    m_context.module.playback.StateChanged = true;
     resumeNext("picture", [&] { showPicture(p); });
     resumeNext("saved position", [&] { handBookmarkOver(); });
     const bool started = conditionHolds("media", [&] { return startMedia({p, q}); });

@@ -78,6 +78,7 @@ void CloseSequence::emptyPlaylist()
 void CloseSequence::carryOut()
 {
     m_pending = false;
+    m_context.view->cancelModalWindows();
     yieldToHandlers();
     stopPlaying();
     yieldToHandlers();

@@ -42,14 +42,16 @@ struct EngineContext
     /// Packet and clip of what could not be opened since something could; clip 0: the one file of a
     /// brake packet.
     std::set<std::pair<int, int>> failedMedia;
-    bool startFailed = false; // the last start left the player empty: the tick advances again
-    bool closing = false;     // the program ends; no handler begins anything
+    bool startFailed = false;   // the last start left the player empty: the tick advances again
+    bool closeWhenFree = false; // playback is over: the program ends once no window waits
+    bool closing = false;       // the program ends; no handler begins anything
 
     /// Every start of a clip, change of the playlist and close makes what waits outdated.
     void supersede()
     {
         ++m_generation;
         startFailed = false;
+        closeWhenFree = false;
     }
     [[nodiscard]] quint64 generation() const { return m_generation; }
 

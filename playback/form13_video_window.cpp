@@ -1,6 +1,7 @@
 #include "playback/form13_video_window.h"
 
 #include "core/numbers.h"
+#include "platform/pointer_nudge.h"
 #include "playback/still_picture.h"
 
 #include <QCloseEvent>
@@ -35,7 +36,8 @@ void paintBlack(QWidget& window)
 
 Form13::Form13(MediaControl& control, HandlerBoundary boundary)
     : m_control(control),
-      m_boundary(std::move(boundary))
+      m_boundary(std::move(boundary)),
+      m_keys(control, m_mirror, *this)
 {
     buildControls();
     connectHandlers();
@@ -76,6 +78,8 @@ void Form13::connectHandlers()
             m_boundary([this](MediaControl::State oldState, MediaControl::State newState) {
                 Form13_ActiveMovie1_StateChange(oldState, newState);
             }));
+    connect(&Timer1, &QTimer::timeout, this,
+            m_boundary([this](auto&&...) { Form13_Timer1_Timer(); }));
 }
 
 void Form13::Form13_ActiveMovie1_PositionEvent()
@@ -113,9 +117,31 @@ void Form13::Form13_ActiveMovie1_OpenFailed()
 void Form13::Form13_ActiveMovie1_StateChange(int /*oldState*/, int newState)
 {
     m_mirror.VideoState = newState;
+    keepAwakeWhile(newState == MediaControl::Running);
     if (newState == MediaControl::NotLoaded && !m_control.isOpening()) {
         moveOutOfSight();
     }
+}
+
+/// The nudge and the desktop's own way, both only while a clip runs.
+void Form13::keepAwakeWhile(bool running)
+{
+    if (running == Timer1.isActive()) {
+        return;
+    }
+    if (running) {
+        Timer1.start();
+    } else {
+        Timer1.stop();
+    }
+    if (m_keepAwake) {
+        m_keepAwake(running);
+    }
+}
+
+void Form13::Form13_Timer1_Timer()
+{
+    nudgePointer();
 }
 
 void Form13::prepareForMedia()
@@ -162,21 +188,37 @@ void Form13::showStillPicture()
 void Form13::bringIntoSight(QSize contents)
 {
     setWindowTitle(QFileInfo(m_control.FileName()).completeBaseName());
-    if (!m_sizedByUser) {
-        giveSize(shrunkToFit(contents, room().size() - frameSize()));
+    m_contents = contents;
+    m_left = x() * kTwipsPerPixel;
+    applyFullScreen();
+    if (!isFillingScreen()) {
+        giveSizeOfContents();
     }
     layOutControls();
     m_left = x() * kTwipsPerPixel;
     setVisible(m_shownByProgram);
 }
 
+/// The clip's size, shrunk to fit the screen.
+QSize Form13::sizeOfContents() const
+{
+    return shrunkToFit(m_contents, room().size() - frameSize());
+}
+
+void Form13::giveSizeOfContents()
+{
+    if (!m_sizedByUser) {
+        giveSize(sizeOfContents());
+    }
+}
+
 void Form13::giveSize(QSize contents)
 {
-    m_givenSizeBefore = std::exchange(m_givenSize, contents);
     const QSize whole = contents + frameSize();
     const QRect neighbour = m_neighbour ? m_neighbour->frameGeometry() : QRect();
     const QPoint place =
         isVisible() ? insideScreen(pos(), whole, room()) : placeBeside(neighbour, whole, room());
+    m_givenSizeBefore = std::exchange(m_givenSize, contents);
     resize(contents);
     if (place != pos()) {
         move(place);
@@ -211,11 +253,22 @@ QSize Form13::frameSize() const
 void Form13::resizeEvent(QResizeEvent* event)
 {
     // Resizes that the program did not ask for come from the user's hand.
-    if (event->spontaneous() && isVisible() && size() != m_givenSize &&
-        size() != m_givenSizeBefore) {
+    if (event->spontaneous() && isVisible() && !isFillingScreen() && size() != m_givenSize &&
+        size() != m_givenSizeBefore && !m_comesBack) {
         m_sizedByUser = true;
     }
+    if (event->spontaneous() && size() != screen()->size()) {
+        noteComingBack();
+    }
     layOutControls();
+}
+
+/// Back in its place, the window takes the size of the clip that is on now.
+void Form13::noteComingBack()
+{
+    if (std::exchange(m_comesBack, false) && !isFillingScreen() && sizeOfContents() != size()) {
+        QTimer::singleShot(0, this, [this] { giveSizeOfContents(); });
+    }
 }
 
 void Form13::layOutControls()
@@ -223,17 +276,26 @@ void Form13::layOutControls()
     ActiveMovie1->setGeometry(rect());
     Image1->setGeometry(rect());
     if (!Image1->isHidden()) {
-        const QSize pixels = shrunkToFit(m_still.size(), size() * devicePixelRatioF());
-        QPixmap picture = QPixmap::fromImage(
-            m_still.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
-        picture.setDevicePixelRatio(devicePixelRatioF());
-        Image1->setPixmap(picture);
+        scaleStillPicture();
     }
+}
+
+/// A small picture keeps its size in a window, but not on the whole screen.
+void Form13::scaleStillPicture()
+{
+    const QSize room = size() * devicePixelRatioF();
+    const QSize pixels = isFillingScreen() ? m_still.size().scaled(room, Qt::KeepAspectRatio)
+                                           : shrunkToFit(m_still.size(), room);
+    QPixmap picture =
+        QPixmap::fromImage(m_still.scaled(pixels, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    Image1->setPixmap(picture);
 }
 
 /// The window manager's close: the clip goes, the window stays the program's to show.
 void Form13::closeEvent(QCloseEvent* event)
 {
+    setFullScreen(false);
     m_control.setFileName(QString());
     moveOutOfSight();
     event->accept();

@@ -8,6 +8,7 @@
 #include "core/error_boundary.h"
 #include "platform/media_control.h"
 #include "platform/video_surface.h"
+#include "playback/keyboard.h"
 #include "playback/video_layout.h"
 #include "playback/video_window.h"
 
@@ -17,12 +18,14 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
+
 namespace orvanta {
 
 /// Its logical place (Left, Width, Height in twips) follows the program; the native window is
 /// hidden while the logical one is out of sight, but not between two clips that both have a
 /// picture. It appears without taking the focus. Interface thread only.
-class Form13 : public QWidget, public VideoWindow
+class Form13 : public QWidget, public VideoWindow, public FullScreenControl
 {
     Q_OBJECT
 
@@ -40,6 +43,18 @@ public:
     void setStillPicture(const QString& file) override { m_stillFile = file; }
     void showWindow(bool show) override;
 
+    /// The full-screen mode stays on from clip to clip; the window fills the screen while a picture
+    /// is in sight, a clip's own or a still one, with the mouse cursor hidden.
+    [[nodiscard]] bool isFullScreen() const override { return m_fullScreen; }
+    void setFullScreen(bool on) override;
+
+    /// What this window's keys do; the main window hands some of its own to them.
+    [[nodiscard]] VideoWindowKeys& keys() { return m_keys; }
+    /// Called with true when a clip begins to run, with false when it no longer does.
+    void setKeepAwake(std::function<void(bool)> keepAwake) { m_keepAwake = std::move(keepAwake); }
+    /// Called for a quit key.
+    void setQuit(std::function<void()> quit) { m_quit = std::move(quit); }
+
     /// The window beside which this one opens (the main window); without one it opens at the top
     /// left of the screen.
     void setNeighbour(QWidget* neighbour) { m_neighbour = neighbour; }
@@ -52,9 +67,14 @@ public:
     /// Whether the user has given the window a size; it is kept from then on.
     [[nodiscard]] bool isSizedByUser() const { return m_sizedByUser; }
 
+Q_SIGNALS:
+    void fullScreenChanged(bool on);
+
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
     void buildControls();
@@ -64,19 +84,36 @@ private:
     void Form13_ActiveMovie1_OpenComplete(QSize picture);
     void Form13_ActiveMovie1_OpenFailed();
     void Form13_ActiveMovie1_StateChange(int oldState, int newState);
+    void Form13_ActiveMovie1_DblClick();
+    void Form13_ActiveMovie1_Escape();
+    void Form13_Form_KeyPress(QChar typed);
+    void Form13_Timer1_Timer();
 
     void showClipPicture(QSize picture);
     void showStillPicture();
     void bringIntoSight(QSize contents);
+    void giveSizeOfContents();
     void giveSize(QSize contents);
+    [[nodiscard]] QSize sizeOfContents() const;
+    void keepAwakeWhile(bool running);
     void hideUnlessOpening();
+    void noteComingBack();
     void layOutControls();
+    void scaleStillPicture();
+    bool pressCommonKey(const QKeyEvent& event);
+    void applyFullScreen();
+    void fillScreen();
+    void leaveScreen();
+    [[nodiscard]] bool isFillingScreen() const;
     [[nodiscard]] QRect room() const;
     [[nodiscard]] QSize frameSize() const;
 
     MediaControl& m_control;
     HandlerBoundary m_boundary;
     VideoMirror m_mirror;
+    VideoWindowKeys m_keys;
+    std::function<void(bool)> m_keepAwake;
+    std::function<void()> m_quit;
     QPointer<QWidget> m_neighbour;
     QString m_stillFile;
     QImage m_still;
@@ -85,8 +122,12 @@ private:
     QSize m_size;             // twips
     bool m_shownByProgram = false;
     bool m_sizedByUser = false;
-    QSize m_givenSize;       // pixels, the size that the program asked for last
-    QSize m_givenSizeBefore; // its predecessor may still come back from the window system
+    bool m_fullScreen = false;
+    bool m_hasPlaceBefore = false; // it stood somewhere before it filled the screen
+    bool m_comesBack = false;      // from full screen, to that place
+    QSize m_contents;              // pixels, of the clip or the still picture that is in sight
+    QSize m_givenSize;             // pixels, the size that the program asked for last
+    QSize m_givenSizeBefore;       // its predecessor may still come back from the window system
 };
 
 } // namespace orvanta

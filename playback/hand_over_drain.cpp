@@ -31,10 +31,15 @@ void HandOverDrain::serve()
     QStringList lines;
     queue.drain([&](const QStringList& queued) { lines = queued; });
     m_context.module.playlist.OpenedFromExplorer = true;
+    replacePlaylist(lines);
+    playOrRest();
+}
+
+void HandOverDrain::replacePlaylist(const QStringList& lines)
+{
     open(lines);
     m_context.view->RebuildTree();
     logLoaded(m_context.module.playlist);
-    playOrRest();
 }
 
 void HandOverDrain::showProgram()

@@ -15,6 +15,8 @@ public:
 
     /// Opens what is queued, if anything. Raises 13 or 9 when the queue's count is no count.
     void serve();
+    /// Opens these in place of what is open, as queued lines are opened. Does not start anything.
+    void replacePlaylist(const QStringList& lines);
 
 private:
     void showProgram();

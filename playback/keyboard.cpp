@@ -3,9 +3,11 @@
 #include "core/error_boundary.h"
 #include "core/ini.h"
 #include "core/numbers.h"
+#include "playback/volume.h"
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace orvanta {
 
@@ -25,16 +27,16 @@ constexpr std::array kKeys{
     KeyRow{u's', PlaybackKey::Stop, true},          KeyRow{u't', PlaybackKey::AlwaysOnTop, false},
 };
 
-/// Scan codes of the keys in the table, where a Latin keyboard has these letters.
+/// Scan codes of the keys that act, where a Latin keyboard has these letters.
 struct PhysicalKey
 {
     quint32 scanCode;
     char16_t letter;
 };
 constexpr std::array kPhysicalKeys{
-    PhysicalKey{27, u'r'}, PhysicalKey{28, u't'}, PhysicalKey{33, u'p'}, PhysicalKey{39, u's'},
-    PhysicalKey{41, u'f'}, PhysicalKey{45, u'k'}, PhysicalKey{46, u'l'}, PhysicalKey{56, u'b'},
-    PhysicalKey{57, u'n'}, PhysicalKey{58, u'm'},
+    PhysicalKey{24, u'q'}, PhysicalKey{27, u'r'}, PhysicalKey{28, u't'}, PhysicalKey{32, u'o'},
+    PhysicalKey{33, u'p'}, PhysicalKey{39, u's'}, PhysicalKey{41, u'f'}, PhysicalKey{45, u'k'},
+    PhysicalKey{46, u'l'}, PhysicalKey{56, u'b'}, PhysicalKey{57, u'n'}, PhysicalKey{58, u'm'},
 };
 
 std::optional<KeyRow> rowOf(QChar character)
@@ -83,7 +85,8 @@ VideoWindowKeys::VideoWindowKeys(MediaControl& control, VideoMirror& mirror,
                                  FullScreenControl& screen)
     : m_control(control),
       m_mirror(mirror),
-      m_screen(screen)
+      m_screen(screen),
+      m_seek([&control](double seconds) { control.setCurrentPosition(seconds); })
 {}
 
 void VideoWindowKeys::press(PlaybackKey key)
@@ -119,19 +122,38 @@ void VideoWindowKeys::press(PlaybackKey key)
 
 void VideoWindowKeys::toggleFullScreen()
 {
-    m_screen.setFullScreen(!m_screen.isFullScreen());
+    if (m_screen.isFullScreen()) {
+        switchFullScreen(false);
+    } else if (m_control.CurrentState() != MediaControl::NotLoaded) {
+        switchFullScreen(true);
+    }
 }
 
 void VideoWindowKeys::leaveFullScreen()
 {
     if (m_screen.isFullScreen()) {
-        m_screen.setFullScreen(false);
+        switchFullScreen(false);
     }
+}
+
+void VideoWindowKeys::togglePlay()
+{
+    const bool running = m_control.CurrentState() == MediaControl::Running;
+    requestState(running ? MediaControl::Paused : MediaControl::Running);
 }
 
 void VideoWindowKeys::serveRequest()
 {
-    if (!m_mirror.RequestPending.take()) {
+    if (m_mirror.RequestPending.take()) {
+        handOverState();
+        handOverVolume();
+    }
+}
+
+// A state that the player is in already is not asked for again: Stop would lose the position.
+void VideoWindowKeys::handOverState()
+{
+    if (m_mirror.VideoState == m_control.CurrentState()) {
         return;
     }
     switch (m_mirror.VideoState) {
@@ -146,9 +168,18 @@ void VideoWindowKeys::serveRequest()
     }
 }
 
+// The stored volume may lie between two places of the slider; only a step replaces it.
+void VideoWindowKeys::handOverVolume()
+{
+    if (std::exchange(m_volumeStepped, false)) {
+        m_control.setVolume(controlVolume(volumeOfSlider(m_mirror.VideoVolume)));
+    }
+}
+
 void VideoWindowKeys::stepVolume(int step)
 {
     m_mirror.VideoVolume = clampedVolume(m_mirror.VideoVolume + step);
+    m_volumeStepped = true;
     m_mirror.RequestPending = true;
 }
 
@@ -163,7 +194,11 @@ void VideoWindowKeys::requestState(int state)
 
 void VideoWindowKeys::seekBy(double seconds)
 {
-    m_control.setCurrentPosition(m_control.CurrentPosition() + seconds);
+    trapped("video window, seek key", [&] {
+        if (m_control.CurrentState() != MediaControl::NotLoaded) {
+            m_seek(m_control.CurrentPosition() + seconds);
+        }
+    });
 }
 
 void VideoWindowKeys::goToBookmark()
@@ -173,19 +208,30 @@ void VideoWindowKeys::goToBookmark()
     }
     const double bookmark = decimalValue(m_mirror.VideoBookmark);
     m_control.Pause();
-    m_control.setCurrentPosition(bookmark);
+    m_seek(bookmark);
     m_control.Run();
-    m_control.setCurrentPosition(bookmark);
+    m_seek(bookmark);
 }
 
 void VideoWindowKeys::switchFullScreenWhileRunning(bool on)
 {
-    if (m_control.CurrentState() != MediaControl::Running || m_screen.isFullScreen() == on) {
-        return;
+    if (m_control.CurrentState() == MediaControl::Running && m_screen.isFullScreen() != on) {
+        switchFullScreen(on);
     }
-    m_control.Pause();
+}
+
+/// A running clip stands still while its window changes; the mode is confirmed afterwards.
+void VideoWindowKeys::switchFullScreen(bool on)
+{
+    const bool running = m_control.CurrentState() == MediaControl::Running;
+    if (running) {
+        m_control.Pause();
+    }
     m_screen.setFullScreen(on);
-    m_control.Run();
+    if (running) {
+        m_control.Run();
+        m_screen.setFullScreen(on);
+    }
 }
 
 MainWindowKeys::MainWindowKeys(Module1& module, PlaybackEngine& engine, PlaybackView& view,
@@ -196,8 +242,15 @@ MainWindowKeys::MainWindowKeys(Module1& module, PlaybackEngine& engine, Playback
       m_videoKeys(videoKeys)
 {}
 
+// Keys come faster than ticks: each works on the player as it is now, not as the last tick saw it.
+void MainWindowKeys::poll()
+{
+    trapped("poll for a key", [this] { m_engine.operations().PollPlayer(); });
+}
+
 bool MainWindowKeys::press(PlaybackKey key)
 {
+    poll();
     switch (key) {
     case PlaybackKey::VolumeUp:
         stepVolume(kVolumeStep);
@@ -238,6 +291,7 @@ bool MainWindowKeys::press(PlaybackKey key)
 
 void MainWindowKeys::seekBy(double seconds)
 {
+    poll();
     trapped("seek key", [&] {
         m_engine.seekTo(decimalValue(m_engine.operations().GetPlayerPosition()) + seconds);
     });
@@ -245,6 +299,7 @@ void MainWindowKeys::seekBy(double seconds)
 
 void MainWindowKeys::togglePlay()
 {
+    poll();
     if (m_engine.operations().GetPlayerState() == MediaControl::Running) {
         m_engine.pressPause();
     } else {

@@ -5,8 +5,10 @@
 
 #include <QChar>
 
+#include <functional>
 #include <optional>
 #include <span>
+#include <utility>
 
 namespace orvanta {
 
@@ -61,26 +63,41 @@ public:
 class VideoWindowKeys
 {
 public:
+    /// Seconds; where a user's seek goes.
+    using Seek = std::function<void(double)>;
+
     VideoWindowKeys(MediaControl& control, VideoMirror& mirror, FullScreenControl& screen);
+
+    /// Where brakes must follow the user's seeks, whoever knows the brakes takes them from the
+    /// control.
+    void setSeek(Seek seek) { m_seek = std::move(seek); }
 
     /// Raises 6 when a volume step leaves 16 bits. Seeks that fail are passed over.
     void press(PlaybackKey key);
-    /// Leaves or enters full screen in any state of the player.
+    /// Seconds, for the arrow keys.
+    void seekBy(double seconds);
+    /// Asks for a pause when running, else for a run.
+    void togglePlay();
+    /// Leaves full screen in any state of the player, enters it with any clip.
     void toggleFullScreen();
     void leaveFullScreen();
-    /// Serves the request flag: hands VideoState to the player and clears it.
+    /// Serves the request flag: hands VideoState and VideoVolume to the player and clears it.
     void serveRequest();
 
 private:
     void stepVolume(int step);
     void requestState(int state);
-    void seekBy(double seconds);
     void goToBookmark();
     void switchFullScreenWhileRunning(bool on);
+    void switchFullScreen(bool on);
+    void handOverState();
+    void handOverVolume();
 
     MediaControl& m_control;
     VideoMirror& m_mirror;
     FullScreenControl& m_screen;
+    Seek m_seek;
+    bool m_volumeStepped = false;
 };
 
 /// What the main window's keys do: they work through the playback operations.
@@ -99,6 +116,7 @@ public:
     void togglePlay();
 
 private:
+    void poll();
     void stepVolume(int step);
     void setBookmark();
     void goToBookmark();

@@ -42,7 +42,9 @@ public:
     }
 
     void tick();
+    void poll();
     void start(Int16 p, Int16 q);
+    void goOnAfterDrop(bool groupDropped);
 
     EngineContext context;
     PositionSlider slider{context};
@@ -67,10 +69,15 @@ private:
     int m_depth = 0;
 };
 
+void PlaybackEngine::Private::poll()
+{
+    resumeNext("poll", [&] { context.operations.PollPlayer(); });
+}
+
 void PlaybackEngine::Private::tick()
 {
     trapped("video window", [&] { showVideoWindowWithMainWindow(); });
-    resumeNext("poll", [&] { context.operations.PollPlayer(); });
+    poll();
     resumeNext("buttons", [&] { transport.reconcile(); });
     resumeNext("volume", [&] { volume.takeVolumeOfVideoWindow(); });
     resumeNext("display", [&] { display(); });
@@ -78,6 +85,7 @@ void PlaybackEngine::Private::tick()
     if (!moveOnAfterEnd() && !moveOnAfterFailure()) {
         resumeNext("tray", [&] { serveTray(); });
     }
+    resumeNext("close after playing", [&] { advance.closeIfFree(); });
     if (!context.closing) {
         resumeNext("hand-over queue", [&] { handOver.serve(); });
     }
@@ -191,6 +199,26 @@ void PlaybackEngine::Private::start(Int16 p, Int16 q)
     }
 }
 
+// A clip that began since the last tick is loaded all the same.
+void PlaybackEngine::Private::goOnAfterDrop(bool groupDropped)
+{
+    resumeNext("poll", [&] { context.operations.PollPlayer(); });
+    logLoaded(context.module.playlist);
+    if (context.module.optionIsOn(u"as"_s)) {
+        const Cursor place = context.cursor();
+        const bool nothingStarted = place.packet == Int16(0) && place.clip == Int16(0);
+        if (nothingStarted || groupDropped) {
+            advance.forgetFailures();
+            start(1, 1);
+        }
+    } else if (context.module.playback.CachedState != MediaControl::NotLoaded) {
+        context.operations.StopIfRunning();
+        slider.reset();
+        context.view->setCurrentTime(u"0.00"_s);
+        context.view->setClipText(QString());
+    }
+}
+
 PlaybackEngine::PlaybackEngine(Module1& module, MediaControl& control, VideoWindow& video,
                                QObject* parent)
     : QObject(parent),
@@ -268,18 +296,22 @@ void PlaybackEngine::ListClick(Int16 p, Int16 q)
     m_private->enter([&] { m_private->start(p, q); });
 }
 
+// Presses come faster than ticks: each works on the player as it is now.
 void PlaybackEngine::pressPlay()
 {
+    m_private->poll();
     m_private->transport.pressPlay();
 }
 
 void PlaybackEngine::pressPause()
 {
+    m_private->poll();
     m_private->transport.pressPause();
 }
 
 void PlaybackEngine::pressStop()
 {
+    m_private->poll();
     m_private->transport.pressStop();
 }
 
@@ -304,6 +336,21 @@ void PlaybackEngine::playlistReplaced()
     if (m_private->context.module.optionIsOn(u"as"_s)) {
         m_private->enter([&] { m_private->start(1, 1); });
     }
+}
+
+void PlaybackEngine::openAndPlay(const QString& path)
+{
+    m_private->context.module.playlist.OpenedFromExplorer = false;
+    m_private->enter([&] {
+        m_private->handOver.replacePlaylist({path});
+        m_private->start(1, 1);
+    });
+}
+
+void PlaybackEngine::playlistExtended(bool groupDropped)
+{
+    m_private->enter([&] { m_private->goOnAfterDrop(groupDropped); });
+    Q_EMIT cursorChanged();
 }
 
 void PlaybackEngine::sliderMoved(double value)

@@ -47,6 +47,13 @@ public:
     /// What an opening (button, editor, drop) does after its loader: cursor to 1, tree, "as".
     void playlistReplaced();
 
+    /// Replaces the playlist with a file or folder and plays it: somebody asked for just that.
+    void openAndPlay(const QString& path);
+
+    /// What a drop does after its files were appended: with "as" it starts at the beginning when
+    /// nothing has been started or a group came; without, it stops what plays.
+    void playlistExtended(bool groupDropped);
+
     /// Position slider: the user moves it (value 0 to 100), commits, lets go.
     void sliderMoved(double value);
     void sliderCommitted();

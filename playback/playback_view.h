@@ -54,6 +54,11 @@ public:
     virtual void bringMainWindowToFront() = 0;
     /// The bookmark sign Form4 at the top left of the screen for a second.
     virtual void showBookmarkSign() = 0;
+    /// A window of the program waits for an answer: an editor, a picker.
+    [[nodiscard]] virtual bool isModalWindowOpen() const { return false; }
+    /// Closes it, and those below it, without an answer. Who opened them goes on once the handler
+    /// that calls this has returned.
+    virtual void cancelModalWindows() {}
     /// Ends the program: unloads main window, tray window and video window, in this order.
     virtual void unloadAll() = 0;
 };

@@ -1,7 +1,9 @@
 #include "playback/still_picture.h"
 
 #include "core/log.h"
+#include "platform/metafile.h"
 
+#include <QFile>
 #include <QImageReader>
 
 namespace orvanta {
@@ -18,19 +20,35 @@ bool isKnownFormat(const QByteArray& format)
 
 } // namespace
 
+static QImage readByToolkit(const QString& file)
+{
+    QImageReader reader(file);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    return isKnownFormat(reader.format()) ? reader.read() : QImage();
+}
+
+static QImage readAsMetafile(const QString& file)
+{
+    QFile metafile(file);
+    constexpr qint64 kEnoughToTell = 4;
+    if (!metafile.open(QIODevice::ReadOnly) || !looksLikeMetafile(metafile.peek(kEnoughToTell))) {
+        return {};
+    }
+    return readMetafile(metafile.readAll());
+}
+
 QImage readStillPicture(const QString& file)
 {
     if (file.isEmpty()) {
         return {};
     }
-    QImageReader reader(file);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    const bool known = isKnownFormat(reader.format());
-    QImage image = known ? reader.read() : QImage();
+    QImage image = readByToolkit(file);
     if (image.isNull()) {
-        qCInfo(logErrors, "no picture in %ls: %ls", qUtf16Printable(file),
-               qUtf16Printable(known ? reader.errorString() : u"not a kind of picture in use"_s));
+        image = readAsMetafile(file);
+    }
+    if (image.isNull()) {
+        qCInfo(logErrors, "no picture of a kind in use in %ls", qUtf16Printable(file));
     }
     return image;
 }

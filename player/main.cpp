@@ -4,6 +4,7 @@
 #include "player/command_line.h"
 #include "player/log_output.h"
 #include "player/start_up.h"
+#include "player/window/skin.h"
 
 #include <QApplication>
 
@@ -35,6 +36,7 @@ static void nameApplication()
     QCoreApplication::setApplicationName(u"orvanta"_s);
     QCoreApplication::setApplicationVersion(u"3.3"_s);
     QGuiApplication::setDesktopFileName(u"orvanta"_s);
+    QGuiApplication::setWindowIcon(skin::applicationIcon()); // of windows that bear none themselves
     QGuiApplication::setQuitOnLastWindowClosed(false);
 }
 

@@ -3,9 +3,12 @@
 #include "core/ini.h"
 #include "core/log.h"
 #include "core/paths.h"
+#include "editors/editor_services.h"
+#include "editors/program_pickers.h"
 #include "platform/application_folder.h"
 #include "platform/end_signals.h"
 #include "platform/hand_over_queue.h"
+#include "platform/idle_inhibition.h"
 #include "platform/mpv_media_control.h"
 #include "platform/single_instance.h"
 #include "platform/window_stacking.h"
@@ -14,15 +17,21 @@
 #include "playback/playback_engine.h"
 #include "player/command_line.h"
 #include "player/model/type_pattern.h"
+#include "player/player_hold.h"
 #include "player/shown_watch.h"
 #include "player/start_up_steps.h"
 #include "player/window/file_list.h"
 #include "player/window/form11_language_dialog.h"
 #include "player/window/form1_splash.h"
 #include "player/window/form2_main_window.h"
-#include "player/window/stand_in_pickers.h"
+#include "system/form12_tray.h"
+#include "system/form8_options_dialog.h"
+#include "system/form9_about.h"
+#include "system/mpris_service.h"
 
 #include <QApplication>
+#include <QDBusConnection>
+#include <QTimer>
 
 #include <utility>
 
@@ -128,20 +137,24 @@ void StartUp::openVideoWindow()
     m_control = std::make_unique<MpvMediaControl>();
     m_videoWindow = std::make_unique<Form13>(*m_control, m_boundary);
     m_engine = std::make_unique<PlaybackEngine>(m_module, *m_control, *m_videoWindow);
+    m_idleInhibition = std::make_unique<IdleInhibition>(QDBusConnection::sessionBus());
+    m_videoWindow->setKeepAwake([this](bool awake) { m_idleInhibition->hold(awake); });
+    m_videoWindow->setQuit([this] { m_engine->closeProgram(); });
+    m_videoWindow->keys().setSeek([this](double seconds) { m_engine->seekTo(seconds); });
     m_videoWindow->mirror().VideoState = 0;
     m_engine->operations().ShowVideoWindow(true);
 }
 
-void StartUp::openTrayWindow() const
+void StartUp::openTrayWindow()
 {
     if (m_module.optionIsOn(u"si"_s)) {
-        qCInfo(logStartup, "the tray icon is switched on, but this version has none");
+        m_trayWindow = std::make_unique<Form12>(m_module);
     }
 }
 
 void StartUp::loadMainWindow()
 {
-    m_pickers = std::make_unique<StandInPickers>(m_module);
+    makeEditors();
     m_mainWindow = std::make_unique<Form2>(Form2Services{
         .module = m_module,
         .engine = *m_engine,
@@ -151,9 +164,51 @@ void StartUp::loadMainWindow()
         .unloadOtherForms = [this] { unloadOtherForms(); },
         .videoWindow = [this] { return m_videoWindow->windowHandle(); },
         .showBookmarkSign = [] { showBookmarkSign(); },
+        .showOptions = [this] { changeOptions(); },
+        .videoKeys = &m_videoWindow->keys(),
+        .showPacketEditor =
+            [this] { return showPacketEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
+        .showGroupEditor =
+            [this] { return showGroupEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
+        .showAbout = [this] { showAbout(); },
     });
     m_videoWindow->setNeighbour(m_mainWindow.get());
     m_shownWatch = std::make_unique<ShownWatch>(*m_mainWindow);
+}
+
+void StartUp::makeEditors()
+{
+    m_pickers = std::make_unique<ProgramPickers>(m_module, m_boundary);
+    m_hold = std::make_unique<PlayerHold>(*m_control);
+    m_editors = std::make_unique<EditorServices>(EditorServices{
+        .module = m_module,
+        .pickers = *m_pickers,
+        .boundary = m_boundary,
+        .makePreview = [] { return std::make_unique<MpvMediaControl>(); },
+        .playerVolume = [this] { return m_control->Volume(); },
+        .pausePlayer = [this] { return m_hold->hold(); },
+        .resumePlayer =
+            [this] {
+                if (!m_engine->isClosing()) {
+                    m_hold->release();
+                }
+            },
+    });
+}
+
+/// What the dialog changes takes effect at once. Types change without OK too.
+void StartUp::changeOptions()
+{
+    OptionsServices services{m_module, *m_registry, *m_pickers, m_boundary};
+    const bool isAccepted = showOptions(services, m_mainWindow.get());
+    resumeNext("types after the options", [this] {
+        m_module.TypePattern = typePattern(m_module.IniPath);
+        m_mainWindow->File1->setPattern(m_module.TypePattern);
+    });
+    if (isAccepted && m_module.optionIsOn(u"si"_s) != (m_trayWindow != nullptr)) {
+        m_trayWindow.reset();
+        openTrayWindow();
+    }
 }
 
 void StartUp::showMainWindowUnlessAuto()
@@ -165,6 +220,14 @@ void StartUp::showMainWindowUnlessAuto()
     m_mainWindow->showMainWindow();
 }
 
+void StartUp::showAbout()
+{
+    if (!m_about) {
+        m_about = std::make_unique<Form9>(m_module);
+    }
+    m_about->showAbout();
+}
+
 /// From now on later launches, signals and the end of the session reach the engine. Before this a
 /// signal ends the process at once, so that a launch waiting for the queue can be stopped.
 void StartUp::serveDesktop()
@@ -173,10 +236,34 @@ void StartUp::serveDesktop()
     m_endSignals = std::make_unique<EndSignals>();
     connect(m_endSignals.get(), &EndSignals::endRequested, this, endProgram);
     connect(qApp, &QGuiApplication::commitDataRequest, this, endProgram);
+    serveMediaControls();
     qCInfo(logStartup, "ready");
     if (m_raiseWaiting) {
         raiseMainWindow(*m_raiseWaiting);
     }
+}
+
+void StartUp::serveMediaControls()
+{
+    m_mediaControls = std::make_unique<MprisService>(
+        MprisPorts{
+            .module = m_module,
+            .engine = *m_engine,
+            .control = *m_control,
+            .screen = *m_videoWindow,
+            .view = *m_mainWindow,
+            .quit = m_boundary([this] { m_engine->closeProgram(); }),
+            .open = [this](const QString& path) { openAndPlaySoon(path); },
+        },
+        QDBusConnection::sessionBus());
+    connect(m_videoWindow.get(), &Form13::fullScreenChanged, m_mediaControls.get(),
+            &MprisService::announceChanges);
+}
+
+/// From the event loop: the caller's answer does not wait for the media.
+void StartUp::openAndPlaySoon(const QString& path)
+{
+    QTimer::singleShot(0, this, m_boundary([this, path] { m_engine->openAndPlay(path); }));
 }
 
 void StartUp::raiseMainWindow(const QString& activationToken)
@@ -205,12 +292,14 @@ void StartUp::unloadSplash()
 void StartUp::unloadOtherForms()
 {
     m_ended = true;
+    m_trayWindow.reset();
     m_videoWindow->hide();
     QCoreApplication::exit(0);
 }
 
 void StartUp::releaseBeforeReport()
 {
+    m_trayWindow.reset();
     if (m_control) {
         m_control->Pause();
     }

@@ -14,13 +14,19 @@
 
 namespace orvanta {
 
+struct EditorServices;
 class EndSignals;
 class Form1;
+class Form12;
 class Form13;
 class Form2;
+class Form9;
+class IdleInhibition;
+class MprisService;
 class MpvMediaControl;
 class Pickers;
 class PlaybackEngine;
+class PlayerHold;
 class ShownWatch;
 class SingleInstance;
 
@@ -48,10 +54,15 @@ private:
     bool becomeFirstInstance();
     void showSplash();
     void openVideoWindow();
-    void openTrayWindow() const;
+    void openTrayWindow();
     void loadMainWindow();
+    void makeEditors();
+    void changeOptions();
     void showMainWindowUnlessAuto();
+    void showAbout();
     void serveDesktop();
+    void serveMediaControls();
+    void openAndPlaySoon(const QString& path);
 
     void raiseMainWindow(const QString& activationToken);
     void unloadSplash();
@@ -72,11 +83,17 @@ private:
     std::optional<Registry> m_registry;
     std::unique_ptr<SingleInstance> m_instance;
     std::unique_ptr<MpvMediaControl> m_control;
+    std::unique_ptr<IdleInhibition> m_idleInhibition;
     std::unique_ptr<Form13> m_videoWindow;
     std::unique_ptr<PlaybackEngine> m_engine;
     std::unique_ptr<Pickers> m_pickers;
+    std::unique_ptr<PlayerHold> m_hold;
+    std::unique_ptr<EditorServices> m_editors;
     std::unique_ptr<Form1> m_splash;
+    std::unique_ptr<Form12> m_trayWindow; // only while the option asks for it
     std::unique_ptr<Form2> m_mainWindow;
+    std::unique_ptr<Form9> m_about; // from the first time that it is asked for
+    std::unique_ptr<MprisService> m_mediaControls;
     std::unique_ptr<ShownWatch> m_shownWatch;
     std::unique_ptr<EndSignals> m_endSignals;
 };

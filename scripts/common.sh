@@ -1,14 +1,17 @@
-# Shared by ./run and ./test: where things are, installing what is missing, building.
+# Shared by ./run, ./test and ./package: where things are, installing what is missing, building.
 # shellcheck shell=bash disable=SC2034
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 readonly root
 
 readonly build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libqt6opengl6-dev qt6-svg-dev
-    qt6-wayland libmpv-dev libxcb1-dev fonts-dejavu-core)
+    qt6-wayland libmpv-dev libwmf-dev libxcb1-dev fonts-dejavu-core)
 readonly demonstration_packages=(xvfb openbox dbus imagemagick procps)
-readonly test_packages=(libgtest-dev libgmock-dev clang-format clang-tidy xdotool wmctrl x11-utils
-    x11-apps ffmpeg espeak-ng mpv dbus-x11 at-spi2-core pulseaudio pulseaudio-utils git)
+readonly package_packages=(debhelper dpkg-dev fakeroot lintian)
+readonly test_packages=("${package_packages[@]}" desktop-file-utils appstream libxml2-utils man-db
+    shared-mime-info xdg-utils file libglib2.0-bin libgtest-dev libgmock-dev clang-format clang-tidy
+    xdotool wmctrl x11-utils x11-apps x11-xkb-utils libxfixes-dev playerctl weston ffmpeg espeak-ng
+    mpv dbus-x11 at-spi2-core pulseaudio pulseaudio-utils git)
 
 say() { printf '== %s\n' "$*"; }
 

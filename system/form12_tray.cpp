@@ -6,8 +6,7 @@
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "player/model/texts.h"
-
-#include <QIcon>
+#include "system/drawn_picture.h"
 
 #include <cmath>
 
@@ -36,7 +35,7 @@ Form12::Form12(Module1& module)
     buildMenu();
     applyTexts();
     connectHandlers();
-    IconTray1.setIcon(QIcon(u":/icons/orvanta.svg"_s));
+    IconTray1.setIcon(drawnIcon(u":/orvanta/tray.svg"_s));
     IconTray1.setToolTip(u"!orvanta! 3.3"_s);
     IconTray1.setContextMenu(&tray);
     if (!QSystemTrayIcon::isSystemTrayAvailable()) {

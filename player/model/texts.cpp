@@ -66,6 +66,37 @@ constexpr std::array kTexts{
     InterfaceText{u"Form7", u"Command1.name", u"OK", u"ОК"},
     InterfaceText{u"Form7", u"Command2", u"Cancel", u"Отмена"},
     InterfaceText{u"Form7", u"PathBox.label", u"Path:", u"Путь:"},
+    // The misspelling is an old friend of the users. Label1: version, player library, FFmpeg, Qt.
+    InterfaceText{u"Form9", u"Form9", u"About author", u"Об авторе"},
+    InterfaceText{
+        u"Form9", u"Label1",
+        u"Orvanta %1 leads you through material step by step: clips in their order, each with a "
+        u"sentence of its own, or one clip with marks in time. It is made for lessons, exercises "
+        u"and guided listening. Its author is everybody who has written for it.\n\n"
+        u"It is free software under the MIT licence: use it, share it, change it. It plays with "
+        u"%2 and FFmpeg %3; its windows are made with Qt %4.\n\n"
+        u"Something is wrong, or missing? Tell it to those from whom you have the program or its "
+        u"source text. CONTRIBUTING.md says what a report is made of, and the command below makes "
+        u"the program say what it does.",
+        u"Орванта %1 ведёт по материалу шаг за шагом: клипы по порядку, у каждого своя фраза, или "
+        u"один клип с отметками времени. Она сделана для уроков, упражнений и внимательного "
+        u"слушания. Её автор — все, кто для неё писал.\n\n"
+        u"Это свободная программа под лицензией MIT: пользуйтесь, передавайте, меняйте. "
+        u"Воспроизводят %2 и FFmpeg %3, окна построены на Qt %4.\n\n"
+        u"Что-то не так или чего-то не хватает? Скажите тем, от кого у вас программа или её "
+        u"исходный текст. Что нужно для сообщения, написано в CONTRIBUTING.md, а команда ниже "
+        u"заставит программу рассказывать, что она делает."},
+    InterfaceText{u"Form9", u"Label2", u"My adress:", u"Мой адрес:"},
+    // Nothing in it depends on the language.
+    InterfaceText{u"Form9", u"label6",
+                  u"CONTRIBUTING.md\nQT_LOGGING_RULES=\"orvanta.*=true\" orvanta",
+                  u"CONTRIBUTING.md\nQT_LOGGING_RULES=\"orvanta.*=true\" orvanta"},
+    InterfaceText{u"Form9", u"Label7", u"Published in magazine:",
+                  u"Напечатано в справочнике «Шаг за шагом»:"},
+    InterfaceText{u"Form9", u"Text1.file", u"help_eng.htm", u"help_rus.htm"},
+    InterfaceText{u"Form9", u"Image1.name", u"Show the picture enlarged", u"Увеличить картинку"},
+    InterfaceText{u"Form9", u"Command1", u"Ok", u"Ok"},
+
     InterfaceText{u"Form10", u"Form10", u"!Orvanta!", u"!Orvanta!"},
     InterfaceText{u"Form10", u"FolderTreeview1", u"Select folder", u"Выберите папку"},
     InterfaceText{u"Form10", u"File1", u"Select file", u"Выберите файл"},
@@ -76,6 +107,40 @@ constexpr std::array kTexts{
     InterfaceText{u"Form10", u"Text1.label", u"Name:", u"Имя:"},
     InterfaceText{u"Form10", u"Label1", u"This file exists and will be replaced.",
                   u"Этот файл уже есть и будет заменён."},
+
+    InterfaceText{u"Form8", u"Form8", u"Options", u"Опции"},
+    InterfaceText{u"Form8", u"Image3", u"Playing options", u"Опции воспроизведения"},
+    InterfaceText{u"Form8", u"Image4", u"Program options", u"Опции программы"},
+    InterfaceText{u"Form8", u"Image5", u"File options", u"Опции файлов"},
+    InterfaceText{u"Form8", u"Image2", u"Ok", u"Ok"},
+    InterfaceText{u"Form8", u"Image1", u"Cancel", u"Отмена"},
+    InterfaceText{u"Form8", u"Check1", u"Auto start playing after opening files.",
+                  u"Автоматически начинать играть после открытия"},
+    InterfaceText{u"Form8", u"Check2", u"Auto go to next clip",
+                  u"Автоматически начинать играть следующий клип"},
+    InterfaceText{u"Form8", u"Check3", u"Auto go to next packet",
+                  u"Автоматически начинать играть следующий пакет"},
+    InterfaceText{u"Form8", u"Check4",
+                  u"Auto close program after playing files which was open from explorer",
+                  u"Автоматически закрывать программу после воспроизведения файлов, открытых из "
+                  u"проводника"},
+    InterfaceText{u"Form8", u"Check5", u"Auto replay clips", u"Автоповтор"},
+    InterfaceText{u"Form8", u"Check6", u"Show icon in system tray",
+                  u"Показывать иконку в system tray"},
+    InterfaceText{u"Form8", u"Check7", u"Do not close program (work faster, but need more memory)",
+                  u"Не закрывать программу (работает быстрее, но расходует память)"},
+    InterfaceText{u"Form8", u"Check8", u"Copy file to hard disk from drive a when opening ",
+                  u"Использовать предварительное чтение с дисковода A"},
+    InterfaceText{u"Form8", u"Check9", u"Start program with windows",
+                  u"Запускать программу при запуске системы"},
+    InterfaceText{u"Form8", u"Command1", u"Add", u"Добавить"},
+    InterfaceText{u"Form8", u"Command2", u"Remove selected", u"Удалить выделенный"},
+    InterfaceText{u"Form8", u"Command3", u"Select icon...", u"Выбрать иконку..."},
+    InterfaceText{u"Form8", u"Command4", u"Default icon", u"По умолчанию"},
+    InterfaceText{u"Form8", u"List1.label", u"&Types of files that this program opens:",
+                  u"&Типы файлов, которые открывает программа:"},
+    InterfaceText{u"Form8", u"Text1.label", u"&New type:", u"&Новый тип:"},
+    InterfaceText{u"Form8", u"Image6.name", u"Icon of the type", u"Иконка типа"},
 
     InterfaceText{u"FolderTree", u"home", u"Home", u"Домашняя папка"},
     InterfaceText{u"FolderTree", u"root", u"Computer", u"Компьютер"},

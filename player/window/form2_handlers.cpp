@@ -1,4 +1,3 @@
-#include "core/log.h"
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "platform/busy_cursor.h"
@@ -22,16 +21,6 @@
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// The entry is there from the start; the window or program behind it comes with a later version.
-void logWithoutWindow(const QString& entry)
-{
-    qCInfo(logDesktop, "menu entry %s: this version has nothing behind it", qUtf8Printable(entry));
-}
-
-} // namespace
 
 void Form2::connectHandlers()
 {
@@ -61,6 +50,11 @@ void Form2::connectHandlers()
     on(List1, &PlaylistList::cursorMoved, [this](int line) { Form2_List1_Click(line); });
     on(List1, &PlaylistList::lineChosen, [this] { Form2_List1_DblClick(); });
     on(List1, &PlaylistList::pointerMoved, [this](int y) { Form2_List1_MouseMove(y); });
+    // From the queue: the program that dragged waits for the drop's answer.
+    connect(
+        List1, &PlaylistList::filesDropped, this,
+        m_services.boundary([this](const QStringList& files) { Form2_List1_OLEDragDrop(files); }),
+        Qt::QueuedConnection);
     on(Slider1, &SkinSlider::userChanged, [this](double v) { Form2_Slider1_Change(v); });
     on(Slider1, &SkinSlider::committed, [this](double) { Form2_Slider1_Commit(); });
     on(Slider1, &SkinSlider::interactionEnded, [this] { Form2_Slider1_End(); });
@@ -137,6 +131,9 @@ void Form2::openPacketOrGroup(const QString& path)
 // A loader that fails ends the opening, but the tree shows what it had read until then.
 void Form2::open(const std::function<void()>& load)
 {
+    if (m_services.engine.isClosing()) {
+        return; // the program ended while the picker or the editor was open
+    }
     m_services.module.playlist.OpenedFromExplorer = false;
     if (resumeNext("loader", [&] { runWithBusyCursor(load); })) {
         m_services.engine.playlistReplaced();
@@ -290,44 +287,11 @@ void Form2::Form2_Timer3_Timer()
     bringMainWindowToFront();
 }
 
-void Form2::Form2_cp_Click()
-{
-    logWithoutWindow(cp->objectName());
-}
-
-void Form2::Form2_cg_Click()
-{
-    logWithoutWindow(cg->objectName());
-}
-
 void Form2::Form2_op_Click()
 {
-    logWithoutWindow(op->objectName());
-}
-
-void Form2::Form2_cdc_Click()
-{
-    logWithoutWindow(cdc->objectName());
-}
-
-void Form2::Form2_add_Click(int entry)
-{
-    logWithoutWindow(u"add %1"_s.arg(entry));
-}
-
-void Form2::Form2_doc_Click()
-{
-    logWithoutWindow(doc->objectName());
-}
-
-void Form2::Form2_tu_Click()
-{
-    logWithoutWindow(tu->objectName());
-}
-
-void Form2::Form2_ab_Click()
-{
-    logWithoutWindow(ab->objectName());
+    if (m_services.showOptions) {
+        m_services.showOptions();
+    }
 }
 
 } // namespace orvanta

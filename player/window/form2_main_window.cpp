@@ -28,6 +28,9 @@ Form2::Form2(Form2Services services, QWidget* parent)
 {
     // An alpha channel costs nothing where nobody composes: opaque pixels show as they are.
     setAttribute(Qt::WA_TranslucentBackground);
+    if (m_services.videoKeys != nullptr) {
+        m_keys.emplace(m_services.module, m_services.engine, *this, *m_services.videoKeys);
+    }
     setWindowIcon(skin::applicationIcon());
     buildControls();
     // After the controls have their names, by which the sheet finds them and their parts.

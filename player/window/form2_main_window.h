@@ -19,6 +19,7 @@
 #pragma once
 
 #include "core/error_boundary.h"
+#include "playback/keyboard.h"
 #include "playback/playback_engine.h"
 #include "player/model/pickers.h"
 #include "player/model/texts.h"
@@ -27,6 +28,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QAction;
@@ -41,6 +43,7 @@ namespace orvanta {
 class ClipLine;
 class FileList;
 class PictureHolder;
+enum class CommonKey;
 class PlaylistList;
 class SkinButton;
 class SkinSlider;
@@ -56,6 +59,12 @@ struct Form2Services
     std::function<void()> unloadOtherForms;      // tray form, then video window, then the program
     std::function<QWindow*()> videoWindow = {};  // the window that stays right behind this one
     std::function<void()> showBookmarkSign = {}; // Form4
+    std::function<void()> showOptions = {};      // Form8, modally
+    VideoWindowKeys* videoKeys = nullptr;        // full screen; null without a video window
+    // The editors, modally. Each returns the temporary file to open; empty for none.
+    std::function<QString()> showPacketEditor = {}; // Form5
+    std::function<QString()> showGroupEditor = {};  // Form6
+    std::function<void()> showAbout = {};           // Form9
 };
 
 /// Constructing it is its load procedure: texts, add-ins, volume and balance; a step of it that
@@ -134,6 +143,8 @@ public:
     void enableTimer3() override;
     void bringMainWindowToFront() override;
     void showBookmarkSign() override;
+    [[nodiscard]] bool isModalWindowOpen() const override;
+    void cancelModalWindows() override;
     void unloadAll() override;
 
 Q_SIGNALS:
@@ -144,6 +155,7 @@ protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     // Building: form2_controls.cpp, form2_layout.cpp
@@ -192,30 +204,40 @@ private:
     void Form2_Timer1_Timer();
     void Form2_Timer2_Timer();
     void Form2_Timer3_Timer();
+    void Form2_List1_OLEDragDrop(const QStringList& files);
+    bool Form2_Form_KeyPress(QChar typed);
     void Form2_cp_Click();
     void Form2_cg_Click();
     void Form2_op_Click();
+
+    // Handlers: form2_companions.cpp
     void Form2_cdc_Click();
     void Form2_add_Click(int entry);
     void Form2_doc_Click();
     void Form2_tu_Click();
     void Form2_ab_Click();
 
+    void pressCommonKey(CommonKey key);
+    void toggleAlwaysOnTop();
     void open(const std::function<void()>& load);
+    void openFromEditor(const std::function<QString()>& showEditor,
+                        void (*load)(PlaylistState&, const QString&));
     void openPacketOrGroup(const QString& path);
     void dropDown(QMenu* menu, SkinButton* button);
     void noteWindowState();
 
     Form2Services m_services;
-    QWidget* m_surface = nullptr; // everything inside the edge that resizes
-    TransportLooks m_looks;       // as the buttons show them
-    QString m_lastFind;           // text of the last search
-    int m_lastFound = 0;          // row of the last match
-    int m_lineToMark = -1;        // for Timer2
+    std::optional<MainWindowKeys> m_keys; // none without a video window
+    QWidget* m_surface = nullptr;         // everything inside the edge that resizes
+    TransportLooks m_looks;               // as the buttons show them
+    QString m_lastFind;                   // text of the last search
+    int m_lastFound = 0;                  // row of the last match
+    int m_lineToMark = -1;                // for Timer2
     bool m_sliderHeld = false;
     bool m_minimiseRequested = false; // Wayland never tells that a window is minimised
     bool m_roundedCorners = false;
     bool m_unloading = false;
+    bool m_alwaysOnTop = false;
 };
 
 } // namespace orvanta

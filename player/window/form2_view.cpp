@@ -7,6 +7,7 @@
 #include "player/window/skin_slider.h"
 #include "player/window/window_frame.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QLabel>
@@ -144,6 +145,22 @@ void Form2::showBookmarkSign()
 {
     if (m_services.showBookmarkSign) {
         m_services.showBookmarkSign();
+    }
+}
+
+bool Form2::isModalWindowOpen() const
+{
+    return QApplication::activeModalWidget() != nullptr;
+}
+
+// As the window manager closes them. One that refuses goes with the program.
+void Form2::cancelModalWindows()
+{
+    const QWidget* refuses = nullptr;
+    for (QWidget* window = QApplication::activeModalWidget();
+         window != nullptr && window != refuses; window = QApplication::activeModalWidget()) {
+        refuses = window;
+        window->close();
     }
 }
 

@@ -1,8 +1,11 @@
 #include "player/window/playlist_list.h"
 
+#include "player/model/dropped_files.h"
 #include "player/window/skin.h"
 
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QToolTip>
@@ -11,12 +14,30 @@
 
 namespace orvanta {
 
+using namespace Qt::StringLiterals;
+
+static const QString kUriList = u"text/uri-list"_s;
+
 void PlaylistModel::setLines(std::vector<TreeLine> lines)
 {
     beginResetModel();
     m_lines = std::move(lines);
     m_checked.assign(m_lines.size(), true);
     endResetModel();
+}
+
+void PlaylistModel::growTo(std::vector<TreeLine> lines)
+{
+    if (m_lines.empty() || lines.size() <= m_lines.size()) {
+        return setLines(std::move(lines));
+    }
+    const int before = rowCount({});
+    beginInsertRows({}, before, static_cast<int>(lines.size()) - 1);
+    m_lines = std::move(lines);
+    m_checked.resize(m_lines.size(), true);
+    endInsertRows();
+    // A last branch may have become one of many.
+    Q_EMIT dataChanged(index(0), index(before - 1), {Qt::DisplayRole});
 }
 
 bool PlaylistModel::isChecked(int line) const
@@ -80,6 +101,9 @@ PlaylistList::PlaylistList(QWidget* parent)
     setFrameShape(NoFrame);
     setMouseTracking(true);
     setFont(skin::listFont());
+    setAcceptDrops(true);
+    setDragDropMode(DropOnly);
+    setDropIndicatorShown(false);
 }
 
 void PlaylistList::setLines(std::vector<TreeLine> lines)
@@ -201,6 +225,32 @@ void PlaylistList::focusInEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
+}
+
+// Anything that names files is welcome anywhere on the list; they are only read.
+void PlaylistList::dragEnterEvent(QDragEnterEvent* event)
+{
+    dragMoveEvent(event);
+}
+
+void PlaylistList::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (event->mimeData()->hasFormat(kUriList)) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+void PlaylistList::dropEvent(QDropEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    const QStringList files = filesOfUriList(event->mimeData()->data(kUriList));
+    if (!files.isEmpty()) {
+        Q_EMIT filesDropped(files);
+    }
 }
 
 } // namespace orvanta

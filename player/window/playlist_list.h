@@ -22,6 +22,8 @@ public:
 
     /// Shows other lines; each is checked.
     void setLines(std::vector<TreeLine> lines);
+    /// Shows more lines after those that are shown now, which keep their marks.
+    void growTo(std::vector<TreeLine> lines);
     [[nodiscard]] const std::vector<TreeLine>& lines() const { return m_lines; }
     [[nodiscard]] bool hasBox(int line) const { return line >= 1 && line < rowCount({}); }
     /// False for the root and outside the list.
@@ -76,6 +78,8 @@ public:
 
     /// Shows other lines, each checked; no line is current.
     void setLines(std::vector<TreeLine> lines);
+    /// Shows a tree that has grown at its end: marks and the current line stay.
+    void growTo(std::vector<TreeLine> lines) { m_model->growTo(std::move(lines)); }
     [[nodiscard]] const std::vector<TreeLine>& lines() const { return m_model->lines(); }
     /// The current line; -1 for none.
     [[nodiscard]] int cursorLine() const { return currentIndex().row(); }
@@ -95,6 +99,8 @@ Q_SIGNALS:
     void lineChosen();
     /// The pointer moved over the list; y in pixels from the top of the lines.
     void pointerMoved(int y);
+    /// Files were dropped on the list: their paths, at least one.
+    void filesDropped(const QStringList& files);
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -106,6 +112,9 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void toggle(int line) { m_model->setChecked(line, !m_model->isChecked(line)); }

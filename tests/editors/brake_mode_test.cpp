@@ -14,14 +14,12 @@ namespace orvanta::test {
 
 namespace {
 
-class BrakeMode : public EditorRoom
+class BrakeMode : public EditorOnScreen<Form5>
 {
 protected:
     void open()
     {
-        m_services.emplace(services());
-        editor = std::make_unique<Form5>(*m_services);
-        editor->show();
+        EditorOnScreen::open();
         editor->Option2->click();
     }
     /// Opens clip.avi (120 s long) by a click on it.
@@ -38,7 +36,6 @@ protected:
         editor->List2->change(
             [&](EntryList& list) { list = {.entries = brakes, .selected = selected}; });
     }
-    static void press(QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
     void key(Qt::Key pressed, Qt::KeyboardModifiers keys = {})
     {
         QTest::keyClick(editor->Slider1, pressed, keys);
@@ -46,28 +43,29 @@ protected:
     /// Drags the handle to these parts of the slider and lets it go.
     void drag(const std::vector<double>& parts)
     {
+        dragAndHold(parts);
+        QTest::mouseRelease(editor->Slider1, Qt::LeftButton, {}, placeOf(parts.back()));
+    }
+    void dragAndHold(const std::vector<double>& parts)
+    {
         TimeSlider* slider = editor->Slider1;
-        const auto at = [&](double part) {
-            return QPoint(static_cast<int>(part * slider->width()), slider->height() / 2);
-        };
-        QTest::mousePress(slider, Qt::LeftButton, {}, at(parts.front()));
+        QTest::mousePress(slider, Qt::LeftButton, {}, placeOf(parts.front()));
         for (const double part : parts) {
-            QMouseEvent move(QEvent::MouseMove, at(part), slider->mapToGlobal(at(part)),
-                             Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+            const QPoint at = placeOf(part);
+            QMouseEvent move(QEvent::MouseMove, at, slider->mapToGlobal(at), Qt::NoButton,
+                             Qt::LeftButton, Qt::NoModifier);
             QCoreApplication::sendEvent(slider, &move);
         }
-        QTest::mouseRelease(slider, Qt::LeftButton, {}, at(parts.back()));
+    }
+    [[nodiscard]] QPoint placeOf(double part) const
+    {
+        const QSize slider = editor->Slider1->size();
+        return {static_cast<int>(part * slider.width()), slider.height() / 2};
     }
     [[nodiscard]] QStringList brakes() const { return editor->List2->list().entries; }
-    [[nodiscard]] QString temporaryPacket() const
-    {
-        return module.ApplicationFolder + u"/temp.vxl"_s;
-    }
-
-    std::unique_ptr<Form5> editor;
+    [[nodiscard]] QString temporaryPacket() const { return temporary(u"temp.vxl"_s); }
 
 private:
-    std::optional<EditorServices> m_services;
     UserLocale m_locale{QLocale(QLocale::English, QLocale::UnitedStates)};
 };
 
@@ -140,6 +138,17 @@ TEST_F(BrakeMode, ADragShowsNearPicturesAndSeeksExactlyOnceAtItsEnd)
     EXPECT_GE(preview->calls.filter(u"preview"_s).size(), 3);
 }
 
+TEST_F(BrakeMode, AHandleThatRestsShowsThePictureRightThere)
+{
+    openClip();
+    dragAndHold({0.2, 0.5});
+    const QString exact = u"seek %1"_s.arg(editor->Slider1->seconds());
+    EXPECT_FALSE(preview->calls.contains(exact));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return preview->calls.contains(exact); }))
+        << preview->calls.join(u' ').toStdString();
+    EXPECT_EQ(preview->CurrentState(), MediaControl::Paused);
+}
+
 TEST_F(BrakeMode, MovingTheSliderMovesTheSelectedBrake)
 {
     openClip();
@@ -150,6 +159,22 @@ TEST_F(BrakeMode, MovingTheSliderMovesTheSelectedBrake)
     drag({0.5});
     EXPECT_EQ(brakes().at(0), u"000010.00{}a"_s);
     EXPECT_NE(brakes().at(1), u"000020.10{}b"_s);
+}
+
+TEST_F(BrakeMode, TheLastOfFiveHundredBrakesOfAnHourIsSetToATenthOfASecond)
+{
+    previewSeconds = 3600;
+    openClip();
+    QStringList many;
+    for (int i = 0; i < 500; ++i) {
+        many.append(u"%1.00{}brake"_s.arg(i * 7, 6, 10, QChar(u'0')));
+    }
+    setBrakes(many);
+    clickRow(editor->List2, 499);
+    key(Qt::Key_Right);
+    key(Qt::Key_Right);
+    EXPECT_EQ(brakes().last(), u"003493.20{}brake"_s);
+    EXPECT_EQ(brakes().mid(0, 499), many.mid(0, 499));
 }
 
 TEST_F(BrakeMode, MovingTheSliderWithNothingSelectedMovesNoBrake)
@@ -182,6 +207,17 @@ TEST_F(BrakeMode, ClickingABrakeWithNoClipOpenKeepsItsTime)
     typeOver(editor->Text4, u"b"_s);
     EXPECT_EQ(brakes(), QStringList({u"000075.40{}b"_s}));
     EXPECT_TRUE(preview.isNull());
+}
+
+TEST_F(BrakeMode, WithNoClipOpenTheSliderMovesNoBrake)
+{
+    open();
+    setBrakes({u"000075.40{}a"_s});
+    clickRow(editor->List2, 0);
+    key(Qt::Key_Right);
+    key(Qt::Key_Home);
+    drag({0.2, 0.7});
+    EXPECT_EQ(brakes(), QStringList({u"000075.40{}a"_s}));
 }
 
 TEST_F(BrakeMode, AddKeyAppendsAtTheSliderAndLeavesTheListUnsorted)
@@ -295,6 +331,19 @@ TEST_F(BrakeMode, LoadsABrakePacket)
     EXPECT_EQ(preview->FileName(), room(u"clip.avi"_s));
     EXPECT_EQ(editor->File2->FileName(), QString());
     EXPECT_EQ(pickers.calls, QStringList({u"open *.vxl"_s}));
+}
+
+TEST_F(BrakeMode, CreateFindsTheClipThatTheLoadedPacketNamesBesideItself)
+{
+    put(u"clip.avi"_s);
+    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=1\n"
+                                          "[brake1]\ntime=000001.00\ntext=A\n");
+    open();
+    press(editor->Command7);
+    press(editor->Command12);
+    EXPECT_TRUE(
+        bytesOf(temporaryPacket()).contains("\r\nfile=" + room(u"clip.avi"_s).toUtf8() + "\r\n"))
+        << bytesOf(temporaryPacket()).constData();
 }
 
 TEST_F(BrakeMode, LoadingPassesOverWhatFails)

@@ -8,38 +8,16 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTextDocument>
 
 namespace orvanta::test {
 
 namespace {
 
-class ClipMode : public EditorRoom
+class ClipMode : public EditorOnScreen<Form5>
 {
 protected:
-    void open()
-    {
-        m_services.emplace(services());
-        editor = std::make_unique<Form5>(*m_services);
-        editor->show();
-    }
-    void openWith(const QStringList& entries, int selected = -1)
-    {
-        open();
-        editor->List1->change(
-            [&](EntryList& list) { list = {.entries = entries, .selected = selected}; });
-    }
-    static void press(QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
-    [[nodiscard]] QStringList entries() const { return editor->List1->list().entries; }
-    [[nodiscard]] int selected() const { return editor->List1->list().selected; }
-    [[nodiscard]] QString temporaryPacket() const
-    {
-        return module.ApplicationFolder + u"/temp.vxl"_s;
-    }
-
-    std::unique_ptr<Form5> editor;
-
-private:
-    std::optional<EditorServices> m_services;
+    [[nodiscard]] QString temporaryPacket() const { return temporary(u"temp.vxl"_s); }
 };
 
 } // namespace
@@ -177,6 +155,33 @@ TEST_F(ClipMode, ClickingAnEntrySplitsItAtTheLastMarkerAndLeavesItAsItIs)
     EXPECT_EQ(editor->Text2->text(), u"more"_s);
     EXPECT_EQ(editor->List1->toolTip(), u"path{}text{}more"_s);
     EXPECT_EQ(entries(), QStringList({u"path{}text{}more"_s}));
+}
+
+TEST_F(ClipMode, TheToolTipShowsMarkupAndEntitiesAsTheyAreTyped)
+{
+    openWith({u"/a.avi{}Tom & Jerry"_s, u"/b.avi{}<b>bold</b>"_s});
+    clickRow(editor->List1, 0);
+    EXPECT_EQ(editor->List1->toolTip(), u"/a.avi{}Tom & Jerry"_s);
+    clickRow(editor->List1, 1);
+    EXPECT_TRUE(Qt::mightBeRichText(editor->List1->toolTip()));
+    EXPECT_EQ(editor->List1->toolTip(), u"/b.avi{}&lt;b&gt;bold&lt;/b&gt;"_s);
+}
+
+TEST_F(ClipMode, CreateFindsClipsThatTheLoadedPacketNamesBesideItself)
+{
+    put(u"near.avi"_s);
+    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=near.avi\ntext=A\n"
+                                          "[file2]\npath=gone.avi\ntext=B\n");
+    open();
+    press(editor->Command3);
+    pickers.saveAnswer = room(u"out.vxl"_s);
+    press(editor->Command4);
+    EXPECT_TRUE(bytesOf(room(u"out.vxl"_s)).contains("path=near.avi\r\n"));
+    press(editor->Command1);
+    EXPECT_EQ(bytesOf(temporaryPacket()),
+              "[main]\r\nfiles=2\r\n[file1]\r\npath=" + room(u"near.avi"_s).toUtf8() +
+                  "\r\ntext=A\r\n"
+                  "[file2]\r\npath=gone.avi\r\ntext=B\r\n");
 }
 
 TEST_F(ClipMode, PastedLineBreaksBecomeBlanks)

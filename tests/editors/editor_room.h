@@ -3,15 +3,22 @@
 
 #include "core/ini.h"
 #include "editors/editor_services.h"
+#include "editors/entry_list_view.h"
 #include "platform/scripted_media_control.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QFile>
 #include <QPointer>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <memory>
+#include <optional>
 
 namespace orvanta::test {
 
@@ -102,7 +109,7 @@ protected:
                         auto control = std::make_unique<ScriptedMediaControl>();
                         preview = control.get();
                         control->autoOpen = true;
-                        control->duration = 120;
+                        control->duration = previewSeconds;
                         return control;
                     },
                 .playerVolume = [] { return -1000; },
@@ -119,10 +126,61 @@ protected:
     ToldPickers pickers{module};
     QStringList untrapped; // errors that would have ended the program
     bool playerRuns = false;
+    double previewSeconds = 120;            // length of every clip that is opened in a preview
     QPointer<ScriptedMediaControl> preview; // of the editor that was made last
 
 private:
     QTemporaryDir m_temp;
+};
+
+/// One editor on the screen: Form5 or Form6.
+template <typename Form> class EditorOnScreen : public EditorRoom
+{
+protected:
+    void open()
+    {
+        m_services.emplace(services());
+        editor = std::make_unique<Form>(*m_services);
+        editor->show();
+    }
+    void openWith(const QStringList& list, int selectedEntry = -1)
+    {
+        open();
+        editor->List1->change([&](EntryList& entryList) {
+            entryList = {.entries = list, .selected = selectedEntry};
+        });
+    }
+    static void press(QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
+    [[nodiscard]] QStringList entries() const { return editor->List1->list().entries; }
+    [[nodiscard]] int selected() const { return editor->List1->list().selected; }
+    /// Where Create writes.
+    [[nodiscard]] QString temporary(const QString& name) const
+    {
+        return module.ApplicationFolder + u'/' + name;
+    }
+
+    std::unique_ptr<Form> editor;
+
+private:
+    std::optional<EditorServices> m_services;
+};
+
+/// Acts in the modal window that is shown next, and closes it.
+class NextModalWindow
+{
+public:
+    template <typename Form> void act(const std::function<void(Form&)>& work)
+    {
+        QTimer::singleShot(0, &m_context, [work] {
+            auto* window = qobject_cast<Form*>(QApplication::activeModalWidget());
+            ASSERT_NE(window, nullptr);
+            work(*window);
+            window->close();
+        });
+    }
+
+private:
+    QObject m_context;
 };
 
 /// The row as a user reaches it.

@@ -19,15 +19,9 @@ namespace {
 class ShowEditor : public EditorRoom
 {
 protected:
-    /// Does this in the editor that is shown next, and closes it.
-    template <typename Form> void inTheEditor(const std::function<void(Form&)>& act)
+    template <typename Form> void inTheEditor(const std::function<void(Form&)>& work)
     {
-        QTimer::singleShot(0, &m_context, [act] {
-            auto* editor = qobject_cast<Form*>(QApplication::activeModalWidget());
-            ASSERT_NE(editor, nullptr);
-            act(*editor);
-            editor->close();
-        });
+        m_next.act(work);
     }
     static void press(QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
     void runPreview(Form5& form)
@@ -43,7 +37,7 @@ protected:
     }
 
 private:
-    QObject m_context;
+    NextModalWindow m_next;
 };
 
 } // namespace
@@ -87,6 +81,17 @@ TEST_F(ShowEditor, EditorDoneStaysSetForTheRestOfTheRun)
     inTheEditor<Form5>([](Form5& form) { press(form.Command2); });
     EXPECT_EQ(showPacketEditor(given, nullptr).fileToOpen, QString());
     EXPECT_TRUE(module.EditorDone);
+}
+
+// EditorDone is not taken back: what an earlier editor left behind counts as this one's.
+TEST_F(ShowEditor, AFileThatIsLeftOverIsOpenedOnceSomethingHasBeenCreated)
+{
+    module.EditorDone = true;
+    QFile leftOver(temporary(u"temp.vxl"_s));
+    ASSERT_TRUE(leftOver.open(QIODevice::WriteOnly));
+    EditorServices given = services();
+    inTheEditor<Form5>([](Form5& form) { press(form.Command2); });
+    EXPECT_EQ(showPacketEditor(given, nullptr).fileToOpen, leftOver.fileName());
 }
 
 TEST_F(ShowEditor, CreateWithAnEmptyListGivesNothing)

@@ -3,6 +3,7 @@
 #include "editors/folder_tree.h"
 #include "editors/form6_group_editor.h"
 #include "tests/editors/editor_room.h"
+#include "tests/support/metafile_bytes.h"
 
 #include <QImage>
 #include <QLabel>
@@ -12,32 +13,10 @@ namespace orvanta::test {
 
 namespace {
 
-class GroupEditor : public EditorRoom
+class GroupEditor : public EditorOnScreen<Form6>
 {
 protected:
-    void open()
-    {
-        m_services.emplace(services());
-        editor = std::make_unique<Form6>(*m_services);
-        editor->show();
-    }
-    void openWith(const QStringList& entries, int selected = -1)
-    {
-        open();
-        editor->List1->change(
-            [&](EntryList& list) { list = {.entries = entries, .selected = selected}; });
-    }
-    static void press(QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
-    [[nodiscard]] QStringList entries() const { return editor->List1->list().entries; }
-    [[nodiscard]] QString temporaryGroup() const
-    {
-        return module.ApplicationFolder + u"/temp.vxg"_s;
-    }
-
-    std::unique_ptr<Form6> editor;
-
-private:
-    std::optional<EditorServices> m_services;
+    [[nodiscard]] QString temporaryGroup() const { return temporary(u"temp.vxg"_s); }
 };
 
 } // namespace
@@ -146,6 +125,21 @@ TEST_F(GroupEditor, AChosenPictureGoesIntoTheSelectedMemberAndIsShown)
     EXPECT_LE(editor->Image1->pixmap().width(), editor->Image1->width());
 }
 
+TEST_F(GroupEditor, APictureIsToldByItsContentAndMayBeAMetafile)
+{
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    ASSERT_TRUE(image.save(room(u"misnamed.bmp"_s), "PNG"));
+    const QString metafile = put(u"drawing.wmf"_s, redMetafile());
+    openWith({u"a{}1{}"_s + room(u"misnamed.bmp"_s), u"b{}2{}"_s + metafile});
+    for (int row = 0; row < 2; ++row) {
+        clickRow(editor->List1, row);
+        const QImage shown = editor->Image1->pixmap().toImage();
+        ASSERT_FALSE(shown.isNull()) << row;
+        EXPECT_EQ(shown.pixelColor(shown.rect().center()), QColor(Qt::red)) << row;
+    }
+}
+
 TEST_F(GroupEditor, ACancelledPictureChoiceChangesNothing)
 {
     openWith({u"a{}1{}p"_s}, 0);
@@ -190,6 +184,18 @@ TEST_F(GroupEditor, LoadsMembersWithoutTheirPictures)
     press(editor->Command3);
     EXPECT_EQ(entries(), QStringList({u"/a.vxl{}A"_s, u"/b.vxl{}B"_s}));
     EXPECT_EQ(pickers.calls, QStringList({u"open *.vxg"_s}));
+}
+
+TEST_F(GroupEditor, CreateFindsPacketsThatTheLoadedGroupNamesBesideItself)
+{
+    put(u"near.vxl"_s);
+    pickers.openAnswer = put(u"in.vxg"_s, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n");
+    open();
+    press(editor->Command3);
+    press(editor->Command1);
+    EXPECT_TRUE(
+        bytesOf(temporaryGroup()).contains("\r\npath=" + room(u"near.vxl"_s).toUtf8() + "\r\n"))
+        << bytesOf(temporaryGroup()).constData();
 }
 
 TEST_F(GroupEditor, LoadedAndSavedAgainItLosesPicturesAndShiftsTexts)

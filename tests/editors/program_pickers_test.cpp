@@ -16,21 +16,15 @@ namespace {
 class ProgramPickersRoom : public EditorRoom
 {
 protected:
-    /// Does this in the picker that is shown next.
-    template <typename Form> void inThePicker(const std::function<void(Form&)>& act)
+    template <typename Form> void inThePicker(const std::function<void(Form&)>& work)
     {
-        QTimer::singleShot(0, &m_context, [act] {
-            auto* picker = qobject_cast<Form*>(QApplication::activeModalWidget());
-            ASSERT_NE(picker, nullptr);
-            act(*picker);
-            picker->close();
-        });
+        m_next.act(work);
     }
 
     ProgramPickers shown{module, HandlerBoundary()};
 
 private:
-    QObject m_context;
+    NextModalWindow m_next;
 };
 
 } // namespace

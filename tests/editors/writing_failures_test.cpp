@@ -1,4 +1,5 @@
 #include "editors/entry_list_view.h"
+#include "editors/file_list_box.h"
 #include "editors/form5_packet_editor.h"
 #include "editors/form6_group_editor.h"
 #include "tests/editors/editor_room.h"
@@ -7,7 +8,9 @@
 #include <QRadioButton>
 
 #include <csignal>
+#include <sys/fsuid.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace orvanta::test {
 
@@ -38,6 +41,20 @@ private:
     void (*m_signal)(int) = nullptr;
 };
 
+/// For this thread the kernel judges files by a user who is nobody; without that it lets the
+/// superuser write everywhere. Anybody else stays who they are.
+class NoPrivileges
+{
+public:
+    NoPrivileges() { setfsuid(geteuid() == 0 ? kNobody : geteuid()); }
+    ~NoPrivileges() { setfsuid(geteuid()); }
+    NoPrivileges(const NoPrivileges&) = delete;
+    NoPrivileges& operator=(const NoPrivileges&) = delete;
+
+private:
+    static constexpr uid_t kNobody = 65534;
+};
+
 class WritingFailures : public EditorRoom
 {
 protected:
@@ -65,6 +82,9 @@ protected:
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
         EXPECT_FALSE(module.EditorDone);
     }
+
+    static constexpr QFile::Permissions kAnybodyReads =
+        QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
 
     QStringList entries;
 };
@@ -110,8 +130,55 @@ TEST_F(WritingFailures, AFullDiskLeavesTheOldGroupWhole)
     expectQuiet();
 }
 
-// The superuser may write into any folder of a disk, so the folders here are such that nobody may:
-// one of the kernel's, one that is a file, one that has gone.
+TEST_F(WritingFailures, AReadOnlyFolderLeavesTheOldFileWholeAndTheEditorOpen)
+{
+    const QByteArray old = "[main]\r\nfiles=0\r\n";
+    QDir(room()).mkdir(u"locked"_s);
+    pickers.saveAnswer = put(u"locked/out.vxl"_s, old);
+    module.ApplicationFolder = room(u"locked"_s);
+    ASSERT_TRUE(QFile::setPermissions(room(u".."_s), kAnybodyReads | QFile::WriteOwner));
+    ASSERT_TRUE(QFile::setPermissions(room(), kAnybodyReads | QFile::WriteOwner));
+    ASSERT_TRUE(QFile::setPermissions(room(u"locked"_s), kAnybodyReads));
+    ASSERT_TRUE(QFile::setPermissions(pickers.saveAnswer, QFile::ReadOwner | QFile::ReadOther));
+    EditorServices given = services();
+    Form5 form(given);
+    form.show();
+    {
+        const NoPrivileges nobody;
+        // Whoever runs this: the folder is one that cannot be written.
+        ASSERT_FALSE(QFile(room(u"locked/probe"_s)).open(QIODevice::WriteOnly));
+        pressAllThatWrite(form);
+    }
+    EXPECT_EQ(bytesOf(pickers.saveAnswer), old);
+    EXPECT_FALSE(QFile::exists(room(u"locked/temp.vxl"_s)));
+    EXPECT_TRUE(form.isVisible());
+    expectQuiet();
+    // So that the folder can be taken away.
+    QFile::setPermissions(room(u"locked"_s), kAnybodyReads | QFile::WriteOwner);
+}
+
+TEST_F(WritingFailures, AFolderThatVanishesBeforeTheWritingIsPassedOverSilently)
+{
+    QDir(room()).mkdir(u"gone"_s);
+    set(u"save"_s, u"open"_s, room(u"gone"_s));
+    pickers.saveAnswer = room(u"gone/out.vxl"_s);
+    EditorServices given = services();
+    Form5 form(given);
+    form.show();
+    ASSERT_EQ(form.File1->folder(), room(u"gone"_s));
+    QDir(room()).rmdir(u"gone"_s);
+    form.List1->change([&](EntryList& list) { list.entries = entries; });
+    form.Command4->click();
+    form.Command8->click();
+    EXPECT_FALSE(QFile::exists(room(u"gone"_s)));
+    EXPECT_EQ(form.List1->list().entries.size(), entries.size());
+    form.close();
+    EXPECT_FALSE(form.isVisible());
+    expectQuiet();
+}
+
+// Nobody at all may write here: a folder of the kernel's, one that is a file, one that is not
+// there.
 TEST_F(WritingFailures, AFolderThatCannotBeWrittenIsPassedOverSilently)
 {
     put(u"file"_s);

@@ -1,4 +1,5 @@
 #include "platform/registry.h"
+#include "tests/support/desktop_room.h"
 #include "tests/support/settings_folder.h"
 
 #include <QDir>
@@ -18,6 +19,7 @@ constexpr auto kMachine = RegistryHive::LocalMachine;
 
 struct RegistryTest : testing::Test
 {
+    DesktopRoom room;
     SettingsFolder folder;
     Registry registry{folder.path()};
 };
@@ -38,14 +40,14 @@ TEST_F(RegistryTest, AnotherObjectReadsWhatWasWritten)
 
 TEST_F(RegistryTest, AnExistingButEmptyValueReadsAsTheEmptyText)
 {
-    registry.RegWriteString(kClasses, u".avi"_s, {}, u""_s);
-    EXPECT_EQ(registry.RegReadString(kClasses, u".avi"_s, {}), QString());
+    registry.RegWriteString(kClasses, u"vxavifile"_s, {}, u""_s);
+    EXPECT_EQ(registry.RegReadString(kClasses, u"vxavifile"_s, {}), QString());
 }
 
 TEST_F(RegistryTest, AOneCharacterValueReadsAsThatCharacter)
 {
-    registry.RegWriteString(kClasses, u".avi"_s, {}, u"x"_s);
-    EXPECT_EQ(registry.RegReadString(kClasses, u".avi"_s, {}), u"x");
+    registry.RegWriteString(kClasses, u"vxavifile"_s, {}, u"x"_s);
+    EXPECT_EQ(registry.RegReadString(kClasses, u"vxavifile"_s, {}), u"x");
 }
 
 TEST_F(RegistryTest, AKeyThatDoesNotExistReadsAsTheEmptyText)
@@ -55,10 +57,10 @@ TEST_F(RegistryTest, AKeyThatDoesNotExistReadsAsTheEmptyText)
 
 TEST_F(RegistryTest, AValueLongerThanTheReadersBufferReadsAsTheEmptyText)
 {
-    registry.RegWriteString(kClasses, u".a"_s, {}, QString(254, u'x'));
-    registry.RegWriteString(kClasses, u".b"_s, {}, QString(255, u'x'));
-    EXPECT_EQ(registry.RegReadString(kClasses, u".a"_s, {}).size(), 254);
-    EXPECT_EQ(registry.RegReadString(kClasses, u".b"_s, {}), QString());
+    registry.RegWriteString(kClasses, u"a"_s, {}, QString(254, u'x'));
+    registry.RegWriteString(kClasses, u"b"_s, {}, QString(255, u'x'));
+    EXPECT_EQ(registry.RegReadString(kClasses, u"a"_s, {}).size(), 254);
+    EXPECT_EQ(registry.RegReadString(kClasses, u"b"_s, {}), QString());
 }
 
 TEST_F(RegistryTest, ANamedValueAndTheDefaultValueAreTwo)
@@ -108,6 +110,7 @@ TEST_F(RegistryTest, DeletingAValueThatDoesNotExistWritesNothing)
 
 TEST(RegistryFailures, WritingIntoAMissingFolderIsPassedOver)
 {
+    const DesktopRoom room;
     Registry registry(u"/no/such/folder"_s);
     EXPECT_NO_THROW(registry.RegWriteString(kClasses, u".avi"_s, {}, u"x"_s));
     EXPECT_NO_THROW(registry.RegDeleteValue(kClasses, u".avi"_s, {}));

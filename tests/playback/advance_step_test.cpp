@@ -127,6 +127,48 @@ TEST_F(EndOfClip, ClosesTheProgramThatTheShellStartedWhenTheOptionSaysSo)
     }
 }
 
+class EndOfLastClipBehindAnEditor : public EndOfClip
+{
+protected:
+    void SetUp() override
+    {
+        EndOfClip::SetUp();
+        option("agnc");
+        option("agnp");
+        option("acp");
+        addClips({u"one"_s});
+        module.playlist.OpenedFromExplorer = true;
+        view.modalWindowOpen = true;
+        play(1, 1);
+        endClip();
+    }
+};
+
+TEST_F(EndOfLastClipBehindAnEditor, ClosesTheProgramOnceTheEditorIsClosed)
+{
+    engine->tick();
+    EXPECT_EQ(view.unloaded, 0);
+    view.modalWindowOpen = false;
+    engine->tick();
+    EXPECT_EQ(view.unloaded, 1);
+}
+
+TEST_F(EndOfLastClipBehindAnEditor, KeepsTheProgramWhenSomethingIsPlayedMeanwhile)
+{
+    play(1, 1);
+    view.modalWindowOpen = false;
+    engine->tick();
+    EXPECT_EQ(view.unloaded, 0);
+}
+
+TEST_F(EndOfLastClipBehindAnEditor, KeepsTheProgramWhenTheEditorGaveSomethingToOpen)
+{
+    view.modalWindowOpen = false;
+    engine->playlistReplaced();
+    engine->tick();
+    EXPECT_EQ(view.unloaded, 0);
+}
+
 TEST_F(EndOfClip, ClosingAfterTheLastFileHidesTheProgramThatIsKept)
 {
     option("agnc");

@@ -68,6 +68,16 @@ TEST_F(Closing, APlayerThatCannotBeStoppedIsNotWaitedForForEver)
     EXPECT_EQ(view.unloaded, 1);
 }
 
+TEST_F(Closing, CancelsTheWindowThatWaitsForAnAnswerBeforeItUnloads)
+{
+    view.modalWindowOpen = true;
+    bool openAtUnload = true;
+    view.onUnload = [&] { openAtUnload = view.modalWindowOpen; };
+    engine->closeProgram();
+    EXPECT_EQ(view.unloaded, 1);
+    EXPECT_FALSE(openAtUnload);
+}
+
 TEST_F(Closing, HappensOnce)
 {
     engine->pressClose();

@@ -189,6 +189,63 @@ TEST_F(VideoKeys, PRAndSRaiseTheRequestThatServingHandsToThePlayer)
     EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
 }
 
+TEST_F(VideoKeys, AServedVolumeStepReachesThePlayerThroughTheSlidersFormula)
+{
+    run();
+    mirror.VideoVolume = 55;
+    type(u'-');
+    keys.serveRequest();
+    EXPECT_EQ(control.Volume(), -1000);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(VideoKeys, AServedStateLeavesTheVolumeAsItIs)
+{
+    run();
+    control.setVolume(-777);
+    mirror.VideoVolume = 55;
+    type(u'p');
+    keys.serveRequest();
+    EXPECT_EQ(control.Volume(), -777);
+}
+
+TEST_F(VideoKeys, AVolumeStepOfAStoppedClipKeepsThePositionThatWasSought)
+{
+    run();
+    control.Stop();
+    control.setCurrentPosition(30.0);
+    mirror.VideoState = MediaControl::Stopped;
+    type(u'+');
+    keys.serveRequest();
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 30.0);
+}
+
+TEST_F(VideoKeys, SeeksGoWhereBrakesFollowThem)
+{
+    run();
+    control.playTo(100.0);
+    QList<double> sought;
+    keys.setSeek([&](double seconds) { sought += seconds; });
+    mirror.VideoBookmark = u"42"_s;
+    type(u'm');
+    type(u'b');
+    type(u'l');
+    keys.seekBy(-5.0);
+    EXPECT_EQ(sought, (QList<double>{160.0, 40.0, 42.0, 42.0, 95.0}));
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
+}
+
+TEST_F(VideoKeys, ThePlayKeyTurnsPauseIntoRunAndBack)
+{
+    run();
+    keys.togglePlay();
+    keys.serveRequest();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    keys.togglePlay();
+    keys.serveRequest();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
 TEST_F(VideoKeys, StateKeysDoNothingWhileNothingIsLoaded)
 {
     type(u'r');

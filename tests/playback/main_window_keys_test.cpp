@@ -55,6 +55,19 @@ TEST_F(MainKeys, MSeeksAMinuteForward)
     EXPECT_DOUBLE_EQ(control.CurrentPosition(), 160.0);
 }
 
+TEST_F(MainKeys, KeysThatComeFasterThanTicksAddUp)
+{
+    playLongClip();
+    keys.seekBy(5.0);
+    keys.seekBy(5.0);
+    type(u'm');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 170.0);
+    keys.togglePlay();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    keys.togglePlay();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
 TEST_F(MainKeys, ASeekBeforeTheBeginningGoesToTheBeginning)
 {
     playLongClip();

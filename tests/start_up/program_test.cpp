@@ -23,6 +23,8 @@ QProcessEnvironment environment(const SettingsFolder& folder)
 {
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     variables.insert(u"ORVANTA_HOME"_s, folder.path());
+    variables.insert(u"XDG_CONFIG_HOME"_s, folder.file(u"config"_s));
+    variables.insert(u"XDG_DATA_HOME"_s, folder.file(u"data"_s));
     variables.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
     variables.insert(u"QT_LOGGING_RULES"_s, u"orvanta.*=true"_s);
     return variables;

@@ -1,5 +1,6 @@
 #include "core/run_time_error.h"
 #include "player/start_up_steps.h"
+#include "tests/support/desktop_room.h"
 #include "tests/support/settings_folder.h"
 
 #include <QDir>
@@ -117,6 +118,7 @@ TEST_F(SetupCopy, ACopyThatCannotBeMadeIsAnAccessError)
 
 TEST(FolderVerb, IsWrittenWithTheProgramsFolderAndWithoutABlank)
 {
+    const DesktopRoom room;
     const SettingsFolder folder;
     Registry registry(folder.path());
     registerFolderVerb(registry, u"/opt/o"_s);
@@ -127,6 +129,7 @@ TEST(FolderVerb, IsWrittenWithTheProgramsFolderAndWithoutABlank)
 
 TEST(FolderVerb, IsRewrittenAtEveryStart)
 {
+    const DesktopRoom room;
     const SettingsFolder folder;
     Registry registry(folder.path());
     const QString key = u"Folder\\shell\\Play clips\\command"_s;

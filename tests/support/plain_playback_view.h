@@ -18,6 +18,7 @@ public:
 
     bool windowNormal = true;
     bool sliderHeld = false;
+    bool modalWindowOpen = false;
     QString currentTime;
     QString clipLength;
     QString findText;
@@ -74,6 +75,8 @@ public:
     void enableTimer3() override { ++timer3Enabled; }
     void bringMainWindowToFront() override { ++broughtToFront; }
     void showBookmarkSign() override { ++bookmarkSigns; }
+    [[nodiscard]] bool isModalWindowOpen() const override { return modalWindowOpen; }
+    void cancelModalWindows() override { modalWindowOpen = false; }
     void unloadAll() override
     {
         ++unloaded;

@@ -56,6 +56,14 @@ TEST_F(Tray, TheToolTipIsTheBannerInLowerCase)
     EXPECT_EQ(form().IconTray1.toolTip(), u"!orvanta! 3.3"_s);
 }
 
+TEST_F(Tray, TheIconIsTheProgramsPicture)
+{
+    const QImage icon = form().IconTray1.icon().pixmap(64, 64).toImage();
+    ASSERT_FALSE(icon.isNull());
+    EXPECT_EQ(icon.pixelColor(icon.rect().center()).alpha(), 255);
+    EXPECT_EQ(icon.pixelColor(0, 0).alpha(), 0);
+}
+
 TEST_F(Tray, TheMenusEntriesStandInTheirOrder)
 {
     QStringList names;

@@ -97,17 +97,4 @@ TEST_F(MainWindowLoad, TheFileListListsFilesOfTheRegisteredTypes)
     EXPECT_EQ(window->File1->files(), (QStringList{home.file(u"a.avi"_s), home.file(u"b.MP3"_s)}));
 }
 
-TEST_F(MainWindowLoad, MenuEntriesWithNothingBehindThemOnlyLog)
-{
-    load();
-    const LogCapture log("orvanta.desktop");
-    const QList<QAction*> entries = {window->cp,  window->cg, window->op, window->cdc,
-                                     window->doc, window->tu, window->ab, window->add[0]};
-    for (QAction* entry : entries) {
-        entry->trigger();
-    }
-    EXPECT_EQ(LogCapture::lines().size(), entries.size());
-    EXPECT_FALSE(reported.has_value());
-}
-
 } // namespace orvanta::test

@@ -21,6 +21,7 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <optional>
@@ -40,17 +41,27 @@ public:
     QStringList answer;                 // the files that the user chooses; none: cancelled
     QString pattern = u"(not asked)"_s; // of the last call
     bool severalFiles = false;
+    std::function<void()> whileOpen = [] {};
 
     void ShowOpenPicker(const QString& askedPattern, bool several) override
     {
         pattern = askedPattern;
         severalFiles = several;
+        whileOpen();
         m_module.picker.PickedFiles = QStringList{QString()} + answer;
     }
     void ShowSavePicker(const QString& /*pattern*/) override {}
 
 private:
     Module1& m_module;
+};
+
+/// Only remembers whether it is full.
+struct PlainScreen : FullScreenControl
+{
+    bool on = false;
+    [[nodiscard]] bool isFullScreen() const override { return on; }
+    void setFullScreen(bool wanted) override { on = wanted; }
 };
 
 class Form2Test : public testing::Test
@@ -86,6 +97,9 @@ protected:
             .boundary = HandlerBoundary([this](const RuntimeError& e) { reported = e.number(); }),
             .unloadSplash = [this] { ++splashUnloads; },
             .unloadOtherForms = [this] { othersUnloaded = true; },
+            .videoKeys = &videoKeys,
+            .showPacketEditor = [this] { return packetEditor(); },
+            .showGroupEditor = [this] { return groupEditor(); },
         });
         timerRanAfterLoad = window->Timer1.isActive();
         window->Timer1.stop();
@@ -186,9 +200,14 @@ protected:
     Module1 module;
     ScriptedMediaControl control;
     PlainVideoWindow video{control};
+    PlainScreen screen;
+    VideoWindowKeys videoKeys{control, video.mirror(), screen};
     ScriptedPickers pickers{module};
     std::unique_ptr<PlaybackEngine> engine;
     std::unique_ptr<Form2> window;
+    // What the editors do, and the file that they leave to be opened.
+    std::function<QString()> packetEditor = [] { return QString(); };
+    std::function<QString()> groupEditor = [] { return QString(); };
     std::optional<ErrorNumber> reported;
     int splashUnloads = 0;
     bool othersUnloaded = false;

@@ -33,6 +33,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, Reference& refere
 }
 
 const QString kAccessible = u"org.a11y.atspi.Accessible"_s;
+const QString kAction = u"org.a11y.atspi.Action"_s;
 const QString kValue = u"org.a11y.atspi.Value"_s;
 constexpr int kCallMs = 5000;
 
@@ -93,6 +94,24 @@ void Accessible::setValue(double value) const
 {
     call(u"org.freedesktop.DBus.Properties"_s, u"Set"_s,
          {kValue, u"CurrentValue"_s, QVariant::fromValue(QDBusVariant(value))});
+}
+
+QStringList Accessible::actions() const
+{
+    const int count = property(kAction, u"NActions"_s).toInt();
+    QStringList names;
+    for (int i = 0; i < count; ++i) {
+        names.append(firstOf(call(kAction, u"GetName"_s, {i})).toString());
+    }
+    return names;
+}
+
+void Accessible::act(const QString& action) const
+{
+    const auto index = static_cast<int>(actions().indexOf(action));
+    if (index >= 0) {
+        call(kAction, u"DoAction"_s, {index});
+    }
 }
 
 QRect Accessible::place() const
@@ -159,12 +178,17 @@ std::optional<Accessible> Accessible::child(int index) const
     return Accessible(m_bus, reference.service, reference.path.path());
 }
 
+static bool hasManyLines(const QString& role)
+{
+    return role == u"list" || role == u"tree";
+}
+
 std::optional<Accessible> Accessible::find(const std::function<bool(const Accessible&)>& test) const
 {
     if (test(*this)) {
         return *this;
     }
-    if (role() == u"list") {
+    if (hasManyLines(role())) {
         return std::nullopt;
     }
     for (const Accessible& each : children()) {
@@ -186,7 +210,7 @@ QString Accessible::outline(int depth) const
 {
     QString lines = QString(qsizetype{2} * depth, u' ') +
                     u"[%1] \"%2\" (%3)\n"_s.arg(role(), name(), description());
-    if (role() != u"list") {
+    if (!hasManyLines(role())) {
         for (const Accessible& each : children()) {
             lines += each.outline(depth + 1);
         }

@@ -27,7 +27,9 @@ public:
     [[nodiscard]] QString text() const;        // of an edit field
     [[nodiscard]] double value() const;        // of a slider
     void setValue(double value) const;         // as the user's own step
-    [[nodiscard]] QRect place() const;         // pixels of the screen
+    [[nodiscard]] QStringList actions() const; // what can be done with it: "Press", "Toggle"
+    void act(const QString& action) const;
+    [[nodiscard]] QRect place() const; // pixels of the screen
     [[nodiscard]] bool isShowing() const { return hasState(kShowing); }
     [[nodiscard]] bool isEnabled() const { return hasState(kEnabled); }
     [[nodiscard]] bool isChecked() const { return hasState(kChecked); }
@@ -37,7 +39,7 @@ public:
     [[nodiscard]] int childCount() const;
     [[nodiscard]] std::optional<Accessible> child(int index) const;
     /// This object or the first below it, depth first, for which the test holds. Does not look
-    /// into lists, which may have thousands of lines.
+    /// into lists and trees, which may have thousands of lines.
     [[nodiscard]] std::optional<Accessible>
     find(const std::function<bool(const Accessible&)>& test) const;
     /// The same by role and by name or tool tip.

@@ -15,6 +15,7 @@ QString programPath()
 }
 
 Application::Application(const Desktop& desktop, const Home& home)
+    : m_program(programPath())
 {
     QProcessEnvironment environment = desktop.environment();
     environment.insert(u"ORVANTA_HOME"_s, home.folder());
@@ -37,7 +38,7 @@ void Application::setVariable(const QString& name, const QString& value)
 
 void Application::start(const QStringList& arguments)
 {
-    m_process.start(programPath(), arguments);
+    m_process.start(m_program, arguments);
 }
 
 bool Application::startAndShow(const QStringList& arguments)

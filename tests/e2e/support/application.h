@@ -27,6 +27,8 @@ public:
 
     /// For the program alone; before start.
     void setVariable(const QString& name, const QString& value);
+    /// Another program than the built one; before start.
+    void setProgram(const QString& path) { m_program = path; }
     /// Starts it and returns at once.
     void start(const QStringList& arguments = {});
     /// Starts it and waits until its main window is shown. What it said until then can still be
@@ -61,6 +63,7 @@ private:
     [[nodiscard]] std::optional<std::size_t> indexOf(const QRegularExpression& pattern) const;
     std::optional<std::size_t> waitForIndex(const QString& pattern, int limitMs);
 
+    QString m_program;
     QByteArray m_unfinished;
     std::vector<LogLine> m_lines;
     std::size_t m_next = 0; // the first line not given yet

@@ -4,7 +4,9 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QMap>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace orvanta::e2e {
@@ -12,11 +14,13 @@ namespace orvanta::e2e {
 using namespace Qt::StringLiterals;
 
 Desktop::Desktop(DesktopOptions options)
-    : m_environment(QProcessEnvironment::systemEnvironment())
+    : m_screen(options.screen),
+      m_environment(QProcessEnvironment::systemEnvironment())
 {
     makeFolders();
     const bool ready = startDisplay() && startBus() &&
                        (!options.windowManager || startWindowManager()) &&
+                       (options.compositor.isEmpty() || startCompositor(options.compositor)) &&
                        (!options.sound || startSound());
     Q_UNUSED(ready)
 }
@@ -71,7 +75,8 @@ std::unique_ptr<OwnedProcess> Desktop::launch(const QString& program, const QStr
 
 bool Desktop::startDisplay()
 {
-    m_display = launch(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x800x24"_s,
+    const QString screen = u"%1x%2x24"_s.arg(m_screen.width()).arg(m_screen.height());
+    m_display = launch(u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, screen,
                                    u"-nolisten"_s, u"tcp"_s, u"-noreset"_s});
     const QByteArray number = m_display->readFirstLine();
     if (number.isEmpty()) {
@@ -104,6 +109,23 @@ bool Desktop::startWindowManager()
     m_windowManager = launch(u"openbox"_s, {u"--sm-disable"_s});
     const bool manages = waitFor([this] { return !run(u"wmctrl"_s, {u"-m"_s}).isEmpty(); });
     return manages || fail(u"openbox does not start"_s);
+}
+
+/// Programs started from now on are its clients. On the backend "x11" its output fills the
+/// display, so that keys and clicks there reach it.
+bool Desktop::startCompositor(const QString& backend)
+{
+    const QString socket = u"wayland-test"_s;
+    m_compositor =
+        launch(u"weston"_s,
+               {u"--no-config"_s, u"--idle-time=0"_s, u"--use-pixman"_s,
+                u"--backend=%1-backend.so"_s.arg(backend), u"--socket="_s + socket,
+                u"--width=%1"_s.arg(m_screen.width()), u"--height=%1"_s.arg(m_screen.height())});
+    m_environment.insert(u"WAYLAND_DISPLAY"_s, socket);
+    m_environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
+    const bool serves =
+        waitFor([&] { return QFileInfo::exists(m_folder.filePath(u"run/"_s + socket)); });
+    return serves || fail(u"weston does not start"_s);
 }
 
 bool Desktop::startSound()
@@ -151,6 +173,20 @@ void Desktop::doubleClick(QPoint place)
                                     << u"40"_s << u"1"_s);
 }
 
+void Desktop::drag(const QList<QPoint>& places)
+{
+    QStringList hand = moveTo(places.first()) << u"mousedown"_s << u"1"_s;
+    for (const QPoint place : places.mid(1)) {
+        hand += moveTo(place);
+    }
+    run(u"xdotool"_s, hand << u"mouseup"_s << u"1"_s);
+}
+
+void Desktop::setKeyboard(const QString& layouts)
+{
+    run(u"setxkbmap"_s, {layouts});
+}
+
 void Desktop::press(const QString& key)
 {
     run(u"xdotool"_s, {u"key"_s, key});
@@ -159,6 +195,21 @@ void Desktop::press(const QString& key)
 void Desktop::type(const QString& text)
 {
     run(u"xdotool"_s, {u"type"_s, u"--delay"_s, u"5"_s, text});
+}
+
+void Desktop::pressPlace(int keyCode, bool shift)
+{
+    press((shift ? u"shift+"_s : QString()) + QString::number(keyCode));
+}
+
+void Desktop::moveMouse(QPoint place)
+{
+    run(u"xdotool"_s, moveTo(place));
+}
+
+void Desktop::holdButton(bool down)
+{
+    run(u"xdotool"_s, {down ? u"mousedown"_s : u"mouseup"_s, u"1"_s});
 }
 
 void Desktop::turnWheel(QPoint place, int notches)
@@ -175,12 +226,77 @@ QString Desktop::activeWindowTitle()
         .trimmed();
 }
 
-int Desktop::visibleWindows(const QString& title)
+bool Desktop::activate(const QString& title)
+{
+    return waitFor([&] {
+        run(u"wmctrl"_s, {u"-F"_s, u"-a"_s, title});
+        return activeWindowTitle() == title;
+    });
+}
+
+void Desktop::closeWindow(const QString& title)
+{
+    run(u"wmctrl"_s, {u"-F"_s, u"-c"_s, title});
+}
+
+void Desktop::resizeWindow(const QString& title, QSize size)
+{
+    run(u"wmctrl"_s, {u"-F"_s, u"-r"_s, title, u"-e"_s,
+                      u"0,-1,-1,%1,%2"_s.arg(size.width()).arg(size.height())});
+}
+
+QRect Desktop::placeOf(const QString& title)
 {
     const QByteArray found =
-        run(u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^"_s + title + u"$"_s});
-    return static_cast<int>(found.trimmed().split('\n').size()) -
-           (found.trimmed().isEmpty() ? 1 : 0);
+        run(u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^"_s + title + u"$"_s,
+                           u"getwindowgeometry"_s, u"--shell"_s});
+    const auto value = [&](const QByteArray& name) {
+        const qsizetype begin = found.indexOf('\n' + name + '=');
+        return begin < 0 ? 0 : found.mid(begin + name.size() + 2).split('\n').first().toInt();
+    };
+    return {value("X"), value("Y"), value("WIDTH"), value("HEIGHT")};
+}
+
+QByteArrayList Desktop::visibleWindowIds(const QStringList& search)
+{
+    const QByteArray found =
+        run(u"xdotool"_s, QStringList({u"search"_s, u"--onlyvisible"_s}) + search).trimmed();
+    return found.isEmpty() ? QByteArrayList() : found.split('\n');
+}
+
+int Desktop::visibleWindows(const QString& title)
+{
+    return static_cast<int>(visibleWindowIds({u"--name"_s, u"^"_s + title + u"$"_s}).size());
+}
+
+QStringList Desktop::windowsOfPrograms()
+{
+    QStringList windows;
+    for (const QByteArray& id : visibleWindowIds({u"--class"_s, u"."_s})) {
+        windows.append(QString::fromLatin1(id));
+    }
+    return windows;
+}
+
+QRect Desktop::placeOfWindow(const QString& window)
+{
+    const QByteArray found = run(u"xdotool"_s, {u"getwindowgeometry"_s, u"--shell"_s, window});
+    QMap<QByteArray, int> values;
+    for (const QByteArray& line : found.split('\n')) {
+        values.insert(line.left(line.indexOf('=')), line.mid(line.indexOf('=') + 1).toInt());
+    }
+    return {values.value("X"), values.value("Y"), values.value("WIDTH"), values.value("HEIGHT")};
+}
+
+int Desktop::openMenus()
+{
+    // The window manager takes every other window of a program into a frame of its own.
+    const QByteArrayList ids = visibleWindowIds({u"--maxdepth"_s, u"1"_s, u"--class"_s, u"."_s});
+    return std::any_of(ids.begin(), ids.end(), [this](const QByteArray& id) {
+        const QByteArray type =
+            run(u"xprop"_s, {u"-id"_s, QString::fromLatin1(id), u"_NET_WM_WINDOW_TYPE"_s});
+        return type.contains("_NET_WM_WINDOW_TYPE") && !type.contains("TOOLTIP");
+    });
 }
 
 } // namespace orvanta::e2e

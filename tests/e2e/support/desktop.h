@@ -3,8 +3,12 @@
 
 #include "tests/e2e/support/owned_process.h"
 
+#include <QList>
 #include <QPoint>
 #include <QProcessEnvironment>
+#include <QRect>
+#include <QSize>
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -15,6 +19,8 @@ struct DesktopOptions
 {
     bool windowManager = true;
     bool sound = false; // without it, programs find no sound device at all
+    QSize screen = {1280, 800};
+    QString compositor = {}; // a Wayland desktop: weston's backend, "headless" or "x11"
 };
 
 /// Nothing in it is shared with the user's session or with other tests, so that tests can run side
@@ -41,15 +47,40 @@ public:
     /// The user's hand. Places in pixels of the screen.
     void click(QPoint place);
     void doubleClick(QPoint place);
+    /// Presses the left button at the first place, goes through the others and lets go at the last.
+    void drag(const QList<QPoint>& places);
     void press(const QString& key); // a key's name: "Return", "ctrl+a"
-    void type(const QString& text); // ASCII
+    void type(const QString& text); // ASCII, and the letters of the keyboard's layouts
+    /// The keyboard's layouts: "us", "us,ru".
+    void setKeyboard(const QString& layouts);
+    /// Presses a key by its place on the keyboard (X11 key code: evdev + 8), whatever it types.
+    void pressPlace(int keyCode, bool shift = false);
+    void moveMouse(QPoint place);
+    void holdButton(bool down); // the left one
+    /// Whether the mouse pointer has a picture where it is.
+    [[nodiscard]] bool isPointerVisible() const;
     /// Turns the wheel over a place: up for positive notches.
     void turnWheel(QPoint place, int notches);
 
     /// Title of the window that has the keyboard.
     [[nodiscard]] QString activeWindowTitle();
+    /// Gives a window the keyboard; waits until it has it.
+    [[nodiscard]] bool activate(const QString& title);
+    /// Closes it by the window manager, as its frame's button does.
+    void closeWindow(const QString& title);
+    /// Gives its contents a size by the window manager, as a hand on its edge does.
+    void resizeWindow(const QString& title, QSize size);
+    /// Where the contents of the window with exactly this title are; empty while it is not shown.
+    [[nodiscard]] QRect placeOf(const QString& title);
+    [[nodiscard]] QSize screenSize() const { return m_screen; }
     /// How many windows with exactly this title can be seen.
     [[nodiscard]] int visibleWindows(const QString& title);
+    /// The windows that can be seen, by the numbers of the display, menus among them.
+    [[nodiscard]] QStringList windowsOfPrograms();
+    /// Pixels of the screen; nothing for a window that is gone.
+    [[nodiscard]] QRect placeOfWindow(const QString& window);
+    /// How many menus are dropped down, submenus among them. Only under a window manager.
+    [[nodiscard]] int openMenus();
     /// The name of the sound device whose output can be listened to.
     [[nodiscard]] static QString soundMonitor();
 
@@ -58,16 +89,20 @@ private:
     bool startDisplay();
     bool startBus();
     bool startWindowManager();
+    bool startCompositor(const QString& backend);
     bool startSound();
+    [[nodiscard]] QByteArrayList visibleWindowIds(const QStringList& search);
     std::unique_ptr<OwnedProcess> launch(const QString& program, const QStringList& arguments);
     bool fail(const QString& what);
 
     QTemporaryDir m_folder;
+    QSize m_screen;
     QProcessEnvironment m_environment;
     QString m_problem;
     std::unique_ptr<OwnedProcess> m_display;
     std::unique_ptr<OwnedProcess> m_bus;
     std::unique_ptr<OwnedProcess> m_windowManager;
+    std::unique_ptr<OwnedProcess> m_compositor;
     std::unique_ptr<OwnedProcess> m_sound;
 };
 

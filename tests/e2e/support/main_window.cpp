@@ -39,6 +39,62 @@ bool MainWindow::isEnabled(const QString& button)
     return found && found->isEnabled();
 }
 
+bool MainWindow::clickInOpening(const QStringList& before, MenuEntry entry)
+{
+    constexpr int kPadding = 4; // above the first entry and below the last
+    QRect menu;
+    const bool isOpen = waitFor([&] {
+        QStringList opened = m_desktop.windowsOfPrograms();
+        opened.removeIf([&](const QString& window) { return before.contains(window); });
+        menu = opened.isEmpty() ? QRect() : m_desktop.placeOfWindow(opened.first());
+        return menu.height() > 2 * kPadding;
+    });
+    const int all = menu.height() - 2 * kPadding;
+    const int middle = all * (2 * entry.number - 1) / (2 * entry.of);
+    if (isOpen) {
+        m_desktop.click({menu.center().x(), menu.top() + kPadding + middle});
+    }
+    return isOpen;
+}
+
+bool MainWindow::clickInMenu(const QString& button, MenuEntry entry)
+{
+    const QStringList before = m_desktop.windowsOfPrograms();
+    press(button);
+    return clickInOpening(before, entry);
+}
+
+bool MainWindow::clickInSubmenu(const QString& button, MenuEntry submenu, MenuEntry entry)
+{
+    const QStringList before = m_desktop.windowsOfPrograms();
+    press(button);
+    if (!clickInOpening(before, submenu)) {
+        return false;
+    }
+    // The menu itself stays: the submenu is the other new window.
+    QStringList withMenu;
+    const bool isOpen = waitFor([&] {
+        withMenu = m_desktop.windowsOfPrograms();
+        return withMenu.size() > before.size();
+    });
+    withMenu.removeIf([&](const QString& window) { return before.contains(window); });
+    return isOpen && clickInOpening(before + withMenu.mid(0, 1), entry);
+}
+
+bool MainWindow::chooseFromMenu(const QString& button, int entry)
+{
+    // A menu is no part of what assistive technology is shown; its window can be seen all the same.
+    press(button);
+    if (!waitFor([this] { return m_desktop.openMenus() > 0; })) {
+        return false;
+    }
+    for (int i = 0; i < entry; ++i) {
+        m_desktop.press(u"Down"_s);
+    }
+    m_desktop.press(u"Return"_s);
+    return true;
+}
+
 QString MainWindow::currentTime()
 {
     const auto label = control(u"label"_s, u"Current time"_s);
@@ -55,6 +111,13 @@ QString MainWindow::clipText()
 {
     const auto line = control(u"text"_s, u"Current clip"_s);
     return line ? line->text() : QString();
+}
+
+void MainWindow::clickClipText()
+{
+    if (const auto line = control(u"text"_s, u"Current clip"_s)) {
+        m_desktop.click(line->place().center());
+    }
 }
 
 QString MainWindow::findText()
@@ -117,6 +180,12 @@ void MainWindow::doubleClickRow(int row)
         // Beside the check mark, on the text.
         m_desktop.doubleClick(line->place().center());
     }
+}
+
+QPoint MainWindow::listCentre()
+{
+    const auto list = control(u"list"_s, u"Playlist"_s);
+    return list ? list->place().center() : QPoint();
 }
 
 void MainWindow::typeFindText(const QString& text)

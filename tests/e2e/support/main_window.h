@@ -8,6 +8,13 @@
 
 namespace orvanta::e2e {
 
+/// One of a menu's entries, which are all of one height.
+struct MenuEntry
+{
+    int number; // counted from 1
+    int of;     // how many there are
+};
+
 /// Waits for each control; an absent one gives empty answers. Made after the window is shown.
 class MainWindow
 {
@@ -17,12 +24,21 @@ public:
     /// Clicks a button: "Play", "Stop", "Find", "Close button".
     void press(const QString& button);
     [[nodiscard]] bool isEnabled(const QString& button);
+    /// Drops a button's menu down and clicks one of its entries. A menu is grabbing the keyboard
+    /// only some time after it can be seen; the mouse finds it at once.
+    [[nodiscard]] bool clickInMenu(const QString& button, MenuEntry entry);
+    /// The same in a submenu: entry is the submenu's own.
+    [[nodiscard]] bool clickInSubmenu(const QString& button, MenuEntry submenu, MenuEntry entry);
+    /// Drops a button's menu down and chooses an entry, counted from 1, by keyboard.
+    [[nodiscard]] bool chooseFromMenu(const QString& button, int entry);
 
     [[nodiscard]] QString currentTime(); // as the label shows it
     [[nodiscard]] double currentSeconds() { return currentTime().toDouble(); }
     [[nodiscard]] QString clipLength();
     [[nodiscard]] QString clipText();
     [[nodiscard]] QString findText();
+    /// Clicks the line with the clip's text, which then has the focus.
+    void clickClipText();
 
     [[nodiscard]] double slider(const QString& name); // "Position", "Volume", "Balance"
     /// Clicks a slider's groove at this percentage.
@@ -33,12 +49,15 @@ public:
     /// Index of the current line; -1 for none.
     [[nodiscard]] int currentRow();
     void doubleClickRow(int row);
+    [[nodiscard]] QPoint listCentre();
     /// Replaces the text of the find box.
     void typeFindText(const QString& text);
 
     [[nodiscard]] QString outline();
 
 private:
+    /// Clicks the entry of the menu that opens, which is a window that was not there before.
+    [[nodiscard]] bool clickInOpening(const QStringList& before, MenuEntry entry);
     [[nodiscard]] std::optional<Accessible> control(const QString& role, const QString& name);
 
     Desktop& m_desktop;

@@ -8,7 +8,9 @@ namespace orvanta::e2e {
 /// The path of a clip, made when it is not there yet; empty when it cannot be made. Known names:
 ///   video2.avi video2.mp4 video2.mkv video2.webm   2 s of picture and sound
 ///   video3.mp4                                     2.9 s of picture and sound
+///   video15.mp4                                    15 s of picture and sound
 ///   brakes6.mp4                                    6 s of picture and sound
+///   video200.mp4                                   200 s of picture and sound
 ///   silent2.mp4                                    2 s of picture
 ///   sound2.mp3 sound2.ogg sound2.wav               2 s of sound
 ///   tone20.wav                                     20 s of a steady, loud tone

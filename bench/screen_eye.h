@@ -1,0 +1,39 @@
+// Looks at single points of a display, and presses keys on it without starting a program each time.
+#pragma once
+
+#include "tests/e2e/support/desktop.h"
+
+#include <memory>
+
+struct xcb_connection_t;
+
+namespace orvanta::bench {
+
+class ScreenEye
+{
+public:
+    explicit ScreenEye(const e2e::Desktop& desktop);
+    ~ScreenEye();
+    ScreenEye(const ScreenEye&) = delete;
+    ScreenEye& operator=(const ScreenEye&) = delete;
+
+    /// 0xrrggbb of one point of the screen.
+    [[nodiscard]] unsigned colourAt(QPoint place);
+    [[nodiscard]] bool isBright(QPoint place);
+    /// Gives the background of the screen a dark colour.
+    void darkenBackground();
+    /// Presses a key of xdotool's name; returns at once.
+    void press(const QByteArray& key);
+
+private:
+    struct Disconnect
+    {
+        void operator()(xcb_connection_t* connection) const;
+    };
+
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    e2e::OwnedProcess m_hand;
+    unsigned m_root = 0;
+};
+
+} // namespace orvanta::bench

@@ -1,0 +1,235 @@
+#include "editors/editor_window.h"
+
+#include "core/ini.h"
+#include "core/paths.h"
+#include "editors/file_list_box.h"
+#include "editors/folder_names.h"
+#include "editors/folder_tree.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QPushButton>
+
+#include <utility>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+EditorWindow::EditorWindow(EditorServices& services, QStringView name, QWidget* parent)
+    : QDialog(parent),
+      m_services(services),
+      m_texts(name, editorLanguage(services.module))
+{
+    setObjectName(name.toString());
+    setWindowTitle(m_texts(name));
+}
+
+void EditorWindow::buildListControls(QWidget* frame, EntryListView::Look look)
+{
+    FolderTreeview1 = new FolderTree(m_texts.language(), frame);
+    File1 = new FileListBox(frame);
+    File1->setEnterClicks(true);
+    List1 = new EntryListView(std::move(look), frame);
+    Text1 = new LineBox(frame);
+    Text2 = new LineBox(frame);
+    nameControl(FolderTreeview1, u"FolderTreeview1"_s, m_texts(u"FolderTreeview1.name"));
+    nameControl(File1, u"File1"_s, m_texts(u"File1.name"));
+    nameControl(List1, u"List1"_s, m_texts(u"List1.name"));
+    nameControl(Text1, u"Text1"_s);
+    nameControl(Text2, u"Text2"_s);
+}
+
+void EditorWindow::buildListButtons()
+{
+    Command3 = button(u"Command3");
+    Command4 = button(u"Command4");
+    Command5 = button(u"Command5");
+    Command6 = button(u"Command6");
+    Command8 = button(u"Command8");
+    Command9 = button(u"Command9");
+    Command10 = button(u"Command10");
+    Command2 = button(u"Command2");
+    Command1 = createButton(u"Command1");
+}
+
+QPushButton* EditorWindow::button(QStringView control)
+{
+    QPushButton* made = captionButton(m_texts(control), this);
+    nameControl(made, control.toString());
+    return made;
+}
+
+QPushButton* EditorWindow::createButton(QStringView control)
+{
+    const QString name = m_texts(QString(control.toString() + u".name"_s));
+    QPushButton* made = pictureButton(ButtonPicture::Create, name, this);
+    nameControl(made, control.toString());
+    return made;
+}
+
+QBoxLayout* EditorWindow::editRow()
+{
+    auto* row = new QHBoxLayout;
+    for (QPushButton* command : {Command8, Command5, Command6}) {
+        row->addWidget(command);
+    }
+    row->addStretch();
+    row->addWidget(Command9);
+    row->addWidget(Command10);
+    return row;
+}
+
+static QGridLayout* onePlace(const std::vector<QPushButton*>& buttons, int height)
+{
+    auto* place = new QGridLayout;
+    for (QPushButton* each : buttons) {
+        each->setMinimumHeight(height);
+        place->addWidget(each, 0, 0);
+    }
+    return place;
+}
+
+QBoxLayout* EditorWindow::buttonRow(const std::vector<Place>& left, const Place& create)
+{
+    auto* row = new QHBoxLayout;
+    const int height = Command1->sizeHint().height();
+    for (const Place& place : left) {
+        row->addLayout(onePlace(place, height));
+    }
+    row->addStretch();
+    row->addLayout(onePlace({Command2}, height));
+    row->addLayout(onePlace(create, height));
+    return row;
+}
+
+void EditorWindow::finishLayout(QSize firstSize, const std::vector<QWidget*>& tabOrder)
+{
+    for (std::size_t i = 1; i < tabOrder.size(); ++i) {
+        setTabOrder(tabOrder[i - 1], tabOrder[i]);
+    }
+    setSizeGripEnabled(true);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    resize(firstSize);
+}
+
+void EditorWindow::connectListHandlers()
+{
+    on(FolderTreeview1, &FolderTree::folderChosen,
+       [this](const QString& folder) { FolderTreeview1_FolderClick(folder); });
+    on(Command2, &QPushButton::clicked, [this](auto&&...) { Command2_Click(); });
+    on(Command8, &QPushButton::clicked, [this](auto&&...) { Command8_Click(); });
+    on(Command6, &QPushButton::clicked, [this](auto&&...) { List1->change(removeAll); });
+    connectRemove(List1, Command5);
+    connectMoves(List1, Command9, Command10);
+}
+
+void EditorWindow::connectRemove(EntryListView* list, QPushButton* remove)
+{
+    const auto handler = [list](auto&&...) { list->change(removeSelected); };
+    on(remove, &QPushButton::clicked, handler);
+    on(list, &EntryListView::removeWanted, handler);
+}
+
+void EditorWindow::connectMoves(EntryListView* list, QPushButton* up, QPushButton* down)
+{
+    const auto upward = [list](auto&&...) { list->change(moveUp); };
+    const auto downward = [list](auto&&...) { list->change(moveDown); };
+    on(list, &EntryListView::moveUpWanted, upward);
+    on(list, &EntryListView::moveDownWanted, downward);
+    if (up != nullptr && down != nullptr) {
+        on(up, &QPushButton::clicked, upward);
+        on(down, &QPushButton::clicked, downward);
+    }
+}
+
+void EditorWindow::showStoredFolder(FolderTree* tree)
+{
+    tree->setFolder(startFolder(ReadIni(u"save"_s, u"open"_s, m_services.module.IniPath)));
+}
+
+void EditorWindow::FolderTreeview1_FolderClick(const QString& folder)
+{
+    File1->setFolder(folder);
+}
+
+void EditorWindow::Command2_Click()
+{
+    done(Rejected);
+}
+
+void EditorWindow::Command8_Click()
+{
+    List1->change([this](EntryList& list) {
+        list.entries += entriesOfFiles(File1->folder(), File1->names());
+    });
+}
+
+QString EditorWindow::pickFile(const QString& pattern)
+{
+    m_services.pickers.ShowOpenPicker(pattern, false);
+    return m_services.module.picker.PickedFiles.value(1);
+}
+
+void EditorWindow::loadList(const QString& pattern, void (*load)(EntryList&, const QString&))
+{
+    trapped("loading into an editor", [&] {
+        const QString document = pickFile(pattern);
+        if (!document.isEmpty()) {
+            m_documentFolder = folderOfPath(document);
+            List1->change([&](EntryList& list) { load(list, document); });
+        }
+    });
+}
+
+void EditorWindow::save(const QString& pattern, const Write& write)
+{
+    trapped("saving from an editor", [&] {
+        m_services.pickers.ShowSavePicker(pattern);
+        const QString& target = m_services.module.picker.SaveFileName;
+        if (!target.isEmpty()) {
+            write(target);
+        }
+    });
+}
+
+void EditorWindow::create(const EntryListView& list, const QString& temporaryName,
+                          const Write& write)
+{
+    if (list.list().entries.isEmpty()) {
+        done(Rejected);
+        return;
+    }
+    trapped("creating from an editor", [&] {
+        write(programFile(m_services.module.ApplicationFolder, temporaryName));
+        m_services.module.EditorDone = true;
+        done(Accepted);
+    });
+}
+
+bool EditorWindow::isEmpty() const
+{
+    return List1->list().entries.isEmpty();
+}
+
+void EditorWindow::reject()
+{
+    if (isEmpty()) {
+        done(Rejected);
+    }
+}
+
+void EditorWindow::closeEvent(QCloseEvent* event)
+{
+    done(Rejected);
+    event->accept();
+}
+
+void EditorWindow::done(int result)
+{
+    WriteIni(u"save"_s, u"open"_s, File1->folder(), m_services.module.IniPath);
+    QDialog::done(result);
+}
+
+} // namespace orvanta

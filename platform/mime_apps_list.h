@@ -1,0 +1,51 @@
+// A mimeapps.list: which program opens which type of content.
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QHash>
+#include <QString>
+
+namespace orvanta {
+
+inline constexpr char kDefaultApplications[] = "Default Applications";
+inline constexpr char kRemovedAssociations[] = "Removed Associations";
+inline constexpr char kAddedAssociations[] = "Added Associations";
+
+/// One such file in memory. Lines that no change concerns keep their bytes. Programs are named by
+/// the ids of their desktop entries ("vlc.desktop").
+class MimeAppsList
+{
+public:
+    /// Missing files are empty lists.
+    explicit MimeAppsList(QString file);
+
+    [[nodiscard]] const QString& file() const { return m_file; }
+    /// Programs of a type, best first.
+    [[nodiscard]] QByteArrayList programs(const QByteArray& section, const QByteArray& type) const;
+    [[nodiscard]] bool has(const QByteArray& section, const QByteArray& type) const;
+
+    /// Makes the program the first of the type, before those that are there; adds section and line
+    /// as needed.
+    void putFirst(const QByteArray& section, const QByteArray& type, const QByteArray& program);
+    /// Takes the program out again; what putFirst did is undone byte for byte.
+    void takeOut(const QByteArray& section, const QByteArray& type, const QByteArray& program);
+
+    /// Writes the file when something changed.
+    void save();
+
+private:
+    [[nodiscard]] QList<qsizetype> linesOf(const QByteArray& section, const QByteArray& type) const;
+    void buildIndex();
+    [[nodiscard]] QByteArray content() const;
+    [[nodiscard]] QByteArray newLinesOf(const QByteArray& section) const;
+
+    QString m_file;
+    QByteArrayList m_lines;                // of the file, with their line ends; then the new ones
+    qsizetype m_newFrom = 0;               // the first new one
+    QHash<qsizetype, QByteArray> m_places; // section of each new line
+    QHash<QByteArray, QList<qsizetype>> m_index; // section and type -> lines
+    bool m_isChanged = false;
+};
+
+} // namespace orvanta

@@ -1,0 +1,134 @@
+// The video window's full-screen mode, keys and mouse.
+#include "platform/window_stacking.h"
+#include "playback/form13_video_window.h"
+#include "playback/typed_key.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace orvanta {
+
+void Form13::setFullScreen(bool on)
+{
+    if (m_fullScreen == on) {
+        return;
+    }
+    m_fullScreen = on;
+    applyFullScreen();
+    Q_EMIT fullScreenChanged(on);
+}
+
+bool Form13::isFillingScreen() const
+{
+    return windowState().testFlag(Qt::WindowFullScreen);
+}
+
+/// Only a picture in sight fills the screen, moving or still; without one there is nothing to see.
+void Form13::applyFullScreen()
+{
+    const bool wanted = m_fullScreen && m_left != kOutOfSight;
+    if (wanted && !isFillingScreen()) {
+        fillScreen();
+    } else if (!wanted && isFillingScreen()) {
+        leaveScreen();
+    }
+}
+
+// The keys of this window must work at once, and no other window may stand before the picture.
+void Form13::fillScreen()
+{
+    setCursor(Qt::BlankCursor);
+    m_hasPlaceBefore = isVisible();
+    setWindowState(windowState() | Qt::WindowFullScreen);
+    if (isVisible()) {
+        bringToFront(windowHandle());
+    }
+}
+
+void Form13::leaveScreen()
+{
+    unsetCursor();
+    const bool hadFocus = isActiveWindow();
+    // The window manager first puts the window back where it stood; a size given now would come
+    // with the screen's corner as its place.
+    m_comesBack = m_hasPlaceBefore;
+    setWindowState(windowState() & ~Qt::WindowFullScreen);
+    if (!m_hasPlaceBefore && m_left != kOutOfSight) {
+        giveSizeOfContents();
+    }
+    if (hadFocus && m_neighbour && m_neighbour->isVisible()) {
+        bringToFront(m_neighbour->windowHandle());
+    }
+}
+
+void Form13::keyPressEvent(QKeyEvent* event)
+{
+    m_boundary([&] {
+        if (!pressCommonKey(*event)) {
+            Form13_Form_KeyPress(typedCharacter(*event));
+        }
+        m_keys.serveRequest();
+    })();
+    event->accept();
+}
+
+/// Capital letters are no keys here.
+void Form13::Form13_Form_KeyPress(QChar typed)
+{
+    if (const auto key = videoWindowKey(typed)) {
+        m_keys.press(*key);
+    }
+}
+
+bool Form13::pressCommonKey(const QKeyEvent& event)
+{
+    const auto key = commonKey(event);
+    if (!key) {
+        return false;
+    }
+    switch (*key) {
+    case CommonKey::TogglePlay:
+        m_keys.togglePlay();
+        break;
+    case CommonKey::StepBack:
+        m_keys.seekBy(-kKeyStep);
+        break;
+    case CommonKey::StepForward:
+        m_keys.seekBy(kKeyStep);
+        break;
+    case CommonKey::ToggleFullScreen:
+        m_keys.toggleFullScreen();
+        break;
+    case CommonKey::LeaveFullScreen:
+        Form13_ActiveMovie1_Escape();
+        break;
+    case CommonKey::Quit:
+        if (m_quit) {
+            m_quit();
+        }
+        break;
+    default:
+        return false;
+    }
+    return true;
+}
+
+void Form13::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        m_boundary([this] { Form13_ActiveMovie1_DblClick(); })();
+    }
+}
+
+void Form13::Form13_ActiveMovie1_DblClick()
+{
+    m_keys.toggleFullScreen();
+    m_mirror.VideoState = m_control.CurrentState();
+}
+
+void Form13::Form13_ActiveMovie1_Escape()
+{
+    m_keys.leaveFullScreen();
+}
+
+} // namespace orvanta

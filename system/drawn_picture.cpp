@@ -1,0 +1,85 @@
+#include "system/drawn_picture.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPixmap>
+#include <QStyleOptionFocusRect>
+#include <QSvgRenderer>
+
+// A static library's resources are dropped by the linker unless somebody asks for them, and the
+// macro works only outside of namespaces.
+static void loadDrawings()
+{
+    Q_INIT_RESOURCE(system);
+}
+
+namespace orvanta {
+
+static QPixmap rendered(const QString& drawing, QSize size, qreal devicePixelRatio)
+{
+    QPixmap pixmap((QSizeF(size) * devicePixelRatio).toSize());
+    pixmap.fill(Qt::transparent);
+    QSvgRenderer renderer(drawing);
+    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+    QPainter painter(&pixmap);
+    renderer.render(&painter);
+    painter.end();
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    return pixmap;
+}
+
+QIcon drawnIcon(const QString& drawing)
+{
+    loadDrawings();
+    QIcon icon;
+    for (const int side : {16, 22, 24, 32, 48, 64, 128}) {
+        icon.addPixmap(rendered(drawing, {side, side}, 1));
+    }
+    return icon;
+}
+
+DrawnPicture::DrawnPicture(QWidget* parent)
+    : QAbstractButton(parent)
+{
+    loadDrawings();
+    setCursor(Qt::PointingHandCursor);
+}
+
+void DrawnPicture::setDrawing(const QString& drawing)
+{
+    m_drawing = drawing;
+    m_drawn = {};
+    updateGeometry();
+    update();
+}
+
+QSize DrawnPicture::ownSize() const
+{
+    return m_drawing.isEmpty() ? QSize() : QSvgRenderer(m_drawing).defaultSize();
+}
+
+void DrawnPicture::paintEvent(QPaintEvent* /*event*/)
+{
+    const QSizeF shown = m_drawn.deviceIndependentSize();
+    if (shown.toSize() != size() || m_drawn.devicePixelRatio() != devicePixelRatioF()) {
+        m_drawn = rendered(m_drawing, size(), devicePixelRatioF());
+    }
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, m_drawn);
+    if (hasFocus()) {
+        QStyleOptionFocusRect option;
+        option.initFrom(this);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    }
+}
+
+void DrawnPicture::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+        return;
+    }
+    QAbstractButton::keyPressEvent(event);
+}
+
+} // namespace orvanta

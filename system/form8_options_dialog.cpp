@@ -1,0 +1,291 @@
+#include "system/form8_options_dialog.h"
+
+#include "core/ini.h"
+#include "core/numbers.h"
+#include "core/paths.h"
+#include "platform/desktop_files.h"
+#include "platform/type_icons.h"
+#include "system/icon_preview.h"
+#include "system/option_box.h"
+#include "system/stored_types.h"
+#include "system/type_list.h"
+
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QToolButton>
+#include <QWindow>
+
+#include <array>
+#include <vector>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kFixedRows = 2; // packets and groups
+
+/// The stored language decides, and only its first value is English.
+static TextLanguage optionsLanguage(const QString& iniPath)
+{
+    const bool isEnglish = ReadIni(u"main"_s, u"language"_s, iniPath) == u"1";
+    return isEnglish ? TextLanguage::English : TextLanguage::Russian;
+}
+
+std::span<const Form8::Option> Form8::options()
+{
+    static constexpr std::array kOptions = {
+        Option{&Form8::Check1, u"as"},   Option{&Form8::Check2, u"agnc"},
+        Option{&Form8::Check3, u"agnp"}, Option{&Form8::Check4, u"acp"},
+        Option{&Form8::Check5, u"ar"},   Option{&Form8::Check6, u"si"},
+        Option{&Form8::Check7, u"nc"},   Option{&Form8::Check8, u"r"},
+        Option{&Form8::Check9, u"ws"},
+    };
+    return kOptions;
+}
+
+Form8::Form8(OptionsServices& services)
+    : m_services(services),
+      m_registration(services.registry, services.module.ApplicationFolder)
+{
+    buildControls();
+    nameControls();
+    layOut();
+    orderTabs();
+    connectHandlers();
+    Form8_Form_Load();
+}
+
+Form8::~Form8() = default;
+
+void Form8::Form8_Form_Load()
+{
+    applyTexts(optionsLanguage(m_services.module.IniPath));
+    loadOptions();
+    trapped("list of types", [this] { fillTypes(); });
+    markRegisteredTypes();
+    List1->setCurrentRow(0);
+    Form8_List1_Click();
+    showPage(0);
+}
+
+void Form8::loadOptions()
+{
+    const IniSnapshot settings(m_services.module.IniPath);
+    for (const Option& option : options()) {
+        const QString text = settings.read(u"options"_s, option.key.toString(), u"0"_s);
+        // What is no number is off, as everywhere.
+        (this->*option.box)->setChecked(conditionHolds("option", [&] {
+            return decimalValue(text) == 1;
+        }));
+    }
+    Form8_Check7_Click();
+}
+
+void Form8::fillTypes()
+{
+    List1->clear();
+    List1->addRow(u"vxl"_s);
+    List1->addRow(u"vxg"_s);
+    for (const QString& type : storedTypes(m_services.module.IniPath)) {
+        List1->addRow(type);
+    }
+}
+
+/// A mark on what is ours; the owners of the others are kept for the day on which they get their
+/// types back.
+void Form8::markRegisteredTypes()
+{
+    const Registry::Turn turn(m_services.registry);
+    QMap<int, QString> owners;
+    for (int row = 0; row < List1->rowCount(); ++row) {
+        const QString extension = List1->extension(row);
+        const QString owner = m_registration.owner(extension);
+        const bool isOurs = owner == FileTypeRegistration::typeName(extension);
+        List1->selectRow(row, isOurs);
+        if (!isOurs && !owner.isEmpty()) {
+            owners.insert(row, owner);
+        }
+    }
+    saveOwners(m_services.module.IniPath, owners);
+}
+
+void Form8::showPage(int page)
+{
+    m_page = page;
+    m_pages->setCurrentIndex(page);
+    const std::array buttons = {Image3, Image4, Image5};
+    buttons[static_cast<std::size_t>(page)]->setChecked(true);
+}
+
+void Form8::Form8_Image3_Click()
+{
+    showPage(0);
+}
+
+void Form8::Form8_Image4_Click()
+{
+    showPage(1);
+}
+
+void Form8::Form8_Image5_Click()
+{
+    showPage(2);
+}
+
+// A start with the session is of use only to a program that stays.
+void Form8::Form8_Check7_Click()
+{
+    Check9->setEnabled(Check7->isChecked());
+    if (!Check7->isChecked()) {
+        Check9->setChecked(false);
+    }
+}
+
+QString Form8::currentType() const
+{
+    return List1->extension(List1->currentRow());
+}
+
+void Form8::Form8_List1_Click()
+{
+    const int row = List1->currentRow();
+    const bool isCurrent = row >= 0;
+    Command2->setEnabled(row >= kFixedRows);
+    Command3->setEnabled(isCurrent);
+    Command4->setEnabled(isCurrent);
+    Image6->showFile(isCurrent ? currentIcon(m_services.module.ApplicationFolder, currentType())
+                               : QString());
+}
+
+// Neither doubles nor dots nor the two fixed types are refused: a list is what the user makes it.
+void Form8::Form8_Command1_Click()
+{
+    const QString type = Text1->text();
+    if (type.isEmpty()) {
+        return;
+    }
+    List1->addRow(type);
+    List1->scrollToBottom();
+    Text1->selectAll();
+    trapped("adding a type", [&] { appendStoredType(m_services.module.IniPath, type); });
+}
+
+void Form8::Form8_Command2_Click()
+{
+    if (List1->currentRow() < kFixedRows) {
+        return;
+    }
+    List1->removeRow(List1->currentRow());
+    List1->setCurrentRow(-1);
+    Form8_List1_Click();
+    trapped("removing a type", [this] {
+        storeRemainingTypes(m_services.module.IniPath, List1->extensions().mid(kFixedRows));
+    });
+}
+
+void Form8::Form8_Command3_Click()
+{
+    m_services.pickers.ShowOpenPicker(u"*.ico"_s, false);
+    const QString file = m_services.module.picker.PickedFiles.value(1);
+    if (!file.isEmpty()) {
+        useIcon(file);
+    }
+}
+
+void Form8::Form8_Command4_Click()
+{
+    useIcon(standardIcon(m_services.module.ApplicationFolder, currentType()));
+}
+
+/// Raises 53 without the source and 75 when the copy cannot be made.
+static void copyIcon(const QString& source, const QString& target)
+{
+    if (!FileExists(source)) {
+        throw RuntimeError(ErrorNumber::FileNotFound);
+    }
+    if (!replaceFile(target, contentOf(source))) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
+}
+
+void Form8::useIcon(const QString& icoFile)
+{
+    const QString type = currentType();
+    if (type.isEmpty()) {
+        return;
+    }
+    const QString target =
+        programFile(m_services.module.ApplicationFolder, u'\\' + type + u".ico"_s);
+    resumeNext("copying an icon", [&] { copyIcon(icoFile, target); });
+    m_registration.writeTypeIcon(type);
+    List1->forgetIcon(type);
+    Form8_List1_Click();
+}
+
+void Form8::storeOptions() const
+{
+    std::vector<IniChange> changes;
+    for (const Option& option : options()) {
+        const QString value = (this->*option.box)->isChecked() ? u"1"_s : u"0"_s;
+        changes.push_back({u"options"_s, option.key.toString(), value});
+    }
+    if (!changeIniAtOnce(m_services.module.IniPath, [&](const auto&) { return changes; })) {
+        qCInfo(logErrors, "the options cannot be stored");
+    }
+}
+
+void Form8::registerTypes()
+{
+    const Registry::Turn turn(m_services.registry);
+    for (int row = 0; row < List1->rowCount(); ++row) {
+        const QString extension = List1->extension(row);
+        if (List1->isRowSelected(row)) {
+            m_registration.registerType(extension);
+        } else {
+            m_registration.unregisterType(extension, savedOwner(m_services.module.IniPath, row));
+        }
+    }
+}
+
+void Form8::Form8_Image2_Click()
+{
+    storeOptions();
+    registerTypes();
+    m_registration.setAutorun(m_services.module.optionIsOn(u"ws"_s));
+    accept();
+}
+
+void Form8::Form8_Image1_Click()
+{
+    reject();
+}
+
+/// Return in the box adds what stands there and does not close the dialog.
+bool Form8::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == Text1 && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            Command1->click();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+// No child of the main window: the skin's style sheet would reach the dialog, which follows the
+// desktop.
+bool showOptions(OptionsServices& services, QWidget* window)
+{
+    Form8 dialog(services);
+    if (window != nullptr && window->windowHandle() != nullptr) {
+        dialog.winId();
+        dialog.windowHandle()->setTransientParent(window->windowHandle());
+    }
+    return dialog.exec() == QDialog::Accepted;
+}
+
+} // namespace orvanta

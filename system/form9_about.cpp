@@ -1,0 +1,199 @@
+#include "system/form9_about.h"
+
+#include "core/ini.h"
+#include "platform/application_folder.h"
+#include "platform/media_library.h"
+#include "system/drawn_picture.h"
+#include "system/form3_picture_window.h"
+
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QShortcut>
+#include <QUrl>
+#include <QVBoxLayout>
+
+#include <initializer_list>
+#include <utility>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize kPictureSize(400, 300);
+constexpr QSize kHandbookSize(48, 64);
+constexpr int kTextWidth = 380; // a line of about sixty letters
+
+/// The stored language decides, not the one that the program started with.
+TextLanguage aboutLanguage(const Module1& module)
+{
+    const QString stored = ReadIni(u"main"_s, u"language"_s, module.IniPath);
+    return stored == u"2" ? TextLanguage::Russian : TextLanguage::English;
+}
+
+QLabel* selectableLabel(QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    return label;
+}
+
+QString aboutText(TextLanguage language)
+{
+    const MediaLibraryVersions media = mediaLibraryVersions();
+    return interfaceText(u"Form9", u"Label1", language)
+        .arg(QStringLiteral(ORVANTA_VERSION), media.player, media.codecs,
+             QString::fromLatin1(qVersion()));
+}
+
+QString handbookAddress(const QString& folder, TextLanguage language)
+{
+    const QString name = interfaceText(u"Form9", u"Text1.file", language);
+    return QUrl::fromLocalFile(installedFile(folder, u'\\' + name)).toString();
+}
+
+} // namespace
+
+Form9::Form9(const Module1& module, QWidget* parent)
+    : QWidget(parent, Qt::Window),
+      Image1(new DrawnPicture(this)),
+      Label1(selectableLabel(this)),
+      Label2(new QLabel(this)),
+      label6(selectableLabel(this)),
+      Label7(new QLabel(this)),
+      Image8(new DrawnPicture(this)),
+      Text1(new QLineEdit(this)),
+      Command1(new QPushButton(this)),
+      m_module(module)
+{
+    nameControls();
+    layOut();
+    connectHandlers();
+}
+
+Form9::~Form9() = default;
+
+void Form9::showAbout()
+{
+    if (!isVisible()) {
+        Form9_Form_Load();
+    }
+    show();
+    raise();
+    activateWindow();
+}
+
+void Form9::nameControls()
+{
+    setObjectName(u"Form9"_s);
+    const std::initializer_list<std::pair<QObject*, QStringView>> names = {
+        {Image1, u"Image1"}, {Label1, u"Label1"}, {Label2, u"Label2"}, {label6, u"label6"},
+        {Label7, u"Label7"}, {Image8, u"Image8"}, {Text1, u"Text1"},   {Command1, u"Command1"},
+    };
+    for (const auto& [control, name] : names) {
+        control->setObjectName(name.toString());
+    }
+}
+
+void Form9::layOut()
+{
+    Image1->setDrawing(u":/orvanta/about/picture.svg"_s);
+    Image1->setFixedSize(kPictureSize);
+    Image8->setDrawing(u":/orvanta/about/handbook.svg"_s);
+    Image8->setFixedSize(kHandbookSize);
+    Image8->setFocusPolicy(Qt::NoFocus); // to look at, unlike the other
+    Image8->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(24);
+    columns->addWidget(Image1, 0, Qt::AlignTop);
+    columns->addLayout(textColumn());
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(24, 24, 24, 16);
+    rows->setSpacing(16);
+    rows->addLayout(columns);
+    rows->addWidget(Command1, 0, Qt::AlignRight);
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+    Command1->setDefault(true);
+}
+
+QBoxLayout* Form9::textColumn()
+{
+    Label1->setWordWrap(true);
+    Label1->setFixedWidth(kTextWidth);
+    Text1->setReadOnly(true);
+    for (QLabel* caption : {Label2, Label7}) {
+        QFont font = caption->font();
+        font.setBold(true);
+        caption->setFont(font);
+    }
+    label6->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    auto* note = new QVBoxLayout;
+    note->addWidget(Label7);
+    note->addWidget(Text1);
+    note->addStretch(1);
+    note->setSpacing(4);
+    auto* handbook = new QHBoxLayout;
+    handbook->setSpacing(16);
+    handbook->addWidget(Image8, 0, Qt::AlignTop);
+    handbook->addLayout(note, 1);
+    auto* column = new QVBoxLayout;
+    column->setSpacing(6);
+    column->addWidget(Label1);
+    column->addSpacing(8);
+    column->addWidget(Label2);
+    column->addWidget(label6);
+    column->addSpacing(8);
+    column->addLayout(handbook);
+    column->addStretch(1);
+    return column;
+}
+
+void Form9::connectHandlers()
+{
+    connect(Image1, &DrawnPicture::clicked, this, &Form9::Form9_Image1_Click);
+    connect(Command1, &QPushButton::clicked, this, &Form9::Form9_Command1_Click);
+    connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, Command1,
+            &QPushButton::click);
+}
+
+void Form9::Form9_Form_Load()
+{
+    const TextLanguage language = aboutLanguage(m_module);
+    const auto text = [&](QStringView control) {
+        return interfaceText(u"Form9", control, language);
+    };
+    setWindowTitle(text(u"Form9"));
+    Label1->setText(aboutText(language));
+    Label2->setText(text(u"Label2"));
+    label6->setText(text(u"label6"));
+    Label7->setText(text(u"Label7"));
+    Text1->setText(handbookAddress(m_module.ApplicationFolder, language));
+    Text1->setCursorPosition(0);
+    Text1->setAccessibleName(Label7->text());
+    Image8->setAccessibleName(Label7->text());
+    Command1->setText(text(u"Command1"));
+    Image1->setToolTip(text(u"Image1.name"));
+    Image1->setAccessibleName(Image1->toolTip());
+    Image8->setVisible(language == TextLanguage::English);
+    Command1->setFocus();
+}
+
+void Form9::Form9_Image1_Click()
+{
+    if (!m_pictureWindow) {
+        m_pictureWindow = std::make_unique<Form3>(windowTitle());
+    }
+    m_pictureWindow->showPicture(Image1->drawing());
+}
+
+void Form9::Form9_Command1_Click()
+{
+    close();
+}
+
+} // namespace orvanta

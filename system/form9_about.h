@@ -1,0 +1,66 @@
+// Form9, the About window: what the program is, where its problems go, where its handbook lies.
+//
+//   Image1    the program's picture; a click shows it enlarged in Form3
+//   Label1    the program about itself: version, licence, libraries, how to report a problem
+//   Label2    caption of label6        label6   what a report is made of
+//   Label7    the note about the handbook
+//   Image8    the handbook's picture   Text1    the handbook's address
+//   Command1  closes the window
+#pragma once
+
+#include "player/model/module1.h"
+#include "player/model/texts.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class QBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace orvanta {
+
+class DrawnPicture;
+class Form3;
+
+class Form9 : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Form9(const Module1& module, QWidget* parent = nullptr);
+    ~Form9() override;
+
+    /// Loads the window, in the language that is stored by then, and shows it; one that is open
+    /// comes to the front as it is.
+    void showAbout();
+
+    DrawnPicture* Image1;  // the program's picture
+    QLabel* Label1;        // a few sentences about the program
+    QLabel* Label2;        // caption of label6
+    QLabel* label6;        // what to look into and to send with a report
+    QLabel* Label7;        // the note about the handbook
+    DrawnPicture* Image8;  // the handbook's picture; not in Russian, where the note names it
+    QLineEdit* Text1;      // the handbook's address, read only
+    QPushButton* Command1; // closes the window
+
+    /// The enlarged picture; null until it was asked for.
+    [[nodiscard]] Form3* pictureWindow() const { return m_pictureWindow.get(); }
+
+private:
+    void nameControls();
+    void layOut();
+    [[nodiscard]] QBoxLayout* textColumn();
+    void connectHandlers();
+
+    void Form9_Form_Load();
+    void Form9_Image1_Click();
+    void Form9_Command1_Click();
+
+    const Module1& m_module;
+    std::unique_ptr<Form3> m_pictureWindow;
+};
+
+} // namespace orvanta

@@ -1,0 +1,134 @@
+// Programs that the player starts: what happens when one is missing, and to those started before.
+
+#include "tests/e2e/support/end_to_end.h"
+
+#include <QFile>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace orvanta::e2e {
+
+class Companions : public EndToEnd
+{
+protected:
+    void SetUp() override
+    {
+        EndToEnd::SetUp();
+        home.setOption(u"as"_s, true);
+    }
+
+    void TearDown() override
+    {
+        // A companion leads a group of its own.
+        if (const pid_t companion = companionProcess(); companion > 0) {
+            ::kill(-companion, SIGTERM);
+        }
+        EndToEnd::TearDown();
+    }
+
+    /// A companion that tells its process and then stays for a minute.
+    void putLastingCompanion(const QString& name) const
+    {
+        QFile file(home.file(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("#!/bin/sh\necho $$ >\"$ORVANTA_HOME/pid.part\"\n"
+                   "mv \"$ORVANTA_HOME/pid.part\" \"$ORVANTA_HOME/pid\"\nexec sleep 60\n");
+        file.close();
+        file.setPermissions(file.permissions() | QFile::ExeOwner);
+    }
+
+    [[nodiscard]] pid_t companionProcess() const
+    {
+        QFile file(home.file(u"pid"_s));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toInt() : 0;
+    }
+
+    /// Waits until the splash is gone: its window would be taken for one that comes or goes.
+    [[nodiscard]] bool startAlone(const QStringList& arguments = {})
+    {
+        return program.startAndShow(arguments) &&
+               waitFor([this] { return desktop.visibleWindows(u"!Orvanta!"_s) == 1; });
+    }
+
+    [[nodiscard]] bool chooseTutorial() { return window().clickInMenu(u"Help..."_s, {2, 3}); }
+    [[nodiscard]] bool chooseAbout() { return window().clickInMenu(u"Help..."_s, {3, 3}); }
+    [[nodiscard]] bool chooseCdCreate() { return window().clickInMenu(u"Tools..."_s, {2, 3}); }
+    [[nodiscard]] bool chooseTheAddIn()
+    {
+        return window().clickInSubmenu(u"Tools..."_s, {3, 3}, {1, 1});
+    }
+};
+
+TEST_F(Companions, AMissingProgramEndsThePlayerWithTheReportAndEarlierOnesGoOn)
+{
+    putLastingCompanion(u"tutorial.exe"_s);
+    ASSERT_TRUE(startAlone());
+    ASSERT_TRUE(chooseTutorial());
+    ASSERT_TRUE(waitFor([this] { return companionProcess() > 0; }));
+    ASSERT_TRUE(chooseCdCreate());
+    ASSERT_TRUE(program.next(u"^Run-time error '53': File not found"_s));
+    ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"Orvanta"_s) == 1; }));
+    ASSERT_TRUE(waitFor([this] { return desktop.activeWindowTitle() == u"Orvanta"; }));
+    desktop.press(u"Return"_s);
+    ASSERT_TRUE(program.waitForEnd());
+    EXPECT_EQ(program.exitStatus(), 1);
+    EXPECT_EQ(::kill(companionProcess(), 0), 0) << "the companion has ended with the player";
+    EXPECT_EQ(home.get(u"ftl"_s, u"wr"_s), u"0");
+}
+
+TEST_F(Companions, APlayerThatEndsLeavesItsCompanionsRunning)
+{
+    putLastingCompanion(u"cdcreate"_s);
+    ASSERT_TRUE(startAlone());
+    ASSERT_TRUE(chooseCdCreate());
+    ASSERT_TRUE(waitFor([this] { return companionProcess() > 0; }));
+    window().press(u"Close button"_s);
+    ASSERT_TRUE(program.waitForEnd());
+    EXPECT_EQ(program.exitStatus(), 0);
+    EXPECT_EQ(::kill(companionProcess(), 0), 0);
+}
+
+TEST_F(Companions, TheTutorialPlaysItsLessonsInThePlayerThatStartedIt)
+{
+    ASSERT_TRUE(startAlone());
+    ASSERT_TRUE(chooseTutorial());
+    ASSERT_TRUE(loads(3, 10));
+    ASSERT_TRUE(plays(u"start 1 1 A packet is clips in an order, each with a text"_s));
+    ASSERT_TRUE(plays(u"ended 1 1"_s));
+    EXPECT_TRUE(plays(u"start 1 2"_s));
+}
+
+TEST_F(Companions, AnAddInStartsMinimised)
+{
+    QFile addIn(home.file(u"viewer.exe"_s));
+    ASSERT_TRUE(addIn.open(QIODevice::WriteOnly));
+    addIn.write("#!/bin/sh\necho $$ >\"$ORVANTA_HOME/pid\"\n"
+                "mpv --no-config --vo=x11 --ao=null --idle=yes --force-window=yes --title=addin\n");
+    addIn.close();
+    addIn.setPermissions(addIn.permissions() | QFile::ExeOwner);
+    home.set(u"add-ins"_s, u"num"_s, u"1"_s);
+    home.set(u"add-ins"_s, u"namee1"_s, u"&Viewer"_s);
+    home.set(u"add-ins"_s, u"path1"_s, u"viewer.exe"_s);
+    ASSERT_TRUE(startAlone());
+    ASSERT_TRUE(chooseTheAddIn());
+    EXPECT_TRUE(waitFor([this] {
+        return desktop.run(u"xprop"_s, {u"-name"_s, u"addin"_s, u"WM_STATE"_s}).contains("Iconic");
+    }));
+    EXPECT_EQ(desktop.visibleWindows(u"addin"_s), 0);
+}
+
+TEST_F(Companions, AboutOpensBesideThePlayerWithoutHoldingItUp)
+{
+    ASSERT_TRUE(startAlone({media(u"tone20.wav"_s)}));
+    ASSERT_TRUE(plays(u"start 1 1"_s));
+    ASSERT_TRUE(chooseAbout());
+    ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"About author"_s) == 1; }));
+    // It may lie over the main window's buttons.
+    desktop.run(u"wmctrl"_s, {u"-F"_s, u"-c"_s, u"!Orvanta!"_s});
+    ASSERT_TRUE(program.waitForEnd());
+    EXPECT_EQ(program.exitStatus(), 0);
+}
+
+} // namespace orvanta::e2e

@@ -1,0 +1,201 @@
+// The handbook in both languages: complete, alike, and true to the program's captions and keys.
+
+#include "playback/keyboard.h"
+#include "playback/typed_key.h"
+#include "tests/help/handbook.h"
+
+#include <QKeySequence>
+#include <QSet>
+
+#include <algorithm>
+#include <array>
+#include <gtest/gtest.h>
+
+namespace orvanta::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array kLanguages = {TextLanguage::English, TextLanguage::Russian};
+
+QString withoutAccessKey(QStringView caption)
+{
+    return caption.toString().remove(u'&').trimmed();
+}
+
+QSet<QString> captionsOfProgram(TextLanguage language)
+{
+    QSet<QString> captions;
+    for (const InterfaceText& row : interfaceTexts()) {
+        captions.insert(
+            withoutAccessKey(language == TextLanguage::English ? row.english : row.russian));
+    }
+    return captions;
+}
+
+/// Captions of the given window: its title, tool tips, buttons, menu entries.
+QStringList captionsOfWindow(QStringView window, TextLanguage language)
+{
+    QStringList captions;
+    for (const InterfaceText& row : interfaceTexts()) {
+        if (row.window == window) {
+            captions.append(
+                withoutAccessKey(language == TextLanguage::English ? row.english : row.russian));
+        }
+    }
+    return captions;
+}
+
+/// How the handbook prints a key that has a sign or a name of its own.
+QString printed(const QString& key, TextLanguage language)
+{
+    const std::array<std::pair<QString, QString>, 3> names = {{
+        {u"Left"_s, u"←"_s},
+        {u"Right"_s, u"→"_s},
+        {u"Space"_s, language == TextLanguage::English ? u"Space"_s : u"Пробел"_s},
+    }};
+    const auto named = std::ranges::find(
+        names, key, [](const auto& pair) -> const QString& { return pair.first; });
+    return named == names.end() ? key : named->second;
+}
+
+/// The keys that every player has, as the handbook prints them, and those of lists and dialogs.
+QStringList otherKeys(TextLanguage language)
+{
+    QStringList keys = {
+        u"Enter"_s, u"Tab"_s, u"Ctrl+↑"_s, u"Ctrl+↓"_s, u"Delete"_s, u"Ctrl"_s,
+        u"Shift"_s, u"Alt"_s, u"1"_s,      u"2"_s,      u"3"_s}; // Alt with a number: a page of the
+                                                                 // options
+    for (const CommonKeyRow& row : commonKeys()) {
+        const QKeySequence sequence(QKeyCombination(row.modifiers, row.key));
+        keys.append(printed(sequence.toString(QKeySequence::PortableText), language));
+    }
+    return keys;
+}
+
+QStringList letterKeys()
+{
+    QStringList keys;
+    for (const KeyRow& row : playbackKeys()) {
+        keys.append(QChar(row.character));
+    }
+    return keys;
+}
+
+QStringList missingFrom(const QStringList& wanted, const QStringList& there)
+{
+    QStringList missing;
+    for (const QString& text : wanted) {
+        if (!there.contains(text)) {
+            missing.append(text);
+        }
+    }
+    missing.removeDuplicates();
+    return missing;
+}
+
+class Help : public testing::TestWithParam<TextLanguage>
+{
+protected:
+    void SetUp() override { ASSERT_EQ(book.problem, QString()) << qPrintable(book.problem); }
+
+    const Handbook book = readHandbook(GetParam());
+};
+
+} // namespace
+
+TEST(HelpInBothLanguages, HasTheSameSectionsWithTheSameParts)
+{
+    const Handbook english = readHandbook(TextLanguage::English);
+    const Handbook russian = readHandbook(TextLanguage::Russian);
+    EXPECT_EQ(english.language, u"en");
+    EXPECT_EQ(russian.language, u"ru");
+    EXPECT_EQ(english.outline, russian.outline);
+    EXPECT_GE(english.headings.size(), 15);
+    EXPECT_EQ(english.headings.size(), russian.headings.size());
+    EXPECT_EQ(english.keys.size(), russian.keys.size());
+}
+
+TEST(HelpInBothLanguages, TreatsEveryWindowAndTopic)
+{
+    const QStringList targets = readHandbook(TextLanguage::English).targets;
+    for (const char* topic :
+         {"start", "ideas", "window", "keys", "video", "packet-editor", "group-editor", "pickers",
+          "options", "tray", "addins", "formats", "command-line", "settings", "trouble"}) {
+        EXPECT_TRUE(targets.contains(QString::fromLatin1(topic))) << topic;
+    }
+}
+
+TEST_P(Help, EveryCaptionInItIsOneOfTheProgram)
+{
+    const QSet<QString> captions = captionsOfProgram(GetParam());
+    for (const QString& caption : book.captions) {
+        EXPECT_TRUE(captions.contains(caption)) << qPrintable(caption);
+    }
+    EXPECT_GT(book.captions.size(), 80);
+}
+
+TEST_P(Help, EveryCaptionOfTheMainWindowTheEditorsAndTheTrayIsInIt)
+{
+    QStringList wanted;
+    for (const QStringView window : {u"Form2", u"Form5", u"Form6", u"Form8", u"Form12"}) {
+        wanted += captionsOfWindow(window, GetParam());
+    }
+    // What is said in other words: the window's own name, empty slots, names of lists and boxes,
+    // the dots of a button.
+    wanted.removeIf([](const QString& caption) {
+        return caption == u"!Orvanta!" || caption == u"..." || caption.startsWith(u'(') ||
+               caption.endsWith(u':') || caption == u"Ok";
+    });
+    const QString text = book.source.simplified();
+    QStringList missing;
+    for (const QString& caption : wanted) {
+        if (!text.contains(caption, Qt::CaseInsensitive)) {
+            missing.append(caption);
+        }
+    }
+    EXPECT_EQ(missing, QStringList()) << qPrintable(missing.join(u" | "_s));
+}
+
+TEST_P(Help, EveryKeyInItIsOneOfTheProgram)
+{
+    const QStringList known = letterKeys() + otherKeys(GetParam());
+    EXPECT_EQ(missingFrom(book.keys, known), QStringList())
+        << qPrintable(missingFrom(book.keys, known).join(u' '));
+}
+
+TEST_P(Help, EveryKeyOfTheProgramIsInIt)
+{
+    const QStringList wanted = letterKeys() + otherKeys(GetParam());
+    EXPECT_EQ(missingFrom(wanted, book.keys), QStringList())
+        << qPrintable(missingFrom(wanted, book.keys).join(u' '));
+}
+
+TEST_P(Help, FetchesNothingFromOutside)
+{
+    EXPECT_TRUE(book.outside.isEmpty()) << qPrintable(book.outside.values().join(u' '));
+    for (const QString& word : {u"http:"_s, u"https:"_s, u"url("_s, u"@import"_s, u"<script"_s,
+                                u"<link"_s, u"<img"_s, u"<iframe"_s}) {
+        EXPECT_FALSE(book.source.contains(word)) << qPrintable(word);
+    }
+}
+
+TEST_P(Help, EveryLinkInItLeadsSomewhereAndNoTargetIsThereTwice)
+{
+    EXPECT_EQ(missingFrom(book.links, book.targets), QStringList());
+    EXPECT_GE(book.links.size(), book.headings.size()); // the table of contents at least
+    EXPECT_EQ(QSet<QString>(book.targets.begin(), book.targets.end()).size(), book.targets.size());
+}
+
+TEST_P(Help, LooksRightInLightAndInDark)
+{
+    EXPECT_TRUE(book.source.contains(u"color-scheme:light dark"));
+    EXPECT_TRUE(book.source.contains(u"prefers-color-scheme:dark"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, Help, testing::ValuesIn(kLanguages), [](const auto& language) {
+    return language.param == TextLanguage::English ? "English" : "Russian";
+});
+
+} // namespace orvanta::test

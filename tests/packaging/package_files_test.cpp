@@ -1,0 +1,164 @@
+// The package's files, each looked over by the program that knows its kind.
+
+#include "tests/packaging/installed_root.h"
+
+#include <QDirIterator>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+namespace orvanta::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class PackageFiles : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_FALSE(packageFile().isEmpty()) << "run the test package.IsMadeFromTheBuild first";
+        const Outcome installed = root.install();
+        ASSERT_EQ(installed.status, 0) << installed.output.constData();
+    }
+
+    /// The program says nothing at all and is content.
+    static void expectSilent(const QString& program, const QStringList& arguments)
+    {
+        const Outcome outcome = run(program, arguments);
+        EXPECT_EQ(outcome.status, 0) << outcome.output.constData();
+        EXPECT_EQ(outcome.output, QByteArray()) << outcome.output.constData();
+    }
+
+    /// Files of the package with this ending.
+    [[nodiscard]] QStringList files(const QString& pattern) const
+    {
+        QStringList found;
+        QDirIterator all(root.path(u"usr"_s), {pattern}, QDir::Files, QDirIterator::Subdirectories);
+        while (all.hasNext()) {
+            found.append(all.next());
+        }
+        return found;
+    }
+
+    InstalledRoot root;
+};
+
+} // namespace
+
+TEST_F(PackageFiles, LintianIsSilent)
+{
+    expectSilent(u"lintian"_s, {u"--no-user-dirs"_s, u"--allow-root"_s, packageFile()});
+}
+
+TEST_F(PackageFiles, TheDesktopEntryIsValid)
+{
+    const QString entry = root.path(u"usr/share/applications/orvanta.desktop"_s);
+    expectSilent(u"desktop-file-validate"_s, {entry});
+    QFile file(entry);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    for (const char* line :
+         {"MimeType=application/x-orvanta-packet;application/x-orvanta-group;\n",
+          "Exec=/usr/libexec/orvanta/tutorial\n", "Name[ru]=Орванта\n", "Comment[ru]=",
+          "Exec=orvanta /usr/share/orvanta/samples/samples.vxg\n", "Actions=", "Keywords[ru]="}) {
+        EXPECT_TRUE(text.contains(line)) << line;
+    }
+    EXPECT_FALSE(text.contains("inode/directory"));
+}
+
+TEST_F(PackageFiles, TheMetainfoIsValidWithAndWithoutScreenshots)
+{
+    const QString plain = root.path(u"usr/share/metainfo/orvanta.metainfo.xml"_s);
+    const Outcome without =
+        run(u"appstreamcli"_s, {u"validate"_s, u"--no-net"_s, u"--no-color"_s, plain});
+    EXPECT_EQ(without.status, 0) << without.output.constData();
+
+    const QString build = root.path(u"with-screenshots"_s);
+    const QString published = QStringLiteral(ORVANTA_SOURCE_DIR "/packaging/screenshots.xml.in");
+    QFile source(plain);
+    QFile screenshots(published);
+    ASSERT_TRUE(source.open(QIODevice::ReadOnly) && screenshots.open(QIODevice::ReadOnly));
+    const QByteArray block =
+        screenshots.readAll().replace("@ORVANTA_SCREENSHOT_URL@", "https://example.org/shots");
+    QFile made(build);
+    ASSERT_TRUE(made.open(QIODevice::WriteOnly));
+    made.write(source.readAll().replace("  <provides>", block + "  <provides>"));
+    made.rename(build + u".metainfo.xml"_s);
+    made.close();
+    const Outcome with = run(u"appstreamcli"_s, {u"validate"_s, u"--no-net"_s, u"--no-color"_s,
+                                                 build + u".metainfo.xml"_s});
+    EXPECT_EQ(with.status, 0) << with.output.constData();
+}
+
+TEST_F(PackageFiles, EveryScreenshotThatTheMetainfoCouldNameIsThere)
+{
+    QFile screenshots(QStringLiteral(ORVANTA_SOURCE_DIR "/packaging/screenshots.xml.in"));
+    ASSERT_TRUE(screenshots.open(QIODevice::ReadOnly));
+    int named = 0;
+    for (const QByteArray& line : screenshots.readAll().split('\n')) {
+        const qsizetype name = line.indexOf("@/");
+        if (name < 0) {
+            continue;
+        }
+        ++named;
+        const QByteArray file = line.mid(name + 2, line.indexOf('<', name) - name - 2);
+        EXPECT_TRUE(QFile::exists(QStringLiteral(ORVANTA_SOURCE_DIR "/docs/screenshots/") +
+                                  QString::fromUtf8(file)))
+            << file.constData();
+    }
+    EXPECT_GE(named, 2);
+}
+
+TEST_F(PackageFiles, EveryXmlFileIsWellFormed)
+{
+    const QStringList documents = files(u"*.xml"_s) + files(u"*.svg"_s) + files(u"*.htm"_s);
+    EXPECT_GE(documents.size(), 7);
+    expectSilent(u"xmllint"_s, QStringList{u"--noout"_s, u"--nonet"_s} + documents);
+}
+
+TEST_F(PackageFiles, TheManualPagesAreFreeOfWarnings)
+{
+    const QStringList pages = files(u"orvanta.1.gz"_s);
+    ASSERT_EQ(pages.size(), 2);
+    for (const QString& page : pages) {
+        const Outcome outcome = run(u"env"_s, {u"LC_ALL=C.UTF-8"_s, u"MANROFFSEQ="_s,
+                                               u"MANWIDTH=80"_s, u"man"_s, u"--warnings"_s, u"-E"_s,
+                                               u"UTF-8"_s, u"-l"_s, u"-Tutf8"_s, u"-Z"_s, page});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_FALSE(outcome.output.contains("warning")) << outcome.output.constData();
+    }
+}
+
+TEST_F(PackageFiles, WithoutTheSamplesTheyTakeLessThanEightMegabytes)
+{
+    const qint64 all = root.sizeOf(u"usr"_s);
+    const qint64 samples = root.sizeOf(u"usr/share/orvanta/samples"_s);
+    RecordProperty("bytes", std::to_string(all - samples));
+    EXPECT_GT(samples, 1'000'000);
+    EXPECT_GT(all - samples, 1'000'000);
+    EXPECT_LT(all - samples, 8'000'000);
+}
+
+TEST_F(PackageFiles, EverythingThatTheProgramReadsIsThere)
+{
+    for (const QString& name :
+         {u"bin/orvanta"_s, u"libexec/orvanta/tutorial"_s, u"share/orvanta/defaults/orvanta.ini"_s,
+          u"share/orvanta/help_eng.htm"_s, u"share/orvanta/help_rus.htm"_s,
+          u"share/orvanta/tutorial/tutorial_eng.vxg"_s, u"share/orvanta/tutorial/eng/brakes.mp4"_s,
+          u"share/orvanta/tutorial/tutorial_rus.vxg"_s, u"share/orvanta/samples/samples.vxg"_s,
+          u"share/icons/hicolor/scalable/apps/orvanta.svg"_s,
+          u"share/icons/hicolor/scalable/mimetypes/application-x-orvanta-packet.svg"_s,
+          u"share/icons/hicolor/scalable/mimetypes/application-x-orvanta-group.svg"_s,
+          u"share/mime/packages/orvanta.xml"_s, u"share/orvanta/icons/vxl.ico"_s,
+          u"share/orvanta/icons/mp3.ico"_s, u"share/man/ru/man1/orvanta.1.gz"_s}) {
+        EXPECT_TRUE(QFile::exists(root.path(u"usr/"_s + name))) << qPrintable(name);
+    }
+    // Nothing of the work behind it.
+    for (const QString& name : root.contents()) {
+        EXPECT_FALSE(name.contains(u"/source") || name.contains(u"make_")) << qPrintable(name);
+    }
+}
+
+} // namespace orvanta::test

@@ -1,0 +1,121 @@
+// Changing one's own entries in a file that belongs to everybody.
+
+#include "platform/mime_apps_list.h"
+#include "tests/support/desktop_room.h"
+
+#include <gtest/gtest.h>
+
+namespace orvanta {
+
+namespace {
+
+constexpr const char* kAvi = "video/x-msvideo";
+constexpr const char* kMine = "mine.desktop";
+
+struct MimeAppsListTest : testing::Test
+{
+    DesktopRoom room;
+
+    [[nodiscard]] MimeAppsList list() const { return MimeAppsList(room.path(u"list")); }
+
+    QByteArray afterPutting(const QByteArray& content)
+    {
+        room.write(u"list", content);
+        MimeAppsList changed = list();
+        changed.putFirst(kDefaultApplications, kAvi, kMine);
+        changed.save();
+        return room.bytes(u"list");
+    }
+
+    QByteArray afterPuttingAndTakingOut(const QByteArray& content)
+    {
+        (void)afterPutting(content);
+        MimeAppsList changed = list();
+        changed.takeOut(kDefaultApplications, kAvi, kMine);
+        changed.save();
+        return room.bytes(u"list");
+    }
+};
+
+} // namespace
+
+TEST_F(MimeAppsListTest, ANewFileGetsSectionAndLine)
+{
+    MimeAppsList changed = list();
+    changed.putFirst(kDefaultApplications, kAvi, kMine);
+    changed.save();
+    EXPECT_EQ(room.bytes(u"list"), "[Default Applications]\nvideo/x-msvideo=mine.desktop\n");
+}
+
+TEST_F(MimeAppsListTest, ANewLineStandsAtTheEndOfItsSection)
+{
+    EXPECT_EQ(
+        afterPutting("[Default Applications]\na/b=c.desktop\n\n[Added Associations]\nd/e=f\n"),
+        "[Default Applications]\na/b=c.desktop\nvideo/x-msvideo=mine.desktop\n\n"
+        "[Added Associations]\nd/e=f\n");
+}
+
+TEST_F(MimeAppsListTest, AMissingSectionIsAddedAtTheEnd)
+{
+    EXPECT_EQ(
+        afterPutting("[Added Associations]\nd/e=f"),
+        "[Added Associations]\nd/e=f\n[Default Applications]\nvideo/x-msvideo=mine.desktop\n");
+}
+
+TEST_F(MimeAppsListTest, TheEarlierProgramsStayBehindTheNewFirst)
+{
+    EXPECT_EQ(afterPutting("[Default Applications]\nvideo/x-msvideo=a.desktop;b.desktop;\n"),
+              "[Default Applications]\nvideo/x-msvideo=mine.desktop;a.desktop;b.desktop;\n");
+}
+
+TEST_F(MimeAppsListTest, AProgramThatIsThereMovesToTheFront)
+{
+    EXPECT_EQ(afterPutting("[Default Applications]\nvideo/x-msvideo=a.desktop;mine.desktop\n"),
+              "[Default Applications]\nvideo/x-msvideo=mine.desktop;a.desktop\n");
+}
+
+TEST_F(MimeAppsListTest, WhatWasPutIsTakenOutByteForByte)
+{
+    for (const QByteArray& content : {
+             QByteArray("# mine\r\n[Default Applications]\r\nvideo/x-msvideo = a.desktop ; b\r\n"),
+             QByteArray("[Default Applications]\nvideo/x-msvideo=a.desktop\n"),
+             QByteArray("[Default Applications]\nvideo/x-msvideo=a.desktop;"),
+             QByteArray("[Default Applications]\nvideo/x-msvideo=;\n\n\n[Other]\nx=y\n"),
+             QByteArray("junk\n[Default Applications]\n\nother/type=x.desktop;\n\n"),
+             QByteArray("[Default Applications]\nvideo/x-msvideo=a\nvideo/x-msvideo=b\n"),
+         }) {
+        EXPECT_NE(afterPutting(content), content);
+        EXPECT_EQ(afterPuttingAndTakingOut(content), content);
+    }
+}
+
+TEST_F(MimeAppsListTest, TheSameKeyOfAnotherSectionStays)
+{
+    const QByteArray content = "[Removed Associations]\nvideo/x-msvideo=mine.desktop;\n";
+    EXPECT_EQ(afterPuttingAndTakingOut(content + "[Default Applications]\n"),
+              content + "[Default Applications]\n");
+}
+
+TEST_F(MimeAppsListTest, AFileThatNeedsNoChangeIsNotWritten)
+{
+    room.write(u"list", "[Default Applications]\nvideo/x-msvideo=mine.desktop\n");
+    const QDateTime before = QFileInfo(room.path(u"list")).lastModified();
+    MimeAppsList same = list();
+    same.putFirst(kDefaultApplications, kAvi, kMine);
+    same.takeOut(kDefaultApplications, "a/b", kMine);
+    same.save();
+    EXPECT_EQ(QFileInfo(room.path(u"list")).lastModified(), before);
+}
+
+TEST_F(MimeAppsListTest, ASymbolicLinkStaysOne)
+{
+    room.write(u"dotfiles/list", "[Default Applications]\n");
+    ASSERT_TRUE(QFile::link(room.path(u"dotfiles/list"), room.path(u"list")));
+    MimeAppsList changed = list();
+    changed.putFirst(kDefaultApplications, kAvi, kMine);
+    changed.save();
+    EXPECT_TRUE(QFileInfo(room.path(u"list")).isSymLink());
+    EXPECT_TRUE(room.bytes(u"dotfiles/list").contains(kMine));
+}
+
+} // namespace orvanta

@@ -1,0 +1,53 @@
+// The video window with a scripted control.
+#pragma once
+
+#include "platform/scripted_media_control.h"
+#include "playback/form13_video_window.h"
+
+#include <QImage>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+namespace orvanta::test {
+
+using namespace Qt::StringLiterals;
+
+class VideoWindowTest : public testing::Test
+{
+protected:
+    VideoWindowTest()
+        : form(control, HandlerBoundary())
+    {
+        form.showWindow(true);
+    }
+
+    /// As the engine opens a clip.
+    void open(const QString& file, QSize picture)
+    {
+        control.pictureSize = picture;
+        form.prepareForMedia();
+        control.setFileName(file);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return control.isReady(); }));
+    }
+
+    QString stillPicture(QSize size, const char* format = "png")
+    {
+        QString file = folder.filePath(u"still."_s + QString::fromLatin1(format));
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        EXPECT_TRUE(image.save(file, format));
+        return file;
+    }
+
+    [[nodiscard]] static QRect screen() { return qApp->primaryScreen()->availableGeometry(); }
+
+    ScriptedMediaControl control;
+    Form13 form;
+    QTemporaryDir folder;
+};
+
+} // namespace orvanta::test

@@ -1,0 +1,126 @@
+// The video window's keys, and what keeps the desktop awake.
+#include "tests/playback/video_window_fixture.h"
+
+#include <QCursor>
+
+using namespace orvanta;
+using namespace orvanta::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class VideoWindowKeysTest : public VideoWindowTest
+{
+protected:
+    VideoWindowKeysTest() { control.duration = 600.0; }
+
+    void SetUp() override { open(u"/a.avi"_s, {320, 240}); }
+    void type(char letter) { QTest::keyClick(&form, letter); }
+};
+
+TEST_F(VideoWindowKeysTest, PauseRunAndStopActInTheSameTurn)
+{
+    type('p');
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    type('r');
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    type('s');
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+    EXPECT_FALSE(form.mirror().RequestPending);
+}
+
+TEST_F(VideoWindowKeysTest, VolumeStepsReachThePlayerInTheSameTurn)
+{
+    form.mirror().VideoVolume = 100;
+    for (int i = 0; i < 10; ++i) {
+        type('-');
+    }
+    EXPECT_EQ(form.mirror().VideoVolume, 50);
+    EXPECT_EQ(control.Volume(), -1000);
+    type('+');
+    EXPECT_EQ(form.mirror().VideoVolume, 55);
+}
+
+TEST_F(VideoWindowKeysTest, SmallLettersSeekByAMinuteAndCapitalsDoNothing)
+{
+    control.playTo(100.0);
+    type('m');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 160.0);
+    type('B');
+    type('M');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 160.0);
+    type('b');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
+}
+
+TEST_F(VideoWindowKeysTest, TIsIgnored)
+{
+    control.calls.clear();
+    type('t');
+    EXPECT_TRUE(control.calls.isEmpty());
+    EXPECT_FALSE(form.mirror().RequestPending);
+}
+
+TEST_F(VideoWindowKeysTest, ABookmarkIsKeptAndFoundAgain)
+{
+    control.playTo(12.5);
+    type('k');
+    control.playTo(99.0);
+    type('l');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 12.5);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(VideoWindowKeysTest, SpaceAndTheArrowsActAsInEveryPlayer)
+{
+    QTest::keyClick(&form, Qt::Key_Space);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    QTest::keyClick(&form, Qt::Key_Space);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    control.playTo(100.0);
+    QTest::keyClick(&form, Qt::Key_Right);
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 105.0);
+    QTest::keyClick(&form, Qt::Key_Left);
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
+}
+
+TEST_F(VideoWindowKeysTest, TheQuitKeyAsksForTheEnd)
+{
+    int asked = 0;
+    form.setQuit([&] { ++asked; });
+    QTest::keyClick(&form, Qt::Key_Q, Qt::ControlModifier);
+    QTest::keyClick(&form, Qt::Key_Q);
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(VideoWindowKeysTest, ALetterHeldWithControlIsNoCommand)
+{
+    QTest::keyClick(&form, Qt::Key_P, Qt::ControlModifier);
+    QTest::keyClick(&form, Qt::Key_S, Qt::AltModifier);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(VideoWindowKeysTest, TheDesktopIsKeptAwakeOnlyWhileAClipRuns)
+{
+    QList<bool> told;
+    control.Stop();
+    form.setKeepAwake([&](bool awake) { told += awake; });
+    EXPECT_FALSE(form.Timer1.isActive());
+    control.Run();
+    EXPECT_TRUE(form.Timer1.isActive());
+    control.Pause();
+    EXPECT_FALSE(form.Timer1.isActive());
+    control.Run();
+    control.setFileName(QString());
+    EXPECT_FALSE(form.Timer1.isActive());
+    EXPECT_EQ(told, (QList<bool>{true, false, true, false}));
+}
+
+TEST_F(VideoWindowKeysTest, TheNudgeEndsWhereItBegan)
+{
+    const QPoint before = QCursor::pos();
+    ASSERT_TRUE(QMetaObject::invokeMethod(&form.Timer1, "timeout"));
+    EXPECT_EQ(QCursor::pos(), before);
+}
+
+} // namespace

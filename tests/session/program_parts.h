@@ -1,0 +1,72 @@
+// The program's parts put together as its start does, around a media control of the test's choice,
+// without a screen.
+#pragma once
+
+#include "playback/form13_video_window.h"
+#include "player/window/form2_main_window.h"
+#include "player/window/playlist_list.h"
+#include "system/form12_tray.h"
+#include "system/mpris_service.h"
+#include "tests/support/settings_folder.h"
+
+#include <QDBusConnection>
+
+#include <memory>
+#include <optional>
+
+namespace orvanta::session {
+
+/// Answers at once with the files that the session has laid out.
+class LaidOutPickers : public Pickers
+{
+public:
+    explicit LaidOutPickers(Module1& module)
+        : m_module(module)
+    {}
+
+    QStringList answer; // none: cancelled
+
+    void ShowOpenPicker(const QString& /*pattern*/, bool /*several*/) override
+    {
+        m_module.picker.PickedFiles = QStringList{QString()} + answer;
+    }
+    void ShowSavePicker(const QString& /*pattern*/) override {}
+
+private:
+    Module1& m_module;
+};
+
+/// One run of the program. The tick's timer rests: the session ticks.
+class ProgramParts
+{
+public:
+    /// home: settings that outlive this run. bus: where the media controls are served.
+    ProgramParts(const SettingsFolder& home, std::unique_ptr<MediaControl> player,
+                 QDBusConnection bus);
+    ~ProgramParts();
+    ProgramParts(const ProgramParts&) = delete;
+    ProgramParts& operator=(const ProgramParts&) = delete;
+
+    [[nodiscard]] bool hasEnded() const { return m_ended || m_error.has_value(); }
+    /// The untrapped error that ended it.
+    [[nodiscard]] std::optional<ErrorNumber> error() const { return m_error; }
+
+    Module1 module;
+    std::unique_ptr<MediaControl> control;
+    LaidOutPickers pickers{module};
+    std::unique_ptr<Form13> videoWindow;
+    std::unique_ptr<PlaybackEngine> engine;
+    std::unique_ptr<Form12> tray;
+    std::unique_ptr<Form2> mainWindow;
+    std::unique_ptr<MprisService> mediaControls;
+
+private:
+    void openVideoWindow(const HandlerBoundary& boundary);
+    void loadMainWindow(const HandlerBoundary& boundary);
+    void serveMediaControls(QDBusConnection bus);
+
+    std::optional<ErrorNumber> m_error;
+    bool m_ended = false;
+};
+
+} // namespace orvanta::session

@@ -1,0 +1,77 @@
+// Somebody who does something at random, over and over, to every side of the program.
+#pragma once
+
+#include "tests/session/dice.h"
+#include "tests/session/program_parts.h"
+
+#include <QDBusConnection>
+#include <QStringList>
+
+#include <deque>
+#include <functional>
+
+namespace orvanta::session {
+
+/// What there is to open, drop and hand over. Paths.
+struct LaidOutFiles
+{
+    QStringList clips;
+    QStringList packets; // good ones, of clips and of brakes
+    QStringList groups;
+    QStringList badPackets; // a drop of one ends the program
+    QStringList strange;    // neither media nor documents, folders among them
+};
+
+class RandomUser
+{
+public:
+    RandomUser(Dice& dice, LaidOutFiles files, QDBusConnection bus);
+
+    /// Does one thing. passTime: lets the clip go on a little, as the control can.
+    void act(ProgramParts& parts, const std::function<QString(ProgramParts&, Dice&)>& passTime);
+
+    /// Waits until everything that was sent over the bus has been served.
+    void awaitMediaControls();
+
+    /// The last things done, oldest first.
+    [[nodiscard]] QString journal() const;
+    /// Whether a packet that ends the program has been dropped on this run of it.
+    [[nodiscard]] bool hasDroppedBadPacket() const { return m_droppedBadPacket; }
+    void startsAnew() { m_droppedBadPacket = false; }
+
+private:
+    struct Deed;
+    static const std::vector<Deed>& deeds();
+
+    void pressKey(QWidget& window, const QString& name);
+    void pressKeyInMainWindow(ProgramParts& parts);
+    void pressKeyInVideoWindow(ProgramParts& parts);
+    void pressKeyInPopup();
+    void typeIntoFindBox(ProgramParts& parts);
+    void clickButton(ProgramParts& parts);
+    void clickList(ProgramParts& parts);
+    void chooseLine(ProgramParts& parts);
+    void moveSlider(ProgramParts& parts);
+    void turnWheel(ProgramParts& parts);
+    void drop(ProgramParts& parts);
+    void useTray(ProgramParts& parts);
+    void callMediaControls(ProgramParts& parts);
+    void handOver(ProgramParts& parts);
+    void changeOption(ProgramParts& parts);
+    void useVideoWindow(ProgramParts& parts);
+    void useMainWindow(ProgramParts& parts);
+    void tick(ProgramParts& parts);
+
+    void note(const QString& what);
+    [[nodiscard]] QStringList someFiles(int most);
+    [[nodiscard]] QString anyFile();
+
+    Dice& m_dice;
+    LaidOutFiles m_files;
+    QDBusConnection m_bus;
+    std::deque<QString> m_journal;
+    int m_number = 0;
+    bool m_droppedBadPacket = false;
+};
+
+} // namespace orvanta::session

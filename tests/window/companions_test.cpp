@@ -1,0 +1,261 @@
+// The menu entries that start other programs and open documents.
+
+#include "tests/window/window_fixture.h"
+
+#include <QDir>
+#include <QUrl>
+
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace orvanta::test {
+
+namespace {
+
+/// Puts its arguments, environment and descriptors into files beside itself, each file whole.
+constexpr const char* kWitness = R"(#!/bin/sh
+here=$(dirname "$0")
+ls -l /proc/$$/fd >"$here/descriptors.part" 2>/dev/null
+env >"$here/environment.part"
+echo $$ >"$here/process.part"
+printf '%s' "$*" >"$here/arguments.part"
+for part in descriptors environment process arguments; do
+    mv "$here/$part.part" "$here/$part"
+done
+)";
+
+QByteArray contentOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+/// The application folder has a blank in its name.
+class Companions : public Form2Test
+{
+protected:
+    Companions()
+    {
+        QDir(home.path()).mkpath(u"My Player"_s);
+        QDir(home.path()).mkpath(u"opener"_s);
+        module.ApplicationFolder = home.path() + u"/My Player"_s;
+        m_path = qgetenv("PATH");
+        qputenv("PATH", QFile::encodeName(home.file(u"opener"_s)) + ':' + m_path);
+    }
+    ~Companions() override { qputenv("PATH", m_path); }
+
+    [[nodiscard]] QString inFolder(const QString& name) const
+    {
+        return module.ApplicationFolder + u'/' + name;
+    }
+
+    void putWitness(const QString& path, bool executable = true) const
+    {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(kWitness);
+        file.close();
+        if (executable) {
+            file.setPermissions(file.permissions() | QFile::ExeOwner);
+        }
+    }
+    void putOpener() const { putWitness(home.file(u"opener/xdg-open"_s)); }
+
+    /// Waits until the witness in that folder has done its work.
+    [[nodiscard]] static bool ran(const QString& folder)
+    {
+        return QTest::qWaitFor([&] { return QFile::exists(folder + u"/arguments"_s); }, 20000);
+    }
+
+    [[nodiscard]] QByteArray openedAddress() const
+    {
+        return contentOf(home.file(u"opener/arguments"_s));
+    }
+
+    [[nodiscard]] QString shortcut() const
+    {
+        return ReadIni(u"InternetShortcut"_s, u"URL"_s, inFolder(u"help.url"_s));
+    }
+
+private:
+    QByteArray m_path;
+};
+
+TEST_F(Companions, TheDocumentationIsOpenedByItsProperAddressInTheInterfaceLanguage)
+{
+    putOpener();
+    for (const QString& name : {u"help_eng.htm"_s, u"help_rus.htm"_s}) {
+        QFile file(inFolder(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    load(1).doc->trigger();
+    ASSERT_TRUE(ran(home.file(u"opener"_s)));
+    EXPECT_EQ(openedAddress(),
+              QUrl::fromLocalFile(inFolder(u"help_eng.htm"_s)).toEncoded().constData());
+    EXPECT_TRUE(openedAddress().contains("My%20Player/help_eng.htm"));
+    QFile::remove(home.file(u"opener/arguments"_s));
+    load(3).doc->trigger();
+    ASSERT_TRUE(ran(home.file(u"opener"_s)));
+    EXPECT_TRUE(openedAddress().endsWith("/help_rus.htm"));
+}
+
+TEST_F(Companions, TheShortcutHoldsTheAddressWithOnlyItsBlanksReplaced)
+{
+    putOpener();
+    load(1).doc->trigger();
+    const QString plain = u"file:///"_s + inFolder(u"help_eng.htm"_s);
+    EXPECT_EQ(shortcut(), QString(plain).replace(u' ', u"%20"_s));
+    EXPECT_TRUE(
+        contentOf(inFolder(u"help.url"_s)).startsWith("[InternetShortcut]\r\nURL=file:///"));
+    load(2).doc->trigger();
+    EXPECT_TRUE(shortcut().endsWith(u"/My%20Player/help_rus.htm"));
+    ASSERT_TRUE(ran(home.file(u"opener"_s)));
+}
+
+TEST_F(Companions, LettersOutsideAsciiStayAsTheyAreInTheShortcut)
+{
+    putOpener();
+    QDir(home.path()).mkpath(u"Мой плеер"_s);
+    module.ApplicationFolder = home.path() + u"/Мой плеер"_s;
+    load(1).doc->trigger();
+    EXPECT_TRUE(shortcut().endsWith(u"/Мой%20плеер/help_eng.htm")) << qPrintable(shortcut());
+    ASSERT_TRUE(ran(home.file(u"opener"_s)));
+}
+
+TEST_F(Companions, ADocumentationThatLiesNowhereIsStillHandedToTheOpener)
+{
+    putOpener();
+    // The build's own documents stand in for the installed ones: this one is asked for by a
+    // folder that does not exist.
+    module.ApplicationFolder = home.file(u"gone"_s);
+    load(1).doc->trigger();
+    EXPECT_TRUE(ran(home.file(u"opener"_s)));
+    EXPECT_FALSE(reported.has_value());
+}
+
+TEST_F(Companions, TheInstalledDocumentationIsOpenedWhereTheFolderHasNone)
+{
+    putOpener();
+    load(1).doc->trigger();
+    ASSERT_TRUE(ran(home.file(u"opener"_s)));
+    EXPECT_EQ(QString::fromUtf8(openedAddress()),
+              QUrl::fromLocalFile(QStringLiteral(ORVANTA_SOURCE_DIR "/resources/help/help_eng.htm"))
+                  .toString(QUrl::FullyEncoded));
+}
+
+TEST_F(Companions, TheTutorialIsStartedAsNamedBeforeAnyOther)
+{
+    putWitness(inFolder(u"tutorial.exe"_s));
+    load().tu->trigger();
+    EXPECT_TRUE(ran(module.ApplicationFolder));
+    EXPECT_EQ(contentOf(inFolder(u"arguments"_s)), "");
+    EXPECT_FALSE(reported.has_value());
+}
+
+TEST_F(Companions, AProgramWithoutTheEndingIsFoundToo)
+{
+    putWitness(inFolder(u"cdcreate"_s));
+    load().cdc->trigger();
+    EXPECT_TRUE(ran(module.ApplicationFolder));
+}
+
+TEST_F(Companions, AFileThatCannotBeExecutedIsPassedOver)
+{
+    putWitness(inFolder(u"cdcreate.exe"_s), false);
+    putWitness(inFolder(u"cdcreate"_s));
+    load().cdc->trigger();
+    EXPECT_TRUE(ran(module.ApplicationFolder));
+}
+
+TEST_F(Companions, AMissingProgramIsErrorFiftyThreeUntrapped)
+{
+    load().cdc->trigger();
+    EXPECT_EQ(reported, ErrorNumber::FileNotFound);
+}
+
+TEST_F(Companions, AProgramOfAnUnknownKindIsAnErrorToo)
+{
+    QFile file(inFolder(u"cdcreate.exe"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("\x7f"
+               "no program at all");
+    file.close();
+    file.setPermissions(file.permissions() | QFile::ExeOwner);
+    load().cdc->trigger();
+    EXPECT_EQ(reported, ErrorNumber::InvalidProcedureCall);
+}
+
+TEST_F(Companions, TheThirdAddInStartsTheProgramOfItsPath)
+{
+    setting("add-ins", "num", u"3"_s);
+    setting("add-ins", "path1", u"one.exe"_s);
+    setting("add-ins", "path2", u"two.exe"_s);
+    setting("add-ins", "path3", u"tools\\third.exe"_s);
+    putWitness(inFolder(u"tools/third.exe"_s));
+    load();
+    ASSERT_EQ(window->ai->actions().size(), 3);
+    window->ai->actions().at(2)->trigger();
+    EXPECT_TRUE(ran(inFolder(u"tools"_s)));
+    EXPECT_FALSE(reported.has_value());
+}
+
+TEST_F(Companions, AnAddInWithoutAPathIsErrorFiftyThree)
+{
+    setting("add-ins", "num", u"1"_s);
+    setting("add-ins", "namee1", u"Counter"_s);
+    load().add[0]->trigger();
+    EXPECT_EQ(reported, ErrorNumber::FileNotFound);
+}
+
+TEST_F(Companions, TheEntryThatIsLeftWithoutAddInsFailsLikeAMissingProgram)
+{
+    load().add[0]->trigger();
+    EXPECT_EQ(reported, ErrorNumber::FileNotFound);
+}
+
+TEST_F(Companions, AStartedProgramGetsNoDescriptorOfThePlayer)
+{
+    const int leaking = ::open("/dev/zero", O_RDONLY); // as a careless library opens it
+    ASSERT_GE(leaking, 0);
+    putWitness(inFolder(u"cdcreate.exe"_s));
+    load().cdc->trigger();
+    ASSERT_TRUE(ran(module.ApplicationFolder));
+    ::close(leaking);
+    const QByteArray descriptors = contentOf(inFolder(u"descriptors"_s));
+    EXPECT_TRUE(descriptors.contains("0 -> /dev/null")) << descriptors.constData();
+    EXPECT_FALSE(descriptors.contains("/dev/zero")) << descriptors.constData();
+    EXPECT_FALSE(descriptors.contains("socket:")) << descriptors.constData();
+}
+
+TEST_F(Companions, AStartedProgramIsToldWhereThePlayerIs)
+{
+    putWitness(inFolder(u"cdcreate.exe"_s));
+    load().cdc->trigger();
+    ASSERT_TRUE(ran(module.ApplicationFolder));
+    const QByteArrayList variables = contentOf(inFolder(u"environment"_s)).split('\n');
+    EXPECT_TRUE(variables.contains("ORVANTA_HOME=" + QFile::encodeName(module.ApplicationFolder)));
+    EXPECT_TRUE(variables.contains("ORVANTA_PROGRAM=" +
+                                   QFile::encodeName(QCoreApplication::applicationFilePath())));
+}
+
+TEST_F(Companions, AnEndedProgramLeavesNoZombie)
+{
+    putWitness(inFolder(u"cdcreate.exe"_s));
+    load().cdc->trigger();
+    ASSERT_TRUE(ran(module.ApplicationFolder));
+    const pid_t child = contentOf(inFolder(u"process"_s)).trimmed().toInt();
+    ASSERT_GT(child, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ::kill(child, 0) != 0; }, 20000));
+}
+
+TEST_F(Companions, AboutAsksForItsWindow)
+{
+    load().ab->trigger(); // nobody answers here
+    EXPECT_FALSE(reported.has_value());
+}
+
+} // namespace orvanta::test
