@@ -118,7 +118,7 @@ static bool handOver(const Home& home, const QString& line)
 
 /// From the handing over to the moment at which the window answers with its lines. The queue is
 /// looked at every 300 ms: the least of several openings has hardly waited for that.
-static Opening openingOfProgram(const Desktop& desktop, const QString& packet)
+static Opening openingOfProgram(Desktop& desktop, const QString& packet)
 {
     const Home home;
     home.setOption(u"as"_s, false);
@@ -166,7 +166,7 @@ static Opening openingOfMpv(const Desktop& desktop, const QString& list)
     return least;
 }
 
-static void measureOpening(const Desktop& desktop)
+static void measureOpening(Desktop& desktop)
 {
     const Opening ours = openingOfProgram(desktop, longPacket(desktop));
     const Opening theirs = openingOfMpv(desktop, longList(desktop));
@@ -199,7 +199,7 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
     std::setlocale(LC_NUMERIC, "C");
-    const orvanta::e2e::Desktop desktop({.windowManager = false});
+    orvanta::e2e::Desktop desktop({.windowManager = false});
     if (!desktop.isReady()) {
         std::fprintf(stderr, "%s\n", qPrintable(desktop.problem()));
         return 1;

@@ -144,6 +144,19 @@ bool Accessible::hasState(int state) const
     return words.size() > state / 32 && ((words[state / 32] >> (state % 32)) & 1U) != 0;
 }
 
+Accessible Accessible::window() const
+{
+    // A dialog's parent is the window that it belongs to.
+    const QVariant reply = property(kAccessible, u"Parent"_s);
+    if (role() == u"dialog" || !reply.canConvert<QDBusArgument>()) {
+        return *this;
+    }
+    Reference reference;
+    reply.value<QDBusArgument>() >> reference;
+    const Accessible parent(m_bus, reference.service, reference.path.path());
+    return parent.role() == u"application" ? *this : parent.window();
+}
+
 std::vector<Accessible> Accessible::children() const
 {
     std::vector<Accessible> found;
@@ -231,8 +244,9 @@ static QString uniqueName()
     return u"end to end %1"_s.arg(++number);
 }
 
-AccessibilityBus::AccessibilityBus(const Desktop& desktop)
-    : m_sessionName(uniqueName()),
+AccessibilityBus::AccessibilityBus(Desktop& desktop)
+    : m_desktop(desktop),
+      m_sessionName(uniqueName()),
       m_name(uniqueName())
 {
     const QDBusConnection session =
@@ -275,7 +289,7 @@ std::optional<Accessible> AccessibilityBus::control(qint64 pid, const QString& r
     const bool there = waitFor([&] {
         const std::optional<Accessible> top = programNow(pid);
         found = top ? top->find(role, name) : std::nullopt;
-        return found && found->isShowing();
+        return found && found->isShowing() && m_desktop.showsWindowAt(found->window().place());
     });
     return there ? found : std::nullopt;
 }

@@ -35,6 +35,8 @@ public:
     [[nodiscard]] bool isChecked() const { return hasState(kChecked); }
     [[nodiscard]] bool isSelected() const { return hasState(kSelected); }
 
+    /// The window that it is in; of a window: itself.
+    [[nodiscard]] Accessible window() const;
     [[nodiscard]] std::vector<Accessible> children() const;
     [[nodiscard]] int childCount() const;
     [[nodiscard]] std::optional<Accessible> child(int index) const;
@@ -68,20 +70,22 @@ private:
 class AccessibilityBus
 {
 public:
-    explicit AccessibilityBus(const Desktop& desktop);
+    explicit AccessibilityBus(Desktop& desktop);
     ~AccessibilityBus();
     AccessibilityBus(const AccessibilityBus&) = delete;
     AccessibilityBus& operator=(const AccessibilityBus&) = delete;
 
     /// The top of the program with this process id; waits until it is there.
     [[nodiscard]] std::optional<Accessible> program(qint64 pid);
-    /// A control of that program; waits until it is there and showing.
+    /// A control of that program; waits until it is there and showing, and until the program has
+    /// learnt where its window is: a window manager places a window after it is shown.
     [[nodiscard]] std::optional<Accessible> control(qint64 pid, const QString& role,
                                                     const QString& name);
 
 private:
     [[nodiscard]] std::optional<Accessible> programNow(qint64 pid);
 
+    Desktop& m_desktop;
     QString m_sessionName;
     QString m_name;
 };

@@ -4,7 +4,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QMap>
 
 #include <algorithm>
 #include <cstdlib>
@@ -245,18 +244,6 @@ void Desktop::resizeWindow(const QString& title, QSize size)
                       u"0,-1,-1,%1,%2"_s.arg(size.width()).arg(size.height())});
 }
 
-QRect Desktop::placeOf(const QString& title)
-{
-    const QByteArray found =
-        run(u"xdotool"_s, {u"search"_s, u"--onlyvisible"_s, u"--name"_s, u"^"_s + title + u"$"_s,
-                           u"getwindowgeometry"_s, u"--shell"_s});
-    const auto value = [&](const QByteArray& name) {
-        const qsizetype begin = found.indexOf('\n' + name + '=');
-        return begin < 0 ? 0 : found.mid(begin + name.size() + 2).split('\n').first().toInt();
-    };
-    return {value("X"), value("Y"), value("WIDTH"), value("HEIGHT")};
-}
-
 QByteArrayList Desktop::visibleWindowIds(const QStringList& search)
 {
     const QByteArray found =
@@ -278,14 +265,29 @@ QStringList Desktop::windowsOfPrograms()
     return windows;
 }
 
+QRect Desktop::placeOf(const QString& title)
+{
+    const QByteArrayList found = visibleWindowIds({u"--name"_s, u"^"_s + title + u"$"_s});
+    return found.isEmpty() ? QRect() : placeOfWindow(QString::fromLatin1(found.first()));
+}
+
 QRect Desktop::placeOfWindow(const QString& window)
 {
-    const QByteArray found = run(u"xdotool"_s, {u"getwindowgeometry"_s, u"--shell"_s, window});
-    QMap<QByteArray, int> values;
-    for (const QByteArray& line : found.split('\n')) {
-        values.insert(line.left(line.indexOf('=')), line.mid(line.indexOf('=') + 1).toInt());
-    }
-    return {values.value("X"), values.value("Y"), values.value("WIDTH"), values.value("HEIGHT")};
+    // Not by xdotool, which counts a window's distance from its frame twice.
+    const QByteArray found = run(u"xwininfo"_s, {u"-id"_s, window});
+    const auto value = [&](const QByteArray& name) {
+        const qsizetype begin = found.indexOf(name);
+        return begin < 0 ? 0 : found.mid(begin + name.size()).split('\n').first().trimmed().toInt();
+    };
+    return {value("Absolute upper-left X:"), value("Absolute upper-left Y:"), value("Width:"),
+            value("Height:")};
+}
+
+bool Desktop::showsWindowAt(QRect place)
+{
+    const QStringList windows = windowsOfPrograms();
+    return std::any_of(windows.begin(), windows.end(),
+                       [&](const QString& window) { return placeOfWindow(window) == place; });
 }
 
 int Desktop::openMenus()

@@ -79,6 +79,8 @@ public:
     [[nodiscard]] QStringList windowsOfPrograms();
     /// Pixels of the screen; nothing for a window that is gone.
     [[nodiscard]] QRect placeOfWindow(const QString& window);
+    /// Whether the contents of a window that can be seen lie exactly there.
+    [[nodiscard]] bool showsWindowAt(QRect place);
     /// How many menus are dropped down, submenus among them. Only under a window manager.
     [[nodiscard]] int openMenus();
     /// The name of the sound device whose output can be listened to.
