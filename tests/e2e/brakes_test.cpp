@@ -55,7 +55,13 @@ protected:
 
 TEST_F(Brakes, EachTextStandsThereByTheTimeThePositionIsSixTenthsPastItsBrake)
 {
+    home.setOption(u"as"_s, false);
     ASSERT_TRUE(program.startAndShow({lesson()}));
+    ASSERT_TRUE(loads(1, 4));
+    // What is looked at is found now, not while time matters.
+    ASSERT_EQ(window().clipText(), u""_s);
+    ASSERT_EQ(window().currentTime(), u"0.00"_s);
+    window().press(u"Play"_s);
     ASSERT_TRUE(plays(u"start 1 1 Look"_s));
     QStringList seen;
     const bool cameToTheEnd = waitFor([&] {
