@@ -61,7 +61,7 @@ TEST_F(Brakes, EachTextStandsThereByTheTimeThePositionIsSixTenthsPastItsBrake)
     // What is looked at is found now, not while time matters.
     ASSERT_EQ(window().clipText(), u""_s);
     ASSERT_EQ(window().currentTime(), u"0.00"_s);
-    window().press(u"Play"_s);
+    window().doubleClickRow(2);
     ASSERT_TRUE(plays(u"start 1 1 Look"_s));
     QStringList seen;
     const bool cameToTheEnd = waitFor([&] {
