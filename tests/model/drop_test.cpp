@@ -148,6 +148,16 @@ TEST_F(Drop, AFolderGivesItsMatchingFilesInNameOrder)
     EXPECT_EQ(texts(1), (QStringList{path(u"folder/A.MP3"_s), path(u"folder/b.avi"_s)}));
 }
 
+TEST_F(Drop, AFolderIsOneWhateverItsNameEndsIn)
+{
+    for (const QString& name : {u"old vxl"_s, u"my.vxg"_s}) {
+        ASSERT_TRUE(QDir(m_folder.path()).mkdir(name));
+        emptyFile(name + u"/a.avi"_s);
+    }
+    EXPECT_FALSE(drop({path(u"old vxl"_s), path(u"my.vxg"_s)}).groupDropped);
+    EXPECT_EQ(texts(1), (QStringList{path(u"my.vxg/a.avi"_s), path(u"old vxl/a.avi"_s)}));
+}
+
 struct BadCount
 {
     QString files;
