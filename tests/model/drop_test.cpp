@@ -203,6 +203,28 @@ TEST_F(Drop, AbsentValuesAreStoredAsEmptyTexts)
     drop({packet});
     EXPECT_EQ(m_playlist.packet(1).clip(1).Path, QString());
     EXPECT_EQ(m_playlist.packet(1).clip(1).Text, QString());
+    const QString brakes = path(u"brakes.vxl"_s);
+    WriteIni(u"main"_s, u"files"_s, u"1"_s, brakes);
+    WriteIni(u"main"_s, u"brakes"_s, u"2"_s, brakes);
+    drop({brakes});
+    EXPECT_TRUE(m_playlist.packet(2).HasBrakes);
+    EXPECT_EQ(m_playlist.packet(2).MediaFile, QString());
+    ASSERT_EQ(m_playlist.packet(2).ClipCount, 2);
+    EXPECT_EQ(m_playlist.packet(2).clip(2).Time, QString());
+    EXPECT_EQ(m_playlist.packet(2).clip(2).Text, QString());
+}
+
+TEST_F(Drop, ABrakeCountThatIsNoNumberIsATypeMismatch)
+{
+    const QString packet = path(u"brakes.vxl"_s);
+    WriteIni(u"main"_s, u"files"_s, u"1"_s, packet);
+    WriteIni(u"main"_s, u"brakes"_s, u"some"_s, packet);
+    try {
+        drop({packet});
+        FAIL() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number(), ErrorNumber::TypeMismatch);
+    }
 }
 
 } // namespace

@@ -79,8 +79,9 @@ TEST_F(DropTest, TextsAndPicturesAreNotTaken)
 
 TEST_F(DropTest, TheFirstFilesFolderBecomesTheCurrentFolder)
 {
-    dropFiles({clip(u"a.avi"_s)});
-    EXPECT_EQ(QDir::currentPath(), QDir(home.path()).canonicalPath());
+    ASSERT_TRUE(QDir(home.path()).mkpath(u"first"_s));
+    dropFiles({clip(u"first/a.avi"_s), clip(u"b.avi"_s)});
+    EXPECT_EQ(QDir::currentPath(), QDir(home.file(u"first"_s)).canonicalPath());
 }
 
 TEST_F(DropTest, MarksAndTheCurrentLineStayWhenTheListGrows)
