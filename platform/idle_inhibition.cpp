@@ -54,11 +54,13 @@ IdleInhibition::~IdleInhibition()
 
 void IdleInhibition::hold(bool awake)
 {
-    if (m_wanted == awake || !m_bus.isConnected()) {
+    if (m_wanted == awake) {
         return;
     }
     m_wanted = awake;
-    if (awake) {
+    if (awake && !m_bus.isConnected()) {
+        qCInfo(logDesktop, "no session bus: the desktop is not kept awake");
+    } else if (awake) {
         ask();
     } else {
         release();

@@ -1,33 +1,14 @@
 #include "platform/window_stacking.h"
 
 #include "core/log.h"
+#include "platform/x11.h"
 
 #include <QGuiApplication>
 #include <QWindow>
 
-#include <cstdlib>
-#include <cstring>
-#include <memory>
-#include <xcb/xcb.h>
-
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
-
-static xcb_connection_t* x11Connection()
-{
-    auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 == nullptr ? nullptr : x11->connection();
-}
-
-static xcb_atom_t atomOf(xcb_connection_t* connection, const char* name)
-{
-    const auto length = static_cast<uint16_t>(std::strlen(name));
-    const std::unique_ptr<xcb_intern_atom_reply_t, decltype(&std::free)> reply(
-        xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, length, name), nullptr),
-        &std::free);
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 /// When the user started the launch that asks, in the X server's milliseconds; 0 when unknown.
 /// Launchers put it at the end of the token, behind "_TIME".
@@ -47,7 +28,7 @@ static void activateOnX11(xcb_connection_t* connection, QWindow* window, uint32_
     message.response_type = XCB_CLIENT_MESSAGE;
     message.format = 32;
     message.window = static_cast<xcb_window_t>(window->winId());
-    message.type = atomOf(connection, "_NET_ACTIVE_WINDOW");
+    message.type = x11Atom(connection, "_NET_ACTIVE_WINDOW");
     message.data.data32[0] = kFromApplication;
     message.data.data32[1] = time;
     const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;

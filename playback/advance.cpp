@@ -42,6 +42,25 @@ std::optional<Cursor> firstPlaceFrom(const PlaylistShape& playlist, Int16 packet
     return std::nullopt;
 }
 
+static bool isOpen(const PlaylistShape& playlist, Int16 packet)
+{
+    return packet >= 1 && packet <= playlist.packetCount;
+}
+
+std::optional<Cursor> placeToBegin(const PlaylistShape& playlist, Cursor current)
+{
+    if (!isOpen(playlist, current.packet)) {
+        return firstPlaceFrom(playlist, 1);
+    }
+    const Int16 clip =
+        checkedClipFrom(playlist, {current.packet, std::max(current.clip, Int16(1))});
+    if (clip <= playlist.clipCount(current.packet)) {
+        return Cursor{current.packet, clip};
+    }
+    const std::optional<Cursor> later = firstPlaceFrom(playlist, current.packet + 1);
+    return later ? later : firstPlaceFrom(playlist, 1);
+}
+
 AdvanceDecision nextAfterClip(const AdvanceOptions& options, const PlaylistShape& playlist,
                               Cursor ended)
 {

@@ -53,6 +53,10 @@ struct AdvanceDecision
 /// clips and packets whose header is unchecked are passed over.
 [[nodiscard]] std::optional<Cursor> firstPlaceFrom(const PlaylistShape& playlist, Int16 packet);
 
+/// Where playing begins when nothing is loaded: the first checked place from the current one on,
+/// else from the beginning. None when nothing is checked.
+[[nodiscard]] std::optional<Cursor> placeToBegin(const PlaylistShape& playlist, Cursor current);
+
 /// The place before: the last clip of the packet before for the first clip of a packet; the very
 /// first clip stays. Unchecked lines are passed over.
 [[nodiscard]] Cursor previousClip(const PlaylistShape& playlist, Cursor current);

@@ -95,8 +95,19 @@ void AdvanceStep::closeIfFree()
     }
 }
 
+void AdvanceStep::begin()
+{
+    const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);
+    if (const auto place = placeToBegin(shape, m_context.cursor())) {
+        m_starter.ListClick(place->packet, place->clip);
+    }
+}
+
 void AdvanceStep::next()
 {
+    if (m_context.cursor().packet < 1) {
+        return begin(); // nothing has been started: what was dropped has no current place
+    }
     constexpr AdvanceOptions asked = {.nextClip = true, .nextPacket = true, .replay = false};
     apply(nextAfterClip(asked, shapeOf(m_context.module.playlist, *m_context.view),
                         m_context.cursor()));

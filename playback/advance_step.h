@@ -20,6 +20,8 @@ public:
     /// The last start left the player empty: the same, but over after one whole pass in which
     /// nothing could be opened.
     void runAfterFailure();
+    /// Starts the current place when it is checked, else what comes after it.
+    void begin();
     /// To the next or previous checked place, whatever the options say.
     void next();
     void previous();

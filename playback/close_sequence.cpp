@@ -3,6 +3,7 @@
 #include "core/error_boundary.h"
 #include "core/paths.h"
 #include "playback/event_wait.h"
+#include "player/model/loaders.h"
 
 #include <QFile>
 
@@ -69,8 +70,7 @@ void CloseSequence::emptyPlaylist()
 {
     PlaylistState& playlist = m_context.module.playlist;
     playlist.OpenedFromExplorer = false;
-    playlist.Playlist.clear();
-    playlist.PlaylistCount = 0;
+    clearPlaylist(playlist);
     m_context.setCursor({0, 0});
     m_context.view->clearList();
 }

@@ -56,8 +56,7 @@ void HandOverDrain::open(const QStringList& lines)
     m_context.supersede();
     m_context.failedMedia.clear();
     makeFolderOfFirstCurrent(lines);
-    m_context.module.playlist.Playlist.clear();
-    m_context.module.playlist.PlaylistCount = 0;
+    clearPlaylist(m_context.module.playlist);
     m_loosePacket = 0;
     for (const QString& line : lines) {
         resumeNext("queued file", [&] { append(line); });

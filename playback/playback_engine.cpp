@@ -44,6 +44,7 @@ public:
     void tick();
     void poll();
     void start(Int16 p, Int16 q);
+    void begin();
     void goOnAfterDrop(bool groupDropped);
 
     EngineContext context;
@@ -199,6 +200,13 @@ void PlaybackEngine::Private::start(Int16 p, Int16 q)
     }
 }
 
+void PlaybackEngine::Private::begin()
+{
+    if (!context.closing && context.isPlayerEmpty()) {
+        advance.begin();
+    }
+}
+
 // A clip that began since the last tick is loaded all the same.
 void PlaybackEngine::Private::goOnAfterDrop(bool groupDropped)
 {
@@ -260,6 +268,12 @@ PlaybackOperations& PlaybackEngine::operations()
 const TransportLooks& PlaybackEngine::transport() const
 {
     return m_private->transport.looks();
+}
+
+void PlaybackEngine::startCurrent()
+{
+    m_private->advance.forgetFailures();
+    m_private->enter([&] { m_private->begin(); });
 }
 
 void PlaybackEngine::nextChecked()

@@ -69,6 +69,8 @@ public:
     /// current.
     void seekTo(double seconds);
 
+    /// Plays the current clip or brake when nothing is loaded: a person asked for playing.
+    void startCurrent();
     /// To the next or previous checked clip or brake, whatever the options say: a person asked.
     void nextChecked();
     void previousChecked();

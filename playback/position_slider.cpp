@@ -93,7 +93,20 @@ void PositionSlider::seekTo(double seconds)
         if (m_context.areBrakesPlaying()) {
             followSeek(target);
         }
+        showReached();
     });
+}
+
+/// A clip that stands has no tick that would show where a key has taken it.
+void PositionSlider::showReached()
+{
+    if (m_context.control.CurrentState() == MediaControl::NotLoaded ||
+        m_context.view->isSliderHeld()) {
+        return;
+    }
+    const double position = m_context.control.CurrentPosition();
+    showTime(position);
+    SetValue(sliderOfPosition(position, span()));
 }
 
 /// The last brake at or before the new position becomes current; the player stays where it is.

@@ -32,6 +32,7 @@ private:
     void showTime(double seconds);
     void commit();
     void followSeek(double seconds);
+    void showReached();
 
     EngineContext& m_context;
 };

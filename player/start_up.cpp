@@ -6,6 +6,7 @@
 #include "editors/editor_services.h"
 #include "editors/program_pickers.h"
 #include "platform/application_folder.h"
+#include "platform/desktop_tray.h"
 #include "platform/end_signals.h"
 #include "platform/hand_over_queue.h"
 #include "platform/idle_inhibition.h"
@@ -145,9 +146,25 @@ void StartUp::openVideoWindow()
     m_engine->operations().ShowVideoWindow(true);
 }
 
+/// A program that starts with the session may be there before the tray.
 void StartUp::openTrayWindow()
 {
-    if (m_module.optionIsOn(u"si"_s)) {
+    if (!m_module.optionIsOn(u"si"_s)) {
+        return;
+    }
+    m_desktopTray = std::make_unique<DesktopTray>(QDBusConnection::sessionBus());
+    connect(m_desktopTray.get(), &DesktopTray::appeared, this,
+            m_boundary([this] { loadTrayWindow(); }));
+    if (m_desktopTray->isThere()) {
+        loadTrayWindow();
+    } else {
+        qCInfo(logDesktop, "this desktop has no tray: no icon");
+    }
+}
+
+void StartUp::loadTrayWindow()
+{
+    if (m_module.optionIsOn(u"si"_s) && !m_trayWindow && !m_engine->isClosing()) {
         m_trayWindow = std::make_unique<Form12>(m_module);
     }
 }

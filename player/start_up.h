@@ -15,6 +15,7 @@
 namespace orvanta {
 
 struct EditorServices;
+class DesktopTray;
 class EndSignals;
 class Form1;
 class Form12;
@@ -55,6 +56,7 @@ private:
     void showSplash();
     void openVideoWindow();
     void openTrayWindow();
+    void loadTrayWindow();
     void loadMainWindow();
     void makeEditors();
     void changeOptions();
@@ -90,6 +92,7 @@ private:
     std::unique_ptr<PlayerHold> m_hold;
     std::unique_ptr<EditorServices> m_editors;
     std::unique_ptr<Form1> m_splash;
+    std::unique_ptr<DesktopTray> m_desktopTray;
     std::unique_ptr<Form12> m_trayWindow; // only while the option asks for it
     std::unique_ptr<Form2> m_mainWindow;
     std::unique_ptr<Form9> m_about; // from the first time that it is asked for

@@ -2,7 +2,6 @@
 
 #include "core/error_boundary.h"
 #include "core/ini.h"
-#include "core/log.h"
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "player/model/texts.h"
@@ -38,9 +37,6 @@ Form12::Form12(Module1& module)
     IconTray1.setIcon(drawnIcon(u":/orvanta/tray.svg"_s));
     IconTray1.setToolTip(u"!orvanta! 3.3"_s);
     IconTray1.setContextMenu(&tray);
-    if (!QSystemTrayIcon::isSystemTrayAvailable()) {
-        qCInfo(logDesktop, "this desktop has no tray: no icon");
-    }
     IconTray1.show();
 }
 

@@ -1,5 +1,7 @@
 #include "system/mpris_player.h"
 
+#include "player/model/dropped_files.h"
+
 #include <QUrl>
 
 #include <algorithm>
@@ -39,6 +41,9 @@ double MprisPlayer::volume() const
 
 void MprisPlayer::setVolume(double volume)
 {
+    if (std::isnan(volume)) {
+        return; // no place on any scale
+    }
     const Int16 place = std::lround(std::clamp(volume, 0.0, 1.0) * 100.0);
     m_ports.view.setVolumeSlider(place);
     m_ports.engine.volumeMoved(place);
@@ -119,7 +124,7 @@ void MprisPlayer::Play()
     if (isLoaded()) {
         m_ports.engine.pressPlay();
     } else {
-        m_ports.engine.nextChecked();
+        m_ports.engine.startCurrent();
     }
 }
 
@@ -148,9 +153,9 @@ void MprisPlayer::SetPosition(const QDBusObjectPath& trackId, qlonglong position
 
 void MprisPlayer::OpenUri(const QString& uri)
 {
-    const QUrl url(uri);
-    if (url.isLocalFile()) {
-        m_ports.open(url.toLocalFile());
+    const QString file = fileOfAddress(QUrl(uri));
+    if (!file.isEmpty()) {
+        m_ports.open(file);
     }
 }
 

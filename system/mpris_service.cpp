@@ -96,17 +96,21 @@ void MprisService::announceChanges()
         m_announcedFullscreen = fullscreen;
         announceProperties(u"org.mpris.MediaPlayer2"_s, {{u"Fullscreen"_s, fullscreen}});
     }
-    m_trackList.announceIfReplaced();
+    if (m_trackList.announceIfReplaced()) {
+        // Of this one the interface wants the name alone: its value may be long.
+        announceProperties(u"org.mpris.MediaPlayer2.TrackList"_s, {}, {u"Tracks"_s});
+    }
 }
 
-void MprisService::announceProperties(const QString& interface, const QVariantMap& changed)
+void MprisService::announceProperties(const QString& interface, const QVariantMap& changed,
+                                      const QStringList& invalidated)
 {
-    if (changed.isEmpty()) {
+    if (changed.isEmpty() && invalidated.isEmpty()) {
         return;
     }
     QDBusMessage signal = QDBusMessage::createSignal(kObject, u"org.freedesktop.DBus.Properties"_s,
                                                      u"PropertiesChanged"_s);
-    signal << interface << changed << QStringList();
+    signal << interface << changed << invalidated;
     m_bus.send(signal);
 }
 

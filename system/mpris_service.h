@@ -28,7 +28,8 @@ public:
 private:
     void registerService();
     void connectSources();
-    void announceProperties(const QString& interface, const QVariantMap& changed);
+    void announceProperties(const QString& interface, const QVariantMap& changed,
+                            const QStringList& invalidated = {});
     void announceSoon();
 
     MprisPorts m_ports;

@@ -11,31 +11,37 @@ MprisTrackList::MprisTrackList(QObject* object, MprisPorts& ports)
     qDBusRegisterMetaType<MetadataList>();
 }
 
-QList<QDBusObjectPath> MprisTrackList::tracks() const
+MprisTrackList::Shown MprisTrackList::shownNow() const
 {
     const PlaylistState& playlist = m_ports.module.playlist;
-    QList<QDBusObjectPath> paths;
-    if (playlist.CurrentPacket < 1 || playlist.CurrentPacket > playlist.PlaylistCount) {
-        return paths;
+    const Int16 p = playlist.CurrentPacket;
+    if (p < 1 || p > playlist.PlaylistCount) {
+        return {};
     }
-    const int count = playlist.packet(playlist.CurrentPacket).ClipCount.value();
-    paths.reserve(count);
-    for (int q = 1; q <= count; ++q) {
-        paths.append(QDBusObjectPath(trackPath(playlist.CurrentPacket, q)));
+    return {p, playlist.packet(p).ClipCount, playlist.revision};
+}
+
+QList<QDBusObjectPath> MprisTrackList::tracks() const
+{
+    const Shown now = shownNow();
+    QList<QDBusObjectPath> paths;
+    paths.reserve(now.count.value());
+    for (int q = 1; q <= now.count.value(); ++q) {
+        paths.append(QDBusObjectPath(trackPath(now.packet, q)));
     }
     return paths;
 }
 
-void MprisTrackList::announceIfReplaced()
+bool MprisTrackList::announceIfReplaced()
 {
-    const QList<QDBusObjectPath> now = tracks();
+    const Shown now = shownNow();
     if (now == m_announced) {
-        return;
+        return false;
     }
     m_announced = now;
-    const PlaylistState& playlist = m_ports.module.playlist;
     Q_EMIT TrackListReplaced(
-        now, QDBusObjectPath(trackPath(playlist.CurrentPacket, playlist.CurrentClip)));
+        tracks(), QDBusObjectPath(trackPath(now.packet, m_ports.module.playlist.CurrentClip)));
+    return true;
 }
 
 MetadataList MprisTrackList::GetTracksMetadata(const QList<QDBusObjectPath>& trackIds)

@@ -24,8 +24,9 @@ public:
     [[nodiscard]] QList<QDBusObjectPath> tracks() const;
     [[nodiscard]] bool canEditTracks() const { return false; }
 
-    /// Announces the tracks when another packet (or another playlist) is current.
-    void announceIfReplaced();
+    /// Announces the tracks when another packet, or one of another playlist, is current; says
+    /// whether it did.
+    bool announceIfReplaced();
 
 public Q_SLOTS:
     orvanta::MetadataList GetTracksMetadata(const QList<QDBusObjectPath>& trackIds);
@@ -39,8 +40,18 @@ Q_SIGNALS:
                            const QDBusObjectPath& currentTrack);
 
 private:
+    /// What tells one list of tracks from another: comparing thousands of paths would cost more.
+    struct Shown
+    {
+        Int16 packet;
+        Int16 count;
+        int revision = 0;
+        friend bool operator==(const Shown&, const Shown&) = default;
+    };
+    [[nodiscard]] Shown shownNow() const;
+
     MprisPorts& m_ports;
-    QList<QDBusObjectPath> m_announced;
+    Shown m_announced;
 };
 
 } // namespace orvanta

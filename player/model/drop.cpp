@@ -27,13 +27,13 @@ public:
     void add(const QString& file)
     {
         const QString ending = file.right(3);
-        if (ending == u"vxg"_s) {
+        if (QFileInfo(file).isDir()) { // whatever its name ends in
+            addFolder(file);
+        } else if (ending == u"vxg"_s) {
             appendGroup(m_playlist, file);
             m_result.groupDropped = true;
         } else if (ending == u"vxl"_s) {
             addPacket(file);
-        } else if (QFileInfo(file).isDir()) {
-            addFolder(file);
         } else {
             addClip(file);
         }

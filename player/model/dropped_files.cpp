@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QStringDecoder>
+#include <QSysInfo>
 #include <QUrl>
 
 #include <optional>
@@ -26,14 +27,20 @@ bool isUtf8(const QByteArray& bytes)
     return !decoder.hasError() && !text.contains(QChar::Null);
 }
 
+bool isThisMachine(const QString& host)
+{
+    return host.isEmpty() || host == u"localhost" ||
+           host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
+}
+
 std::optional<QString> fileOfLine(const QByteArray& line)
 {
     if (!isUtf8(QByteArray::fromPercentEncoding(line))) {
         refuse(line, "its name is no text");
         return std::nullopt;
     }
-    const QString path = QUrl::fromEncoded(line).toLocalFile();
-    if (!path.startsWith(u'/')) {
+    const QString path = fileOfAddress(QUrl::fromEncoded(line));
+    if (path.isEmpty()) {
         refuse(line, "no file of this machine");
         return std::nullopt;
     }
@@ -41,6 +48,13 @@ std::optional<QString> fileOfLine(const QByteArray& line)
 }
 
 } // namespace
+
+QString fileOfAddress(const QUrl& address)
+{
+    const QString path = address.path(QUrl::FullyDecoded);
+    const bool isHere = address.isLocalFile() && isThisMachine(address.host());
+    return isHere && path.startsWith(u'/') ? path : QString();
+}
 
 QStringList filesOfUriList(const QByteArray& uriList)
 {

@@ -31,10 +31,12 @@ static void appendPackets(PlaylistState& playlist, std::vector<PlaylistEntry>&& 
 {
     playlist.PlaylistCount = countAfter(playlist.PlaylistCount, packets.size());
     std::move(packets.begin(), packets.end(), std::back_inserter(playlist.Playlist));
+    ++playlist.revision;
 }
 
-static void clearPlaylist(PlaylistState& playlist)
+void clearPlaylist(PlaylistState& playlist)
 {
+    ++playlist.revision;
     playlist.Playlist.clear();
     playlist.PlaylistCount = 0;
 }
@@ -109,6 +111,7 @@ void appendClip(PlaylistState& playlist, Int16 p, const QString& path, const QSt
     PlaylistEntry& packet = playlist.packet(p);
     packet.ClipCount += 1;
     packet.Clips.push_back({.Time = {}, .Text = text, .Path = path});
+    ++playlist.revision;
 }
 
 void OpenFiles(PlaylistState& playlist, const QStringList& paths)

@@ -22,6 +22,9 @@ void appendClip(PlaylistState& playlist, Int16 p, const QString& path, const QSt
 /// A new packet without clips, titled as one opened by itself; returns its number.
 Int16 appendEmptyPacket(PlaylistState& playlist);
 
+/// Nothing is open any more.
+void clearPlaylist(PlaylistState& playlist);
+
 /// Files of a folder that match a pattern like "*.avi;*.mpg", without regard to case, full paths
 /// in name order.
 [[nodiscard]] QStringList filesOfFolder(const QString& folder, const QString& pattern);

@@ -19,6 +19,7 @@ struct PlaylistState
     Int16 CurrentClip;
     QString PacketFolder;      // folder of the packet opened last, with its separator
     Flag16 OpenedFromExplorer; // files were handed over by the shell
+    int revision = 0;          // counts the changes of what is open
 
     /// Packet p, counted from 1. Raises 9 outside the playlist.
     [[nodiscard]] PlaylistEntry& packet(Int16 p);

@@ -28,8 +28,11 @@ void PlaylistModel::setLines(std::vector<TreeLine> lines)
 
 void PlaylistModel::growTo(std::vector<TreeLine> lines)
 {
-    if (m_lines.empty() || lines.size() <= m_lines.size()) {
+    if (m_lines.empty() || lines.size() < m_lines.size()) {
         return setLines(std::move(lines));
+    }
+    if (lines.size() == m_lines.size()) {
+        return; // an empty folder or group has added nothing
     }
     const int before = rowCount({});
     beginInsertRows({}, before, static_cast<int>(lines.size()) - 1);

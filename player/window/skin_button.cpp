@@ -39,9 +39,16 @@ QSize SkinButton::sizeHint() const
 
 void SkinButton::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
         click();
-    } else {
+        break;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        event->ignore(); // the window's keys; the base class would move the focus
+        break;
+    default:
         QToolButton::keyPressEvent(event);
     }
 }

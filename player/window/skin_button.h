@@ -17,7 +17,8 @@ struct SkinPicture
 };
 
 /// A button that is a picture. Reached by Tab, pressed by Space or Return; the mouse leaves the
-/// keyboard focus where it is. Its accessible name is its tool tip unless it is given one.
+/// keyboard focus where it is. Left and Right pass on to the window. Its accessible name is its
+/// tool tip unless it is given one.
 class SkinButton : public QToolButton
 {
     Q_OBJECT

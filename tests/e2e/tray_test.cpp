@@ -151,6 +151,19 @@ TEST_F(NoTray, OnADesktopWithoutOneTheProgramRunsAndPlays)
     EXPECT_EQ(program.exitStatus(), 0);
 }
 
+TEST_F(NoTray, AnIconComesWithATrayThatIsThereOnlyLater)
+{
+    home.setOption(u"si"_s, true);
+    program.start({u"/auto"_s}); // as with the session: hidden
+    ASSERT_TRUE(program.peek(u"^orvanta.startup: ready"_s));
+    EXPECT_TRUE(program.peek(u"^orvanta.desktop: this desktop has no tray"_s));
+    Tray tray(desktop);
+    ASSERT_TRUE(tray.isReady());
+    EXPECT_TRUE(tray.waitForIcons(1));
+    tray.leftClick();
+    EXPECT_TRUE(waitFor([this] { return desktop.visibleWindows(kMainWindow) == 1; }));
+}
+
 TEST_F(NoTray, AHiddenProgramIsShownByALaterLaunch)
 {
     home.setOption(u"si"_s, true);

@@ -148,6 +148,16 @@ TEST_F(Drop, AFolderGivesItsMatchingFilesInNameOrder)
     EXPECT_EQ(texts(1), (QStringList{path(u"folder/A.MP3"_s), path(u"folder/b.avi"_s)}));
 }
 
+TEST_F(Drop, AFolderIsOneWhateverItsNameEndsIn)
+{
+    for (const QString& name : {u"old vxl"_s, u"my.vxg"_s}) {
+        ASSERT_TRUE(QDir(m_folder.path()).mkdir(name));
+        emptyFile(name + u"/a.avi"_s);
+    }
+    EXPECT_FALSE(drop({path(u"old vxl"_s), path(u"my.vxg"_s)}).groupDropped);
+    EXPECT_EQ(texts(1), (QStringList{path(u"my.vxg/a.avi"_s), path(u"old vxl/a.avi"_s)}));
+}
+
 struct BadCount
 {
     QString files;
@@ -193,6 +203,28 @@ TEST_F(Drop, AbsentValuesAreStoredAsEmptyTexts)
     drop({packet});
     EXPECT_EQ(m_playlist.packet(1).clip(1).Path, QString());
     EXPECT_EQ(m_playlist.packet(1).clip(1).Text, QString());
+    const QString brakes = path(u"brakes.vxl"_s);
+    WriteIni(u"main"_s, u"files"_s, u"1"_s, brakes);
+    WriteIni(u"main"_s, u"brakes"_s, u"2"_s, brakes);
+    drop({brakes});
+    EXPECT_TRUE(m_playlist.packet(2).HasBrakes);
+    EXPECT_EQ(m_playlist.packet(2).MediaFile, QString());
+    ASSERT_EQ(m_playlist.packet(2).ClipCount, 2);
+    EXPECT_EQ(m_playlist.packet(2).clip(2).Time, QString());
+    EXPECT_EQ(m_playlist.packet(2).clip(2).Text, QString());
+}
+
+TEST_F(Drop, ABrakeCountThatIsNoNumberIsATypeMismatch)
+{
+    const QString packet = path(u"brakes.vxl"_s);
+    WriteIni(u"main"_s, u"files"_s, u"1"_s, packet);
+    WriteIni(u"main"_s, u"brakes"_s, u"some"_s, packet);
+    try {
+        drop({packet});
+        FAIL() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.number(), ErrorNumber::TypeMismatch);
+    }
 }
 
 } // namespace

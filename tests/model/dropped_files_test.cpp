@@ -2,6 +2,8 @@
 #include "player/model/dropped_files.h"
 #include "tests/support/log_capture.h"
 
+#include <QSysInfo>
+
 #include <gtest/gtest.h>
 
 using namespace orvanta;
@@ -45,6 +47,20 @@ TEST(DroppedFiles, AddressesThatAreNoFilesAreRefusedWithALogLine)
     EXPECT_TRUE(
         filesOfUriList("http://example.org/a.avi\r\nfile:relative.avi\r\nrubbish").isEmpty());
     EXPECT_TRUE(log.lines().join(u' ').contains(u"http://example.org/a.avi"_s));
+}
+
+TEST(DroppedFiles, AnAddressWithTheNameOfThisMachineIsAFileHere)
+{
+    const QByteArray here = "file://" + QSysInfo::machineHostName().toUtf8() + "/m/a.avi\r\n";
+    EXPECT_EQ(filesOfUriList(here + "file://localhost/m/b%20b.avi"),
+              (QStringList{u"/m/a.avi"_s, u"/m/b b.avi"_s}));
+}
+
+TEST(DroppedFiles, AFileOfAnotherMachineIsRefusedWithALogLine)
+{
+    const LogCapture log("orvanta.playlist");
+    EXPECT_TRUE(filesOfUriList("file://elsewhere.example/m/a.avi").isEmpty());
+    EXPECT_TRUE(log.lines().join(u' ').contains(u"elsewhere.example"_s));
 }
 
 } // namespace

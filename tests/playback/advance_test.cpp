@@ -187,4 +187,33 @@ TEST(Previous, WithNothingCurrentThereIsNone)
     EXPECT_LT(previousClip(Shape{{}}.rules(), {0, 0}).packet, 1);
 }
 
+TEST(PlaceToBegin, IsTheCurrentPlaceWhenItIsChecked)
+{
+    EXPECT_EQ(placeToBegin(Shape{{3, 2}}.rules(), {1, 1}), (Cursor{1, 1}));
+    EXPECT_EQ(placeToBegin(Shape{{3, 2}}.rules(), {2, 2}), (Cursor{2, 2}));
+}
+
+TEST(PlaceToBegin, IsTheNextCheckedOneWhenTheCurrentIsNot)
+{
+    EXPECT_EQ(placeToBegin(Shape{{3, 2}, {{1, 1}}}.rules(), {1, 1}), (Cursor{1, 2}));
+    EXPECT_EQ(placeToBegin(Shape{{3, 2}, {{1, 3}}}.rules(), {1, 3}), (Cursor{2, 1}));
+}
+
+TEST(PlaceToBegin, ComesRoundToTheBeginning)
+{
+    EXPECT_EQ(placeToBegin(Shape{{3, 2}, {{2, 2}}}.rules(), {2, 2}), (Cursor{1, 1}));
+}
+
+TEST(PlaceToBegin, IsTheFirstWhenNothingHasBeenStarted)
+{
+    EXPECT_EQ(placeToBegin(Shape{{0, 2}}.rules(), {0, 0}), (Cursor{2, 1}));
+    EXPECT_EQ(placeToBegin(Shape{{2}}.rules(), {1, 0}), (Cursor{1, 1}));
+}
+
+TEST(PlaceToBegin, IsNoneWhenNothingIsCheckedOrOpen)
+{
+    EXPECT_EQ(placeToBegin(Shape{{2}, {{1, 0}}}.rules(), {1, 1}), std::nullopt);
+    EXPECT_EQ(placeToBegin(Shape{{}}.rules(), {0, 0}), std::nullopt);
+}
+
 } // namespace orvanta

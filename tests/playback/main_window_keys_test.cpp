@@ -55,6 +55,27 @@ TEST_F(MainKeys, MSeeksAMinuteForward)
     EXPECT_DOUBLE_EQ(control.CurrentPosition(), 160.0);
 }
 
+TEST_F(MainKeys, ASeekOfAPausedClipShowsWhereItHasGone)
+{
+    playLongClip();
+    type(u'p');
+    type(u'm');
+    EXPECT_EQ(view.currentTime, u"160.000"_s);
+    EXPECT_EQ(view.slider, 27);
+    keys.seekBy(10000.0);
+    EXPECT_EQ(view.currentTime, u"600.000"_s);
+    EXPECT_EQ(view.slider, 100);
+}
+
+TEST_F(MainKeys, ASeekLeavesTheSliderThatTheUserHolds)
+{
+    playLongClip();
+    view.sliderHeld = true;
+    type(u'm');
+    EXPECT_EQ(view.currentTime, u"100.000"_s);
+    EXPECT_EQ(view.slider, 17);
+}
+
 TEST_F(MainKeys, KeysThatComeFasterThanTicksAddUp)
 {
     playLongClip();

@@ -305,6 +305,8 @@ TEST_F(TrayRequestsInTheTick, CloseEndsTheProgramWhateverTheOptionSays)
 {
     option("nc");
     module.tray.TrayCloseRequest = true;
+    QCoreApplication::processEvents();
+    EXPECT_EQ(view.unloaded, 0); // not before the next tick
     engine->tick();
     EXPECT_TRUE(engine->isClosing());
     EXPECT_EQ(view.unloaded, 1);

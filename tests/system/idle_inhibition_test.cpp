@@ -1,5 +1,6 @@
 // Keeping the desktop awake, over services of the test's own on a private bus.
 #include "platform/idle_inhibition.h"
+#include "tests/support/log_capture.h"
 #include "tests/system/idle_services.h"
 #include "tests/system/private_bus.h"
 
@@ -84,15 +85,24 @@ TEST_F(Inhibition, IsLetGoWithItsOwner)
     EXPECT_TRUE(QTest::qWaitFor([&] { return saver.calls.size() == 2; }));
 }
 
-TEST_F(Inhibition, WithoutAnyServiceOrBusNothingHappens)
+TEST_F(Inhibition, WithoutAnyServiceNothingIsHeldAndTheLogSaysSo)
 {
+    const LogCapture log("orvanta.desktop");
     IdleInhibition nobody(program);
     nobody.hold(true);
+    EXPECT_TRUE(QTest::qWaitFor([] { return LogCapture::lines().size() == 1; }));
+    EXPECT_TRUE(LogCapture::lines().join(u' ').contains(u"nothing here keeps"_s));
+    EXPECT_FALSE(nobody.isHeld());
+}
+
+TEST_F(Inhibition, WithoutABusNothingIsHeldAndTheLogSaysSo)
+{
+    const LogCapture log("orvanta.desktop");
     IdleInhibition busless(QDBusConnection(u"no such connection"_s));
     busless.hold(true);
-    busless.hold(false);
-    EXPECT_FALSE(nobody.isHeld());
     EXPECT_FALSE(busless.isHeld());
+    busless.hold(false);
+    EXPECT_EQ(LogCapture::lines(), QStringList{u"no session bus: the desktop is not kept awake"_s});
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // The program on the desktop's media controls, over a real bus, with clients of their own.
+#include "player/model/loaders.h"
 #include "system/mpris_service.h"
 #include "tests/playback/engine_fixture.h"
 #include "tests/system/private_bus.h"
@@ -38,17 +39,27 @@ public:
                     SLOT(changed(QString, QVariantMap, QStringList)));
         bus.connect(QString::fromLatin1(kName), QString::fromLatin1(kPath),
                     QString::fromLatin1(kPlayer), u"Seeked"_s, this, SLOT(seeked(qlonglong)));
+        bus.connect(QString::fromLatin1(kName), QString::fromLatin1(kPath),
+                    QString::fromLatin1(kTrackList), u"TrackListReplaced"_s, this,
+                    SLOT(replaced(QList<QDBusObjectPath>, QDBusObjectPath)));
     }
 
     QVariantMap properties;
+    QStringList invalidated;
     QList<qlonglong> seeks;
+    QList<QList<QDBusObjectPath>> trackLists;
 
 private Q_SLOTS:
-    void changed(const QString&, const QVariantMap& values, const QStringList&)
+    void changed(const QString&, const QVariantMap& values, const QStringList& names)
     {
         properties.insert(values);
+        invalidated.append(names);
     }
     void seeked(qlonglong position) { seeks.append(position); }
+    void replaced(const QList<QDBusObjectPath>& tracks, const QDBusObjectPath&)
+    {
+        trackLists.append(tracks);
+    }
 };
 
 class Mpris : public EngineTest
@@ -169,6 +180,56 @@ TEST_F(Mpris, PlayPauseAndStopSteerThePlayerAndAreAnnounced)
     EXPECT_EQ(property(kPlayer, "PlaybackStatus").toString(), u"Stopped"_s);
 }
 
+TEST_F(Mpris, PlayWithNothingLoadedBeginsWithTheCurrentClip)
+{
+    addClips({u"one"_s, u"two"_s});
+    engine->playlistReplaced(); // opened, but not to be played at once
+    ASSERT_EQ(clip(), 1);
+    player("Play");
+    waitUntilRunning();
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(Mpris, PlayAfterTheLastClipBeginsAgainWithTheFirst)
+{
+    option("agnc");
+    option("agnp");
+    addClips({u"one"_s, u"two"_s});
+    play(1, 2);
+    endClip();
+    ASSERT_EQ(control.CurrentState(), MediaControl::NotLoaded);
+    player("PlayPause");
+    waitUntilRunning();
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(Mpris, PlayAndNextBeginWithWhatWasDroppedWhenNothingHasBeenStarted)
+{
+    for (const char* method : {"Play", "Next"}) {
+        module.playlist.Playlist.clear();
+        module.playlist.PlaylistCount = 0;
+        control.setFileName({});
+        addClips({u"one"_s, u"two"_s});
+        module.playlist.CurrentPacket = 0;
+        module.playlist.CurrentClip = 0;
+        player(method);
+        waitUntilRunning();
+        EXPECT_EQ(clip(), 1) << method;
+    }
+}
+
+TEST_F(Mpris, PlayWhileAClipIsBeingOpenedOpensItNotAgain)
+{
+    addClips({u"one"_s});
+    control.autoOpen = false;
+    engine->ListClick(1, 1);
+    const qsizetype before = loads();
+    player("Play");
+    EXPECT_EQ(loads(), before);
+    control.completeOpening();
+    waitUntilRunning();
+}
+
 TEST_F(Mpris, NextAndPreviousGoOverCheckedClipsWhateverTheOptionsSay)
 {
     addClips({u"one"_s, u"two"_s, u"three"_s});
@@ -246,6 +307,15 @@ TEST_F(Mpris, VolumeIsTheSlidersScaleAndIsClamped)
         QTest::qWaitFor([&] { return heard.properties.value(u"Volume"_s).toDouble() == 1.0; }));
 }
 
+TEST_F(Mpris, AVolumeThatIsNoNumberIsIgnored)
+{
+    setProperty(kPlayer, "Volume", 0.5);
+    setProperty(kPlayer, "Volume", qQNaN());
+    EXPECT_DOUBLE_EQ(property(kPlayer, "Volume").toDouble(), 0.5);
+    setProperty(kPlayer, "Volume", -qInf());
+    EXPECT_DOUBLE_EQ(property(kPlayer, "Volume").toDouble(), 0.0);
+}
+
 TEST_F(Mpris, TheRateIsAlwaysOneAndARateOfZeroPauses)
 {
     addClips({u"one"_s});
@@ -272,7 +342,9 @@ TEST_F(Mpris, OpenUriOpensFilesAndNothingElse)
 {
     player("OpenUri", {u"file:///tmp/a%20b.vxl"_s});
     player("OpenUri", {u"http://example.org/a.vxl"_s});
-    EXPECT_EQ(opened, QStringList{u"/tmp/a b.vxl"_s});
+    player("OpenUri", {u"file://elsewhere.example/a.vxl"_s});
+    player("OpenUri", {u"file://localhost/tmp/c.vxl"_s});
+    EXPECT_EQ(opened, (QStringList{u"/tmp/a b.vxl"_s, u"/tmp/c.vxl"_s}));
 }
 
 TEST_F(Mpris, TheTrackListIsTheCurrentPacketAndGoToStartsATrack)
@@ -300,6 +372,25 @@ TEST_F(Mpris, TracksMetadataComesInTheOrderAsked)
     ASSERT_EQ(all.size(), 2);
     EXPECT_EQ(all.at(0).value(u"xesam:title"_s).toString(), u"two"_s);
     EXPECT_EQ(all.at(1).value(u"xesam:title"_s).toString(), u"one"_s);
+}
+
+TEST_F(Mpris, AnotherPlaylistOfTheSameShapeIsAnotherTrackList)
+{
+    const auto announcedLists = [this](qsizetype count) {
+        return QTest::qWaitFor([&] { return heard.trackLists.size() == count; });
+    };
+    OpenFiles(module.playlist, {file(u"one.avi"_s), file(u"two.avi"_s)});
+    engine->playlistReplaced();
+    ASSERT_TRUE(announcedLists(1));
+    EXPECT_EQ(heard.trackLists.last().size(), 2);
+    EXPECT_TRUE(heard.invalidated.contains(u"Tracks"_s));
+    OpenFiles(module.playlist, {file(u"three.avi"_s), file(u"four.avi"_s)});
+    engine->playlistReplaced();
+    EXPECT_TRUE(announcedLists(2));
+    engine->volumeMoved(40); // announced too, but nothing of the tracks
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return heard.properties.value(u"Volume"_s).toDouble() == 0.4; }));
+    EXPECT_EQ(heard.trackLists.size(), 2);
 }
 
 TEST_F(Mpris, ATrackThatIsNoneOfOursGoesNowhere)

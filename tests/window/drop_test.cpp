@@ -79,8 +79,9 @@ TEST_F(DropTest, TextsAndPicturesAreNotTaken)
 
 TEST_F(DropTest, TheFirstFilesFolderBecomesTheCurrentFolder)
 {
-    dropFiles({clip(u"a.avi"_s)});
-    EXPECT_EQ(QDir::currentPath(), QDir(home.path()).canonicalPath());
+    ASSERT_TRUE(QDir(home.path()).mkpath(u"first"_s));
+    dropFiles({clip(u"first/a.avi"_s), clip(u"b.avi"_s)});
+    EXPECT_EQ(QDir::currentPath(), QDir(home.file(u"first"_s)).canonicalPath());
 }
 
 TEST_F(DropTest, MarksAndTheCurrentLineStayWhenTheListGrows)
@@ -95,6 +96,18 @@ TEST_F(DropTest, MarksAndTheCurrentLineStayWhenTheListGrows)
     EXPECT_TRUE(window->isLineChecked(4));
     EXPECT_EQ(window->List1->cursorLine(), 3);
     EXPECT_EQ(listedTexts()[3], treeLines(module.playlist)[3].text);
+}
+
+TEST_F(DropTest, ADropThatAddsNothingLeavesMarksAndTheCurrentLine)
+{
+    dropFiles({clip(u"a.avi"_s), clip(u"b.avi"_s)});
+    window->setListIndex(3);
+    QTest::mouseClick(window->List1->viewport(), Qt::LeftButton, {}, boxOfRow(2));
+    ASSERT_TRUE(QDir(home.path()).mkpath(u"empty"_s));
+    dropFiles({home.file(u"empty"_s)});
+    EXPECT_EQ(window->List1->lines().size(), 4U);
+    EXPECT_FALSE(window->isLineChecked(2));
+    EXPECT_EQ(window->List1->cursorLine(), 3);
 }
 
 TEST_F(DropTest, AClipDroppedWithAutoStartPlays)

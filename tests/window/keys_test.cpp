@@ -104,6 +104,17 @@ TEST_F(KeysTest, TheArrowsSeekByFiveSecondsFromTheListToo)
     EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
 }
 
+TEST_F(KeysTest, TheArrowsSeekFromAButtonTooAndLeaveTheFocusThere)
+{
+    playOne();
+    window->Image10->setFocus();
+    press(Qt::Key_Right);
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 105.0);
+    press(Qt::Key_Left);
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
+    EXPECT_TRUE(window->Image10->hasFocus());
+}
+
 TEST_F(KeysTest, AnArrowOnASliderIsTheSlidersOwn)
 {
     playOne();
