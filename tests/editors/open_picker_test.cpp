@@ -155,6 +155,37 @@ TEST_F(OpenPicker, ATypedFolderIsShownAndATypedFileIsChosen)
     EXPECT_EQ(picked(), QStringList({QString(), room(u"sub/b.vxl"_s)}));
 }
 
+TEST_F(OpenPicker, OkGoesToAPathThatWasTypedInsteadOfTakingAFileOfTheFolderBefore)
+{
+    put(u"a.vxl"_s);
+    QDir(room()).mkdir(u"sub"_s);
+    put(u"sub/b.vxl"_s);
+    module.picker.PickedFiles = {QString()};
+    open();
+    typeOver(picker->PathBox, u"/no/such/folder"_s);
+    press(picker->Command1);
+    EXPECT_TRUE(picker->isVisible());
+    EXPECT_EQ(picked(), QStringList({QString()}));
+    typeOver(picker->PathBox, room(u"sub"_s));
+    press(picker->Command1);
+    EXPECT_TRUE(picker->isVisible());
+    EXPECT_EQ(picker->File1->folder(), room(u"sub"_s));
+    press(picker->Command1);
+    EXPECT_EQ(picked(), QStringList({QString(), room(u"sub/b.vxl"_s)}));
+}
+
+TEST_F(OpenPicker, AFileThatIsClickedCountsMoreThanAPathTypedBefore)
+{
+    put(u"a.vxl"_s);
+    put(u"b.vxl"_s);
+    open();
+    typeOver(picker->PathBox, u"/no/such/folder"_s);
+    clickRow(picker->File1, 1);
+    EXPECT_EQ(picker->PathBox->text(), room());
+    press(picker->Command1);
+    EXPECT_EQ(picked(), QStringList({QString(), room(u"b.vxl"_s)}));
+}
+
 TEST_F(OpenPicker, ATypedPathThatIsNotThereChangesNothing)
 {
     put(u"a.vxl"_s);

@@ -110,6 +110,21 @@ TEST_F(SavePicker, AQuietLineSaysThatAFileWillBeReplaced)
     EXPECT_EQ(picker->Label1->text(), QString());
 }
 
+TEST_F(SavePicker, OkWithAPathTypedGoesThereFirstAndKeepsTheName)
+{
+    QDir(room()).mkdir(u"sub"_s);
+    put(u"sub/mine.vxl"_s);
+    open();
+    typeOver(picker->PathBox, room(u"sub"_s));
+    typeOver(picker->Text1, u"mine"_s);
+    pressOk();
+    EXPECT_TRUE(picker->isVisible());
+    EXPECT_EQ(saved(), QString());
+    EXPECT_EQ(picker->Label1->text(), u"This file exists and will be replaced."_s);
+    pressOk();
+    EXPECT_EQ(saved(), room(u"sub/mine.vxl"_s));
+}
+
 TEST_F(SavePicker, APastedPathSetsFolderAndName)
 {
     QDir(room()).mkdir(u"sub"_s);
