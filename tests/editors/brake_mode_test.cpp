@@ -333,6 +333,24 @@ TEST_F(BrakeMode, LoadsABrakePacket)
     EXPECT_EQ(pickers.calls, QStringList({u"open *.vxl"_s}));
 }
 
+TEST_F(BrakeMode, AFileThatHasOnlyTheKeyboardsFocusIsNotTheClip)
+{
+    put(u"other.avi"_s);
+    pickers.openAnswer =
+        put(u"in.vxl"_s, "[main]\nfile=/c/clip.avi\nbrakes=1\n[brake1]\ntime=1\ntext=A\n");
+    open();
+    press(editor->Command7);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
+    editor->File2->setFocus(Qt::TabFocusReason);
+    ASSERT_TRUE(editor->File2->currentIndex().isValid());
+    pickers.saveAnswer = room(u"out.vxl"_s);
+    press(editor->Command16);
+    const QByteArray folder = room().toUtf8() + '/';
+    EXPECT_TRUE(bytesOf(room(u"out.vxl"_s))
+                    .contains("[file1]\r\npath=" + folder + "\r\ntext=" + folder + "\r\n"))
+        << bytesOf(room(u"out.vxl"_s)).constData();
+}
+
 TEST_F(BrakeMode, CreateFindsTheClipThatTheLoadedPacketNamesBesideItself)
 {
     put(u"clip.avi"_s);

@@ -128,6 +128,17 @@ TEST_F(ClipMode, SpaceAndEnterOnAFileAddItOnce)
     EXPECT_TRUE(editor->isVisible());
 }
 
+TEST_F(ClipMode, ABlankWithinATypedNameAddsNoFile)
+{
+    put(u"my clip.avi"_s);
+    put(u"my song.avi"_s);
+    open();
+    QTest::keyClicks(editor->File1, u"my s"_s);
+    EXPECT_EQ(entries(), QStringList());
+    QTest::keyClick(editor->File1, Qt::Key_Return);
+    EXPECT_EQ(entries(), QStringList({room(u"my song.avi"_s) + u"{}my song"_s}));
+}
+
 TEST_F(ClipMode, EditingATextRebuildsTheSelectedEntry)
 {
     openWith({u"a{}1"_s, u"b{}2"_s});

@@ -3,8 +3,8 @@
 #include "editors/form7_open_picker.h"
 #include "tests/editors/editor_room.h"
 
-#include <QElapsedTimer>
 #include <QPushButton>
+#include <QScrollBar>
 
 namespace orvanta::test {
 
@@ -138,6 +138,27 @@ TEST_F(OpenPicker, TypingGoesToAName)
     picker->File1->setFocus();
     QTest::keyClicks(picker->File1, u"ga"_s);
     EXPECT_EQ(picker->File1->FileName(), u"gamma.vxl"_s);
+}
+
+TEST_F(OpenPicker, TypingGoesToANameWithBlanks)
+{
+    for (const QString& name : {u"my clip.vxl"_s, u"my song.vxl"_s, u"mysterious.vxl"_s}) {
+        put(name);
+    }
+    open();
+    QTest::keyClicks(picker->File1, u"my s"_s);
+    EXPECT_EQ(picker->File1->FileName(), u"my song.vxl"_s);
+}
+
+TEST_F(OpenPicker, ALongNameMakesTheListNoWider)
+{
+    put(u"a.vxl"_s);
+    put(QString(200, u'z') + u".vxl"_s);
+    open();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(picker.get()));
+    const QListView& list = *picker->File1;
+    EXPECT_EQ(list.horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(list.visualRect(list.model()->index(1, 0)).width(), list.viewport()->width());
 }
 
 TEST_F(OpenPicker, ATypedFolderIsShownAndATypedFileIsChosen)
