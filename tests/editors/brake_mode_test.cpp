@@ -97,6 +97,17 @@ TEST_F(BrakeMode, RemoveKeyRemovesTheSelectedBrakeOrNothing)
     EXPECT_EQ(brakes(), QStringList());
 }
 
+TEST_F(BrakeMode, KeysMoveTheSelectedBrakeInTheListAndKeepItsTime)
+{
+    openClip();
+    setBrakes({u"1{}a"_s, u"2{}b"_s});
+    clickRow(editor->List2, 0);
+    QTest::keyClick(editor->List2, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(brakes(), QStringList({u"2{}b"_s, u"1{}a"_s}));
+    QTest::keyClick(editor->List2, Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(brakes(), QStringList({u"1{}a"_s, u"2{}b"_s}));
+}
+
 TEST_F(BrakeMode, AClickBesideTheBrakesSelectsNone)
 {
     openClip();

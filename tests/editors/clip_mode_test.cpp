@@ -85,6 +85,18 @@ TEST_F(ClipMode, SwitchingTheModeKeepsBothLists)
     EXPECT_EQ(entries(), QStringList({u"a{}b"_s}));
 }
 
+TEST_F(ClipMode, ArrowKeysSwitchTheMode)
+{
+    open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
+    editor->Option1->setFocus();
+    QTest::keyClick(editor->Option1, Qt::Key_Right);
+    EXPECT_TRUE(editor->Frame5->isVisible());
+    EXPECT_TRUE(editor->Option2->isChecked());
+    QTest::keyClick(editor->Option2, Qt::Key_Left);
+    EXPECT_FALSE(editor->Frame5->isVisible());
+}
+
 TEST_F(ClipMode, ClickingFilesAddsThemOneAfterTheOther)
 {
     put(u"a.b.avi"_s);

@@ -202,6 +202,16 @@ TEST_F(GroupEditor, RemovesAndMovesLikeThePacketEditor)
     EXPECT_EQ(entries(), QStringList());
 }
 
+TEST_F(GroupEditor, KeysRemoveAndMoveMembers)
+{
+    openWith({u"a"_s, u"b"_s, u"c"_s});
+    clickRow(editor->List1, 2);
+    QTest::keyClick(editor->List1, Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(entries(), QStringList({u"a"_s, u"c"_s, u"b"_s}));
+    QTest::keyClick(editor->List1, Qt::Key_Delete);
+    EXPECT_EQ(entries(), QStringList({u"a"_s, u"b"_s}));
+}
+
 TEST_F(GroupEditor, LoadsMembersWithoutTheirPictures)
 {
     pickers.openAnswer =

@@ -67,6 +67,18 @@ TEST_F(SavePicker, ClickingAFileCopiesItsNameWithoutExtension)
     EXPECT_EQ(saved(), room(u"a.vxl"_s));
 }
 
+TEST_F(SavePicker, ADoubleClickTakesTheFilesNameAndIsOk)
+{
+    put(u"a.vxl"_s);
+    put(u"b.vxl"_s);
+    open();
+    clickRow(picker->File1, 1);
+    QTest::mouseDClick(picker->File1->viewport(), Qt::LeftButton, {},
+                       picker->File1->visualRect(picker->File1->currentIndex()).center());
+    EXPECT_EQ(saved(), room(u"b.vxl"_s));
+    EXPECT_FALSE(picker->isVisible());
+}
+
 TEST_F(SavePicker, AnotherFolderKeepsTheTypedName)
 {
     QDir(room()).mkdir(u"sub"_s);
