@@ -5,9 +5,12 @@
 #include "editors/responsive.h"
 
 #include <QAbstractListModel>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QStyle>
+#include <QStyledItemDelegate>
 
+#include <algorithm>
 #include <utility>
 
 namespace orvanta {
@@ -46,11 +49,27 @@ private:
     QStringList m_names;
 };
 
+/// Rows as wide as the list, whatever the names: a name that does not fit is elided.
+class FileNamePainter : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override
+    {
+        constexpr int kNarrow = 100;
+        const QSize whole = QStyledItemDelegate::sizeHint(option, index);
+        return {std::min(whole.width(), kNarrow), whole.height()};
+    }
+};
+
 FileListBox::FileListBox(QWidget* parent)
     : QListView(parent),
       m_model(new FileNamesModel(style()->standardIcon(QStyle::SP_FileIcon), this))
 {
     setModel(m_model);
+    setItemDelegate(new FileNamePainter(this));
     setUniformItemSizes(true);
     const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize);
     setIconSize({icon, icon});
@@ -94,8 +113,10 @@ QStringList FileListBox::names() const
 
 QString FileListBox::FileName() const
 {
+    // The keyboard's focus makes a row current that nobody has chosen.
     const QModelIndex index = currentIndex();
-    return index.isValid() ? m_model->names().at(index.row()) : QString();
+    const bool isChosen = index.isValid() && selectionModel()->hasSelection();
+    return isChosen ? m_model->names().at(index.row()) : QString();
 }
 
 QString FileListBox::filePath() const
@@ -138,18 +159,36 @@ void FileListBox::selectRow(int row)
     scrollTo(currentIndex());
 }
 
+/// A blank that follows a letter at once belongs to the name that is being typed.
+bool FileListBox::isTyping() const
+{
+    return m_typed.isValid() && !m_typed.hasExpired(QApplication::keyboardInputInterval());
+}
+
 bool FileListBox::clicks(const QKeyEvent& event) const
 {
     const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
     const bool isSpace = event.key() == Qt::Key_Space && event.modifiers() == Qt::NoModifier;
-    return currentIndex().isValid() && (isSpace || (isEnter && m_enterClicks));
+    return currentIndex().isValid() && ((isSpace && !isTyping()) || (isEnter && m_enterClicks));
+}
+
+void FileListBox::click()
+{
+    m_typed.invalidate();
+    if (!selectionModel()->isSelected(currentIndex())) {
+        selectRow(currentIndex().row());
+    }
+    Q_EMIT Click();
 }
 
 void FileListBox::keyPressEvent(QKeyEvent* event)
 {
     if (clicks(*event)) {
-        Q_EMIT Click();
+        click();
         return;
+    }
+    if (!event->text().isEmpty() && event->text().front().isPrint()) {
+        m_typed.start();
     }
     const QModelIndex before = currentIndex();
     QListView::keyPressEvent(event);

@@ -1,6 +1,7 @@
 // The file list of pickers and editors.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QIcon>
 #include <QListView>
 #include <QStringList>
@@ -25,9 +26,9 @@ public:
     bool setFolder(const QString& folder);
 
     [[nodiscard]] QStringList names() const;
-    /// The current file's name; empty when none is.
+    /// The current file's name; empty when none has been chosen.
     [[nodiscard]] QString FileName() const;
-    /// The current file's full path; the bare folder with its separator when no file is current.
+    /// The current file's full path; the bare folder with its separator when none has been chosen.
     [[nodiscard]] QString filePath() const;
     /// Names of the selected files in the list's order.
     [[nodiscard]] QStringList selectedNames() const;
@@ -52,12 +53,15 @@ protected:
 private:
     void list();
     void selectRow(int row);
+    [[nodiscard]] bool isTyping() const;
     [[nodiscard]] bool clicks(const QKeyEvent& event) const;
+    void click();
 
     FileNamesModel* m_model;
     QString m_pattern;
     QString m_folder;
     bool m_enterClicks = false;
+    QElapsedTimer m_typed; // since the last letter; invalid before the first
 };
 
 } // namespace orvanta

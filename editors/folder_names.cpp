@@ -7,6 +7,7 @@
 #include <QCollator>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRegularExpression>
 #include <QUrl>
 
@@ -244,9 +245,16 @@ static QString absolutePath(const QString& text, const QString& currentFolder)
     return text.startsWith(u'/') ? text : joinPath(currentFolder, text);
 }
 
+/// Blanks around a path come with pasting, unless they belong to a name that is there.
+static QString withoutWrapping(const QString& line, const QString& currentFolder)
+{
+    return QFileInfo::exists(absolutePath(line, currentFolder)) ? line
+                                                                : withoutQuotes(line.trimmed());
+}
+
 TypedPath typedPath(const QString& text, const QString& currentFolder)
 {
-    const QString typed = withoutQuotes(onOneLine(text).trimmed());
+    const QString typed = withoutWrapping(onOneLine(text), currentFolder);
     if (typed.isEmpty()) {
         return {};
     }

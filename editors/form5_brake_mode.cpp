@@ -30,6 +30,7 @@ void Form5::Form5_File2_Click()
 
 void Form5::openPreview(const QString& pathText, const QString& packetFolder)
 {
+    m_previewSeconds.reset();
     // A machine whose player library fails can still edit brakes.
     resumeNext("Form5 preview",
                [&] { ActiveMovie1->openFile(locateFile(pathText, packetFolder)); });
@@ -122,11 +123,12 @@ void Form5::Form5_Command12_Click()
 void Form5::takeBrakeTimes()
 {
     m_brakeTimes = brakeTimes(List2->list().entries);
+    markPassedBrake();
 }
 
-void Form5::markPassedBrake(double positionSeconds)
+void Form5::markPassedBrake()
 {
-    List2->setMarkedRow(brakePassed(m_brakeTimes, positionSeconds));
+    List2->setMarkedRow(m_previewSeconds ? brakePassed(m_brakeTimes, *m_previewSeconds) : -1);
 }
 
 void Form5::pausePlayer()

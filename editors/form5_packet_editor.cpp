@@ -51,8 +51,12 @@ void Form5::connectBrakeMode()
     on(File2, &FileListBox::Click, [this] { Form5_File2_Click(); });
     on(ActiveMovie1, &PreviewPane::opened,
        [this](double duration) { Form5_ActiveMovie1_OpenComplete(duration); });
+    on(ActiveMovie1, &PreviewPane::closed, [this] { Form5_ActiveMovie1_OpenComplete(0); });
     on(ActiveMovie1, &PreviewPane::durationChanged, [this](double s) { showDuration(s); });
-    on(ActiveMovie1, &PreviewPane::positionChanged, [this](double s) { markPassedBrake(s); });
+    on(ActiveMovie1, &PreviewPane::positionChanged, [this](double s) {
+        m_previewSeconds = s;
+        markPassedBrake();
+    });
     on(ActiveMovie1, &PreviewPane::runs, [this] { pausePlayer(); });
     on(Slider1, &TimeSlider::moved,
        [this](double seconds, bool held) { Form5_Slider1_Change(seconds, held); });

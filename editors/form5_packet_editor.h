@@ -111,10 +111,11 @@ private:
     void showDuration(double seconds);
     void showPosition();
     void takeBrakeTimes();
-    void markPassedBrake(double positionSeconds);
+    void markPassedBrake();
     void pausePlayer();
 
     std::vector<std::optional<double>> m_brakeTimes; // seconds, in the order of List2
+    std::optional<double> m_previewSeconds; // where the preview is; none before it has moved
     QString m_brakesFolder; // of the brake packet that was loaded last; empty before
     bool m_hasPausedPlayer = false;
 };

@@ -31,7 +31,10 @@ void Form6::connectHandlers()
     for (const LineBox* box : {Text1, Text2, Text3}) {
         on(box, &QLineEdit::textChanged, [this](auto&&...) { Form6_Text1_Change(); });
     }
-    on(Text3, &QLineEdit::textChanged, [this](auto&&...) { showPicture(); });
+    // A relative picture lies beside the packet.
+    for (const LineBox* box : {Text1, Text3}) {
+        on(box, &QLineEdit::textChanged, [this](auto&&...) { showPicture(); });
+    }
     on(Command1, &QPushButton::clicked, [this](auto&&...) { Form6_Command1_Click(); });
     on(Command3, &QPushButton::clicked, [this](auto&&...) { Form6_Command3_Click(); });
     on(Command4, &QPushButton::clicked, [this](auto&&...) { Form6_Command4_Click(); });
@@ -85,6 +88,8 @@ void Form6::Form6_Command7_Click()
     const QString picture = pickFile(u"*.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico"_s);
     if (!picture.isEmpty()) {
         Text3->show(picture);
+        // Also when the box showed it already: a member of two fields has it from now on.
+        Form6_Text1_Change();
     }
 }
 
@@ -107,7 +112,8 @@ void Form6::Form6_Command1_Click()
 
 void Form6::showPicture()
 {
-    const QString file = locateFile(Text3->text(), folderOfPath(Text1->text()));
+    const QString packet = pathFoundBeside(documentFolder(), Text1->text());
+    const QString file = locateFile(Text3->text(), folderOfPath(packet));
     Image1->setPixmap(smallPicture(file, Image1->contentsRect().size(), devicePixelRatioF()));
 }
 

@@ -105,8 +105,9 @@ void PickerWindow::connectHandlers()
     };
     on(FolderTreeview1, &FolderTree::folderChosen,
        [this](const QString& folder) { FolderTreeview1_FolderClick(folder); });
+    on(File1, &FileListBox::fileChosen, [this] { showPath(File1->folder()); });
     on(File1, &QListView::doubleClicked, [this](auto&&...) { Command1_Click(); });
-    on(Command1, &QPushButton::clicked, [this](auto&&...) { Command1_Click(); });
+    on(Command1, &QPushButton::clicked, [this](auto&&...) { pressOk(); });
     on(Command2, &QPushButton::clicked, [this](auto&&...) { Command2_Click(); });
 }
 
@@ -126,8 +127,25 @@ void PickerWindow::FolderTreeview1_FolderClick(const QString& folder)
     // A folder that has gone since leaves the list with its former one.
     if (File1->setFolder(folder)) {
         File1->selectFirst();
-        PathBox->show(folder);
+        showPath(folder);
         folderShown();
+    }
+}
+
+void PickerWindow::showPath(const QString& folder)
+{
+    PathBox->show(folder);
+    m_shownPath = PathBox->text();
+}
+
+// A path that is typed and not gone to yet is what the user means, not the folder that the list
+// still shows.
+void PickerWindow::pressOk()
+{
+    if (PathBox->text() != m_shownPath) {
+        goToTypedPath();
+    } else {
+        Command1_Click();
     }
 }
 

@@ -16,7 +16,7 @@ class FileListBox;
 class FolderTree;
 
 /// A folder tree, a file list by pattern, OK and Cancel, and a box for typed or pasted paths. Esc
-/// is Cancel, Enter and a double click are OK.
+/// is Cancel, Enter and a double click are OK; OK goes to a path that was typed, first.
 class PickerWindow : public QDialog
 {
     Q_OBJECT
@@ -62,12 +62,15 @@ private:
     void layOut();
     void applyTexts();
     void FolderTreeview1_FolderClick(const QString& folder);
+    void showPath(const QString& folder);
+    void pressOk();
     void goToTypedPath();
 
     Module1& m_module;
     HandlerBoundary m_boundary;
     WindowTexts m_texts;
     QString m_pattern;
+    QString m_shownPath; // what the path box showed before the user typed into it
     QVBoxLayout* m_lowerPart = nullptr;
 };
 

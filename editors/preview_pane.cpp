@@ -44,6 +44,7 @@ void PreviewPane::makeControl()
     m_layout->addWidget(m_surface);
     connect(m_control.get(), &MediaControl::openComplete, this,
             [this] { Q_EMIT opened(m_control->Duration()); });
+    connect(m_control.get(), &MediaControl::openFailed, this, &PreviewPane::closed);
     connect(m_control.get(), &MediaControl::durationChange, this, &PreviewPane::durationChanged);
     connect(m_control.get(), &MediaControl::position, this,
             [this] { Q_EMIT positionChanged(m_control->CurrentPosition()); });
@@ -57,6 +58,9 @@ void PreviewPane::openFile(const QString& path)
     m_rest.stop();
     m_control->setVolume(m_volume());
     m_control->setFileName(path);
+    if (path.isEmpty()) {
+        Q_EMIT closed();
+    }
 }
 
 bool PreviewPane::isOpen() const

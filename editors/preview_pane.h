@@ -39,6 +39,8 @@ public:
 
 Q_SIGNALS:
     void opened(double durationSeconds);
+    /// There is no clip: what was to be opened is not there, or cannot be played.
+    void closed();
     void durationChanged(double durationSeconds);
     void positionChanged(double seconds);
     /// The clip starts to run.

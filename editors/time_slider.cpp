@@ -92,6 +92,9 @@ void TimeSlider::keyPressEvent(QKeyEvent* event)
 
 void TimeSlider::wheelEvent(QWheelEvent* event)
 {
+    if (event->angleDelta().y() == 0) {
+        return; // sideways: a brake that is selected must not be rewritten for nothing
+    }
     constexpr double kNotch = 120; // eighths of a degree
     moveByUser(m_seconds + event->angleDelta().y() / kNotch, false);
     event->accept();

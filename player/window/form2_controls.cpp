@@ -116,15 +116,15 @@ void Form2::buildSliders()
 
 void Form2::buildMenus()
 {
-    create = new QMenu(this);
+    create = new QMenu(m_surface);
     cp = create->addAction(QString());
     cg = create->addAction(QString());
-    tools = new QMenu(this);
+    tools = new QMenu(m_surface);
     op = tools->addAction(QString());
     cdc = tools->addAction(QString());
     ai = tools->addMenu(QString());
     add = {ai->addAction(QString())};
-    help = new QMenu(this);
+    help = new QMenu(m_surface);
     doc = help->addAction(QString());
     tu = help->addAction(QString());
     ab = help->addAction(QString());

@@ -33,8 +33,9 @@ Form2::Form2(Form2Services services, QWidget* parent)
     }
     setWindowIcon(skin::applicationIcon());
     buildControls();
-    // After the controls have their names, by which the sheet finds them and their parts.
-    setStyleSheet(skin::styleSheet());
+    // After the controls have their names, by which the sheet finds them and their parts. On the
+    // surface, since the window's dialogs have controls of the same names.
+    m_surface->setStyleSheet(skin::styleSheet());
     layOut();
     new WindowFrame(this);
     connectHandlers();

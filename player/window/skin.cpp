@@ -97,8 +97,8 @@ QIcon applicationIcon()
     return icon;
 }
 
-// The selectors name the window's own controls: a sheet's general rules would reach the dialogs
-// that the window opens, and those follow the desktop.
+// For the window's surface alone. A sheet on the window would reach the dialogs that it opens, tool
+// tips and all, and those follow the desktop.
 QString styleSheet()
 {
     static const QString kSheet = uR"(

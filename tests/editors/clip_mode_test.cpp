@@ -85,6 +85,18 @@ TEST_F(ClipMode, SwitchingTheModeKeepsBothLists)
     EXPECT_EQ(entries(), QStringList({u"a{}b"_s}));
 }
 
+TEST_F(ClipMode, ArrowKeysSwitchTheMode)
+{
+    open();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
+    editor->Option1->setFocus();
+    QTest::keyClick(editor->Option1, Qt::Key_Right);
+    EXPECT_TRUE(editor->Frame5->isVisible());
+    EXPECT_TRUE(editor->Option2->isChecked());
+    QTest::keyClick(editor->Option2, Qt::Key_Left);
+    EXPECT_FALSE(editor->Frame5->isVisible());
+}
+
 TEST_F(ClipMode, ClickingFilesAddsThemOneAfterTheOther)
 {
     put(u"a.b.avi"_s);
@@ -126,6 +138,17 @@ TEST_F(ClipMode, SpaceAndEnterOnAFileAddItOnce)
     QTest::keyClick(editor->File1, Qt::Key_Return);
     EXPECT_EQ(entries().size(), 2);
     EXPECT_TRUE(editor->isVisible());
+}
+
+TEST_F(ClipMode, ABlankWithinATypedNameAddsNoFile)
+{
+    put(u"my clip.avi"_s);
+    put(u"my song.avi"_s);
+    open();
+    QTest::keyClicks(editor->File1, u"my s"_s);
+    EXPECT_EQ(entries(), QStringList());
+    QTest::keyClick(editor->File1, Qt::Key_Return);
+    EXPECT_EQ(entries(), QStringList({room(u"my song.avi"_s) + u"{}my song"_s}));
 }
 
 TEST_F(ClipMode, EditingATextRebuildsTheSelectedEntry)

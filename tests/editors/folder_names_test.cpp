@@ -126,6 +126,7 @@ TEST(TypedPath, TakesWhatPeoplePaste)
 {
     QTemporaryDir folder;
     QDir(folder.path()).mkdir(u"my clips"_s);
+    QDir(folder.path()).mkdir(u"blank at the end "_s);
     const QString clips = folder.filePath(u"my clips"_s);
     struct Row
     {
@@ -142,6 +143,7 @@ TEST(TypedPath, TakesWhatPeoplePaste)
         {u"my clips/../my clips"_s, clips, {}},
         {clips + u"/new.vxl"_s, clips, u"new.vxl"_s},
         {u"name"_s, folder.path(), u"name"_s},
+        {u"blank at the end "_s, folder.filePath(u"blank at the end "_s), {}},
         {u"~"_s, QDir::homePath(), {}},
         {u"/no/such/folder/at all"_s, {}, {}},
         {u"   "_s, {}, {}},

@@ -125,6 +125,33 @@ TEST_F(GroupEditor, AChosenPictureGoesIntoTheSelectedMemberAndIsShown)
     EXPECT_LE(editor->Image1->pixmap().width(), editor->Image1->width());
 }
 
+TEST_F(GroupEditor, APictureThatIsChosenAgainGoesIntoAMemberThatOnlyShowedIt)
+{
+    openWith({u"a{}1{}/p.bmp"_s, u"b{}2"_s});
+    clickRow(editor->List1, 0);
+    clickRow(editor->List1, 1);
+    ASSERT_EQ(editor->Text3->text(), u"/p.bmp"_s);
+    pickers.openAnswer = u"/p.bmp"_s;
+    press(editor->Command7);
+    EXPECT_EQ(entries().at(1), u"b{}1{}/p.bmp"_s);
+}
+
+TEST_F(GroupEditor, APictureBesideThePacketIsTheOneOfThisPacket)
+{
+    for (const auto& [name, colour] : {std::pair(u"red"_s, Qt::red), {u"blue"_s, Qt::blue}}) {
+        QDir(room()).mkdir(name);
+        QImage image(40, 30, QImage::Format_RGB32);
+        image.fill(colour);
+        ASSERT_TRUE(image.save(room(name + u"/p.bmp"_s)));
+    }
+    openWith({room(u"red/a.vxl"_s) + u"{}1{}p.bmp"_s, room(u"blue/b.vxl"_s) + u"{}2{}p.bmp"_s});
+    const auto shownColour = [this] { return editor->Image1->pixmap().toImage().pixelColor(5, 5); };
+    clickRow(editor->List1, 0);
+    EXPECT_EQ(shownColour(), QColor(Qt::red));
+    clickRow(editor->List1, 1);
+    EXPECT_EQ(shownColour(), QColor(Qt::blue));
+}
+
 TEST_F(GroupEditor, APictureIsToldByItsContentAndMayBeAMetafile)
 {
     QImage image(40, 30, QImage::Format_RGB32);
@@ -173,6 +200,16 @@ TEST_F(GroupEditor, RemovesAndMovesLikeThePacketEditor)
     EXPECT_EQ(entries(), QStringList({u"b"_s, u"c"_s}));
     press(editor->Command6);
     EXPECT_EQ(entries(), QStringList());
+}
+
+TEST_F(GroupEditor, KeysRemoveAndMoveMembers)
+{
+    openWith({u"a"_s, u"b"_s, u"c"_s});
+    clickRow(editor->List1, 2);
+    QTest::keyClick(editor->List1, Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(entries(), QStringList({u"a"_s, u"c"_s, u"b"_s}));
+    QTest::keyClick(editor->List1, Qt::Key_Delete);
+    EXPECT_EQ(entries(), QStringList({u"a"_s, u"b"_s}));
 }
 
 TEST_F(GroupEditor, LoadsMembersWithoutTheirPictures)

@@ -3,8 +3,8 @@
 #include "editors/form7_open_picker.h"
 #include "tests/editors/editor_room.h"
 
-#include <QElapsedTimer>
 #include <QPushButton>
+#include <QScrollBar>
 
 namespace orvanta::test {
 
@@ -140,6 +140,27 @@ TEST_F(OpenPicker, TypingGoesToAName)
     EXPECT_EQ(picker->File1->FileName(), u"gamma.vxl"_s);
 }
 
+TEST_F(OpenPicker, TypingGoesToANameWithBlanks)
+{
+    for (const QString& name : {u"my clip.vxl"_s, u"my song.vxl"_s, u"mysterious.vxl"_s}) {
+        put(name);
+    }
+    open();
+    QTest::keyClicks(picker->File1, u"my s"_s);
+    EXPECT_EQ(picker->File1->FileName(), u"my song.vxl"_s);
+}
+
+TEST_F(OpenPicker, ALongNameMakesTheListNoWider)
+{
+    put(u"a.vxl"_s);
+    put(QString(200, u'z') + u".vxl"_s);
+    open();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(picker.get()));
+    const QListView& list = *picker->File1;
+    EXPECT_EQ(list.horizontalScrollBar()->maximum(), 0);
+    EXPECT_EQ(list.visualRect(list.model()->index(1, 0)).width(), list.viewport()->width());
+}
+
 TEST_F(OpenPicker, ATypedFolderIsShownAndATypedFileIsChosen)
 {
     QDir(room()).mkdir(u"sub"_s);
@@ -153,6 +174,37 @@ TEST_F(OpenPicker, ATypedFolderIsShownAndATypedFileIsChosen)
     typeOver(picker->PathBox, room(u"sub/b.vxl"_s));
     QTest::keyClick(picker->PathBox, Qt::Key_Return);
     EXPECT_EQ(picked(), QStringList({QString(), room(u"sub/b.vxl"_s)}));
+}
+
+TEST_F(OpenPicker, OkGoesToAPathThatWasTypedInsteadOfTakingAFileOfTheFolderBefore)
+{
+    put(u"a.vxl"_s);
+    QDir(room()).mkdir(u"sub"_s);
+    put(u"sub/b.vxl"_s);
+    module.picker.PickedFiles = {QString()};
+    open();
+    typeOver(picker->PathBox, u"/no/such/folder"_s);
+    press(picker->Command1);
+    EXPECT_TRUE(picker->isVisible());
+    EXPECT_EQ(picked(), QStringList({QString()}));
+    typeOver(picker->PathBox, room(u"sub"_s));
+    press(picker->Command1);
+    EXPECT_TRUE(picker->isVisible());
+    EXPECT_EQ(picker->File1->folder(), room(u"sub"_s));
+    press(picker->Command1);
+    EXPECT_EQ(picked(), QStringList({QString(), room(u"sub/b.vxl"_s)}));
+}
+
+TEST_F(OpenPicker, AFileThatIsClickedCountsMoreThanAPathTypedBefore)
+{
+    put(u"a.vxl"_s);
+    put(u"b.vxl"_s);
+    open();
+    typeOver(picker->PathBox, u"/no/such/folder"_s);
+    clickRow(picker->File1, 1);
+    EXPECT_EQ(picker->PathBox->text(), room());
+    press(picker->Command1);
+    EXPECT_EQ(picked(), QStringList({QString(), room(u"b.vxl"_s)}));
 }
 
 TEST_F(OpenPicker, ATypedPathThatIsNotThereChangesNothing)

@@ -67,6 +67,18 @@ TEST_F(SavePicker, ClickingAFileCopiesItsNameWithoutExtension)
     EXPECT_EQ(saved(), room(u"a.vxl"_s));
 }
 
+TEST_F(SavePicker, ADoubleClickTakesTheFilesNameAndIsOk)
+{
+    put(u"a.vxl"_s);
+    put(u"b.vxl"_s);
+    open();
+    clickRow(picker->File1, 1);
+    QTest::mouseDClick(picker->File1->viewport(), Qt::LeftButton, {},
+                       picker->File1->visualRect(picker->File1->currentIndex()).center());
+    EXPECT_EQ(saved(), room(u"b.vxl"_s));
+    EXPECT_FALSE(picker->isVisible());
+}
+
 TEST_F(SavePicker, AnotherFolderKeepsTheTypedName)
 {
     QDir(room()).mkdir(u"sub"_s);
@@ -108,6 +120,21 @@ TEST_F(SavePicker, AQuietLineSaysThatAFileWillBeReplaced)
     EXPECT_EQ(picker->Label1->text(), u"This file exists and will be replaced."_s);
     typeOver(picker->Text1, u"new"_s);
     EXPECT_EQ(picker->Label1->text(), QString());
+}
+
+TEST_F(SavePicker, OkWithAPathTypedGoesThereFirstAndKeepsTheName)
+{
+    QDir(room()).mkdir(u"sub"_s);
+    put(u"sub/mine.vxl"_s);
+    open();
+    typeOver(picker->PathBox, room(u"sub"_s));
+    typeOver(picker->Text1, u"mine"_s);
+    pressOk();
+    EXPECT_TRUE(picker->isVisible());
+    EXPECT_EQ(saved(), QString());
+    EXPECT_EQ(picker->Label1->text(), u"This file exists and will be replaced."_s);
+    pressOk();
+    EXPECT_EQ(saved(), room(u"sub/mine.vxl"_s));
 }
 
 TEST_F(SavePicker, APastedPathSetsFolderAndName)

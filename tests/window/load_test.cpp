@@ -2,6 +2,10 @@
 
 #include "tests/window/window_fixture.h"
 
+#include <QDialog>
+#include <QImage>
+#include <QListWidget>
+
 namespace orvanta::test {
 
 using MainWindowLoad = Form2Test;
@@ -95,6 +99,41 @@ TEST_F(MainWindowLoad, TheFileListListsFilesOfTheRegisteredTypes)
     home.write(u"c.txt"_s, "text");
     window->File1->setFolder(home.path());
     EXPECT_EQ(window->File1->files(), (QStringList{home.file(u"a.avi"_s), home.file(u"b.MP3"_s)}));
+}
+
+/// A dialog whose controls bear names that the main window's bear, too.
+class PlainDialog : public QDialog
+{
+public:
+    explicit PlainDialog(QWidget* parent)
+        : QDialog(parent)
+    {
+        auto* box = new QLineEdit(this);
+        box->setObjectName(u"Text1"_s);
+        auto* list = new QListWidget(this);
+        list->setObjectName(u"List1"_s);
+        list->setGeometry(0, 40, 100, 60);
+    }
+
+    QImage picture()
+    {
+        show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(this));
+        setFocus();
+        return grab().toImage();
+    }
+};
+
+TEST_F(MainWindowLoad, TheSkinStaysOffTheDialogsOverTheWindow)
+{
+    show();
+    PlainDialog over(window.get());
+    PlainDialog alone(nullptr);
+    EXPECT_EQ(over.picture(), alone.picture());
+    EXPECT_FALSE(window->styleSheet().contains(u"QToolTip"_s));
+    // While the window's own boxes wear it.
+    const QImage box = window->Text1->grab().toImage();
+    EXPECT_EQ(box.pixelColor(box.width() - 20, box.height() / 2), skin::kRaised);
 }
 
 } // namespace orvanta::test
