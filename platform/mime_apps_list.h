@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QString>
 
+#include <optional>
+
 namespace orvanta {
 
 inline constexpr char kDefaultApplications[] = "Default Applications";
@@ -17,7 +19,8 @@ inline constexpr char kAddedAssociations[] = "Added Associations";
 class MimeAppsList
 {
 public:
-    /// Missing files are empty lists.
+    /// Missing files are empty lists. One that is there and cannot be read is never written: nobody
+    /// knows what other programs have in it.
     explicit MimeAppsList(QString file);
 
     [[nodiscard]] const QString& file() const { return m_file; }
@@ -31,10 +34,11 @@ public:
     /// Takes the program out again; what putFirst did is undone byte for byte.
     void takeOut(const QByteArray& section, const QByteArray& type, const QByteArray& program);
 
-    /// Writes the file when something changed.
+    /// Writes the file when something changed. New lines end as the first one does.
     void save();
 
 private:
+    MimeAppsList(QString file, const std::optional<QByteArray>& content);
     [[nodiscard]] QList<qsizetype> linesOf(const QByteArray& section, const QByteArray& type) const;
     void buildIndex();
     [[nodiscard]] QByteArray content() const;
@@ -45,6 +49,8 @@ private:
     qsizetype m_newFrom = 0;               // the first new one
     QHash<qsizetype, QByteArray> m_places; // section of each new line
     QHash<QByteArray, QList<qsizetype>> m_index; // section and type -> lines
+    QByteArray m_lineEnd;
+    bool m_isReadable = true;
     bool m_isChanged = false;
 };
 
