@@ -129,6 +129,14 @@ QByteArray DefaultApplications::firstAssociated(const QByteArray& type,
     return {};
 }
 
+/// Older programs wrote the user's choices beside the user's desktop entries.
+static bool isUsersList(const MimeAppsList& list)
+{
+    const QString folder = QFileInfo(list.file()).path();
+    return folder == DesktopFolders::configHome() ||
+           folder == DesktopFolders::dataHome() + u"/applications"_s;
+}
+
 /// The user's plain list, and any other list of the user's that already says something about the
 /// type and would be asked first.
 bool DefaultApplications::isOwnListFor(const MimeAppsList& list, const QByteArray& type) const
@@ -155,7 +163,7 @@ void DefaultApplications::release(const QByteArray& type)
     load();
     const QString home = DesktopFolders::configHome();
     for (MimeAppsList& list : m_lists) {
-        if (QFileInfo(list.file()).path() == home) {
+        if (isUsersList(list)) {
             list.takeOut(kDefaultApplications, type, kOwnDesktopEntry);
         }
     }

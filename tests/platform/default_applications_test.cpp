@@ -50,6 +50,26 @@ TEST_F(DefaultApplicationsTest, TheUsersListGoesBeforeTheSystems)
     EXPECT_EQ(found(), "one.desktop");
 }
 
+TEST_F(DefaultApplicationsTest, AColonInTheNameOfTheUsersFolderIsALetter)
+{
+    putDefault(u"a:b/mimeapps.list", "one.desktop");
+    room.set("XDG_CONFIG_HOME", room.path(u"a:b"));
+    EXPECT_EQ(found(), "one.desktop");
+    room.set("XDG_CONFIG_HOME", {});
+    room.set("HOME", room.path(u"c:d"));
+    putDefault(u"c:d/.config/mimeapps.list", "two.desktop");
+    EXPECT_EQ(found(), "two.desktop");
+}
+
+TEST_F(DefaultApplicationsTest, ARelativeUsersFolderCountsAsNone)
+{
+    putDefault(u"home/.config/mimeapps.list", "one.desktop");
+    for (const QString& folder : {u"config"_s, u"."_s, u"a:/b"_s}) {
+        room.set("XDG_CONFIG_HOME", folder);
+        EXPECT_EQ(found(), "one.desktop") << qPrintable(folder);
+    }
+}
+
 TEST_F(DefaultApplicationsTest, TheRunningDesktopsListGoesBeforeThePlainOne)
 {
     putDefault(u"config/mimeapps.list", "one.desktop");

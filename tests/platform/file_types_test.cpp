@@ -217,6 +217,17 @@ TEST_F(FileTypes, AUsersChoiceForUsInTheDesktopsSettingsCounts)
     EXPECT_EQ(defaults(), "[Default Applications]\n");
 }
 
+TEST_F(FileTypes, AnOlderChoiceForUsBesideTheUsersEntriesIsTakenOutToo)
+{
+    room.install(u"orvanta.desktop"_s);
+    room.write(u"data/applications/mimeapps.list",
+               "[Default Applications]\nvideo/x-msvideo=orvanta.desktop;player.desktop\n");
+    EXPECT_EQ(owner(u"avi"_s), u"vxavifile");
+    setOwner(u"avi"_s, {});
+    EXPECT_EQ(owner(u"avi"_s), u"player.desktop");
+    EXPECT_EQ(defaults(), QByteArray());
+}
+
 TEST_F(FileTypes, AnInstalledProgramThatOpensATypeByItselfCanBeTakenOut)
 {
     room.install(u"orvanta.desktop"_s);
