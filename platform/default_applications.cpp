@@ -101,10 +101,14 @@ QByteArray DefaultApplications::defaultOf(const QByteArray& type)
         if (!program.isEmpty()) {
             return program;
         }
-        added += list.programs(kAddedAssociations, type);
+        // Nothing that the same list or a better one adds can be removed any more.
+        for (const QByteArray& choice : list.programs(kAddedAssociations, type)) {
+            if (!removed.contains(choice)) {
+                added.append(choice);
+            }
+        }
         removed += list.programs(kRemovedAssociations, type);
     }
-    added.removeIf([&](const QByteArray& program) { return removed.contains(program); });
     const QByteArray program = firstInstalled(added);
     return program.isEmpty() ? firstAssociated(type, removed) : program;
 }
@@ -158,20 +162,28 @@ void DefaultApplications::claim(const QByteArray& type)
     }
 }
 
+void DefaultApplications::takeOutOfUsersLists(const QByteArray& section, const QByteArray& type)
+{
+    for (MimeAppsList& list : m_lists) {
+        if (isUsersList(list)) {
+            list.takeOut(section, type, kOwnDesktopEntry);
+        }
+    }
+}
+
+/// Step by step, so that no more is changed than is needed: the choice as the default, the choice
+/// as one of several ("Open with"), and last what the installed entry says of itself.
 void DefaultApplications::release(const QByteArray& type)
 {
     load();
-    const QString home = DesktopFolders::configHome();
-    for (MimeAppsList& list : m_lists) {
-        if (isUsersList(list)) {
-            list.takeOut(kDefaultApplications, type, kOwnDesktopEntry);
+    for (const char* section : {kDefaultApplications, kAddedAssociations}) {
+        takeOutOfUsersLists(section, type);
+        if (defaultOf(type) != kOwnDesktopEntry) {
+            return;
         }
     }
-    if (defaultOf(type) != kOwnDesktopEntry) {
-        return;
-    }
     for (MimeAppsList& list : m_lists) {
-        if (list.file() == home + u"/mimeapps.list"_s) {
+        if (list.file() == DesktopFolders::configHome() + u"/mimeapps.list"_s) {
             list.putFirst(kRemovedAssociations, type, kOwnDesktopEntry);
         }
     }

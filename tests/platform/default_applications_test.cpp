@@ -106,6 +106,17 @@ TEST_F(DefaultApplicationsTest, WithoutADefaultTheFirstThatSaysSoOpensIt)
     EXPECT_EQ(found(), "three.desktop");
 }
 
+TEST_F(DefaultApplicationsTest, WhatAListAddsItDoesNotRemoveItself)
+{
+    room.write(u"config/mimeapps.list", "[Added Associations]\nvideo/x-msvideo=two.desktop;\n"
+                                        "[Removed Associations]\nvideo/x-msvideo=two.desktop;\n");
+    EXPECT_EQ(found(), "two.desktop");
+    room.write(u"config/mimeapps.list", "[Removed Associations]\nvideo/x-msvideo=two.desktop;\n");
+    room.write(u"system-config/mimeapps.list",
+               "[Added Associations]\nvideo/x-msvideo=two.desktop;one.desktop\n");
+    EXPECT_EQ(found(), "one.desktop");
+}
+
 TEST(MimeGlobsTest, KnowsTypesByExtensionWithoutCase)
 {
     const DesktopRoom room;
