@@ -121,12 +121,13 @@ bool MimeAppsList::has(const QByteArray& section, const QByteArray& type) const
 void MimeAppsList::putFirst(const QByteArray& section, const QByteArray& type,
                             const QByteArray& program)
 {
+    const Change change = {&MimeAppsList::putFirst, section, type, program};
     const QList<qsizetype> lines = linesOf(section, type);
     if (lines.isEmpty()) {
         m_index[indexKey(section, type)] = {m_lines.size()};
         m_places.insert(m_lines.size(), section);
         m_lines.append(type + '=' + program + m_lineEnd);
-        m_isChanged = true;
+        m_changes.push_back(change);
     }
     // A doubled key: readers differ in which of the lines they take.
     for (const qsizetype i : lines) {
@@ -135,7 +136,7 @@ void MimeAppsList::putFirst(const QByteArray& section, const QByteArray& type,
             const qsizetype start = valueStart(m_lines[i]);
             m_lines[i] = rest.isEmpty() ? m_lines[i].left(start) + program + m_lineEnd
                                         : QByteArray(rest).insert(start, program + ';');
-            m_isChanged = true;
+            m_changes.push_back(change);
         }
     }
 }
@@ -148,7 +149,7 @@ void MimeAppsList::takeOut(const QByteArray& section, const QByteArray& type,
             continue;
         }
         m_lines[i] = lineWithout(m_lines[i], program);
-        m_isChanged = true;
+        m_changes.push_back({&MimeAppsList::takeOut, section, type, program});
         if (m_lines[i].isEmpty()) { // the line is gone
             QList<qsizetype>& lines = m_index[indexKey(section, type)];
             lines.removeAll(i);
@@ -210,9 +211,16 @@ QByteArray MimeAppsList::content() const
 
 void MimeAppsList::save()
 {
-    if (m_isChanged && !m_isReadable) {
+    if (m_changes.empty()) {
+        return;
+    }
+    MimeAppsList now(m_file);
+    for (const Change& change : m_changes) {
+        (now.*change.call)(change.section, change.type, change.program);
+    }
+    if (!now.m_isReadable) {
         qCInfo(logDesktop, "%ls cannot be read and stays as it is", qUtf16Printable(m_file));
-    } else if (m_isChanged && replaceFile(m_file, content())) {
+    } else if (now.m_changes.empty() || replaceFile(m_file, now.content())) {
         *this = MimeAppsList(m_file);
     }
 }

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 namespace orvanta {
 
@@ -34,10 +35,20 @@ public:
     /// Takes the program out again; what putFirst did is undone byte for byte.
     void takeOut(const QByteArray& section, const QByteArray& type, const QByteArray& program);
 
-    /// Writes the file when something changed. New lines end as the first one does.
+    /// Writes the file when something changed. What other programs have written into it since it
+    /// was read stays. New lines end as the first one does.
     void save();
 
 private:
+    /// One call that changed something.
+    struct Change
+    {
+        void (MimeAppsList::*call)(const QByteArray&, const QByteArray&, const QByteArray&);
+        QByteArray section;
+        QByteArray type;
+        QByteArray program;
+    };
+
     MimeAppsList(QString file, const std::optional<QByteArray>& content);
     [[nodiscard]] QList<qsizetype> linesOf(const QByteArray& section, const QByteArray& type) const;
     void buildIndex();
@@ -51,7 +62,7 @@ private:
     QHash<QByteArray, QList<qsizetype>> m_index; // section and type -> lines
     QByteArray m_lineEnd;
     bool m_isReadable = true;
-    bool m_isChanged = false;
+    std::vector<Change> m_changes;
 };
 
 } // namespace orvanta

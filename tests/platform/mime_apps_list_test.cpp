@@ -109,6 +109,19 @@ TEST_F(MimeAppsListTest, AFileThatNeedsNoChangeIsNotWritten)
     EXPECT_EQ(QFileInfo(room.path(u"list")).lastModified(), before);
 }
 
+TEST_F(MimeAppsListTest, WhatOthersWriteBetweenReadingAndWritingStays)
+{
+    room.write(u"list", "[Default Applications]\nvideo/x-msvideo=a.desktop\nd/e=mine.desktop\n");
+    MimeAppsList changed = list();
+    changed.putFirst(kDefaultApplications, kAvi, kMine);
+    changed.takeOut(kDefaultApplications, "d/e", kMine);
+    room.write(u"list", "[Default Applications]\nvideo/x-msvideo=b.desktop\nf/g=c.desktop\n");
+    changed.save();
+    EXPECT_EQ(room.bytes(u"list"),
+              "[Default Applications]\nvideo/x-msvideo=mine.desktop;b.desktop\nf/g=c.desktop\n");
+    EXPECT_EQ(changed.programs(kDefaultApplications, "f/g"), QByteArrayList{"c.desktop"});
+}
+
 TEST_F(MimeAppsListTest, NewLinesEndAsThoseOfTheFileDo)
 {
     EXPECT_EQ(afterPutting("[Added Associations]\r\nd/e=f"),
