@@ -68,7 +68,7 @@ static QByteArray indexKey(const QByteArray& section, const QByteArray& type)
     return section + '\n' + type;
 }
 
-MimeAppsList::MimeAppsList(QString file)
+MimeAppsList::MimeAppsList(const QString& file)
     : MimeAppsList(file, readWhole(file))
 {}
 

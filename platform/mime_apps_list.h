@@ -22,7 +22,7 @@ class MimeAppsList
 public:
     /// Missing files are empty lists. One that is there and cannot be read is never written: nobody
     /// knows what other programs have in it.
-    explicit MimeAppsList(QString file);
+    explicit MimeAppsList(const QString& file);
 
     [[nodiscard]] const QString& file() const { return m_file; }
     /// Programs of a type, best first.
