@@ -101,10 +101,14 @@ QByteArray DefaultApplications::defaultOf(const QByteArray& type)
         if (!program.isEmpty()) {
             return program;
         }
-        added += list.programs(kAddedAssociations, type);
+        // Nothing that the same list or a better one adds can be removed any more.
+        for (const QByteArray& choice : list.programs(kAddedAssociations, type)) {
+            if (!removed.contains(choice)) {
+                added.append(choice);
+            }
+        }
         removed += list.programs(kRemovedAssociations, type);
     }
-    added.removeIf([&](const QByteArray& program) { return removed.contains(program); });
     const QByteArray program = firstInstalled(added);
     return program.isEmpty() ? firstAssociated(type, removed) : program;
 }
@@ -129,6 +133,14 @@ QByteArray DefaultApplications::firstAssociated(const QByteArray& type,
     return {};
 }
 
+/// Older programs wrote the user's choices beside the user's desktop entries.
+static bool isUsersList(const MimeAppsList& list)
+{
+    const QString folder = QFileInfo(list.file()).path();
+    return folder == DesktopFolders::configHome() ||
+           folder == DesktopFolders::dataHome() + u"/applications"_s;
+}
+
 /// The user's plain list, and any other list of the user's that already says something about the
 /// type and would be asked first.
 bool DefaultApplications::isOwnListFor(const MimeAppsList& list, const QByteArray& type) const
@@ -150,20 +162,28 @@ void DefaultApplications::claim(const QByteArray& type)
     }
 }
 
+void DefaultApplications::takeOutOfUsersLists(const QByteArray& section, const QByteArray& type)
+{
+    for (MimeAppsList& list : m_lists) {
+        if (isUsersList(list)) {
+            list.takeOut(section, type, kOwnDesktopEntry);
+        }
+    }
+}
+
+/// Step by step, so that no more is changed than is needed: the choice as the default, the choice
+/// as one of several ("Open with"), and last what the installed entry says of itself.
 void DefaultApplications::release(const QByteArray& type)
 {
     load();
-    const QString home = DesktopFolders::configHome();
-    for (MimeAppsList& list : m_lists) {
-        if (QFileInfo(list.file()).path() == home) {
-            list.takeOut(kDefaultApplications, type, kOwnDesktopEntry);
+    for (const char* section : {kDefaultApplications, kAddedAssociations}) {
+        takeOutOfUsersLists(section, type);
+        if (defaultOf(type) != kOwnDesktopEntry) {
+            return;
         }
     }
-    if (defaultOf(type) != kOwnDesktopEntry) {
-        return;
-    }
     for (MimeAppsList& list : m_lists) {
-        if (list.file() == home + u"/mimeapps.list"_s) {
+        if (list.file() == DesktopFolders::configHome() + u"/mimeapps.list"_s) {
             list.putFirst(kRemovedAssociations, type, kOwnDesktopEntry);
         }
     }

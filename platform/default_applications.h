@@ -45,6 +45,7 @@ private:
     [[nodiscard]] bool isInstalled(const QByteArray& program);
     [[nodiscard]] QByteArray firstInstalled(const QByteArrayList& programs);
     [[nodiscard]] QByteArray firstAssociated(const QByteArray& type, const QByteArrayList& removed);
+    void takeOutOfUsersLists(const QByteArray& section, const QByteArray& type);
     [[nodiscard]] bool isOwnListFor(const MimeAppsList& list, const QByteArray& type) const;
 
     bool m_isLoaded = false;

@@ -11,15 +11,28 @@
 #include <cstring>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace orvanta {
 
-QByteArray contentOf(const QString& file)
+std::optional<QByteArray> readWhole(const QString& file)
 {
+    const QFileInfo info(file);
+    if (!info.exists()) {
+        return QByteArray();
+    }
     QFile source(file);
     // Only regular files: a pipe would never come to its end.
-    const bool isReadable = QFileInfo(file).isFile() && source.open(QIODevice::ReadOnly);
-    return isReadable ? source.readAll() : QByteArray();
+    if (!info.isFile() || !source.open(QIODevice::ReadOnly)) {
+        return std::nullopt;
+    }
+    QByteArray content = source.readAll();
+    return source.error() == QFile::NoError ? std::optional(std::move(content)) : std::nullopt;
+}
+
+QByteArray contentOf(const QString& file)
+{
+    return readWhole(file).value_or(QByteArray());
 }
 
 static bool isThere(const QString& file, const QByteArray& content, FileMode mode)

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 namespace orvanta {
 
 enum class FileMode
@@ -12,7 +14,11 @@ enum class FileMode
     Executable, // scripts
 };
 
-/// The whole content; empty when there is no such file or it cannot be read.
+/// The whole content; empty when there is no such file; nothing when there is one that cannot be
+/// read, which nobody may then replace as if it had been empty.
+[[nodiscard]] std::optional<QByteArray> readWhole(const QString& file);
+
+/// The same where an unreadable file is as good as none.
 [[nodiscard]] QByteArray contentOf(const QString& file);
 
 /// Whether the file now has this content. Creates missing folders; one that already has the

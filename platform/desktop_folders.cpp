@@ -23,9 +23,12 @@ static QStringList listed(const char* variable, const QString& defaultList)
     return folders;
 }
 
+/// One folder, whatever characters its name has. A relative path counts as none.
 static QString userFolder(const char* variable, const QString& belowHome)
 {
-    return listed(variable, QDir::homePath() + u'/' + belowHome).constFirst();
+    const QString folder = qEnvironmentVariable(variable);
+    const bool isAbsolute = QDir::isAbsolutePath(folder);
+    return QDir::cleanPath(isAbsolute ? folder : QDir::home().absoluteFilePath(belowHome));
 }
 
 QString DesktopFolders::configHome()

@@ -1,5 +1,6 @@
 #include "platform/mime_apps_list.h"
 
+#include "core/log.h"
 #include "platform/desktop_files.h"
 
 #include <utility>
@@ -67,10 +68,16 @@ static QByteArray indexKey(const QByteArray& section, const QByteArray& type)
     return section + '\n' + type;
 }
 
-MimeAppsList::MimeAppsList(QString file)
+MimeAppsList::MimeAppsList(const QString& file)
+    : MimeAppsList(file, readWhole(file))
+{}
+
+MimeAppsList::MimeAppsList(QString file, const std::optional<QByteArray>& content)
     : m_file(std::move(file)),
-      m_lines(splitIntoLines(contentOf(m_file))),
-      m_newFrom(m_lines.size())
+      m_lines(splitIntoLines(content.value_or(QByteArray()))),
+      m_newFrom(m_lines.size()),
+      m_lineEnd(m_lines.value(0).endsWith("\r\n") ? "\r\n" : "\n"),
+      m_isReadable(content.has_value())
 {
     buildIndex();
 }
@@ -114,21 +121,22 @@ bool MimeAppsList::has(const QByteArray& section, const QByteArray& type) const
 void MimeAppsList::putFirst(const QByteArray& section, const QByteArray& type,
                             const QByteArray& program)
 {
+    const Change change = {&MimeAppsList::putFirst, section, type, program};
     const QList<qsizetype> lines = linesOf(section, type);
     if (lines.isEmpty()) {
         m_index[indexKey(section, type)] = {m_lines.size()};
         m_places.insert(m_lines.size(), section);
-        m_lines.append(type + '=' + program + '\n');
-        m_isChanged = true;
+        m_lines.append(type + '=' + program + m_lineEnd);
+        m_changes.push_back(change);
     }
     // A doubled key: readers differ in which of the lines they take.
     for (const qsizetype i : lines) {
         if (programsOfLine(m_lines[i]).value(0) != program) {
             const QByteArray rest = lineWithout(m_lines[i], program);
             const qsizetype start = valueStart(m_lines[i]);
-            m_lines[i] = rest.isEmpty() ? m_lines[i].left(start) + program + '\n'
+            m_lines[i] = rest.isEmpty() ? m_lines[i].left(start) + program + m_lineEnd
                                         : QByteArray(rest).insert(start, program + ';');
-            m_isChanged = true;
+            m_changes.push_back(change);
         }
     }
 }
@@ -141,7 +149,7 @@ void MimeAppsList::takeOut(const QByteArray& section, const QByteArray& type,
             continue;
         }
         m_lines[i] = lineWithout(m_lines[i], program);
-        m_isChanged = true;
+        m_changes.push_back({&MimeAppsList::takeOut, section, type, program});
         if (m_lines[i].isEmpty()) { // the line is gone
             QList<qsizetype>& lines = m_index[indexKey(section, type)];
             lines.removeAll(i);
@@ -184,7 +192,7 @@ QByteArray MimeAppsList::content() const
     QByteArrayList lines = m_lines.mid(0, m_newFrom);
     lines.removeAll(QByteArray()); // those that were taken out
     if (!lines.isEmpty() && !lines.constLast().endsWith('\n') && m_lines.size() > m_newFrom) {
-        lines.last().append('\n');
+        lines.last().append(m_lineEnd);
     }
     for (const char* section : {kDefaultApplications, kRemovedAssociations}) {
         const QByteArray added = newLinesOf(section);
@@ -193,7 +201,7 @@ QByteArray MimeAppsList::content() const
         }
         qsizetype end = endOfSection(lines, section);
         if (end == 0) {
-            lines.append('[' + QByteArray(section) + "]\n");
+            lines.append('[' + QByteArray(section) + ']' + m_lineEnd);
             end = lines.size();
         }
         lines.insert(end, added);
@@ -203,7 +211,16 @@ QByteArray MimeAppsList::content() const
 
 void MimeAppsList::save()
 {
-    if (m_isChanged && replaceFile(m_file, content())) {
+    if (m_changes.empty()) {
+        return;
+    }
+    MimeAppsList now(m_file);
+    for (const Change& change : m_changes) {
+        (now.*change.call)(change.section, change.type, change.program);
+    }
+    if (!now.m_isReadable) {
+        qCInfo(logDesktop, "%ls cannot be read and stays as it is", qUtf16Printable(m_file));
+    } else if (now.m_changes.empty() || replaceFile(m_file, now.content())) {
         *this = MimeAppsList(m_file);
     }
 }

@@ -6,6 +6,9 @@
 #include <QHash>
 #include <QString>
 
+#include <optional>
+#include <vector>
+
 namespace orvanta {
 
 inline constexpr char kDefaultApplications[] = "Default Applications";
@@ -17,8 +20,9 @@ inline constexpr char kAddedAssociations[] = "Added Associations";
 class MimeAppsList
 {
 public:
-    /// Missing files are empty lists.
-    explicit MimeAppsList(QString file);
+    /// Missing files are empty lists. One that is there and cannot be read is never written: nobody
+    /// knows what other programs have in it.
+    explicit MimeAppsList(const QString& file);
 
     [[nodiscard]] const QString& file() const { return m_file; }
     /// Programs of a type, best first.
@@ -31,10 +35,21 @@ public:
     /// Takes the program out again; what putFirst did is undone byte for byte.
     void takeOut(const QByteArray& section, const QByteArray& type, const QByteArray& program);
 
-    /// Writes the file when something changed.
+    /// Writes the file when something changed. What other programs have written into it since it
+    /// was read stays. New lines end as the first one does.
     void save();
 
 private:
+    /// One call that changed something.
+    struct Change
+    {
+        void (MimeAppsList::*call)(const QByteArray&, const QByteArray&, const QByteArray&);
+        QByteArray section;
+        QByteArray type;
+        QByteArray program;
+    };
+
+    MimeAppsList(QString file, const std::optional<QByteArray>& content);
     [[nodiscard]] QList<qsizetype> linesOf(const QByteArray& section, const QByteArray& type) const;
     void buildIndex();
     [[nodiscard]] QByteArray content() const;
@@ -45,7 +60,9 @@ private:
     qsizetype m_newFrom = 0;               // the first new one
     QHash<qsizetype, QByteArray> m_places; // section of each new line
     QHash<QByteArray, QList<qsizetype>> m_index; // section and type -> lines
-    bool m_isChanged = false;
+    QByteArray m_lineEnd;
+    bool m_isReadable = true;
+    std::vector<Change> m_changes;
 };
 
 } // namespace orvanta

@@ -24,14 +24,19 @@ Form3::Form3(const QString& title, QWidget* parent)
 {
     setObjectName(u"Form3"_s);
     Image1->setObjectName(u"Image1"_s);
-    Image1->setAccessibleName(title);
-    setWindowTitle(title);
+    setTitle(title);
     auto* only = new QVBoxLayout(this);
     only->setContentsMargins(0, 0, 0, 0);
     only->addWidget(Image1, 0, Qt::AlignCenter);
     connect(Image1, &DrawnPicture::clicked, this, &Form3::Form3_Image1_Click);
     connect(new QShortcut(QKeySequence::Cancel, this), &QShortcut::activated, this,
             &QWidget::close);
+}
+
+void Form3::setTitle(const QString& title)
+{
+    Image1->setAccessibleName(title);
+    setWindowTitle(title);
 }
 
 void Form3::showPicture(const QString& drawing)

@@ -17,6 +17,8 @@ public:
     /// title: of the window, since a picture alone says nothing in a list of windows.
     explicit Form3(const QString& title, QWidget* parent = nullptr);
 
+    void setTitle(const QString& title);
+
     DrawnPicture* Image1; // the picture; a click on it closes the window
 
     /// Shows a drawing in its own size, framed by 100 twips in all. An open window takes the new

@@ -19,6 +19,7 @@
 #include <QWindow>
 
 #include <array>
+#include <optional>
 #include <vector>
 
 namespace orvanta {
@@ -206,7 +207,8 @@ static void copyIcon(const QString& source, const QString& target)
     if (!FileExists(source)) {
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
-    if (!replaceFile(target, contentOf(source))) {
+    const std::optional<QByteArray> icon = readWhole(source);
+    if (!icon || !replaceFile(target, *icon)) {
         throw RuntimeError(ErrorNumber::PathFileAccessError);
     }
 }

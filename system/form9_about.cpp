@@ -188,6 +188,7 @@ void Form9::Form9_Image1_Click()
     if (!m_pictureWindow) {
         m_pictureWindow = std::make_unique<Form3>(windowTitle());
     }
+    m_pictureWindow->setTitle(windowTitle()); // perhaps in another language by now
     m_pictureWindow->showPicture(Image1->drawing());
 }
 

@@ -164,6 +164,27 @@ TEST_F(Registration, ASelectedTypeIsOpenedByTheRunningProgramAndGoesBackToItsEar
     EXPECT_EQ(readFile(u".config/mimeapps.list"_s), kOthers);
 }
 
+TEST_F(Registration, ATypeThatWasChosenForUsInTheFileManagerGoesBackToo)
+{
+    writeFile(u".local/share/applications/player.desktop"_s,
+              "[Desktop Entry]\nType=Application\nName=Player\nExec=true %F\n"
+              "MimeType=video/x-msvideo;\n");
+    writeFile(u".config/mimeapps.list"_s, {});
+    tool(u"update-desktop-database"_s, {userFile(u".local/share/applications"_s)});
+    ASSERT_TRUE(program.startAndShow());
+    ASSERT_TRUE(changeType(u"avi"_s));
+    // As file managers write it for "Open with".
+    writeFile(u".config/mimeapps.list"_s,
+              readFile(u".config/mimeapps.list"_s) +
+                  "[Added Associations]\nvideo/x-msvideo=orvanta.desktop;\n");
+    ASSERT_TRUE(gioNames(kAvi, "orvanta.desktop"));
+    ASSERT_TRUE(changeType(u"avi"_s));
+    // What the entry itself says is refreshed in the background.
+    EXPECT_TRUE(waitFor([this] { return gioNames(kAvi, "player.desktop"); }))
+        << readFile(u".config/mimeapps.list"_s).constData();
+    EXPECT_EQ(defaultOf(kAvi), "player.desktop");
+}
+
 TEST_F(Registration, GioOpensASelectedTypeInTheRunningProgram)
 {
     ASSERT_TRUE(program.startAndShow());

@@ -1,6 +1,7 @@
 // Starting and ending the program.
 
 #include "tests/e2e/support/end_to_end.h"
+#include "tests/support/probe.h"
 
 #include <csignal>
 
@@ -149,6 +150,23 @@ TEST_F(Start, AnEndSignalEndsAProgramThatOnlyTheLastWindowCloseWouldHide)
     program.sendSignal(SIGTERM);
     ASSERT_TRUE(program.waitForEnd());
     EXPECT_EQ(program.exitStatus(), 0);
+}
+
+TEST_F(Start, WithoutAPlayerLibraryTheProgramEndsWithARunTimeErrorReport)
+{
+    QProcessEnvironment variables;
+    preloadUnusablePlayer(variables, u"none"_s);
+    for (const QString& name : variables.keys()) {
+        program.setVariable(name, variables.value(name));
+    }
+    program.start({media(u"short.wav"_s)});
+    ASSERT_TRUE(program.next(u"^Run-time error '53': File not found$"_s));
+    ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"Orvanta"_s) == 1; }));
+    EXPECT_EQ(desktop.visibleWindows(u"!Orvanta!"_s), 0) << "the splash stands in the way";
+    window().press(u"OK"_s);
+    ASSERT_TRUE(program.waitForEnd());
+    EXPECT_EQ(program.exitStatus(), 1);
+    EXPECT_EQ(program.linesMatching(u"main window shown"_s), QStringList());
 }
 
 TEST_F(Start, WithoutANumberOfTypesTheProgramEndsWithARunTimeErrorReport)

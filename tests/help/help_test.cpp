@@ -4,7 +4,10 @@
 #include "playback/typed_key.h"
 #include "tests/help/handbook.h"
 
+#include <QDirIterator>
+#include <QFile>
 #include <QKeySequence>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
@@ -95,6 +98,37 @@ QStringList missingFrom(const QStringList& wanted, const QStringList& there)
     return missing;
 }
 
+/// Sections of settings and documents, without the numbers that some bear, and variables of the
+/// environment, as the handbook prints them.
+QStringList settingsNamedIn(const QString& document)
+{
+    static const QRegularExpression code(u"<(code|pre)[^>]*>(.*?)</\\1>"_s,
+                                         QRegularExpression::DotMatchesEverythingOption);
+    static const QRegularExpression name(u"\\[([a-z-]+)[0-9]*\\]|(ORVANTA_[A-Z]+)"_s);
+    QStringList names;
+    for (const QRegularExpressionMatch& printed : code.globalMatch(document)) {
+        for (const QRegularExpressionMatch& found : name.globalMatch(printed.captured(2))) {
+            names.append(found.captured(1) + found.captured(2));
+        }
+    }
+    names.removeDuplicates();
+    return names;
+}
+
+QString productSources()
+{
+    QString all;
+    for (const char* folder : {"core", "platform", "playback", "player", "editors", "system"}) {
+        QDirIterator files(QStringLiteral(ORVANTA_SOURCE_DIR "/") + QString::fromLatin1(folder),
+                           {u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            all += file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+        }
+    }
+    return all;
+}
+
 class Help : public testing::TestWithParam<TextLanguage>
 {
 protected:
@@ -170,6 +204,17 @@ TEST_P(Help, EveryKeyOfTheProgramIsInIt)
     const QStringList wanted = letterKeys() + otherKeys(GetParam());
     EXPECT_EQ(missingFrom(wanted, book.keys), QStringList())
         << qPrintable(missingFrom(wanted, book.keys).join(u' '));
+}
+
+TEST_P(Help, EverySectionAndVariableInItIsReadByTheProgram)
+{
+    const QString sources = productSources();
+    ASSERT_GT(sources.size(), 100'000);
+    const QStringList names = settingsNamedIn(book.source);
+    EXPECT_GE(names.size(), 12);
+    for (const QString& name : names) {
+        EXPECT_TRUE(sources.contains(u'"' + name + u'"')) << qPrintable(name);
+    }
 }
 
 TEST_P(Help, FetchesNothingFromOutside)

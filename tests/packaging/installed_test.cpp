@@ -129,6 +129,27 @@ TEST_F(Installed, TheTutorialSpeaksTheLanguageOfTheInterface)
     EXPECT_TRUE(plays(u"start 1 1 Пакет — это клипы по порядку, у каждого свой текст"_s));
 }
 
+TEST_F(Installed, AMissingDocumentationIsStillHandedToTheDesktopsOpener)
+{
+    chooseLanguage(u"1"_s);
+    ASSERT_TRUE(QFile::remove(root.path(u"usr/share/orvanta/help_eng.htm"_s)));
+    QFile opener(userFolder() + u"/xdg-open"_s);
+    ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
+    opener.write("#!/bin/sh\nhere=$(dirname \"$0\")\nprintf %s \"$1\" >\"$here/said.part\"\n"
+                 "mv \"$here/said.part\" \"$here/said\"\n");
+    opener.close();
+    opener.setPermissions(opener.permissions() | QFile::ExeOwner);
+    program.setVariable(u"PATH"_s, userFolder() + u':' + session().value(u"PATH"_s));
+    ASSERT_TRUE(program.startAndShow());
+    ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"!Orvanta!"_s) == 1; }));
+    ASSERT_TRUE(window().clickInMenu(u"Help..."_s, {1, 3}));
+    QFile said(userFolder() + u"/said"_s);
+    ASSERT_TRUE(waitFor([&] { return said.exists(); }));
+    ASSERT_TRUE(said.open(QIODevice::ReadOnly));
+    EXPECT_EQ(said.readAll(), "file://" + userFolder().toUtf8() + "/help_eng.htm");
+    EXPECT_TRUE(program.isRunning());
+}
+
 TEST_F(Installed, PacketsAndGroupsAreKnownToTheDesktopAndBelongToIt)
 {
     buildCaches();

@@ -52,6 +52,12 @@ TEST_F(PackageFiles, LintianIsSilent)
     expectSilent(u"lintian"_s, {u"--no-user-dirs"_s, u"--allow-root"_s, packageFile()});
 }
 
+TEST_F(PackageFiles, TheMaintainersNameIsTakenAsItIs)
+{
+    const Outcome field = run(u"dpkg-deb"_s, {u"-f"_s, packageFile(), u"Maintainer"_s});
+    EXPECT_EQ(field.output.trimmed(), "Anna & Olga/Orvanta <contributors@example.org>");
+}
+
 TEST_F(PackageFiles, TheDesktopEntryIsValid)
 {
     const QString entry = root.path(u"usr/share/applications/orvanta.desktop"_s);

@@ -50,6 +50,26 @@ TEST_F(DefaultApplicationsTest, TheUsersListGoesBeforeTheSystems)
     EXPECT_EQ(found(), "one.desktop");
 }
 
+TEST_F(DefaultApplicationsTest, AColonInTheNameOfTheUsersFolderIsALetter)
+{
+    putDefault(u"a:b/mimeapps.list", "one.desktop");
+    room.set("XDG_CONFIG_HOME", room.path(u"a:b"));
+    EXPECT_EQ(found(), "one.desktop");
+    room.set("XDG_CONFIG_HOME", {});
+    room.set("HOME", room.path(u"c:d"));
+    putDefault(u"c:d/.config/mimeapps.list", "two.desktop");
+    EXPECT_EQ(found(), "two.desktop");
+}
+
+TEST_F(DefaultApplicationsTest, ARelativeUsersFolderCountsAsNone)
+{
+    putDefault(u"home/.config/mimeapps.list", "one.desktop");
+    for (const QString& folder : {u"config"_s, u"."_s, u"a:/b"_s}) {
+        room.set("XDG_CONFIG_HOME", folder);
+        EXPECT_EQ(found(), "one.desktop") << qPrintable(folder);
+    }
+}
+
 TEST_F(DefaultApplicationsTest, TheRunningDesktopsListGoesBeforeThePlainOne)
 {
     putDefault(u"config/mimeapps.list", "one.desktop");
@@ -84,6 +104,17 @@ TEST_F(DefaultApplicationsTest, WithoutADefaultTheFirstThatSaysSoOpensIt)
     EXPECT_EQ(found(), "one.desktop");
     room.write(u"config/mimeapps.list", "[Added Associations]\nvideo/x-msvideo=three.desktop;\n");
     EXPECT_EQ(found(), "three.desktop");
+}
+
+TEST_F(DefaultApplicationsTest, WhatAListAddsItDoesNotRemoveItself)
+{
+    room.write(u"config/mimeapps.list", "[Added Associations]\nvideo/x-msvideo=two.desktop;\n"
+                                        "[Removed Associations]\nvideo/x-msvideo=two.desktop;\n");
+    EXPECT_EQ(found(), "two.desktop");
+    room.write(u"config/mimeapps.list", "[Removed Associations]\nvideo/x-msvideo=two.desktop;\n");
+    room.write(u"system-config/mimeapps.list",
+               "[Added Associations]\nvideo/x-msvideo=two.desktop;one.desktop\n");
+    EXPECT_EQ(found(), "one.desktop");
 }
 
 TEST(MimeGlobsTest, KnowsTypesByExtensionWithoutCase)

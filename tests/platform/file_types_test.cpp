@@ -217,6 +217,45 @@ TEST_F(FileTypes, AUsersChoiceForUsInTheDesktopsSettingsCounts)
     EXPECT_EQ(defaults(), "[Default Applications]\n");
 }
 
+TEST_F(FileTypes, WhoWasChosenInTheFileManagerCanBeTakenOut)
+{
+    room.install(u"orvanta.desktop"_s);
+    room.write(u"system/applications/mimeinfo.cache",
+               "[MIME Cache]\nvideo/x-msvideo=player.desktop;orvanta.desktop;\n");
+    // As file managers write it for "Open with" and "always".
+    room.write(u"config/mimeapps.list",
+               "[Added Associations]\naudio/mpeg=orvanta.desktop;\n"
+               "video/x-msvideo=orvanta.desktop;player.desktop;\n"
+               "[Default Applications]\nvideo/x-msvideo=orvanta.desktop\n");
+    EXPECT_EQ(owner(u"avi"_s), u"vxavifile");
+    setOwner(u"avi"_s, {});
+    EXPECT_EQ(owner(u"avi"_s), u"player.desktop");
+    EXPECT_EQ(defaults(), "[Added Associations]\naudio/mpeg=orvanta.desktop;\n"
+                          "video/x-msvideo=player.desktop;\n[Default Applications]\n");
+}
+
+TEST_F(FileTypes, AnAdditionThatDoesNoHarmStays)
+{
+    putDefaults("video/x-msvideo=player.desktop\n");
+    const QByteArray before =
+        defaults() + "[Added Associations]\nvideo/x-msvideo=player.desktop;orvanta.desktop;\n";
+    room.write(u"config/mimeapps.list", before);
+    registerType(u"avi"_s);
+    setOwner(u"avi"_s, u"player.desktop"_s);
+    EXPECT_EQ(defaults(), before);
+}
+
+TEST_F(FileTypes, AnOlderChoiceForUsBesideTheUsersEntriesIsTakenOutToo)
+{
+    room.install(u"orvanta.desktop"_s);
+    room.write(u"data/applications/mimeapps.list",
+               "[Default Applications]\nvideo/x-msvideo=orvanta.desktop;player.desktop\n");
+    EXPECT_EQ(owner(u"avi"_s), u"vxavifile");
+    setOwner(u"avi"_s, {});
+    EXPECT_EQ(owner(u"avi"_s), u"player.desktop");
+    EXPECT_EQ(defaults(), QByteArray());
+}
+
 TEST_F(FileTypes, AnInstalledProgramThatOpensATypeByItselfCanBeTakenOut)
 {
     room.install(u"orvanta.desktop"_s);

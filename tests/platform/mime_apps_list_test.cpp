@@ -4,6 +4,8 @@
 #include "tests/support/desktop_room.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace orvanta {
 
@@ -105,6 +107,68 @@ TEST_F(MimeAppsListTest, AFileThatNeedsNoChangeIsNotWritten)
     same.takeOut(kDefaultApplications, "a/b", kMine);
     same.save();
     EXPECT_EQ(QFileInfo(room.path(u"list")).lastModified(), before);
+}
+
+TEST_F(MimeAppsListTest, WhatOthersWriteBetweenReadingAndWritingStays)
+{
+    room.write(u"list", "[Default Applications]\nvideo/x-msvideo=a.desktop\nd/e=mine.desktop\n");
+    MimeAppsList changed = list();
+    changed.putFirst(kDefaultApplications, kAvi, kMine);
+    changed.takeOut(kDefaultApplications, "d/e", kMine);
+    room.write(u"list", "[Default Applications]\nvideo/x-msvideo=b.desktop\nf/g=c.desktop\n");
+    changed.save();
+    EXPECT_EQ(room.bytes(u"list"),
+              "[Default Applications]\nvideo/x-msvideo=mine.desktop;b.desktop\nf/g=c.desktop\n");
+    EXPECT_EQ(changed.programs(kDefaultApplications, "f/g"), QByteArrayList{"c.desktop"});
+}
+
+TEST_F(MimeAppsListTest, NewLinesEndAsThoseOfTheFileDo)
+{
+    EXPECT_EQ(afterPutting("[Added Associations]\r\nd/e=f"),
+              "[Added Associations]\r\nd/e=f\r\n[Default Applications]\r\n"
+              "video/x-msvideo=mine.desktop\r\n");
+}
+
+TEST_F(MimeAppsListTest, CommentsAndWhatNobodyUnderstandsStay)
+{
+    const QByteArray before = "# of the user\n\n[Default Applications]\n#video/x-msvideo=a\n"
+                              "no line of anything\n=x\n[broken\n[]\nvideo/x-msvideo\n";
+    const QByteArray own = "video/x-msvideo=mine.desktop\n";
+    const QByteArray after = afterPutting(before);
+    EXPECT_EQ(QByteArray(after).replace(own, ""), before);
+    EXPECT_EQ(after.count(own), 1);
+}
+
+TEST_F(MimeAppsListTest, AFileThatCannotBeReadKeepsItsBytes)
+{
+    const QByteArray content = "[Default Applications]\na/b=c.desktop\n";
+    room.write(u"list", content);
+    const QByteArray file = QFile::encodeName(room.path(u"list"));
+    ASSERT_EQ(::chmod(QFile::encodeName(room.path(u"")).constData(), 0777), 0);
+    ASSERT_EQ(::chmod(file.constData(), 0), 0);
+    const uid_t user = ::geteuid();
+    constexpr uid_t kNobody = 65534;
+    if (user == 0) { // the administrator can read every file
+        ASSERT_EQ(::seteuid(kNobody), 0);
+    }
+    MimeAppsList changed = list();
+    changed.putFirst(kDefaultApplications, kAvi, kMine);
+    changed.save();
+    ASSERT_EQ(::seteuid(user), 0);
+    ASSERT_EQ(::chmod(file.constData(), 0600), 0);
+    EXPECT_EQ(room.bytes(u"list"), content);
+}
+
+TEST_F(MimeAppsListTest, APipeInItsPlaceIsNeitherReadNorReplaced)
+{
+    const QByteArray pipe = QFile::encodeName(room.path(u"list"));
+    ASSERT_EQ(::mkfifo(pipe.constData(), 0600), 0);
+    MimeAppsList changed = list(); // and comes back at once
+    changed.putFirst(kDefaultApplications, kAvi, kMine);
+    changed.save();
+    struct stat status = {};
+    ASSERT_EQ(::stat(pipe.constData(), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
 }
 
 TEST_F(MimeAppsListTest, ASymbolicLinkStaysOne)

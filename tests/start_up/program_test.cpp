@@ -36,7 +36,13 @@ struct Program : testing::Test
 
     void launch(Probe& program, const QStringList& arguments = {})
     {
-        program.setProcessEnvironment(environment(folder));
+        launchIn(environment(folder), program, arguments);
+    }
+
+    static void launchIn(const QProcessEnvironment& variables, Probe& program,
+                         const QStringList& arguments = {})
+    {
+        program.setProcessEnvironment(variables);
         program.setReadChannel(QProcess::StandardError);
         program.startProgram("orvanta", arguments);
     }
@@ -54,6 +60,12 @@ struct Program : testing::Test
     static bool waitForLine(Probe& program, const QByteArray& wanted)
     {
         return linesUntil(program, wanted).last() == wanted;
+    }
+
+    /// Lies where a file is to be: nothing can be written there, whoever the user is.
+    void putInTheWay(const QString& name) const
+    {
+        ASSERT_TRUE(QDir().mkpath(folder.file(name + u"/in the way"_s)));
     }
 
     static void expectFailure(Probe& program, const QByteArray& line)
@@ -131,6 +143,33 @@ TEST_F(Program, AMissingSetupFileEndsTheStartWithFileNotFound)
     expectFailure(program, "Run-time error '53': File not found");
 }
 
+TEST_F(Program, AMissingPlayerLibraryEndsTheStartWithFileNotFound)
+{
+    for (const QString& how : {u"none"_s, u"old"_s}) {
+        SCOPED_TRACE(qPrintable(how));
+        QProcessEnvironment variables = environment(folder);
+        preloadUnusablePlayer(variables, how);
+        Probe program;
+        launchIn(variables, program, {folder.file(u"a.avi"_s)});
+        expectFailure(program, "Run-time error '53': File not found");
+        EXPECT_EQ(folder.value("ftl", "wr"), u"0");
+        EXPECT_EQ(folder.value("main", "language"), u"1");
+    }
+}
+
+TEST_F(Program, APlayerLibraryThatIsThereAgainFindsThePlaceFreeAndTheFilesWaiting)
+{
+    const QString clip = folder.write(u"a.avi"_s, "no clip");
+    QProcessEnvironment variables = environment(folder);
+    preloadUnusablePlayer(variables, u"none"_s);
+    Probe failing;
+    launchIn(variables, failing, {clip});
+    expectFailure(failing, "Run-time error '53': File not found");
+    Probe program;
+    launch(program);
+    EXPECT_TRUE(waitForLine(program, "orvanta.playlist: loaded 1 packets, 1 entries"));
+}
+
 TEST_F(Program, AQueueCountThatIsNoNumberEndsALaunchWithACommandLine)
 {
     set("ftl", "num", u"many"_s);
@@ -171,6 +210,29 @@ TEST_F(Program, AStartWritesTheFolderVerb)
         Registry(folder.path())
             .RegReadString(RegistryHive::ClassesRoot, u"Folder\\shell\\Play clips\\command"_s, {}),
         folder.path() + u"\\orvanta.exe /f%1"_s);
+}
+
+TEST_F(Program, ARegistryFileThatCannotBeWrittenIsLoggedAndPassedOver)
+{
+    putInTheWay(u"registry.ini"_s);
+    Probe program;
+    launch(program);
+    const QByteArrayList lines = linesUntil(program, kShown);
+    EXPECT_EQ(lines.last(), kShown);
+    EXPECT_TRUE(lines.contains("orvanta.desktop: " + folder.file(u"registry.ini"_s).toUtf8() +
+                               " cannot be written"));
+    // What the desktop needs does not depend on it.
+    EXPECT_TRUE(QFileInfo(folder.file(u"data/nautilus/scripts/Play clips"_s)).isExecutable());
+}
+
+TEST_F(Program, AHomeThatCannotBeWrittenKeepsNobodyFromStarting)
+{
+    folder.write(u"config"_s, "a file where a folder should be");
+    folder.write(u"data"_s, "another");
+    putInTheWay(u"registry.ini"_s);
+    Probe program;
+    launch(program);
+    EXPECT_TRUE(waitForLine(program, "orvanta.startup: ready"));
 }
 
 TEST_F(Program, TheFirstLaunchQueuesItsOwnPathUnderKeyOneAndOpensItItself)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QStringList>
 
 namespace orvanta {
@@ -9,6 +10,17 @@ namespace orvanta {
 inline QString builtProgram(const char* name)
 {
     return QStringLiteral(ORVANTA_BUILD_DIR "/") + QString::fromUtf8(name);
+}
+
+/// Puts a player library that cannot be used in front of the real one. how: "old", "none".
+inline void preloadUnusablePlayer(QProcessEnvironment& variables, const QString& how)
+{
+    variables.insert(QStringLiteral("LD_PRELOAD"), builtProgram("unusable_player.so"));
+    variables.insert(QStringLiteral("UNUSABLE_PLAYER"), how);
+    // The address sanitizer wants to be the first library, and needs not be.
+    const QString options = variables.value(QStringLiteral("ASAN_OPTIONS"));
+    variables.insert(QStringLiteral("ASAN_OPTIONS"),
+                     options + QStringLiteral(":verify_asan_link_order=0"));
 }
 
 /// Ends the process with the test, whatever happens.

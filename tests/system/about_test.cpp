@@ -155,6 +155,18 @@ TEST_F(About, ASecondClickShowsTheSamePictureWindowSizedAnew)
     EXPECT_EQ(enlarged->height(), window->Image1->ownSize().height() + kMargin);
 }
 
+TEST_F(About, TheEnlargedPictureBearsTheTitleOfTheWindowThatShowsIt)
+{
+    show(u"1"_s);
+    click(window->Image1);
+    EXPECT_EQ(window->pictureWindow()->windowTitle(), u"About author");
+    WriteIni(u"main"_s, u"language"_s, u"2"_s, home.ini());
+    click(window->Command1);
+    window->showAbout();
+    click(window->Image1);
+    EXPECT_EQ(window->pictureWindow()->windowTitle(), u"Об авторе");
+}
+
 TEST_F(About, AClickOnTheEnlargedPictureClosesItsWindowAlone)
 {
     show(u"1"_s);

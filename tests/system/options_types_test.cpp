@@ -154,6 +154,39 @@ TEST_F(OptionsTypes, ASelectedTypeIsRegisteredByOk)
     EXPECT_EQ(owner(u"mpg"_s), QString());
 }
 
+TEST_F(OptionsTypes, AProgramInADrivesRootIsRegisteredWithBothItsSeparators)
+{
+    module.ApplicationFolder = u"C:\\"_s;
+    set(u"options"_s, u"nc"_s, u"1"_s);
+    set(u"options"_s, u"ws"_s, u"1"_s);
+    open().List1->selectRow(kAvi, true);
+    click(dialog->Image2);
+    const auto value = [&](const QString& key) {
+        return registry.RegReadString(RegistryHive::ClassesRoot, key, {});
+    };
+    EXPECT_EQ(value(u"vxavifile\\shell\\open\\command"_s), u"C:\\\\orvanta.exe %1");
+    EXPECT_EQ(value(u"vxavifile\\DefaultIcon"_s), u"C:\\\\avi.ico");
+    EXPECT_EQ(registry.RegReadString(RegistryHive::LocalMachine,
+                                     u"software\\microsoft\\windows\\currentversion\\run"_s,
+                                     u"orvanta"_s),
+              u"C:\\\\orvanta.exe /auto");
+}
+
+TEST_F(OptionsTypes, ARegistryFileThatCannotBeWrittenLeavesTheDesktopsOwnSettings)
+{
+    ASSERT_TRUE(QDir().mkpath(home.file(u"registry.ini/in the way"_s)));
+    open().List1->selectRow(kAvi, true);
+    click(dialog->Image2);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_TRUE(untrapped.isEmpty());
+    EXPECT_TRUE(desktop.bytes(u"config/mimeapps.list").contains("video/x-msvideo=orvanta.desktop"));
+    open();
+    EXPECT_TRUE(dialog->List1->isRowSelected(kAvi));
+    dialog->List1->selectRow(kAvi, false);
+    click(dialog->Image2);
+    EXPECT_FALSE(desktop.bytes(u"config/mimeapps.list").contains("orvanta"));
+}
+
 TEST_F(OptionsTypes, CancelRegistersNothing)
 {
     open().List1->selectRow(kAvi, true);

@@ -126,14 +126,15 @@ TEST_F(Companions, LettersOutsideAsciiStayAsTheyAreInTheShortcut)
     ASSERT_TRUE(ran(home.file(u"opener"_s)));
 }
 
-TEST_F(Companions, ADocumentationThatLiesNowhereIsStillHandedToTheOpener)
+TEST_F(Companions, AShortcutThatCannotBeWrittenKeepsNoDocumentationFromTheOpener)
 {
     putOpener();
-    // The build's own documents stand in for the installed ones: this one is asked for by a
-    // folder that does not exist.
+    // A folder that does not exist: there the shortcut cannot be written either.
     module.ApplicationFolder = home.file(u"gone"_s);
     load(1).doc->trigger();
-    EXPECT_TRUE(ran(home.file(u"opener"_s)));
+    ASSERT_TRUE(ran(home.file(u"opener"_s)));
+    EXPECT_TRUE(openedAddress().endsWith("/help_eng.htm")) << openedAddress().constData();
+    EXPECT_FALSE(QFile::exists(inFolder(u"help.url"_s)));
     EXPECT_FALSE(reported.has_value());
 }
 
@@ -254,8 +255,10 @@ TEST_F(Companions, AnEndedProgramLeavesNoZombie)
 
 TEST_F(Companions, AboutAsksForItsWindow)
 {
-    load().ab->trigger(); // nobody answers here
-    EXPECT_FALSE(reported.has_value());
+    load();
+    EXPECT_EQ(aboutRequests, 0);
+    window->ab->trigger();
+    EXPECT_EQ(aboutRequests, 1);
 }
 
 } // namespace orvanta::test

@@ -100,6 +100,7 @@ protected:
             .videoKeys = &videoKeys,
             .showPacketEditor = [this] { return packetEditor(); },
             .showGroupEditor = [this] { return groupEditor(); },
+            .showAbout = [this] { ++aboutRequests; },
         });
         timerRanAfterLoad = window->Timer1.isActive();
         window->Timer1.stop();
@@ -210,6 +211,7 @@ protected:
     std::function<QString()> groupEditor = [] { return QString(); };
     std::optional<ErrorNumber> reported;
     int splashUnloads = 0;
+    int aboutRequests = 0;
     bool othersUnloaded = false;
     bool timerRanAfterLoad = false;
 
