@@ -22,6 +22,14 @@ void BrakeStep::run()
     }
 }
 
+void BrakeStep::clipEnded()
+{
+    const double duration = decimalValue(m_context.module.playback.CachedDuration);
+    if (m_context.areBrakesLoaded() && endPassesLastBrake(m_context.currentPacket(), duration)) {
+        passLastBrake();
+    }
+}
+
 double BrakeStep::positionSeconds() const
 {
     return decimalValue(m_context.operations.GetPlayerPosition());
@@ -75,6 +83,16 @@ void BrakeStep::apply(BrakeDecision decision)
     case BrakeDecision::Stop:
         finalStop();
         break;
+    }
+}
+
+void BrakeStep::passLastBrake()
+{
+    const PlaylistState& playlist = m_context.module.playlist;
+    if (playlist.CurrentPacket != playlist.PlaylistCount) {
+        goToNextPacket();
+    } else {
+        finalStop();
     }
 }
 

@@ -14,12 +14,16 @@ public:
     /// event loop until the position moves. Raises 13 when the next brake's time is no number.
     void run();
 
+    /// The end of the clip, which counts only where it passes the last brake.
+    void clipEnded();
+
 private:
     [[nodiscard]] double positionSeconds() const;
     [[nodiscard]] bool isPastNext() const;
     [[nodiscard]] bool staysAfterMoving();
     [[nodiscard]] BrakeDecision decide() const;
     void apply(BrakeDecision decision);
+    void passLastBrake();
     void goToNextPacket();
     void unloadClip();
     void finalStop();

@@ -47,6 +47,14 @@ BrakeDecision brakeReached(const PlaylistEntry& packet, Int16 currentBrake, Int1
     return {currentPacket != packetCount ? BrakeDecision::NextPacket : BrakeDecision::Stop};
 }
 
+bool endPassesLastBrake(const PlaylistEntry& packet, double durationSeconds)
+{
+    constexpr double kLastSecond = 1;
+    constexpr double kRounding = 0.01;
+    const double left = durationSeconds - timeOfBrake(packet, packet.ClipCount);
+    return left <= kLastSecond && left >= -kRounding;
+}
+
 /// A brake whose time is no number is never reached.
 static bool isAtOrBefore(const PlaylistEntry& packet, Int16 brake, double positionSeconds)
 {

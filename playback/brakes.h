@@ -38,6 +38,11 @@ struct BrakeDecision
                                          Int16 currentPacket, Int16 packetCount,
                                          double positionSeconds);
 
+/// Whether the last brake is so near the end of the clip that no tick may see the position past it:
+/// in its last second, or behind it by no more than a time in hundredths is rounded. Then the end
+/// of the clip passes it. Raises 13 when its time is no number.
+[[nodiscard]] bool endPassesLastBrake(const PlaylistEntry& packet, double durationSeconds);
+
 /// The last brake at or before the position, 0 before the first; for seeks outside the span.
 [[nodiscard]] Int16 brakeAt(const PlaylistEntry& packet, double positionSeconds);
 

@@ -39,7 +39,12 @@ bool EngineContext::isCurrentPacketBraked() const
 
 bool EngineContext::areBrakesPlaying() const
 {
-    if (!isCurrentPacketBraked() || control.FileName() != loaded.file) {
+    return areBrakesLoaded() && control.FileName() == loaded.file;
+}
+
+bool EngineContext::areBrakesLoaded() const
+{
+    if (!isCurrentPacketBraked()) {
         return false;
     }
     const PlaylistEntry& packet = currentPacket();

@@ -60,7 +60,9 @@ struct EngineContext
     /// Raises 9 when no packet is current.
     [[nodiscard]] const PlaylistEntry& currentPacket() const;
     [[nodiscard]] bool isCurrentPacketBraked() const;
-    /// The current packet has brakes, and its media file is what the player has loaded.
+    /// The current packet has brakes, and its media file is what was loaded last.
+    [[nodiscard]] bool areBrakesLoaded() const;
+    /// The same, and the player still has it.
     [[nodiscard]] bool areBrakesPlaying() const;
     /// Neither a clip is open nor is one being opened.
     [[nodiscard]] bool isPlayerEmpty() const;

@@ -124,7 +124,6 @@ void PlaybackEngine::Private::keepBookmark()
     context.operations.SetBookmark(position);
 }
 
-/// The end of the clip of a brake packet is served by its last brake.
 bool PlaybackEngine::Private::moveOnAfterEnd()
 {
     if (!context.operations.TakeClipEnded()) {
@@ -132,6 +131,7 @@ bool PlaybackEngine::Private::moveOnAfterEnd()
     }
     context.log.ended(context.cursor());
     if (context.isCurrentPacketBraked()) {
+        resumeNext("end of a braked clip", [&] { brakes.clipEnded(); });
         return false;
     }
     resumeNext("advance", [&] { advance.run(); });

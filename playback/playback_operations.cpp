@@ -72,6 +72,7 @@ void PlaybackOperations::pollEnd()
         return;
     }
     m_module.playback.ClipEnded = true;
+    (void)GetPlayerDuration(); // still known
     m_control.Stop();
     m_control.setFileName({});
     m_video.moveOutOfSight();

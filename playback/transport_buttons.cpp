@@ -72,8 +72,7 @@ void TransportButtons::pressStop()
         return;
     }
     stopPlayer();
-    m_slider.reset();
-    m_context.view->setCurrentTime(u"0.00"_s);
+    showBeginning();
     if (m_looks.pauseEnabled) {
         setPause(false);
     }
@@ -82,6 +81,12 @@ void TransportButtons::pressStop()
     }
     show(m_looks);
     m_context.log.stopped();
+}
+
+void TransportButtons::showBeginning()
+{
+    m_slider.reset();
+    m_context.view->setCurrentTime(u"0.00"_s);
 }
 
 void TransportButtons::stopPlayer()
@@ -109,6 +114,9 @@ void TransportButtons::reconcile()
         m_context.log.running();
     } else {
         showIdle();
+    }
+    if (state <= MediaControl::Stopped && !m_context.view->isSliderHeld()) {
+        showBeginning();
     }
     if (state == MediaControl::Stopped && m_knownState > MediaControl::Stopped) {
         m_context.log.stopped();

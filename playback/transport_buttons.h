@@ -26,6 +26,7 @@ public:
     [[nodiscard]] const TransportLooks& looks() const { return m_looks; }
 
 private:
+    void showBeginning();
     void stopPlayer();
     void show(const TransportLooks& looks);
     void setPlay(bool enabled);

@@ -106,6 +106,18 @@ TEST_F(Brakes, TheLastBrakeOfTheLastPacketStops)
     EXPECT_EQ(program.linesMatching(playbackPattern(u"start"_s)).size(), m_brakes.size());
 }
 
+TEST_F(Brakes, ALastBrakeAtTheVeryEndOfTheClipMovesOnToTheNextPacket)
+{
+    const QString toTheEnd = writeBrakes(file(u"to the end.vxl"_s), media(u"video2.mp4"_s),
+                                         {{0, u"Begin"_s}, {2, u"The very end"_s}});
+    const QString clips =
+        writeClips(file(u"after.vxl"_s), {{media(u"short.wav"_s), u"Afterwards"_s}});
+    ASSERT_TRUE(program.startAndShow(
+        {writeGroup(file(u"group.vxg"_s), {{toTheEnd, u"Lesson"_s}, {clips, u"Clips"_s}})}));
+    ASSERT_TRUE(plays(u"start 1 1 Begin"_s));
+    EXPECT_TRUE(plays(u"start 2 1 Afterwards"_s));
+}
+
 TEST_F(Brakes, StopWaitsPausedAtTheStartOfTheCurrentBrake)
 {
     ASSERT_TRUE(program.startAndShow({lesson(u"short first brake"_s, m_shortFirst)}));

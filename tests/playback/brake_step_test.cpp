@@ -124,6 +124,50 @@ TEST_F(Brakes, TheEndOfTheClipDoesNotAdvance)
     EXPECT_EQ(control.CurrentState(), MediaControl::NotLoaded);
 }
 
+/// A lesson whose last brake is at this time of a clip of 40 s, and a packet behind it.
+class LastBrakeAtTheEnd : public Brakes, public testing::WithParamInterface<double>
+{
+protected:
+    void playLastPart(Int16 brake)
+    {
+        addBrakes({u"5"_s, u"12"_s, decimalText(GetParam())});
+        play(1, brake);
+    }
+};
+
+TEST_P(LastBrakeAtTheEnd, IsPassedByTheEndOfTheClip)
+{
+    playLastPart(2);
+    addClips({u"next"_s});
+    endClip();
+    EXPECT_EQ(packet(), 2);
+    waitUntilRunning();
+    EXPECT_EQ(control.FileName(), path(u"next.avi"_s));
+}
+
+TEST_P(LastBrakeAtTheEnd, StopsWhenNoPacketFollows)
+{
+    playLastPart(3);
+    endClip();
+    EXPECT_EQ(packet(), 1);
+    EXPECT_EQ(clip(), 0);
+    engine->tick();
+    EXPECT_EQ(control.CurrentState(), MediaControl::NotLoaded);
+    EXPECT_EQ(view.currentTime, u"0.00");
+}
+
+INSTANTIATE_TEST_SUITE_P(Times, LastBrakeAtTheEnd, testing::Values(39, 39.9, 40, 40.01));
+
+TEST_F(Brakes, TheEndOfTheClipDoesNotPassALastBrakeBehindIt)
+{
+    addBrakes({u"5"_s, u"40.5"_s});
+    addClips({u"next"_s});
+    play(1, 1);
+    endClip();
+    EXPECT_EQ(packet(), 1);
+    EXPECT_EQ(clip(), 1);
+}
+
 TEST_F(Brakes, AreFollowedOnlyWhileTheMediaOfTheirPacketIsLoaded)
 {
     addClips({u"one"_s});

@@ -160,6 +160,45 @@ TEST_F(Transport, AStopOfTheUserIsLoggedOnce)
     EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
 }
 
+TEST_F(Transport, AStopByKeyShowsTheBeginning)
+{
+    addClips({u"one"_s});
+    play(1, 1);
+    control.playTo(7);
+    engine->tick();
+    ASSERT_NE(view.slider, 0);
+    engine->operations().StopIfRunning();
+    video.mirror().VideoState = MediaControl::Stopped;
+    engine->tick();
+    EXPECT_EQ(view.currentTime, u"0.00");
+    EXPECT_EQ(view.slider, 0);
+}
+
+TEST_F(Transport, APauseKeepsTheTimeThatIsShown)
+{
+    addClips({u"one"_s});
+    play(1, 1);
+    control.playTo(7);
+    engine->tick();
+    const int before = view.slider;
+    engine->pressPause();
+    engine->tick();
+    EXPECT_EQ(view.slider, before);
+    EXPECT_EQ(view.currentTime, u"7.000");
+}
+
+TEST_F(Transport, TheEndOfTheLastClipLeavesNoTimeBehind)
+{
+    addClips({u"one"_s});
+    play(1, 1);
+    control.playTo(7);
+    engine->tick();
+    endClip();
+    engine->tick();
+    EXPECT_EQ(view.currentTime, u"0.00");
+    EXPECT_EQ(view.slider, 0);
+}
+
 TEST_F(Transport, AStopByKeyIsLogged)
 {
     playAndPoll();
