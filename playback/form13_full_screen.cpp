@@ -3,6 +3,7 @@
 #include "playback/form13_video_window.h"
 #include "playback/typed_key.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -34,13 +35,19 @@ void Form13::applyFullScreen()
     }
 }
 
-// The keys of this window must work at once, and no other window may stand before the picture.
 void Form13::fillScreen()
 {
     setCursor(Qt::BlankCursor);
     m_hasPlaceBefore = isVisible();
     setWindowState(windowState() | Qt::WindowFullScreen);
-    if (isVisible()) {
+    takeKeyboard();
+}
+
+// The keys of this window must work at once, and no other window may stand before the picture; but
+// a dialog that waits for an answer keeps the keyboard.
+void Form13::takeKeyboard()
+{
+    if (isVisible() && QApplication::activeModalWidget() == nullptr) {
         bringToFront(windowHandle());
     }
 }

@@ -196,7 +196,11 @@ void Form13::bringIntoSight(QSize contents)
     }
     layOutControls();
     m_left = x() * kTwipsPerPixel;
+    const bool comesBack = !isVisible();
     setVisible(m_shownByProgram);
+    if (comesBack && isFillingScreen()) {
+        takeKeyboard();
+    }
 }
 
 /// The clip's size, shrunk to fit the screen.

@@ -103,6 +103,7 @@ private:
     bool pressCommonKey(const QKeyEvent& event);
     void applyFullScreen();
     void fillScreen();
+    void takeKeyboard();
     void leaveScreen();
     [[nodiscard]] bool isFillingScreen() const;
     [[nodiscard]] QRect room() const;

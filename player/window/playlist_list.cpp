@@ -175,6 +175,7 @@ bool PlaylistList::toggleAt(QPoint place)
 
 void PlaylistList::mousePressEvent(QMouseEvent* event)
 {
+    m_byKeyboard = false;
     const QPoint place = event->position().toPoint();
     if (event->button() == Qt::LeftButton && !toggleAt(place) && indexAt(place).isValid()) {
         setCursorLine(indexAt(place).row());
@@ -196,19 +197,28 @@ void PlaylistList::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QPoint place = event->position().toPoint();
     if (event->button() == Qt::LeftButton && !toggleAt(place) && indexAt(place).isValid()) {
-        Q_EMIT lineChosen();
+        choose();
     }
+}
+
+void PlaylistList::choose()
+{
+    m_byKeyboard = false;
+    Q_EMIT lineChosen();
 }
 
 void PlaylistList::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
     case Qt::Key_Space:
-        toggle(cursorLine());
+        event->setAccepted(m_byKeyboard);
+        if (m_byKeyboard) {
+            toggle(cursorLine());
+        }
         break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        Q_EMIT lineChosen();
+        choose();
         break;
     case Qt::Key_Up:
     case Qt::Key_Down:
@@ -216,6 +226,7 @@ void PlaylistList::keyPressEvent(QKeyEvent* event)
     case Qt::Key_PageDown:
     case Qt::Key_Home:
     case Qt::Key_End:
+        m_byKeyboard = true;
         QListView::keyPressEvent(event);
         break;
     default:
@@ -227,6 +238,8 @@ void PlaylistList::keyPressEvent(QKeyEvent* event)
 void PlaylistList::focusInEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
+    const Qt::FocusReason reason = event->reason();
+    m_byKeyboard |= reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
     viewport()->update();
 }
 

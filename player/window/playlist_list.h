@@ -68,7 +68,9 @@ private:
 };
 
 /// Clicking a box toggles it, clicking a text moves the cursor. Letters are not searched for: they
-/// pass on to the window. Rows are 13 pixels high and begin at the viewport's top.
+/// pass on to the window, and so does Space for who uses the mouse: only a line to which the
+/// keyboard has gone is checked by it, or a pause would take the line out of the lesson. Rows are
+/// 13 pixels high and begin at the viewport's top.
 class PlaylistList : public QListView
 {
     Q_OBJECT
@@ -121,6 +123,9 @@ private:
     /// Toggles when the place is in a line's box; says whether it was.
     bool toggleAt(QPoint place);
     void showToolTip(const QPoint& globalPlace, const QPoint& place);
+    void choose();
+    /// Whether the keyboard, not the mouse, was used in the list last.
+    bool m_byKeyboard = false;
 
     PlaylistModel* m_model;
 };

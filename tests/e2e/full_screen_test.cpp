@@ -119,6 +119,12 @@ TEST_F(FullScreen, GoesOnWithTheNextClipThatHasAPictureAndShowsThePointerWithout
     EXPECT_TRUE(videoFillsScreen());
     EXPECT_TRUE(pointerGoes());
     EXPECT_TRUE(controls.isFullScreen());
+    // Its keys work again, too.
+    EXPECT_TRUE(waitFor([this] { return desktop.activeWindowTitle() == kVideoWindow; }));
+    desktop.press(u"space"_s);
+    EXPECT_TRUE(becomes(u"Paused"_s));
+    desktop.press(u"Escape"_s);
+    EXPECT_TRUE(videoIsInWindow());
 }
 
 TEST_F(FullScreen, TheDesktopsMediaControlsSwitchIt)

@@ -79,10 +79,14 @@ TEST_F(KeysTest, FAndNSwitchFullScreen)
     EXPECT_FALSE(screen.on);
 }
 
-TEST_F(KeysTest, SpaceMarksInTheListAndPlaysElsewhere)
+TEST_F(KeysTest, SpacePausesUntilAnArrowKeyHasMovedInTheList)
 {
     playOne();
-    window->setListIndex(2);
+    press(Qt::Key_Space);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    press(Qt::Key_Space);
+    window->setListIndex(1);
+    press(Qt::Key_Down);
     press(Qt::Key_Space);
     EXPECT_FALSE(window->isLineChecked(2));
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);

@@ -113,13 +113,6 @@ QString MainWindow::clipText()
     return line ? line->text() : QString();
 }
 
-void MainWindow::clickClipText()
-{
-    if (const auto line = control(u"text"_s, u"Current clip"_s)) {
-        m_desktop.click(line->place().center());
-    }
-}
-
 QString MainWindow::findText()
 {
     const auto line = control(u"text"_s, u"Find text"_s);

@@ -37,8 +37,6 @@ public:
     [[nodiscard]] QString clipLength();
     [[nodiscard]] QString clipText();
     [[nodiscard]] QString findText();
-    /// Clicks the line with the clip's text, which then has the focus.
-    void clickClipText();
 
     [[nodiscard]] double slider(const QString& name); // "Position", "Volume", "Balance"
     /// Clicks a slider's groove at this percentage.
