@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 #include <QStandardPaths>
 
 #include <array>
@@ -34,11 +35,14 @@ static QString firstFile(const QStringList& names)
     return {};
 }
 
-/// As the main window sees it: English for 1, Russian for everything else.
+/// As the main window sees it: English for 1, Russian for everything else. Whoever begins with the
+/// lessons has chosen none yet: the session's language is the best guess.
 static bool isEnglish()
 {
     const QString settings = programFile(applicationFolder(), u"\\orvanta.ini"_s);
-    return ReadIni(u"main"_s, u"language"_s, settings) == u"1";
+    const QString chosen = ReadIni(u"main"_s, u"language"_s, settings);
+    const bool isSessionRussian = QLocale::system().uiLanguages().value(0).startsWith(u"ru");
+    return chosen.isEmpty() ? !isSessionRussian : chosen == u"1";
 }
 
 /// Beside the installed programs, or beside the build folder of a checkout.

@@ -66,10 +66,10 @@ QString printed(const QString& key, TextLanguage language)
 /// The keys that every player has, as the handbook prints them, and those of lists and dialogs.
 QStringList otherKeys(TextLanguage language)
 {
-    QStringList keys = {
-        u"Enter"_s, u"Tab"_s, u"Ctrl+↑"_s, u"Ctrl+↓"_s, u"Delete"_s, u"Ctrl"_s,
-        u"Shift"_s, u"Alt"_s, u"1"_s,      u"2"_s,      u"3"_s}; // Alt with a number: a page of the
-                                                                 // options
+    // Alt with a number: a page of the options. Page Up to End: the slider of the editor.
+    QStringList keys = {u"Enter"_s, u"Tab"_s,     u"Ctrl+↑"_s,    u"Ctrl+↓"_s, u"Delete"_s,
+                        u"Ctrl"_s,  u"Shift"_s,   u"Alt"_s,       u"1"_s,      u"2"_s,
+                        u"3"_s,     u"Page Up"_s, u"Page Down"_s, u"Home"_s,   u"End"_s};
     for (const CommonKeyRow& row : commonKeys()) {
         const QKeySequence sequence(QKeyCombination(row.modifiers, row.key));
         keys.append(printed(sequence.toString(QKeySequence::PortableText), language));

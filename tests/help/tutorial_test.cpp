@@ -76,11 +76,13 @@ protected:
         QFile::setPermissions(player, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
-    QByteArray givenToThePlayer(const QString& language)
+    QByteArray givenToThePlayer(const QString& language, const QString& session = u"C.UTF-8"_s)
     {
         WriteIni(u"main"_s, u"language"_s, language, home.ini());
         Probe tutorial;
         QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        variables.remove(u"LANGUAGE"_s);
+        variables.insert(u"LC_ALL"_s, session);
         variables.insert(u"ORVANTA_HOME"_s, home.path());
         variables.insert(u"ORVANTA_PROGRAM"_s, home.file(u"player"_s));
         tutorial.setProcessEnvironment(variables);
@@ -162,6 +164,17 @@ TEST_F(TutorialProgram, HandsTheLessonsOfTheInterfaceLanguageToThePlayer)
     EXPECT_EQ(givenToThePlayer(u"2"_s), "1|" + folder + "tutorial_rus.vxg");
     // As the main window takes it.
     EXPECT_EQ(givenToThePlayer(u"3"_s), "1|" + folder + "tutorial_rus.vxg");
+    EXPECT_EQ(givenToThePlayer(u"1"_s, u"ru_RU.UTF-8"_s), "1|" + folder + "tutorial_eng.vxg");
+}
+
+TEST_F(TutorialProgram, SpeaksTheSessionsLanguageToWhoeverHasChosenNone)
+{
+    const QByteArray folder = QFile::encodeName(lessonsFolder());
+    for (const QString& session : {u"C.UTF-8"_s, u"en_GB.UTF-8"_s, u"de_DE.UTF-8"_s}) {
+        EXPECT_EQ(givenToThePlayer({}, session), "1|" + folder + "tutorial_eng.vxg")
+            << qPrintable(session);
+    }
+    EXPECT_EQ(givenToThePlayer({}, u"ru_RU.UTF-8"_s), "1|" + folder + "tutorial_rus.vxg");
 }
 
 } // namespace orvanta::test

@@ -3,7 +3,9 @@
 #include "platform/mime_apps_list.h"
 #include "tests/support/desktop_room.h"
 
+#include <csignal>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -157,6 +159,26 @@ TEST_F(MimeAppsListTest, AFileThatCannotBeReadKeepsItsBytes)
     ASSERT_EQ(::seteuid(user), 0);
     ASSERT_EQ(::chmod(file.constData(), 0600), 0);
     EXPECT_EQ(room.bytes(u"list"), content);
+}
+
+TEST_F(MimeAppsListTest, ADiskThatIsFullLeavesTheFileAsItWasAndNothingBesideIt)
+{
+    const QByteArray content = "[Default Applications]\na/b=c.desktop\n";
+    room.write(u"list", content);
+    MimeAppsList changed = list();
+    changed.putFirst(kDefaultApplications, kAvi, kMine);
+    struct rlimit before = {};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const struct rlimit small = {8, before.rlim_max}; // bytes: less than there is to write
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    changed.save();
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(room.bytes(u"list"), content);
+    const QStringList all =
+        QDir(room.path(u"")).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    EXPECT_EQ(all, (QStringList{QStringLiteral("list"), QStringLiteral("system")}));
 }
 
 TEST_F(MimeAppsListTest, APipeInItsPlaceIsNeitherReadNorReplaced)

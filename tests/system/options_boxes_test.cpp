@@ -179,6 +179,20 @@ TEST_F(OptionsBoxes, WithoutKeepingTheProgramThereIsNoStartWithTheSession)
     EXPECT_FALSE(dialog->Check9->isChecked());
 }
 
+TEST_F(OptionsBoxes, AStoredStartWithTheSessionIsNotOfferedToAProgramThatDoesNotStay)
+{
+    set(u"options"_s, u"nc"_s, u"0"_s);
+    set(u"options"_s, u"ws"_s, u"1"_s);
+    open();
+    EXPECT_FALSE(dialog->Check9->isEnabled());
+    EXPECT_FALSE(dialog->Check9->isChecked());
+    click(dialog->Image1);
+    EXPECT_EQ(option(u"ws"_s), u"1");
+    open();
+    click(dialog->Image2);
+    EXPECT_EQ(option(u"ws"_s), u"0");
+}
+
 TEST_F(OptionsBoxes, TheStartWithTheSessionFollowsItsBoxAtOk)
 {
     set(u"options"_s, u"nc"_s, u"1"_s);
