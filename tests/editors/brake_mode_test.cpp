@@ -155,6 +155,18 @@ TEST_F(BrakeMode, TheMarkStaysWithItsBrakeWhenTheListChanges)
     EXPECT_EQ(editor->List2->markedRow(), -1);
 }
 
+TEST_F(BrakeMode, LoadingTheSameBrakesAgainTakesTheMarkOff)
+{
+    openClip();
+    setBrakes({u"1{}a"_s});
+    preview->playTo(5);
+    ASSERT_EQ(editor->List2->markedRow(), 0);
+    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=1\n"
+                                          "[brake1]\ntime=1\ntext=a\n");
+    press(editor->Command7);
+    EXPECT_EQ(editor->List2->markedRow(), -1);
+}
+
 TEST_F(BrakeMode, LoadsABrakePacket)
 {
     put(u"clip.avi"_s);
