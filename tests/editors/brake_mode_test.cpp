@@ -122,6 +122,19 @@ TEST_F(BrakeMode, AClickBesideTheBrakesSelectsNone)
     EXPECT_EQ(brakes(), QStringList({u"1{}a"_s}));
 }
 
+TEST_F(BrakeMode, ControlAndSpaceLetGoOfABrakeAndTakeItAgain)
+{
+    openClip();
+    setBrakes({u"1{}a"_s});
+    clickRow(editor->List2, 0);
+    QTest::keyClick(editor->List2, Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(editor->List2->list().selected, -1);
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(brakes(), QStringList({u"1{}a"_s}));
+    QTest::keyClick(editor->List2, Qt::Key_Space);
+    EXPECT_EQ(editor->List2->list().selected, 0);
+}
+
 TEST_F(BrakeMode, TheBrakeThatThePreviewPassesIsMarkedAndNotSelected)
 {
     openClip();
