@@ -111,7 +111,7 @@ void EditorWindow::finishLayout(QSize firstSize, const std::vector<QWidget*>& ta
     }
     setSizeGripEnabled(true);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    resize(firstSize);
+    resize(firstSizeOf(*this, firstSize));
 }
 
 void EditorWindow::connectListHandlers()

@@ -31,6 +31,7 @@ void Form5::Form5_File2_Click()
 void Form5::openPreview(const QString& pathText, const QString& packetFolder)
 {
     m_previewSeconds.reset();
+    markPassedBrake();
     // A machine whose player library fails can still edit brakes.
     resumeNext("Form5 preview",
                [&] { ActiveMovie1->openFile(locateFile(pathText, packetFolder)); });

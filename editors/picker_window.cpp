@@ -89,7 +89,7 @@ void PickerWindow::layOut()
     all->addWidget(lists, 1);
     all->addLayout(m_lowerPart);
     all->addLayout(buttons);
-    resize(720, 480);
+    resize(firstSizeOf(*this, {720, 480}));
 }
 
 void PickerWindow::applyTexts()

@@ -122,6 +122,19 @@ TEST_F(BrakeMode, AClickBesideTheBrakesSelectsNone)
     EXPECT_EQ(brakes(), QStringList({u"1{}a"_s}));
 }
 
+TEST_F(BrakeMode, ControlAndSpaceLetGoOfABrakeAndTakeItAgain)
+{
+    openClip();
+    setBrakes({u"1{}a"_s});
+    clickRow(editor->List2, 0);
+    QTest::keyClick(editor->List2, Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_EQ(editor->List2->list().selected, -1);
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(brakes(), QStringList({u"1{}a"_s}));
+    QTest::keyClick(editor->List2, Qt::Key_Space);
+    EXPECT_EQ(editor->List2->list().selected, 0);
+}
+
 TEST_F(BrakeMode, TheBrakeThatThePreviewPassesIsMarkedAndNotSelected)
 {
     openClip();
@@ -152,6 +165,18 @@ TEST_F(BrakeMode, TheMarkStaysWithItsBrakeWhenTheListChanges)
     editor->File2->setFolder(room());
     clickRow(editor->File2, 1);
     setBrakes({u"000000.00{}a"_s});
+    EXPECT_EQ(editor->List2->markedRow(), -1);
+}
+
+TEST_F(BrakeMode, LoadingTheSameBrakesAgainTakesTheMarkOff)
+{
+    openClip();
+    setBrakes({u"1{}a"_s});
+    preview->playTo(5);
+    ASSERT_EQ(editor->List2->markedRow(), 0);
+    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=1\n"
+                                          "[brake1]\ntime=1\ntext=a\n");
+    press(editor->Command7);
     EXPECT_EQ(editor->List2->markedRow(), -1);
 }
 

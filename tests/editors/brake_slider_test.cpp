@@ -165,6 +165,18 @@ TEST_F(BrakeMode, AClipThatCannotBeOpenedLeavesTheSliderNowhereToGo)
     EXPECT_EQ(untrapped, QStringList());
 }
 
+TEST_F(BrakeMode, AFileDeletedSinceItWasListedOpensNothing)
+{
+    openClip();
+    QFile::remove(room(u"clip.avi"_s));
+    clickRow(editor->File2, 0);
+    EXPECT_EQ(preview->FileName(), QString());
+    EXPECT_EQ(editor->Label2->text(), u"0"_s);
+    EXPECT_EQ(editor->Text3->text(), room(u"clip.avi"_s));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(untrapped, QStringList());
+}
+
 TEST_F(BrakeMode, APacketWhoseClipIsGoneDoesNotKeepTheLengthOfTheClipBefore)
 {
     openClip();

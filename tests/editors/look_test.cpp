@@ -10,6 +10,7 @@
 
 #include <QLabel>
 #include <QRadioButton>
+#include <QScreen>
 #include <QStyle>
 
 namespace orvanta::test {
@@ -110,6 +111,16 @@ TEST_F(Look, TheWindowsFitOnASmallScreen)
     inEachWindow([&](QWidget& window) {
         EXPECT_LE(window.width(), small.width()) << qPrintable(window.objectName());
         EXPECT_LE(window.height(), small.height()) << qPrintable(window.objectName());
+    });
+}
+
+TEST_F(Look, NoWindowIsLargerThanTheScreen)
+{
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    ASSERT_LT(screen.width(), 900) << "so that the editors would be";
+    inEachWindow([&](QWidget& window) {
+        EXPECT_LT(window.width(), screen.width()) << qPrintable(window.objectName());
+        EXPECT_LT(window.height(), screen.height()) << qPrintable(window.objectName());
     });
 }
 
