@@ -26,6 +26,7 @@ constexpr std::array kTexts{
     InterfaceText{u"Form2", u"Text2", u"Current clip", u"Текущий клип"},
     // Not translated on purpose: the pointer replaces it by the line's text anyway.
     InterfaceText{u"Form2", u"List1", u"Playlist", u"Playlist"},
+    InterfaceText{u"Form2", u"List1.packet", u"Packet", u"Пакет"},
     InterfaceText{u"Form2", u"Label1", u"Current time", u"Текущее время"},
     InterfaceText{u"Form2", u"Label2", u"Length of clip", u"Длина клипа"},
     InterfaceText{u"Form2", u"Slider2", u"Volume", u"Громкость"},

@@ -70,6 +70,11 @@ int headerLine(const std::vector<TreeLine>& lines, Int16 packet)
     return exists ? static_cast<int>(found - lines.begin()) : -1;
 }
 
+bool isHeaderLine(const QString& line)
+{
+    return line.startsWith(kPacketPrefix);
+}
+
 QString textWithoutPrefix(const QString& line)
 {
     for (const QString& prefix : {kPacketPrefix, kClipPrefix, kLastPacketClipPrefix}) {

@@ -32,6 +32,9 @@ struct TreePlace
 /// Index of the header line of packet p; -1 when it has none.
 [[nodiscard]] int headerLine(const std::vector<TreeLine>& lines, Int16 packet);
 
+/// Whether a line, by its prefix, is a packet's and not a clip's.
+[[nodiscard]] bool isHeaderLine(const QString& line);
+
 /// The line without its tree prefix; a line without prefix gives a null text.
 [[nodiscard]] QString textWithoutPrefix(const QString& line);
 

@@ -82,6 +82,7 @@ void Form2::applyTexts(TextLanguage language)
     for (QWidget* control : std::initializer_list<QWidget*>{Image5, Image3, Image4, Slider1}) {
         control->setAccessibleName(text(QString(control->objectName() + u".name"_s)));
     }
+    List1->setPacketWord(text(u"List1.packet"));
     Text1->setPlaceholderText(Text1->toolTip());
 }
 

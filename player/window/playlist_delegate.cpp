@@ -92,7 +92,7 @@ void PlaylistDelegate::paintBox(QPainter& painter, const QRect& line, bool check
 
 bool PlaylistDelegate::isHeader(int row) const
 {
-    return m_model->lines()[static_cast<std::size_t>(row)].text.startsWith(QLatin1String("|-- "));
+    return isHeaderLine(m_model->lines()[static_cast<std::size_t>(row)].text);
 }
 
 // Draws "|-- ", "|  |- " or "   |- " and returns where the text begins. A stem ends in the middle

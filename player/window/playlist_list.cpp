@@ -66,8 +66,17 @@ QVariant PlaylistModel::data(const QModelIndex& index, int role) const
     if (!index.isValid()) {
         return {};
     }
+    const auto line = static_cast<std::size_t>(index.row());
     if (role == Qt::DisplayRole) {
-        return m_lines[static_cast<std::size_t>(index.row())].text;
+        return m_lines[line].text;
+    }
+    // The tree is for the eye; what it says is which lines are packets.
+    if (role == Qt::AccessibleTextRole && hasBox(index.row())) {
+        const QString text = textWithoutPrefix(m_lines[line].text);
+        return text.isEmpty() ? u" "_s : text; // for an empty one the toolkit takes the line
+    }
+    if (role == Qt::AccessibleDescriptionRole && isHeaderLine(m_lines[line].text)) {
+        return m_packetWord;
     }
     if (role == Qt::CheckStateRole && hasBox(index.row())) {
         return isChecked(index.row()) ? Qt::Checked : Qt::Unchecked;

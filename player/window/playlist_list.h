@@ -25,6 +25,8 @@ public:
     /// Shows more lines after those that are shown now, which keep their marks.
     void growTo(std::vector<TreeLine> lines);
     [[nodiscard]] const std::vector<TreeLine>& lines() const { return m_lines; }
+    /// What assistive technology says of a packet's line, beside its text.
+    void setPacketWord(const QString& word) { m_packetWord = word; }
     [[nodiscard]] bool hasBox(int line) const { return line >= 1 && line < rowCount({}); }
     /// False for the root and outside the list.
     [[nodiscard]] bool isChecked(int line) const;
@@ -39,6 +41,7 @@ public:
 private:
     std::vector<TreeLine> m_lines;
     std::vector<bool> m_checked;
+    QString m_packetWord;
 };
 
 /// Paints a line: box, tree, text. The tree's prefix is drawn as lines, in the places where its
@@ -91,6 +94,7 @@ public:
     [[nodiscard]] int topLine() const;
     [[nodiscard]] bool isLineChecked(int line) const { return m_model->isChecked(line); }
     void checkLine(int line) { m_model->setChecked(line, true); }
+    void setPacketWord(const QString& word) { m_model->setPacketWord(word); }
 
     void keyboardSearch(const QString& /*search*/) override {}
 

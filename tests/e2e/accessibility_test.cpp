@@ -113,6 +113,17 @@ protected:
         ASSERT_TRUE(program.startAndShow());
     }
 
+    /// Clicks a button of a dialog, once the window manager has put that in its place.
+    bool click(const QString& dialog, const QString& button)
+    {
+        const auto top = desktop.activate(dialog) ? windowCalled(dialog) : std::nullopt;
+        const auto found = top ? top->find(u"push button"_s, button) : std::nullopt;
+        if (found) {
+            desktop.click(found->place().center());
+        }
+        return found.has_value();
+    }
+
     /// Closes the dialog in front, after which so many windows with its title are left.
     void escapeFrom(const QString& title, int left)
     {
@@ -137,6 +148,26 @@ TEST_F(DialogWalk, TheOptionsAndTheAboutWindow)
     escapeFrom(u"Options"_s, 0);
     ASSERT_TRUE(window().chooseFromMenu(u"Help..."_s, 3));
     walkOver(u"About author"_s, 1);
+}
+
+TEST_F(DialogWalk, TheEnlargedPicture)
+{
+    ASSERT_TRUE(window().chooseFromMenu(u"Help..."_s, 3));
+    const QString about = u"About author"_s; // the picture's window bears the same title
+    ASSERT_TRUE(click(about, u"Show the picture enlarged"_s));
+    ASSERT_TRUE(waitFor([&] { return desktop.visibleWindows(about) == 2; }));
+    const auto picture = m_bus.control(program.pid(), u"push button"_s, about);
+    ASSERT_TRUE(picture);
+    walk(*picture);
+    EXPECT_EQ(m_met, 1);
+}
+
+TEST_F(DialogWalk, TheSavePicker)
+{
+    ASSERT_TRUE(window().chooseFromMenu(u"New..."_s, 1));
+    ASSERT_TRUE(click(u"Create packet"_s, u"Save packet"_s));
+    ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(kMainWindow) == 2; }));
+    walkOver(kMainWindow, 5); // the one in front, as of the open pickers
 }
 
 TEST_F(DialogWalk, TheOpenPickers)

@@ -42,13 +42,11 @@ protected:
     /// The lines below the root without the tree in front of them; a packet's title bears a "#".
     QStringList texts()
     {
-        static const QRegularExpression kPacket(u"^\\|-- "_s);
-        static const QRegularExpression kClip(u"^(\\||  ) {1,2}\\|- "_s);
-        QStringList lines = window().rows().mid(1);
-        for (QString& line : lines) {
-            line = line.contains(kPacket) ? line.replace(kPacket, u"#"_s) : line.remove(kClip);
+        QStringList lines;
+        for (const ListedLine& line : window().lines()) {
+            lines.append((line.isPacket ? u"#"_s : QString()) + line.text);
         }
-        return lines;
+        return lines.mid(1);
     }
 
     [[nodiscard]] bool textsBecome(const QStringList& wanted)

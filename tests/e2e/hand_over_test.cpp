@@ -27,7 +27,7 @@ TEST_F(HandOver, ALaterLaunchOpensItsPacketHereAndEnds)
               0);
     EXPECT_TRUE(loads(1, 2));
     EXPECT_TRUE(waitFor([this] { return window().rows().size() == 4; }));
-    EXPECT_EQ(window().rows().value(2), u"   |- B"_s);
+    EXPECT_EQ(window().rows().value(2), u"B"_s);
     EXPECT_EQ(home.get(u"ftl"_s, u"num"_s), u"0"_s);
 }
 

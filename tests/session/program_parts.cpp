@@ -9,16 +9,19 @@
 
 namespace orvanta::session {
 
-ProgramParts::ProgramParts(const SettingsFolder& home, std::unique_ptr<MediaControl> player,
-                           QDBusConnection bus)
-    : control(std::move(player))
+ProgramParts::ProgramParts(const Surroundings& surroundings, QDBusConnection bus)
+    : control(surroundings.makeControl()),
+      m_makeControl(surroundings.makeControl)
 {
+    const SettingsFolder& home = surroundings.home;
     module.ApplicationFolder = home.path();
     module.IniPath = home.ini();
     module.TypePattern = typePattern(module.IniPath);
     module.Language = 1;
     const HandlerBoundary boundary([this](const RuntimeError& error) { m_error = error.number(); });
     openVideoWindow(boundary);
+    makeEditors(boundary);
+    options.emplace(OptionsServices{module, surroundings.registry, pickers, boundary});
     tray = std::make_unique<Form12>(module);
     loadMainWindow(boundary);
     serveMediaControls(std::move(bus));
@@ -28,6 +31,7 @@ ProgramParts::ProgramParts(const SettingsFolder& home, std::unique_ptr<MediaCont
 ProgramParts::~ProgramParts()
 {
     mediaControls.reset();
+    about.reset();
     mainWindow.reset();
     tray.reset();
     engine.reset();
@@ -44,6 +48,43 @@ void ProgramParts::openVideoWindow(const HandlerBoundary& boundary)
     engine->operations().ShowVideoWindow(true);
 }
 
+void ProgramParts::makeEditors(const HandlerBoundary& boundary)
+{
+    hold.emplace(*control);
+    editors.emplace(EditorServices{
+        .module = module,
+        .pickers = pickers,
+        .boundary = boundary,
+        .makePreview = m_makeControl,
+        .playerVolume = [this] { return control->Volume(); },
+        .pausePlayer = [this] { return hold->hold(); },
+        .resumePlayer =
+            [this] {
+                if (!engine->isClosing()) {
+                    hold->release();
+                }
+            },
+    });
+}
+
+void ProgramParts::changeOptions()
+{
+    const bool isAccepted = showOptions(*options, mainWindow.get());
+    module.TypePattern = typePattern(module.IniPath);
+    mainWindow->File1->setPattern(module.TypePattern);
+    if (isAccepted) {
+        tray = std::make_unique<Form12>(module); // in the language that is stored now
+    }
+}
+
+void ProgramParts::showAbout()
+{
+    if (!about) {
+        about = std::make_unique<Form9>(module);
+    }
+    about->showAbout();
+}
+
 void ProgramParts::loadMainWindow(const HandlerBoundary& boundary)
 {
     mainWindow = std::make_unique<Form2>(Form2Services{
@@ -54,7 +95,13 @@ void ProgramParts::loadMainWindow(const HandlerBoundary& boundary)
         .unloadSplash = [] {},
         .unloadOtherForms = [this] { m_ended = true; },
         .videoWindow = [this] { return videoWindow->windowHandle(); },
+        .showOptions = [this] { changeOptions(); },
         .videoKeys = &videoWindow->keys(),
+        .showPacketEditor =
+            [this] { return showPacketEditor(*editors, mainWindow.get()).fileToOpen; },
+        .showGroupEditor =
+            [this] { return showGroupEditor(*editors, mainWindow.get()).fileToOpen; },
+        .showAbout = [this] { showAbout(); },
     });
     mainWindow->Timer1.stop();
     mainWindow->File1->setPattern(module.TypePattern);

@@ -2,15 +2,21 @@
 // without a screen.
 #pragma once
 
+#include "editors/editor_services.h"
+#include "platform/registry.h"
 #include "playback/form13_video_window.h"
+#include "player/player_hold.h"
 #include "player/window/form2_main_window.h"
 #include "player/window/playlist_list.h"
 #include "system/form12_tray.h"
+#include "system/form8_options_dialog.h"
+#include "system/form9_about.h"
 #include "system/mpris_service.h"
 #include "tests/support/settings_folder.h"
 
 #include <QDBusConnection>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -25,12 +31,16 @@ public:
     {}
 
     QStringList answer; // none: cancelled
+    QString saveAnswer; // empty: cancelled
 
     void ShowOpenPicker(const QString& /*pattern*/, bool /*several*/) override
     {
         m_module.picker.PickedFiles = QStringList{QString()} + answer;
     }
-    void ShowSavePicker(const QString& /*pattern*/) override {}
+    void ShowSavePicker(const QString& /*pattern*/) override
+    {
+        m_module.picker.SaveFileName = saveAnswer;
+    }
 
 private:
     Module1& m_module;
@@ -40,9 +50,18 @@ private:
 class ProgramParts
 {
 public:
-    /// home: settings that outlive this run. bus: where the media controls are served.
-    ProgramParts(const SettingsFolder& home, std::unique_ptr<MediaControl> player,
-                 QDBusConnection bus);
+    using MakeControl = std::function<std::unique_ptr<MediaControl>()>;
+
+    /// What outlives one run of the program.
+    struct Surroundings
+    {
+        const SettingsFolder& home;
+        Registry& registry;      // whose end waits for the desktop's caches
+        MakeControl makeControl; // for the player and for each preview
+    };
+
+    /// bus: where the media controls are served.
+    ProgramParts(const Surroundings& surroundings, QDBusConnection bus);
     ~ProgramParts();
     ProgramParts(const ProgramParts&) = delete;
     ProgramParts& operator=(const ProgramParts&) = delete;
@@ -54,17 +73,25 @@ public:
     Module1 module;
     std::unique_ptr<MediaControl> control;
     LaidOutPickers pickers{module};
+    std::optional<OptionsServices> options;
+    std::optional<PlayerHold> hold;
+    std::optional<EditorServices> editors;
     std::unique_ptr<Form13> videoWindow;
     std::unique_ptr<PlaybackEngine> engine;
     std::unique_ptr<Form12> tray;
     std::unique_ptr<Form2> mainWindow;
+    std::unique_ptr<Form9> about; // from the first time that it is asked for
     std::unique_ptr<MprisService> mediaControls;
 
 private:
+    void makeEditors(const HandlerBoundary& boundary);
+    void changeOptions();
+    void showAbout();
     void openVideoWindow(const HandlerBoundary& boundary);
     void loadMainWindow(const HandlerBoundary& boundary);
     void serveMediaControls(QDBusConnection bus);
 
+    MakeControl m_makeControl;
     std::optional<ErrorNumber> m_error;
     bool m_ended = false;
 };

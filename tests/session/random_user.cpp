@@ -50,6 +50,19 @@ const std::vector<RandomUser::Deed>& RandomUser::deeds()
         {4, &RandomUser::changeOption},
         {4, &RandomUser::useVideoWindow},
         {4, &RandomUser::useMainWindow},
+        {1, &RandomUser::useAbout},
+        {30, &RandomUser::tick},
+    };
+    return kDeeds;
+}
+
+const std::vector<RandomUser::Deed>& RandomUser::deedsBesideDialog()
+{
+    static const std::vector<Deed> kDeeds = {
+        {60, &RandomUser::useDialog},
+        {4, &RandomUser::useTray},
+        {6, &RandomUser::callMediaControls},
+        {2, &RandomUser::handOver},
         {30, &RandomUser::tick},
     };
     return kDeeds;
@@ -65,21 +78,27 @@ void RandomUser::act(ProgramParts& parts,
                      const std::function<QString(ProgramParts&, Dice&)>& passTime)
 {
     ++m_number;
+    // An open menu keeps the input to itself, and so does a dialog.
+    if (QApplication::activePopupWidget() != nullptr && m_dice.chance(50)) {
+        return usePopup(parts);
+    }
+    const bool isDialogOpen = QApplication::activeModalWidget() != nullptr;
+    doOneOf(isDialogOpen ? deedsBesideDialog() : deeds(), parts, passTime);
+}
+
+void RandomUser::doOneOf(const std::vector<Deed>& deeds, ProgramParts& parts,
+                         const std::function<QString(ProgramParts&, Dice&)>& passTime)
+{
     constexpr int kTimeWeight = 40;
     int sum = kTimeWeight;
-    for (const Deed& deed : deeds()) {
+    for (const Deed& deed : deeds) {
         sum += deed.weight;
     }
     int place = m_dice.below(sum) - kTimeWeight;
     if (place < 0) {
-        note(passTime(parts, m_dice));
-        return;
+        return note(passTime(parts, m_dice));
     }
-    // An open menu keeps the input to itself.
-    if (QApplication::activePopupWidget() != nullptr && m_dice.chance(50)) {
-        return pressKeyInPopup();
-    }
-    for (const Deed& deed : deeds()) {
+    for (const Deed& deed : deeds) {
         place -= deed.weight;
         if (place < 0) {
             return deed.act(*this, parts);
@@ -186,7 +205,7 @@ void RandomUser::pressKeyInVideoWindow(ProgramParts& parts)
     }
 }
 
-// Nothing is chosen: some entries start programs of the desktop.
+// Return is not pressed: some entries start programs of the desktop.
 void RandomUser::pressKeyInPopup()
 {
     static const std::vector<KeyStroke> kStrokes = {

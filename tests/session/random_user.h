@@ -20,6 +20,7 @@ struct LaidOutFiles
     QStringList groups;
     QStringList badPackets; // a drop of one ends the program
     QStringList strange;    // neither media nor documents, folders among them
+    QStringList toSave;     // what a save picker may answer
 };
 
 class RandomUser
@@ -37,16 +38,30 @@ public:
     [[nodiscard]] QString journal() const;
     /// Whether a packet that ends the program has been dropped on this run of it.
     [[nodiscard]] bool hasDroppedBadPacket() const { return m_droppedBadPacket; }
+    /// How many menu entries were chosen, and things done in the dialogs that some of them open.
+    [[nodiscard]] int chosenEntries() const { return m_chosenEntries; }
+    [[nodiscard]] int dialogDeeds() const { return m_dialogDeeds; }
     void startsAnew() { m_droppedBadPacket = false; }
 
 private:
     struct Deed;
     static const std::vector<Deed>& deeds();
+    /// What can be done while a dialog keeps the windows to itself.
+    static const std::vector<Deed>& deedsBesideDialog();
+    void doOneOf(const std::vector<Deed>& deeds, ProgramParts& parts,
+                 const std::function<QString(ProgramParts&, Dice&)>& passTime);
 
     void pressKey(QWidget& window, const QString& name);
     void pressKeyInMainWindow(ProgramParts& parts);
     void pressKeyInVideoWindow(ProgramParts& parts);
+    void usePopup(ProgramParts& parts);
     void pressKeyInPopup();
+    [[nodiscard]] bool chooseInMenu(ProgramParts& parts);
+    void useDialog(ProgramParts& parts);
+    void clickInDialog(QWidget& dialog);
+    void clickLineInDialog(QWidget& dialog);
+    void pressKeyInDialog(QWidget& dialog);
+    void useAbout(ProgramParts& parts);
     void typeIntoFindBox(ProgramParts& parts);
     void clickButton(ProgramParts& parts);
     void clickList(ProgramParts& parts);
@@ -71,6 +86,8 @@ private:
     QDBusConnection m_bus;
     std::deque<QString> m_journal;
     int m_number = 0;
+    int m_chosenEntries = 0;
+    int m_dialogDeeds = 0;
     bool m_droppedBadPacket = false;
 };
 

@@ -142,13 +142,22 @@ void MainWindow::clickSlider(const QString& name, int percent)
     }
 }
 
+std::vector<ListedLine> MainWindow::lines()
+{
+    std::vector<ListedLine> all;
+    if (const auto list = control(u"list"_s, u"Playlist"_s)) {
+        for (const Accessible& row : list->children()) {
+            all.push_back({row.name().trimmed(), row.description() == u"Packet"_s});
+        }
+    }
+    return all;
+}
+
 QStringList MainWindow::rows()
 {
     QStringList texts;
-    if (const auto list = control(u"list"_s, u"Playlist"_s)) {
-        for (const Accessible& row : list->children()) {
-            texts.append(row.name());
-        }
+    for (const ListedLine& line : lines()) {
+        texts.append(line.text);
     }
     return texts;
 }

@@ -6,6 +6,8 @@
 
 #include <QStringList>
 
+#include <vector>
+
 namespace orvanta::e2e {
 
 /// One of a menu's entries, which are all of one height.
@@ -13,6 +15,13 @@ struct MenuEntry
 {
     int number; // counted from 1
     int of;     // how many there are
+};
+
+/// A line of the playlist, as it is read out.
+struct ListedLine
+{
+    QString text;
+    bool isPacket;
 };
 
 /// Waits for each control; an absent one gives empty answers. Made after the window is shown.
@@ -43,7 +52,8 @@ public:
     void clickSlider(const QString& name, int percent);
     [[nodiscard]] QPoint sliderCentre(const QString& name);
 
-    [[nodiscard]] QStringList rows();
+    [[nodiscard]] QStringList rows(); // the texts of the playlist's lines, as they are read out
+    [[nodiscard]] std::vector<ListedLine> lines();
     /// Index of the current line; -1 for none.
     [[nodiscard]] int currentRow();
     void doubleClickRow(int row);
