@@ -5,6 +5,7 @@
 #include "editors/file_list_box.h"
 #include "editors/folder_names.h"
 #include "editors/folder_tree.h"
+#include "platform/window_basics.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>
@@ -111,7 +112,7 @@ void EditorWindow::finishLayout(QSize firstSize, const std::vector<QWidget*>& ta
     }
     setSizeGripEnabled(true);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    resize(firstSizeOf(*this, firstSize));
+    resize(firstSizeOn(*screen(), firstSize));
 }
 
 void EditorWindow::connectListHandlers()

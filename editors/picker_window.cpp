@@ -5,6 +5,7 @@
 #include "editors/file_list_box.h"
 #include "editors/folder_names.h"
 #include "editors/folder_tree.h"
+#include "platform/window_basics.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>
@@ -89,7 +90,7 @@ void PickerWindow::layOut()
     all->addWidget(lists, 1);
     all->addLayout(m_lowerPart);
     all->addLayout(buttons);
-    resize(firstSizeOf(*this, {720, 480}));
+    resize(firstSizeOn(*screen(), {720, 480}));
 }
 
 void PickerWindow::applyTexts()

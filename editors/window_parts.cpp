@@ -8,9 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
-#include <QScreen>
 #include <QSplitter>
-#include <QTextDocument>
 
 #include <limits>
 
@@ -145,17 +143,6 @@ QSplitter* chooserOf(QWidget* tree, QWidget* files)
     splitter->addWidget(files);
     splitter->setChildrenCollapsible(false);
     return splitter;
-}
-
-QString plainToolTip(const QString& text)
-{
-    return Qt::mightBeRichText(text) ? text.toHtmlEscaped() : text;
-}
-
-QSize firstSizeOf(const QWidget& window, QSize wanted)
-{
-    constexpr QSize kFrame(16, 48); // of any usual window manager
-    return wanted.boundedTo(window.screen()->availableSize() - kFrame);
 }
 
 void nameControl(QWidget* control, const QString& objectName, const QString& accessibleName)

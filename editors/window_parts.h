@@ -79,13 +79,6 @@ enum class ButtonPicture
 /// A folder tree with its file list below it.
 [[nodiscard]] QSplitter* chooserOf(QWidget* tree, QWidget* files);
 
-/// The text as a tool tip shows it: signs that look like markup stay signs.
-[[nodiscard]] QString plainToolTip(const QString& text);
-
-/// A first size for a window: the wanted one, or less where the screen with its panels and the
-/// window's frame has no room for it.
-[[nodiscard]] QSize firstSizeOf(const QWidget& window, QSize wanted);
-
 /// Sets a widget's object name, and its accessible name when that is not empty.
 void nameControl(QWidget* control, const QString& objectName, const QString& accessibleName = {});
 

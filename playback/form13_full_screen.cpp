@@ -109,13 +109,8 @@ bool Form13::pressCommonKey(const QKeyEvent& event)
     case CommonKey::LeaveFullScreen:
         Form13_ActiveMovie1_Escape();
         break;
-    case CommonKey::Quit:
-        if (m_quit) {
-            m_quit();
-        }
-        break;
     default:
-        return false;
+        return m_playerKey && m_playerKey(*key);
     }
     return true;
 }

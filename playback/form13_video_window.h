@@ -52,8 +52,8 @@ public:
     [[nodiscard]] VideoWindowKeys& keys() { return m_keys; }
     /// Called with true when a clip begins to run, with false when it no longer does.
     void setKeepAwake(std::function<void(bool)> keepAwake) { m_keepAwake = std::move(keepAwake); }
-    /// Called for a quit key.
-    void setQuit(std::function<void()> quit) { m_quit = std::move(quit); }
+    /// Called for the keys that are not this window's own; says whether it has served the key.
+    void setPlayerKey(std::function<bool(CommonKey)> press) { m_playerKey = std::move(press); }
 
     /// The window beside which this one opens (the main window); without one it opens at the top
     /// left of the screen.
@@ -114,7 +114,7 @@ private:
     VideoMirror m_mirror;
     VideoWindowKeys m_keys;
     std::function<void(bool)> m_keepAwake;
-    std::function<void()> m_quit;
+    std::function<bool(CommonKey)> m_playerKey;
     QPointer<QWidget> m_neighbour;
     QString m_stillFile;
     QImage m_still;

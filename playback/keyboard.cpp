@@ -348,4 +348,24 @@ QString MainWindowKeys::currentText() const
     return playlist.packet(playlist.CurrentPacket).clip(playlist.CurrentClip).Text;
 }
 
+bool pressPlayerKey(PlaybackEngine& engine, CommonKey key)
+{
+    switch (key) {
+    case CommonKey::Quit:
+        engine.closeProgram();
+        return true;
+    case CommonKey::Stop:
+        engine.pressStop();
+        return true;
+    case CommonKey::NextClip:
+        engine.nextChecked();
+        return true;
+    case CommonKey::PreviousClip:
+        engine.previousChecked();
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace orvanta

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "playback/playback_engine.h"
+#include "playback/typed_key.h"
 
 #include <QChar>
 
@@ -48,6 +49,10 @@ struct KeyRow
 /// kept when it is ASCII; scanCode as X11 and Wayland count them (evdev + 8). upperCase: the case
 /// that the typed letter had.
 [[nodiscard]] QChar latinLetter(QChar typed, quint32 scanCode);
+
+/// What the keys do that are the same in every window: Quit, Stop, NextClip and PreviousClip. False
+/// for the others.
+bool pressPlayerKey(PlaybackEngine& engine, CommonKey key);
 
 /// Full-screen mode of the player, and its window's always-on-top order.
 class FullScreenControl

@@ -21,6 +21,13 @@ constexpr std::array kCommonKeys{
     CommonKeyRow{Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier, CommonKey::OpenClips},
     CommonKeyRow{Qt::Key_F, Qt::ControlModifier, CommonKey::Find},
     CommonKeyRow{Qt::Key_Q, Qt::ControlModifier, CommonKey::Quit},
+    // Where no desktop takes them for its own player controls.
+    CommonKeyRow{Qt::Key_MediaPlay, Qt::NoModifier, CommonKey::TogglePlay},
+    CommonKeyRow{Qt::Key_MediaTogglePlayPause, Qt::NoModifier, CommonKey::TogglePlay},
+    CommonKeyRow{Qt::Key_MediaPause, Qt::NoModifier, CommonKey::TogglePlay},
+    CommonKeyRow{Qt::Key_MediaStop, Qt::NoModifier, CommonKey::Stop},
+    CommonKeyRow{Qt::Key_MediaNext, Qt::NoModifier, CommonKey::NextClip},
+    CommonKeyRow{Qt::Key_MediaPrevious, Qt::NoModifier, CommonKey::PreviousClip},
 };
 
 constexpr Qt::KeyboardModifiers kCommandModifiers =

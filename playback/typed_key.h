@@ -23,6 +23,9 @@ enum class CommonKey
     OpenClips,
     Find,
     Quit,
+    Stop,
+    NextClip,
+    PreviousClip,
 };
 
 /// Seconds by which StepBack and StepForward move.

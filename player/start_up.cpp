@@ -140,7 +140,7 @@ void StartUp::openVideoWindow()
     m_engine = std::make_unique<PlaybackEngine>(m_module, *m_control, *m_videoWindow);
     m_idleInhibition = std::make_unique<IdleInhibition>(QDBusConnection::sessionBus());
     m_videoWindow->setKeepAwake([this](bool awake) { m_idleInhibition->hold(awake); });
-    m_videoWindow->setQuit([this] { m_engine->closeProgram(); });
+    m_videoWindow->setPlayerKey([this](CommonKey key) { return pressPlayerKey(*m_engine, key); });
     m_videoWindow->keys().setSeek([this](double seconds) { m_engine->seekTo(seconds); });
     m_videoWindow->mirror().VideoState = 0;
     m_engine->operations().ShowVideoWindow(true);

@@ -1,4 +1,5 @@
 #include "platform/type_icons.h"
+#include "platform/window_basics.h"
 #include "system/form8_options_dialog.h"
 #include "system/icon_preview.h"
 #include "system/option_box.h"
@@ -97,7 +98,7 @@ void Form8::layOut()
     rows->addWidget(pageButtons());
     rows->addWidget(m_pages, 1);
     rows->addLayout(closingButtons());
-    resize(sizeHint().expandedTo(kLeastSize));
+    resize(firstSizeOn(*screen(), sizeHint().expandedTo(kLeastSize)));
 }
 
 /// The three buttons stand on a ground of their own, with a line below.

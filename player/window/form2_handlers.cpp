@@ -1,6 +1,7 @@
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "platform/busy_cursor.h"
+#include "platform/window_basics.h"
 #include "platform/window_stacking.h"
 #include "player/model/loaders.h"
 #include "player/window/form2_main_window.h"
@@ -238,7 +239,7 @@ void Form2::Form2_List1_MouseMove(int y)
         }
         const QString text = textWithoutPrefix(List1->lines()[row.index()].text);
         if (!text.isNull()) {
-            List1->setToolTip(text);
+            List1->setToolTip(plainToolTip(text));
         }
     });
 }

@@ -68,8 +68,8 @@ void Form2::pressCommonKey(CommonKey key)
     case CommonKey::Find:
         Text1->setFocus(Qt::ShortcutFocusReason);
         return Text1->selectAll();
-    case CommonKey::Quit:
-        return m_services.engine.closeProgram();
+    default:
+        pressPlayerKey(m_services.engine, key);
     }
 }
 

@@ -1,3 +1,4 @@
+#include "platform/window_basics.h"
 #include "player/window/clip_line.h"
 #include "player/window/form2_main_window.h"
 #include "player/window/picture_sign.h"
@@ -102,7 +103,7 @@ void Form2::layOut()
     rows->addLayout(transportRow());
     List1->setMinimumHeight(6 * skin::kRowHeight);
     orderTabs();
-    resize(520, 440);
+    resize(firstSizeOn(*screen(), {520, 440}));
     move(firstPlace(size(), screen()->availableGeometry()));
 }
 

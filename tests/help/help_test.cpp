@@ -72,7 +72,10 @@ QStringList otherKeys(TextLanguage language)
                         u"3"_s,     u"Page Up"_s, u"Page Down"_s, u"Home"_s,   u"End"_s};
     for (const CommonKeyRow& row : commonKeys()) {
         const QKeySequence sequence(QKeyCombination(row.modifiers, row.key));
-        keys.append(printed(sequence.toString(QKeySequence::PortableText), language));
+        const QString name = sequence.toString(QKeySequence::PortableText);
+        if (!name.contains(u"Media ")) { // the handbook speaks of them in words
+            keys.append(printed(name, language));
+        }
     }
     return keys;
 }

@@ -84,13 +84,28 @@ TEST_F(VideoWindowKeysTest, SpaceAndTheArrowsActAsInEveryPlayer)
     EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
 }
 
-TEST_F(VideoWindowKeysTest, TheQuitKeyAsksForTheEnd)
+TEST_F(VideoWindowKeysTest, TheQuitKeyAndTheMediaKeysAskThePlayer)
 {
-    int asked = 0;
-    form.setQuit([&] { ++asked; });
+    QList<CommonKey> asked;
+    form.setPlayerKey([&](CommonKey key) {
+        asked += key;
+        return true;
+    });
     QTest::keyClick(&form, Qt::Key_Q, Qt::ControlModifier);
     QTest::keyClick(&form, Qt::Key_Q);
-    EXPECT_EQ(asked, 1);
+    QTest::keyClick(&form, Qt::Key_MediaStop);
+    QTest::keyClick(&form, Qt::Key_MediaNext);
+    QTest::keyClick(&form, Qt::Key_MediaPrevious);
+    EXPECT_EQ(asked, (QList{CommonKey::Quit, CommonKey::Stop, CommonKey::NextClip,
+                            CommonKey::PreviousClip}));
+}
+
+TEST_F(VideoWindowKeysTest, TheMediaKeyPlaysAndPauses)
+{
+    QTest::keyClick(&form, Qt::Key_MediaPlay);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    QTest::keyClick(&form, Qt::Key_MediaTogglePlayPause);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
 }
 
 TEST_F(VideoWindowKeysTest, ALetterHeldWithControlIsNoCommand)

@@ -42,7 +42,7 @@ void ProgramParts::openVideoWindow(const HandlerBoundary& boundary)
 {
     videoWindow = std::make_unique<Form13>(*control, boundary);
     engine = std::make_unique<PlaybackEngine>(module, *control, *videoWindow);
-    videoWindow->setQuit([this] { engine->closeProgram(); });
+    videoWindow->setPlayerKey([this](CommonKey key) { return pressPlayerKey(*engine, key); });
     videoWindow->keys().setSeek([this](double seconds) { engine->seekTo(seconds); });
     videoWindow->mirror().VideoState = 0;
     engine->operations().ShowVideoWindow(true);

@@ -42,6 +42,21 @@ TEST_F(KeysTest, LettersActWithTheListTheSlidersOrAButtonFocused)
     }
 }
 
+TEST_F(KeysTest, TheMediaKeysActInTheFindBoxToo)
+{
+    playOne();
+    window->Text1->setFocus();
+    press(Qt::Key_MediaPlay);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    press(Qt::Key_MediaNext);
+    EXPECT_EQ(module.playlist.CurrentClip.value(), 2);
+    press(Qt::Key_MediaPrevious);
+    EXPECT_EQ(module.playlist.CurrentClip.value(), 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return control.CurrentState() == MediaControl::Running; }));
+    press(Qt::Key_MediaStop);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+}
+
 TEST_F(KeysTest, LettersTypedIntoTheFindBoxAreText)
 {
     playOne();

@@ -267,6 +267,15 @@ TEST_F(PlaylistView, TheToolTipFollowsAScrolledList)
     EXPECT_EQ(window->List1->toolTip(), u"clip 102");
 }
 
+TEST_F(PlaylistView, TheToolTipShowsSignsThatLookLikeMarkup)
+{
+    addClips(u"many"_s, {u"<b>bold & more"_s});
+    show();
+    window->RebuildTree();
+    moveOverRow(2, 6);
+    EXPECT_EQ(window->List1->toolTip(), u"&lt;b&gt;bold &amp; more");
+}
+
 TEST_F(PlaylistView, TheToolTipStaysOverTheRootAndBelowTheLastLine)
 {
     showThreePackets();
