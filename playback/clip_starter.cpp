@@ -115,12 +115,16 @@ bool ClipStarter::waitUntilReady()
     ++m_context.waitingStarts;
     waitInEventLoop([&] { return superseded() || !m_context.control.isOpening(); });
     --m_context.waitingStarts;
+    if (m_context.isPlayerEmpty() && !m_context.openingFailed) {
+        m_context.supersede(); // unloaded by the user, who closed the video window: no failure
+    }
     return m_context.control.isReady();
 }
 
 void ClipStarter::open(const QString& file, const QString& text, const QString& folder)
 {
     m_context.loaded = {file, text, folder};
+    m_context.openingFailed = false;
     m_context.operations.OpenMedia(file);
 }
 

@@ -42,6 +42,7 @@ struct EngineContext
     /// Packet and clip of what could not be opened since something could; clip 0: the one file of a
     /// brake packet.
     std::set<std::pair<int, int>> failedMedia;
+    bool openingFailed = false; // the player said so of the clip that was loaded last
     bool startFailed = false;   // the last start left the player empty: the tick advances again
     bool closeWhenFree = false; // playback is over: the program ends once no window waits
     bool closing = false;       // the program ends; no handler begins anything

@@ -246,6 +246,7 @@ PlaybackEngine::PlaybackEngine(Module1& module, MediaControl& control, VideoWind
     connect(&control, &MediaControl::openComplete, this,
             [this] { m_private->advance.forgetFailures(); });
     connect(&control, &MediaControl::openFailed, this, [this] {
+        m_private->context.openingFailed = true;
         if (m_private->context.view != nullptr) {
             m_private->starter.noteFailure();
         }

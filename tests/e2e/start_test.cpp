@@ -20,6 +20,8 @@ protected:
     {}
 
     [[nodiscard]] QString language() const { return home.get(u"main"_s, u"language"_s); }
+    /// A place that is read before the window manager has put the dialog somewhere is another one.
+    bool isInPlace() { return desktop.activate(u"Select language"_s); }
     bool isShown() { return program.next(u"^orvanta.startup: main window shown"_s).has_value(); }
 
     std::optional<Accessible> control(const QString& role, const QString& name)
@@ -32,6 +34,7 @@ protected:
 TEST_F(FirstStart, NextWritesEnglishWhichIsChosenAtFirst)
 {
     program.start();
+    ASSERT_TRUE(isInPlace());
     ASSERT_TRUE(control(u"push button"_s, u"Next..."_s));
     EXPECT_EQ(language(), u""_s);
     window().press(u"Next..."_s);
@@ -43,6 +46,7 @@ TEST_F(FirstStart, NextWritesEnglishWhichIsChosenAtFirst)
 TEST_F(FirstStart, TheRussianChoiceChangesTheDialogAtOnceAndWritesTwo)
 {
     program.start();
+    ASSERT_TRUE(isInPlace());
     const auto russian = control(u"radio button"_s, u"Русский"_s);
     ASSERT_TRUE(russian) << window().outline().toStdString();
     desktop.click(russian->place().center());
@@ -57,6 +61,7 @@ TEST_F(FirstStart, TheRussianChoiceChangesTheDialogAtOnceAndWritesTwo)
 TEST_F(FirstStart, EnglishChosenAgainBringsTheEnglishTextsBack)
 {
     program.start();
+    ASSERT_TRUE(isInPlace());
     const auto russian = control(u"radio button"_s, u"Русский"_s);
     const auto english = control(u"radio button"_s, u"English"_s);
     ASSERT_TRUE(russian && english);
@@ -70,6 +75,7 @@ TEST_F(FirstStart, EnglishChosenAgainBringsTheEnglishTextsBack)
 TEST_F(FirstStart, ADialogClosedOtherwiseWritesNothingAndTheMainWindowIsRussian)
 {
     program.start();
+    ASSERT_TRUE(isInPlace());
     ASSERT_TRUE(control(u"push button"_s, u"Next..."_s));
     ASSERT_TRUE(waitFor([&] { return desktop.activeWindowTitle() == u"Select language"; }));
     desktop.press(u"Escape"_s);

@@ -280,6 +280,26 @@ TEST_F(Starting, AFailureDuringTheWaitIsNotServedBeforeTheCursorHasMoved)
     waitUntilRunning();
 }
 
+TEST_F(Starting, ALessonThatTheUserUnloadsWhileItOpensIsNoFailureToGoOnFrom)
+{
+    option("agnc");
+    option("agnp");
+    addClips({u"one"_s});
+    addBrakes({u"5"_s});
+    addClips({u"three"_s});
+    play(1, 1);
+    control.autoOpen = false;
+    // As closing the video window does.
+    QTimer::singleShot(0, &control, [this] { control.setFileName({}); });
+    engine->ListClick(2, 1);
+    control.autoOpen = true;
+    engine->tick();
+    engine->tick();
+    EXPECT_EQ(loads(), 2);
+    EXPECT_EQ(control.CurrentState(), MediaControl::NotLoaded);
+    EXPECT_TRUE(view.looks.playEnabled);
+}
+
 /// With a drive A: texts that begin with "a:\" are found in a folder of the test.
 class StartingFromDriveA : public Starting
 {
