@@ -75,8 +75,7 @@ FileListBox::FileListBox(QWidget* parent)
     setIconSize({icon, icon});
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTextElideMode(Qt::ElideMiddle);
-    connect(this, &QListView::clicked, this, &FileListBox::Click);
-    connect(this, &QListView::clicked, this, &FileListBox::fileChosen);
+    connect(this, &QListView::clicked, this, &FileListBox::clickedWithMouse);
 }
 
 void FileListBox::setPattern(const QString& pattern)
@@ -172,19 +171,28 @@ bool FileListBox::clicks(const QKeyEvent& event) const
     return currentIndex().isValid() && ((isSpace && !isTyping()) || (isEnter && m_enterClicks));
 }
 
-void FileListBox::click()
+/// With one file allowed, a click always chooses it: Ctrl must not take the choice away.
+void FileListBox::chooseCurrent()
 {
-    m_typed.invalidate();
-    if (!selectionModel()->isSelected(currentIndex())) {
+    const bool isOne = selectionMode() == QAbstractItemView::SingleSelection;
+    if (isOne && !selectionModel()->isSelected(currentIndex())) {
         selectRow(currentIndex().row());
     }
+}
+
+void FileListBox::clickedWithMouse()
+{
+    chooseCurrent();
     Q_EMIT Click();
+    Q_EMIT fileChosen();
 }
 
 void FileListBox::keyPressEvent(QKeyEvent* event)
 {
     if (clicks(*event)) {
-        click();
+        m_typed.invalidate();
+        chooseCurrent();
+        Q_EMIT Click();
         return;
     }
     if (!event->text().isEmpty() && event->text().front().isPrint()) {

@@ -55,7 +55,8 @@ private:
     void selectRow(int row);
     [[nodiscard]] bool isTyping() const;
     [[nodiscard]] bool clicks(const QKeyEvent& event) const;
-    void click();
+    void chooseCurrent();
+    void clickedWithMouse();
 
     FileNamesModel* m_model;
     QString m_pattern;

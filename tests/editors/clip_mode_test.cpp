@@ -140,6 +140,16 @@ TEST_F(ClipMode, SpaceAndEnterOnAFileAddItOnce)
     EXPECT_TRUE(editor->isVisible());
 }
 
+TEST_F(ClipMode, AClickWithControlAddsTheFileLikeAnyOther)
+{
+    put(u"c.avi"_s);
+    open();
+    clickRow(editor->File1, 0, Qt::ControlModifier);
+    clickRow(editor->File1, 0, Qt::ControlModifier);
+    const QString entry = room(u"c.avi"_s) + u"{}c"_s;
+    EXPECT_EQ(entries(), QStringList({entry, entry}));
+}
+
 TEST_F(ClipMode, ABlankWithinATypedNameAddsNoFile)
 {
     put(u"my clip.avi"_s);

@@ -79,4 +79,22 @@ TEST_F(FolderTreeRoom, F5ShowsWhatHasComeSince)
     EXPECT_EQ(tree.model()->rowCount(tree.currentIndex()), 2);
 }
 
+TEST_F(FolderTreeRoom, FollowsFoldersThatComeAndGoAndWaysThroughALinkThatLeadsBackUp)
+{
+    QDir(room()).mkpath(u"a/b/.c"_s);
+    ASSERT_TRUE(QFile::link(room(), room(u"a/up"_s)));
+    ASSERT_TRUE(tree.setFolder(room(u"a/b/.c"_s)));
+    QDir(room()).rmdir(u"a/b/.c"_s);
+    QDir(room()).mkpath(u"a/b/d"_s);
+    ASSERT_TRUE(tree.setFolder(room(u"a/b"_s)));
+    QTest::keyClick(&tree, Qt::Key_F5);
+    EXPECT_EQ(tree.model()->rowCount(tree.currentIndex()), 1);
+    ASSERT_TRUE(tree.setFolder(room(u"a/up/a/b/d"_s)));
+    EXPECT_EQ(tree.folder(), room(u"a/up/a/b/d"_s));
+    QDir(room(u"a"_s)).removeRecursively();
+    ASSERT_TRUE(tree.setFolder(room()));
+    QTest::keyClick(&tree, Qt::Key_F5);
+    EXPECT_FALSE(tree.model()->hasChildren(tree.currentIndex()));
+}
+
 } // namespace orvanta::test

@@ -4,7 +4,6 @@
 #include "editors/program_pickers.h"
 #include "tests/editors/editor_room.h"
 
-#include <QElapsedTimer>
 #include <QTimer>
 
 #include <functional>

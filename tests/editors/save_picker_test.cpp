@@ -67,6 +67,15 @@ TEST_F(SavePicker, ClickingAFileCopiesItsNameWithoutExtension)
     EXPECT_EQ(saved(), room(u"a.vxl"_s));
 }
 
+TEST_F(SavePicker, AClickWithControlKeepsTheFileChosen)
+{
+    put(u"a.vxl"_s);
+    open();
+    clickRow(picker->File1, 0, Qt::ControlModifier);
+    EXPECT_EQ(picker->Text1->text(), u"a"_s);
+    EXPECT_EQ(picker->File1->selectedNames(), QStringList({u"a.vxl"_s}));
+}
+
 TEST_F(SavePicker, ADoubleClickTakesTheFilesNameAndIsOk)
 {
     put(u"a.vxl"_s);
