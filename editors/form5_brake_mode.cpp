@@ -108,17 +108,18 @@ void Form5::Form5_Command7_Click()
 
 void Form5::Form5_Command16_Click()
 {
-    save(u"*.vxl"_s, [this](const QString& target) {
-        writeBrakePacket(target, File2->filePath(), Text3->text(), List2->list().entries);
-    });
+    save(u"*.vxl"_s, [this](const QString& target) { writeBrakes(target); });
 }
 
 void Form5::Form5_Command12_Click()
 {
-    create(*List2, u"\\temp.vxl"_s, [this](const QString& target) {
-        writeBrakePacket(target, File2->filePath(), pathFoundBeside(m_brakesFolder, Text3->text()),
-                         List2->list().entries);
-    });
+    create(*List2, u"\\temp.vxl"_s, [this](const QString& target) { writeBrakes(target); });
+}
+
+void Form5::writeBrakes(const QString& target) const
+{
+    writeBrakePacket(target, File2->filePath(), pathFor(target, m_brakesFolder, Text3->text()),
+                     List2->list().entries);
 }
 
 void Form5::takeBrakeTimes()

@@ -39,15 +39,17 @@ void Form5::Form5_Command3_Click()
 
 void Form5::Form5_Command4_Click()
 {
-    save(u"*.vxl"_s,
-         [this](const QString& target) { writeClipListPacket(target, List1->list().entries); });
+    save(u"*.vxl"_s, [this](const QString& target) { writeClips(target); });
 }
 
 void Form5::Form5_Command1_Click()
 {
-    create(*List1, u"\\temp.vxl"_s, [this](const QString& target) {
-        writeClipListPacket(target, entriesFoundBeside(documentFolder(), List1->list().entries));
-    });
+    create(*List1, u"\\temp.vxl"_s, [this](const QString& target) { writeClips(target); });
+}
+
+void Form5::writeClips(const QString& target) const
+{
+    writeClipListPacket(target, entriesFor(target, documentFolder(), List1->list().entries));
 }
 
 } // namespace orvanta

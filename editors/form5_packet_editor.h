@@ -95,6 +95,7 @@ private:
     void Form5_Command3_Click();
     void Form5_Command4_Click();
     void Form5_Command1_Click();
+    void writeClips(const QString& target) const;
 
     // Brake mode: form5_brake_mode.cpp
     void Form5_FolderTreeview2_FolderClick(const QString& folder);
@@ -107,6 +108,7 @@ private:
     void Form5_Command7_Click();
     void Form5_Command16_Click();
     void Form5_Command12_Click();
+    void writeBrakes(const QString& target) const;
     void openPreview(const QString& pathText, const QString& packetFolder);
     void showDuration(double seconds);
     void showPosition();

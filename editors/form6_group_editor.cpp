@@ -100,14 +100,17 @@ void Form6::Form6_Command3_Click()
 
 void Form6::Form6_Command4_Click()
 {
-    save(u"*.vxg"_s, [this](const QString& target) { writeGroup(target, List1->list().entries); });
+    save(u"*.vxg"_s, [this](const QString& target) { writeMembers(target); });
 }
 
 void Form6::Form6_Command1_Click()
 {
-    create(*List1, u"\\temp.vxg"_s, [this](const QString& target) {
-        writeGroup(target, entriesFoundBeside(documentFolder(), List1->list().entries));
-    });
+    create(*List1, u"\\temp.vxg"_s, [this](const QString& target) { writeMembers(target); });
+}
+
+void Form6::writeMembers(const QString& target) const
+{
+    writeGroup(target, entriesFor(target, documentFolder(), List1->list().entries));
 }
 
 void Form6::showPicture()

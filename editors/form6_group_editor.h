@@ -48,6 +48,7 @@ private:
     void Form6_Command3_Click();
     void Form6_Command4_Click();
     void Form6_Command1_Click();
+    void writeMembers(const QString& target) const;
     [[nodiscard]] MemberFields shownFields() const;
     void fill(const MemberFields& fields);
     void showPicture();

@@ -1,7 +1,10 @@
 #include "editors/found_paths.h"
 
+#include "core/paths.h"
 #include "editors/entry_list.h"
 #include "platform/media_locator.h"
+
+#include <QDir>
 
 namespace orvanta {
 
@@ -12,12 +15,22 @@ QString pathFoundBeside(const QString& documentFolder, const QString& pathText)
     return found.isEmpty() ? pathText : found;
 }
 
-QStringList entriesFoundBeside(const QString& documentFolder, QStringList entries)
+static bool liesIn(const QString& folder, const QString& file)
+{
+    return QDir::cleanPath(folderOfPath(file)) == QDir::cleanPath(folder);
+}
+
+QString pathFor(const QString& target, const QString& documentFolder, const QString& pathText)
+{
+    return liesIn(documentFolder, target) ? pathText : pathFoundBeside(documentFolder, pathText);
+}
+
+QStringList entriesFor(const QString& target, const QString& documentFolder, QStringList entries)
 {
     for (QString& entry : entries) {
         const qsizetype marker = entry.indexOf(entryMarker());
         if (marker > 0) {
-            entry.replace(0, marker, pathFoundBeside(documentFolder, entry.left(marker)));
+            entry.replace(0, marker, pathFor(target, documentFolder, entry.left(marker)));
         }
     }
     return entries;

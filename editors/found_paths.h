@@ -1,4 +1,4 @@
-// Paths for the temporary document, which does not lie where the loaded one does.
+// Paths for a document that does not lie where the loaded one does.
 #pragma once
 
 #include <QString>
@@ -10,7 +10,13 @@ namespace orvanta {
 /// folder is empty. Absolute paths of existing files stay as they are.
 [[nodiscard]] QString pathFoundBeside(const QString& documentFolder, const QString& pathText);
 
+/// The path text of a loaded document for a document at target: a relative one stays only in the
+/// folder that it was loaded from; anywhere else it would lead to nothing.
+[[nodiscard]] QString pathFor(const QString& target, const QString& documentFolder,
+                              const QString& pathText);
+
 /// The same for the paths of entries path + "{}" + anything.
-[[nodiscard]] QStringList entriesFoundBeside(const QString& documentFolder, QStringList entries);
+[[nodiscard]] QStringList entriesFor(const QString& target, const QString& documentFolder,
+                                     QStringList entries);
 
 } // namespace orvanta

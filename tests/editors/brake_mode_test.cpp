@@ -228,6 +228,19 @@ TEST_F(BrakeMode, CreateFindsTheClipThatTheLoadedPacketNamesBesideItself)
         << bytesOf(temporaryPacket()).constData();
 }
 
+TEST_F(BrakeMode, APacketThatIsSavedInAnotherFolderStillFindsItsClip)
+{
+    put(u"clip.avi"_s);
+    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=0\n");
+    open();
+    press(editor->Command7);
+    pickers.saveAnswer = module.ApplicationFolder + u"/out.vxl"_s;
+    press(editor->Command16);
+    EXPECT_TRUE(
+        bytesOf(pickers.saveAnswer).contains("\r\nfile=" + room(u"clip.avi"_s).toUtf8() + "\r\n"))
+        << bytesOf(pickers.saveAnswer).constData();
+}
+
 TEST_F(BrakeMode, LoadingPassesOverWhatFails)
 {
     pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=/gone.avi\nbrakes=abc\n");

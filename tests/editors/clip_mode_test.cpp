@@ -217,6 +217,18 @@ TEST_F(ClipMode, CreateFindsClipsThatTheLoadedPacketNamesBesideItself)
                   "[file2]\r\npath=gone.avi\r\ntext=B\r\n");
 }
 
+TEST_F(ClipMode, APacketThatIsSavedInAnotherFolderStillFindsItsClips)
+{
+    put(u"near.avi"_s);
+    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfiles=1\n[file1]\npath=near.avi\ntext=A\n");
+    open();
+    press(editor->Command3);
+    pickers.saveAnswer = module.ApplicationFolder + u"/out.vxl"_s;
+    press(editor->Command4);
+    EXPECT_EQ(bytesOf(pickers.saveAnswer), "[main]\r\nfiles=1\r\n[file1]\r\npath=" +
+                                               room(u"near.avi"_s).toUtf8() + "\r\ntext=A\r\n");
+}
+
 TEST_F(ClipMode, PastedLineBreaksBecomeBlanks)
 {
     openWith({u"a{}1"_s}, 0);

@@ -235,6 +235,19 @@ TEST_F(GroupEditor, CreateFindsPacketsThatTheLoadedGroupNamesBesideItself)
         << bytesOf(temporaryGroup()).constData();
 }
 
+TEST_F(GroupEditor, AGroupThatIsSavedInAnotherFolderStillFindsItsPackets)
+{
+    put(u"near.vxl"_s);
+    pickers.openAnswer = put(u"in.vxg"_s, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n");
+    open();
+    press(editor->Command3);
+    pickers.saveAnswer = module.ApplicationFolder + u"/out.vxg"_s;
+    press(editor->Command4);
+    EXPECT_TRUE(
+        bytesOf(pickers.saveAnswer).contains("\r\npath=" + room(u"near.vxl"_s).toUtf8() + "\r\n"))
+        << bytesOf(pickers.saveAnswer).constData();
+}
+
 TEST_F(GroupEditor, LoadedAndSavedAgainItLosesPicturesAndShiftsTexts)
 {
     pickers.openAnswer =
