@@ -109,6 +109,22 @@ TEST_F(MediaControls, PlayerctlListsPlaysPausesStopsMovesAndReads)
     EXPECT_TRUE(answers({u"status"_s}, u"Playing"_s));
 }
 
+TEST_F(MediaControls, PlayBeginsWithTheFirstClipOfWhatWasOpenedToRest)
+{
+    home.setOption(u"as"_s, false);
+    const QString clip = media(u"video2.mp4"_s);
+    const QString packet = writeClips(file(u"two.vxl"_s), {{clip, u"One"_s}, {clip, u"Two"_s}});
+    ASSERT_TRUE(program.startAndShow({packet}));
+    ASSERT_TRUE(answers({u"metadata"_s, u"xesam:title"_s}, u"One"_s));
+    EXPECT_TRUE(answers({u"status"_s}, u"Stopped"_s));
+    ask({u"play"_s});
+    EXPECT_TRUE(plays(u"start 1 1 One"_s));
+    EXPECT_TRUE(plays(u"start 1 2 Two"_s));
+    EXPECT_TRUE(plays(u"ended 1 2"_s));
+    ask({u"play-pause"_s}); // when all is over it begins again
+    EXPECT_TRUE(plays(u"start 1 1 One"_s));
+}
+
 TEST_F(MediaControls, PlayerctlHearsOfEveryChangeWithoutAsking)
 {
     ASSERT_TRUE(program.startAndShow());

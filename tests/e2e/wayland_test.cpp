@@ -1,6 +1,7 @@
 // The program under Wayland, where no program places its windows or stacks them.
 
 #include "tests/e2e/support/steered.h"
+#include "tests/e2e/support/tray.h"
 
 using namespace Qt::StringLiterals;
 
@@ -60,6 +61,20 @@ TEST_F(WaylandWithoutScreen, TheWindowComesAndTheClipPlaysAndIsSteeredAndClosed)
     EXPECT_TRUE(program.waitForEnd());
     EXPECT_EQ(program.exitStatus(), 0);
     expectNoComplaint();
+}
+
+TEST_F(WaylandWithoutScreen, TheTrayIconComesWithATrayThatIsThereOnlyLater)
+{
+    home.setOption(u"si"_s, true);
+    program.start({u"/auto"_s});
+    ASSERT_TRUE(program.peek(u"^orvanta.startup: ready"_s));
+    Tray tray(desktop);
+    ASSERT_TRUE(tray.isReady());
+    EXPECT_TRUE(tray.waitForIcons(1));
+    EXPECT_TRUE(tray.choose(u"_Exit"_s));
+    EXPECT_TRUE(program.waitForEnd());
+    EXPECT_EQ(program.exitStatus(), 0);
+    EXPECT_TRUE(tray.waitForIcons(0));
 }
 
 class WaylandWithKeyboard : public Wayland

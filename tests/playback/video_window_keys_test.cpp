@@ -1,7 +1,9 @@
 // The video window's keys, and what keeps the desktop awake.
 #include "tests/playback/video_window_fixture.h"
 
+#include <QApplication>
 #include <QCursor>
+#include <QMouseEvent>
 
 using namespace orvanta;
 using namespace orvanta::test;
@@ -131,11 +133,33 @@ TEST_F(VideoWindowKeysTest, TheDesktopIsKeptAwakeOnlyWhileAClipRuns)
     EXPECT_EQ(told, (QList<bool>{true, false, true, false}));
 }
 
-TEST_F(VideoWindowKeysTest, TheNudgeEndsWhereItBegan)
+/// Keeps the places to which the mouse cursor moves over any window.
+class PointerPlaces : public QObject
 {
-    const QPoint before = QCursor::pos();
+public:
+    PointerPlaces() { qApp->installEventFilter(this); }
+    QList<QPoint> seen;
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override
+    {
+        if (event->type() == QEvent::MouseMove && receiver->isWindowType()) {
+            seen.append(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+        }
+        return false;
+    }
+};
+
+TEST_F(VideoWindowKeysTest, TheNudgeGoesOnePixelDownAndStraightBack)
+{
+    const QPoint place = form.frameGeometry().center();
+    QCursor::setPos(place);
+    QCoreApplication::processEvents();
+    PointerPlaces pointer;
     ASSERT_TRUE(QMetaObject::invokeMethod(&form.Timer1, "timeout"));
-    EXPECT_EQ(QCursor::pos(), before);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(pointer.seen, (QList<QPoint>{place + QPoint(0, 1), place}));
+    EXPECT_EQ(QCursor::pos(), place);
 }
 
 } // namespace
