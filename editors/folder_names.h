@@ -15,9 +15,6 @@ namespace orvanta {
 /// left out.
 [[nodiscard]] QStringList folderNames(const QString& folder);
 
-/// Sorts names without regard to letter case, numbers in them by value.
-void sortNaturally(QStringList& names);
-
 /// Mount points of volumes that a user would look for: discs, sticks, network folders.
 [[nodiscard]] QStringList mountedVolumes();
 /// The same from the text of a mount table.

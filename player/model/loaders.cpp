@@ -1,5 +1,6 @@
 #include "player/model/loaders.h"
 
+#include "core/folder_contents.h"
 #include "core/group_file.h"
 #include "core/log.h"
 #include "core/packet_file.h"
@@ -9,13 +10,10 @@
 
 #include <QDir>
 #include <QFile>
-#include <QRegularExpression>
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -125,63 +123,12 @@ void OpenFiles(PlaylistState& playlist, const QStringList& paths)
     }
 }
 
-/// Null for a name that no text can hold.
-static QString textOfName(const std::string& bytes)
-{
-    const QByteArray raw = QByteArray::fromStdString(bytes);
-    QString text = QFile::decodeName(raw);
-    if (QFile::encodeName(text) == raw) {
-        return text;
-    }
-    qCInfo(logErrors) << "a file name that is no text is left out:" << raw;
-    return {};
-}
-
-using Patterns = std::vector<QRegularExpression>;
-
-static Patterns patternsOf(const QString& list)
-{
-    Patterns patterns;
-    for (const QString& pattern : list.split(u';', Qt::SkipEmptyParts)) {
-        patterns.push_back(QRegularExpression::fromWildcard(pattern, Qt::CaseInsensitive));
-    }
-    return patterns;
-}
-
-static bool matchesAny(const Patterns& patterns, const QString& name)
-{
-    return std::any_of(patterns.begin(), patterns.end(), [&](const QRegularExpression& pattern) {
-        return pattern.match(name).hasMatch();
-    });
-}
-
-static bool isListed(const std::filesystem::directory_entry& entry, const QString& name,
-                     const Patterns& patterns)
-{
-    std::error_code ignored;
-    return !name.isNull() && !name.startsWith(u'.') && entry.is_regular_file(ignored) &&
-           matchesAny(patterns, name);
-}
-
-static bool comesBefore(const QString& a, const QString& b)
-{
-    const int order = QString::compare(a, b, Qt::CaseInsensitive);
-    return order != 0 ? order < 0 : a < b;
-}
-
 QStringList filesOfFolder(const QString& folder, const QString& pattern)
 {
-    const Patterns patterns = patternsOf(pattern);
-    QStringList files;
-    std::error_code error;
-    std::filesystem::directory_iterator entry(QFile::encodeName(folder).toStdString(), error);
-    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
-        const QString name = textOfName(entry->path().filename().string());
-        if (isListed(*entry, name, patterns)) {
-            files.append(joinPath(folder, name));
-        }
+    QStringList files = namesOfFiles(folder, pattern);
+    for (QString& name : files) {
+        name = joinPath(folder, name);
     }
-    std::sort(files.begin(), files.end(), comesBefore);
     return files;
 }
 

@@ -258,6 +258,16 @@ TEST_F(Loaders, FilesOfAFolderMatchThePatternInAnyCaseInNameOrder)
     EXPECT_EQ(filesOfFolder(folder.path() + u'/', u"*.avi;*.mp3"_s), files);
 }
 
+TEST_F(Loaders, NumbersInTheNamesOfAFoldersFilesCountByValue)
+{
+    QStringList expected;
+    for (const QString& name : {u"lesson 1.avi"_s, u"lesson 2.avi"_s, u"lesson 10.avi"_s}) {
+        folder.write(name, "media");
+        expected.append(folder.file(name));
+    }
+    EXPECT_EQ(filesOfFolder(folder.path(), u"*.avi"_s), expected);
+}
+
 TEST_F(Loaders, FilesOfAFolderAreRegularFiles)
 {
     QDir(folder.path()).mkdir(u"folder.avi"_s);
