@@ -1,10 +1,12 @@
 #include "editors/form10_save_picker.h"
 
+#include "core/paths.h"
 #include "editors/entry_list.h"
 #include "editors/file_list_box.h"
 #include "editors/folder_names.h"
 
 #include <QBoxLayout>
+#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
@@ -22,7 +24,7 @@ Form10::Form10(Module1& module, const HandlerBoundary& boundary, const QString& 
     connectHandlers();
     connect(File1, &FileListBox::fileChosen, this,
             this->boundary()([this] { Form10_File1_Click(); }));
-    connect(Text1, &QLineEdit::textChanged, this, &Form10::showWhetherReplaced);
+    connect(Text1, &QLineEdit::textChanged, this, &Form10::showOutlook);
     showStoredFolder();
     Text1->setFocus();
     Text1->selectAll();
@@ -51,10 +53,27 @@ QString Form10::target() const
     return AddBackslash(File1->folder()) + Text1->text() + pattern().mid(1);
 }
 
-void Form10::showWhetherReplaced()
+/// Known beforehand only: a disk may still turn out to be full.
+static bool canBeSaved(const QString& file)
 {
-    const bool isThere = !Text1->text().isEmpty() && QFileInfo::exists(target());
-    Label1->setText(isThere ? texts()(u"Label1") : QString());
+    constexpr qsizetype kLongestName = 255; // bytes, on every usual file system
+    const QFileInfo folder(folderOfPath(file));
+    const QString name = file.mid(file.lastIndexOf(u'/') + 1);
+    return folder.isDir() && folder.isWritable() && !QFileInfo(file).isDir() &&
+           QFile::encodeName(name).size() <= kLongestName;
+}
+
+void Form10::showOutlook()
+{
+    QString outlook;
+    if (!Text1->text().isEmpty()) {
+        if (!canBeSaved(target())) {
+            outlook = texts()(u"Label1.denied");
+        } else if (QFileInfo::exists(target())) {
+            outlook = texts()(u"Label1");
+        }
+    }
+    Label1->setText(outlook);
 }
 
 void Form10::Form10_File1_Click()

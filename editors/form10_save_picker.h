@@ -1,7 +1,7 @@
 // Form10, the save picker.
 //
 //   FolderTreeview1  the folders      File1     the folder's files that match the pattern
-//   Text1            the new name     Label1    says that a file will be replaced
+//   Text1            the new name     Label1    what OK will meet: an older file, no right
 //   Command1         OK               Command2  Cancel
 //   PathBox          the folder's path, or one to go to
 #pragma once
@@ -21,20 +21,20 @@ public:
            QWidget* parent = nullptr);
 
     LineBox* Text1 = nullptr; // the new file's name without its extension
-    QLabel* Label1 = nullptr; // a quiet line: the file is there already and will be replaced
+    QLabel* Label1 = nullptr; // a quiet line: the file will be replaced, or cannot be saved there
 
 protected:
     void Command1_Click() override { Form10_Command1_Click(); }
     void Command2_Click() override { Form10_Command2_Click(); }
     void takeTypedName(const QString& name) override;
-    void folderShown() override { showWhetherReplaced(); }
+    void folderShown() override { showOutlook(); }
 
 private:
     void buildNameRow();
     void Form10_File1_Click();
     void Form10_Command1_Click();
     void Form10_Command2_Click();
-    void showWhetherReplaced();
+    void showOutlook();
     [[nodiscard]] QString target() const;
 };
 

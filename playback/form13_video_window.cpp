@@ -220,13 +220,22 @@ void Form13::giveSize(QSize contents)
 {
     const QSize whole = contents + frameSize();
     const QRect neighbour = m_neighbour ? m_neighbour->frameGeometry() : QRect();
-    const QPoint place =
-        isVisible() ? insideScreen(pos(), whole, room()) : placeBeside(neighbour, whole, room());
+    const QPoint place = isVisible() ? insideScreen(placeBeforePush(), whole, room())
+                                     : placeBeside(neighbour, whole, room());
+    m_pushedFrom = isVisible() ? placeBeforePush() : place;
+    m_pushedTo = place;
     m_givenSizeBefore = std::exchange(m_givenSize, contents);
     resize(contents);
     if (place != pos()) {
         move(place);
     }
+}
+
+/// A large clip pushes the window towards the middle of the screen; a small one after it finds it
+/// where it was, unless the user has moved it meanwhile.
+QPoint Form13::placeBeforePush() const
+{
+    return pos() == m_pushedTo ? m_pushedFrom : pos();
 }
 
 void Form13::hideUnlessOpening()

@@ -94,6 +94,7 @@ private:
     void bringIntoSight(QSize contents);
     void giveSizeOfContents();
     void giveSize(QSize contents);
+    [[nodiscard]] QPoint placeBeforePush() const;
     [[nodiscard]] QSize sizeOfContents() const;
     void keepAwakeWhile(bool running);
     void hideUnlessOpening();
@@ -128,6 +129,8 @@ private:
     bool m_comesBack = false;      // from full screen, to that place
     QSize m_contents;              // pixels, of the clip or the still picture that is in sight
     QSize m_givenSize;             // pixels, the size that the program asked for last
+    QPoint m_pushedFrom;           // where the window stood before a large clip had no room there
+    QPoint m_pushedTo;             // and where the program has put it
     QSize m_givenSizeBefore;       // its predecessor may still come back from the window system
 };
 

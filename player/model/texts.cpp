@@ -108,6 +108,8 @@ constexpr std::array kTexts{
     InterfaceText{u"Form10", u"Text1.label", u"Name:", u"Имя:"},
     InterfaceText{u"Form10", u"Label1", u"This file exists and will be replaced.",
                   u"Этот файл уже есть и будет заменён."},
+    InterfaceText{u"Form10", u"Label1.denied", u"Nothing can be saved here under this name.",
+                  u"Под этим именем сюда сохранить нельзя."},
 
     InterfaceText{u"Form8", u"Form8", u"Options", u"Опции"},
     InterfaceText{u"Form8", u"Image3", u"Playing options", u"Опции воспроизведения"},

@@ -131,6 +131,19 @@ TEST_F(SavePicker, AQuietLineSaysThatAFileWillBeReplaced)
     EXPECT_EQ(picker->Label1->text(), QString());
 }
 
+TEST_F(SavePicker, TheLineSaysThatNothingCanBeSavedUnderAName)
+{
+    QDir(room()).mkdir(u"folder.vxl"_s);
+    open();
+    for (const QString& name : {u"no folder/a"_s, u"folder"_s, QString(252, u'a')}) {
+        typeOver(picker->Text1, name);
+        EXPECT_EQ(picker->Label1->text(), u"Nothing can be saved here under this name."_s)
+            << qPrintable(name);
+    }
+    typeOver(picker->Text1, QString(251, u'a'));
+    EXPECT_EQ(picker->Label1->text(), QString());
+}
+
 TEST_F(SavePicker, OkWithAPathTypedGoesThereFirstAndKeepsTheName)
 {
     QDir(room()).mkdir(u"sub"_s);

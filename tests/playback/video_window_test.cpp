@@ -265,6 +265,22 @@ TEST_F(VideoWindowTest, TheUsersSizeAndPlaceAreKept)
     EXPECT_EQ(form.ActiveMovie1->size(), QSize(500, 400));
 }
 
+TEST_F(VideoWindowTest, ALargeClipThatPushedItLeavesItsPlaceToTheNextSmallOne)
+{
+    open(u"/a.avi"_s, {200, 100});
+    const QPoint place(500, 300);
+    form.move(place);
+    QCoreApplication::processEvents();
+    open(u"/large.avi"_s, {700, 700});
+    EXPECT_NE(form.pos(), place);
+    open(u"/larger.avi"_s, {1700, 700});
+    open(u"/b.avi"_s, {200, 100});
+    EXPECT_EQ(form.pos(), place);
+    form.move(40, 50);
+    open(u"/c.avi"_s, {200, 120});
+    EXPECT_EQ(form.pos(), QPoint(40, 50));
+}
+
 TEST_F(VideoWindowTest, ClosingItUnloadsTheClipAndIsNoHidingByTheProgram)
 {
     open(u"/a.avi"_s, {320, 240});

@@ -138,8 +138,8 @@ void listRows(Stage& s, bool cleared)
         s.label(158, y + 10, rows[row], isOff ? kMuted : kText, 11);
     }
     s.part(u"list"_s, {126, 124, 388, 112});
-    s.part(u"line"_s, {130, 181, 380, 16});
-    s.part(u"box"_s, {132, 214, 22, 18});
+    s.part(u"line"_s, {134, 184, 372, 10});
+    s.part(u"box"_s, {136, 216, 14, 14});
 }
 
 void transport(Stage& s, double share)
@@ -157,7 +157,7 @@ void transport(Stage& s, double share)
     s.line(183, 278, 183, 288, kText, 2.6);
     s.disc(220, 283, 18, kAccent);
     s.triangle(215, 275, 16, kNight);
-    s.part(u"transport"_s, {122, 262, 120, 42});
+    s.part(u"transport"_s, {122, 267, 120, 34});
     s.line(400, 283, 500, 283, kLine, 4);
     s.line(400, 283, 480, 283, kAccent, 4);
     s.disc(480, 283, 6, kText);
@@ -198,7 +198,7 @@ void keys(Stage& s)
     key(s, u"l"_s, {496, 190, 60, 48}, u"L"_s, s.word(u"go"_s));
     s.part(u"arrows"_s, {350, 62, 218, 92});
     s.part(u"screen"_s, {78, 182, 236, 92});
-    s.part(u"bookmark"_s, {350, 182, 218, 92});
+    s.part(u"bookmark"_s, {328, 182, 246, 92});
 }
 
 constexpr double kMarks[] = {60, 230, 400, 560};
