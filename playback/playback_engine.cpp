@@ -130,6 +130,7 @@ bool PlaybackEngine::Private::moveOnAfterEnd()
         return false;
     }
     context.log.ended(context.cursor());
+    transport.showBeginning();
     if (context.isCurrentPacketBraked()) {
         resumeNext("end of a braked clip", [&] { brakes.clipEnded(); });
         return false;

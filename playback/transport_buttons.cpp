@@ -72,7 +72,7 @@ void TransportButtons::pressStop()
         return;
     }
     stopPlayer();
-    showBeginning();
+    reset();
     if (m_looks.pauseEnabled) {
         setPause(false);
     }
@@ -84,6 +84,14 @@ void TransportButtons::pressStop()
 }
 
 void TransportButtons::showBeginning()
+{
+    if (m_context.view->isSliderHeld()) {
+        return;
+    }
+    reset();
+}
+
+void TransportButtons::reset()
 {
     m_slider.reset();
     m_context.view->setCurrentTime(u"0.00"_s);
@@ -115,7 +123,7 @@ void TransportButtons::reconcile()
     } else {
         showIdle();
     }
-    if (state <= MediaControl::Stopped && !m_context.view->isSliderHeld()) {
+    if (state == MediaControl::Stopped) {
         showBeginning();
     }
     if (state == MediaControl::Stopped && m_knownState > MediaControl::Stopped) {

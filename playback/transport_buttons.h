@@ -20,14 +20,16 @@ public:
     /// The looks of the playing state, of the idle one.
     void showPlaying();
     void showIdle();
+    /// Time and slider at 0, unless the user holds the slider.
+    void showBeginning();
     /// Takes StateChanged: keys, tray and full screen also change the state.
     void reconcile();
 
     [[nodiscard]] const TransportLooks& looks() const { return m_looks; }
 
 private:
-    void showBeginning();
     void stopPlayer();
+    void reset();
     void show(const TransportLooks& looks);
     void setPlay(bool enabled);
     void setPause(bool enabled);

@@ -146,6 +146,7 @@ TEST_F(KeptProgram, IsHiddenAndNotEnded)
 TEST_F(KeptProgram, ShowsThePlaceholderTimes)
 {
     engine->pressClose();
+    engine->tick();
     EXPECT_EQ(view.currentTime, u"000000,000");
     EXPECT_EQ(view.clipLength, u"000000,00");
     EXPECT_EQ(view.slider, 0);
