@@ -171,8 +171,11 @@ static bool isAbsolutePathText(const QString& path)
     return path.startsWith(u'/') || onDrive;
 }
 
-std::optional<QString> folderOfSwitch(const QString& line)
+std::optional<QString> folderOfLine(const QString& line)
 {
+    if (QFileInfo(line).isDir()) {
+        return line;
+    }
     if (!line.startsWith(u"/f", Qt::CaseInsensitive) || QFileInfo::exists(line)) {
         return std::nullopt;
     }

@@ -58,8 +58,9 @@ private:
     QString m_settingsFile;
 };
 
-/// The folder that a queued line names with the folder switch: "/f" (any case) and behind it an
-/// absolute path or an existing folder. No switch when the whole line is itself an existing path.
-[[nodiscard]] std::optional<QString> folderOfSwitch(const QString& line);
+/// The folder that a queued line names: itself, or with the folder switch, "/f" (any case) and
+/// behind it an absolute path or an existing folder. No switch when the whole line is itself an
+/// existing path.
+[[nodiscard]] std::optional<QString> folderOfLine(const QString& line);
 
 } // namespace orvanta

@@ -83,7 +83,7 @@ void HandOverDrain::append(const QString& line)
 {
     const QString path = withoutQuotes(line);
     const QString kind = kindOfPath(path);
-    if (const auto folder = folderOfSwitch(path)) {
+    if (const auto folder = folderOfLine(path)) {
         appendFolder(*folder);
     } else if (kind == u"VXG") {
         appendGroup(m_context.module.playlist, path);

@@ -46,8 +46,8 @@ static QString helpText()
            "Plays packets (.vxl), groups of packets (.vxg) and clips. A program that is\n"
            "already running opens the files.\n"
            "\n"
-           "  FILE       a packet, a group or a media file\n"
-           "  /fFOLDER   plays the clips of a folder\n"
+           "  FILE       a packet, a group, a media file or a folder of clips\n"
+           "  /fFOLDER   the clips of a folder, too\n"
            "  /auto      starts without showing the main window\n"
            "  --help     shows this text\n"
            "  --version  shows the version\n"
@@ -101,7 +101,7 @@ static QString lineToQueue(const QString& text)
     if (QString path = pathOfUrl(text); !path.isEmpty()) {
         return path;
     }
-    if (const std::optional<QString> folder = folderOfSwitch(text)) {
+    if (const std::optional<QString> folder = folderOfLine(text)) {
         return text.left(2) + (QFileInfo::exists(*folder) ? absolutePath(*folder) : *folder);
     }
     return text;

@@ -91,6 +91,10 @@ TEST_F(HandOver, AFolderBecomesOnePacketOfItsPlayableFiles)
     EXPECT_EQ(launchAgain(desktop, home, {u"/f"_s + folder}), 0);
     EXPECT_TRUE(loads(1, 2));
     EXPECT_TRUE(plays(u"start 1 1 a"_s));
+    // As one types it.
+    EXPECT_EQ(launchAgain(desktop, home, {folder}), 0);
+    EXPECT_TRUE(loads(1, 2));
+    EXPECT_TRUE(plays(u"start 1 1 a"_s));
 }
 
 TEST_F(HandOver, SeveralFilesOfOneLaunchShareOnePacket)

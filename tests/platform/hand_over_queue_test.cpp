@@ -187,27 +187,34 @@ TEST_F(QueueTest, LinesOfAnEarlierTurnAreNotDrainedAgain)
 
 TEST(FolderSwitch, NamesAnAbsoluteOrExistingFolder)
 {
-    EXPECT_EQ(folderOfSwitch(u"/f/no/such/folder"_s), u"/no/such/folder");
-    EXPECT_EQ(folderOfSwitch(u"/F/clips"_s), u"/clips");
-    EXPECT_EQ(folderOfSwitch(u"/fC:\\Clips"_s), u"C:\\Clips");
+    EXPECT_EQ(folderOfLine(u"/f/no/such/folder"_s), u"/no/such/folder");
+    EXPECT_EQ(folderOfLine(u"/F/clips"_s), u"/clips");
+    EXPECT_EQ(folderOfLine(u"/fC:\\Clips"_s), u"C:\\Clips");
     const SettingsFolder folder{QByteArray()};
     QDir(folder.path()).mkdir(u"sub"_s);
     const QString before = QDir::currentPath();
     QDir::setCurrent(folder.path());
-    EXPECT_EQ(folderOfSwitch(u"/fsub"_s), u"sub");
+    EXPECT_EQ(folderOfLine(u"/fsub"_s), u"sub");
     QDir::setCurrent(before);
+}
+
+TEST(FolderSwitch, AFolderNeedsNoSwitch)
+{
+    SettingsFolder folder{QByteArray()};
+    EXPECT_EQ(folderOfLine(folder.path()), folder.path());
+    EXPECT_EQ(folderOfLine(folder.write(u"a.avi"_s, "x")), std::nullopt);
 }
 
 TEST(FolderSwitch, AFolderInQuotationMarksIsMeantWithoutThem)
 {
-    EXPECT_EQ(folderOfSwitch(u"/f\"/home/a b\""_s), u"/home/a b"_s);
+    EXPECT_EQ(folderOfLine(u"/f\"/home/a b\""_s), u"/home/a b"_s);
 }
 
 TEST(FolderSwitch, IsNoneInAnythingElse)
 {
     for (const QString& line :
          {u""_s, u"/f"_s, u"/films/a.avi"_s, u"/fmissing"_s, u"/g/clips"_s, u"f/clips"_s}) {
-        EXPECT_EQ(folderOfSwitch(line), std::nullopt) << line.toStdString();
+        EXPECT_EQ(folderOfLine(line), std::nullopt) << line.toStdString();
     }
 }
 
@@ -222,9 +229,9 @@ TEST(FolderSwitch, AnExistingPathIsNeverASwitch)
     QDir(folder.path()).mkdir(name);
     const QString before = QDir::currentPath();
     QDir::setCurrent(folder.path());
-    EXPECT_EQ(folderOfSwitch(path), std::nullopt);
+    EXPECT_EQ(folderOfLine(path), path);
     QDir().rmdir(path);
-    EXPECT_EQ(folderOfSwitch(path), name);
+    EXPECT_EQ(folderOfLine(path), name);
     QDir::setCurrent(before);
 }
 
