@@ -122,6 +122,10 @@ bool Desktop::startCompositor(const QString& backend)
                 u"--width=%1"_s.arg(m_screen.width()), u"--height=%1"_s.arg(m_screen.height())});
     m_environment.insert(u"WAYLAND_DISPLAY"_s, socket);
     m_environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
+    // What the display's libraries still hold at the end is reported as leaks of libraries that are
+    // unloaded by then, which nothing can tell from the program's own. Under X11 these are found.
+    m_environment.insert(u"ASAN_OPTIONS"_s,
+                         m_environment.value(u"ASAN_OPTIONS"_s) + u":detect_leaks=0"_s);
     const bool serves =
         waitFor([&] { return QFileInfo::exists(m_folder.filePath(u"run/"_s + socket)); });
     return serves || fail(u"weston does not start"_s);

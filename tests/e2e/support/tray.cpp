@@ -135,6 +135,7 @@ bool Tray::hasPicture()
     const auto argument = pictures.value<QDBusArgument>();
     argument.beginArray();
     const bool any = !argument.atEnd();
+    argument.endArray();
     return any;
 }
 
