@@ -1,5 +1,6 @@
 // How long the editors keep people waiting: opening, adding and saving many clips, large folders.
 #include "bench/preview_drag.h"
+#include "bench/without_display.h"
 #include "core/ini.h"
 #include "editors/editor_services.h"
 #include "editors/entry_list_view.h"
@@ -103,6 +104,7 @@ template <typename Window> void showPainted(Window& window)
 
 int main(int argc, char** argv)
 {
+    orvanta::bench::useNoDisplayWhereThereIsNone();
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
     const QTemporaryDir temporary;

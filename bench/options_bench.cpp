@@ -1,6 +1,7 @@
 // How long the Options dialog keeps people waiting with 200 types: opening, and OK with every type
 // to be registered for the first time, given back, and unchanged. Everything happens in a home of
 // its own; the desktop's caches are refreshed by the tools that are installed.
+#include "bench/without_display.h"
 #include "core/ini.h"
 #include "system/form8_options_dialog.h"
 #include "system/type_list.h"
@@ -101,6 +102,7 @@ int main(int argc, char** argv)
 {
     const QTemporaryDir temporary;
     makeHome(temporary.path());
+    orvanta::bench::useNoDisplayWhereThereIsNone();
     const QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
     Module1 module;

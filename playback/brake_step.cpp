@@ -24,9 +24,11 @@ void BrakeStep::run()
 
 void BrakeStep::clipEnded()
 {
+    const PlaylistState& playlist = m_context.module.playlist;
     const double duration = decimalValue(m_context.module.playback.CachedDuration);
     if (m_context.areBrakesLoaded() && endPassesLastBrake(m_context.currentPacket(), duration)) {
-        passLastBrake();
+        const bool isLast = playlist.CurrentPacket == playlist.PlaylistCount;
+        apply({isLast ? BrakeDecision::Stop : BrakeDecision::NextPacket});
     }
 }
 
@@ -83,16 +85,6 @@ void BrakeStep::apply(BrakeDecision decision)
     case BrakeDecision::Stop:
         finalStop();
         break;
-    }
-}
-
-void BrakeStep::passLastBrake()
-{
-    const PlaylistState& playlist = m_context.module.playlist;
-    if (playlist.CurrentPacket != playlist.PlaylistCount) {
-        goToNextPacket();
-    } else {
-        finalStop();
     }
 }
 

@@ -23,7 +23,6 @@ private:
     [[nodiscard]] bool staysAfterMoving();
     [[nodiscard]] BrakeDecision decide() const;
     void apply(BrakeDecision decision);
-    void passLastBrake();
     void goToNextPacket();
     void unloadClip();
     void finalStop();
