@@ -52,6 +52,9 @@ void AdvanceStep::runAfterFailure()
 
 void AdvanceStep::apply(const AdvanceDecision& decision)
 {
+    if (decision.what != AdvanceDecision::Start && m_context.isPlayerEmpty()) {
+        m_transport.showBeginning();
+    }
     if (decision.what == AdvanceDecision::Start) {
         m_starter.ListClick(decision.cursor.packet, decision.cursor.clip);
     } else if (decision.what == AdvanceDecision::Over) {

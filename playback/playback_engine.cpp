@@ -130,8 +130,8 @@ bool PlaybackEngine::Private::moveOnAfterEnd()
         return false;
     }
     context.log.ended(context.cursor());
-    transport.showBeginning();
     if (context.isCurrentPacketBraked()) {
+        transport.showBeginning();
         resumeNext("end of a braked clip", [&] { brakes.clipEnded(); });
         return false;
     }
