@@ -9,7 +9,7 @@
 #include "editors/form5_packet_editor.h"
 #include "editors/form6_group_editor.h"
 #include "editors/form7_open_picker.h"
-#include "platform/scripted_media_control.h"
+#include "tests/support/scripted_media_control.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

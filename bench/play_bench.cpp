@@ -2,8 +2,8 @@
 // X11 output, turn by turn on one display; prints CPU and memory as ratios.
 //
 //   bench_play [CLIP] [ROUNDS]
-#include "platform/mpv_media_control.h"
-#include "platform/video_surface.h"
+#include "platform/media/mpv_media_control.h"
+#include "platform/media/video_surface.h"
 
 #include <QApplication>
 #include <QFileInfo>

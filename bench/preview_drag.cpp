@@ -5,8 +5,8 @@
 #include "editors/folder_tree.h"
 #include "editors/form5_packet_editor.h"
 #include "editors/time_slider.h"
-#include "platform/mpv_media_control.h"
-#include "platform/picture_source.h"
+#include "platform/media/mpv_media_control.h"
+#include "platform/media/picture_source.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

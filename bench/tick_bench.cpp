@@ -1,12 +1,12 @@
 // CPU of a quiet tick, and the time in which the largest packet is opened.
 #include "core/ini.h"
 #include "core/packet_file.h"
-#include "platform/scripted_media_control.h"
+#include "model/loaders.h"
+#include "model/tree_lines.h"
 #include "playback/playback_engine.h"
-#include "player/model/loaders.h"
-#include "player/model/tree_lines.h"
 #include "tests/support/plain_playback_view.h"
 #include "tests/support/plain_video_window.h"
+#include "tests/support/scripted_media_control.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

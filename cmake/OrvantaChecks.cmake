@@ -1,7 +1,7 @@
 # The target "tidy": clang-tidy over the program's own sources, two at a time. Each source has a
 # stamp in the build folder, so that only what changed is checked again.
 
-set(ORVANTA_CHECKED_FOLDERS core platform player playback editors system companions)
+set(ORVANTA_CHECKED_FOLDERS core platform model playback window editors system app companions)
 
 # Appends to the list every .cpp of the targets in this folder and below it, as paths below the
 # project's root.

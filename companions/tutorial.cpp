@@ -2,7 +2,7 @@
 
 #include "core/ini.h"
 #include "core/paths.h"
-#include "platform/application_folder.h"
+#include "platform/process/application_folder.h"
 
 #include <QCoreApplication>
 #include <QDir>

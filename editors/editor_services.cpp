@@ -3,7 +3,7 @@
 #include "core/paths.h"
 #include "editors/form5_packet_editor.h"
 #include "editors/form6_group_editor.h"
-#include "platform/registry.h"
+#include "platform/file_types/registry.h"
 
 namespace orvanta {
 

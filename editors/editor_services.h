@@ -2,9 +2,9 @@
 #pragma once
 
 #include "core/error_boundary.h"
-#include "platform/media_control.h"
-#include "player/model/module1.h"
-#include "player/model/pickers.h"
+#include "model/module1.h"
+#include "model/pickers.h"
+#include "platform/media/media_control.h"
 
 #include <QSize>
 

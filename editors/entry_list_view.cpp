@@ -2,7 +2,7 @@
 
 #include "editors/entry_painter.h"
 #include "editors/window_parts.h"
-#include "platform/window_basics.h"
+#include "platform/screen/window_basics.h"
 
 #include <QAbstractListModel>
 #include <QKeyEvent>

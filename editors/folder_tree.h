@@ -1,7 +1,7 @@
 // The folder tree of pickers and editors.
 #pragma once
 
-#include "player/model/texts.h"
+#include "model/texts.h"
 
 #include <QTreeView>
 

@@ -8,7 +8,7 @@
 #include "editors/found_paths.h"
 #include "editors/preview_pane.h"
 #include "editors/time_slider.h"
-#include "platform/media_locator.h"
+#include "platform/process/media_locator.h"
 
 #include <QLabel>
 

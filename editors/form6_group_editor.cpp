@@ -5,7 +5,7 @@
 #include "editors/file_list_box.h"
 #include "editors/found_paths.h"
 #include "editors/small_picture.h"
-#include "platform/media_locator.h"
+#include "platform/process/media_locator.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -2,7 +2,7 @@
 
 #include "core/paths.h"
 #include "editors/entry_list.h"
-#include "platform/media_locator.h"
+#include "platform/process/media_locator.h"
 
 #include <QDir>
 

@@ -5,7 +5,7 @@
 #include "editors/file_list_box.h"
 #include "editors/folder_names.h"
 #include "editors/folder_tree.h"
-#include "platform/window_basics.h"
+#include "platform/screen/window_basics.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>

@@ -3,7 +3,7 @@
 
 #include "core/error_boundary.h"
 #include "editors/window_parts.h"
-#include "player/model/module1.h"
+#include "model/module1.h"
 
 #include <QDialog>
 

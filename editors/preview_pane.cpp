@@ -1,6 +1,6 @@
 #include "editors/preview_pane.h"
 
-#include "platform/video_surface.h"
+#include "platform/media/video_surface.h"
 
 #include <QMouseEvent>
 #include <QPainter>

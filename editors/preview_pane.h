@@ -1,7 +1,7 @@
 // The preview player of the packet editor's brake clip.
 #pragma once
 
-#include "platform/media_control.h"
+#include "platform/media/media_control.h"
 
 #include <QTimer>
 #include <QWidget>

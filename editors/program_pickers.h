@@ -2,8 +2,8 @@
 #pragma once
 
 #include "core/error_boundary.h"
-#include "player/model/module1.h"
-#include "player/model/pickers.h"
+#include "model/module1.h"
+#include "model/pickers.h"
 
 #include <QSize>
 

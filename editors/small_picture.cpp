@@ -1,6 +1,6 @@
 #include "editors/small_picture.h"
 
-#include "platform/metafile.h"
+#include "platform/file_types/metafile.h"
 
 #include <QFile>
 #include <QImageReader>

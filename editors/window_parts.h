@@ -1,8 +1,8 @@
 // Small parts that pickers and editors share.
 #pragma once
 
-#include "player/model/module1.h"
-#include "player/model/texts.h"
+#include "model/module1.h"
+#include "model/texts.h"
 
 #include <QIcon>
 #include <QLineEdit>

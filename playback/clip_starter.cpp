@@ -4,7 +4,7 @@
 #include "core/group_file.h"
 #include "core/ini.h"
 #include "core/paths.h"
-#include "platform/media_locator.h"
+#include "platform/process/media_locator.h"
 #include "playback/event_wait.h"
 
 #include <QFile>

@@ -2,8 +2,8 @@
 
 #include "core/error_boundary.h"
 #include "core/paths.h"
+#include "model/loaders.h"
 #include "playback/event_wait.h"
-#include "player/model/loaders.h"
 
 #include <QFile>
 

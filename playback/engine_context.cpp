@@ -1,6 +1,6 @@
 #include "playback/engine_context.h"
 
-#include "platform/media_locator.h"
+#include "platform/process/media_locator.h"
 
 namespace orvanta {
 

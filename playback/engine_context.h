@@ -1,11 +1,11 @@
 // What the parts of the playback engine share.
 #pragma once
 
+#include "model/module1.h"
 #include "playback/advance.h"
 #include "playback/playback_log.h"
 #include "playback/playback_operations.h"
 #include "playback/playback_view.h"
-#include "player/model/module1.h"
 
 #include <functional>
 #include <set>

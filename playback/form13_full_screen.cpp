@@ -1,5 +1,5 @@
 // The video window's full-screen mode, keys and mouse.
-#include "platform/window_stacking.h"
+#include "platform/screen/window_stacking.h"
 #include "playback/form13_video_window.h"
 #include "playback/typed_key.h"
 

@@ -1,7 +1,7 @@
 #include "playback/form13_video_window.h"
 
 #include "core/numbers.h"
-#include "platform/pointer_nudge.h"
+#include "platform/screen/pointer_nudge.h"
 #include "playback/still_picture.h"
 
 #include <QCloseEvent>

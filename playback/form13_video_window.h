@@ -6,8 +6,8 @@
 #pragma once
 
 #include "core/error_boundary.h"
-#include "platform/media_control.h"
-#include "platform/video_surface.h"
+#include "platform/media/media_control.h"
+#include "platform/media/video_surface.h"
 #include "playback/keyboard.h"
 #include "playback/video_layout.h"
 #include "playback/video_window.h"

@@ -2,9 +2,9 @@
 
 #include "core/error_boundary.h"
 #include "core/paths.h"
-#include "platform/hand_over_queue.h"
+#include "model/loaders.h"
+#include "platform/process/hand_over_queue.h"
 #include "playback/event_wait.h"
-#include "player/model/loaders.h"
 
 #include <QDir>
 

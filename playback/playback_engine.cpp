@@ -2,6 +2,7 @@
 
 #include "core/error_boundary.h"
 #include "core/ini.h"
+#include "model/loaders.h"
 #include "playback/advance_step.h"
 #include "playback/brake_step.h"
 #include "playback/clip_starter.h"
@@ -11,7 +12,6 @@
 #include "playback/position_slider.h"
 #include "playback/transport_buttons.h"
 #include "playback/volume_sliders.h"
-#include "player/model/loaders.h"
 
 #include <QScopedValueRollback>
 

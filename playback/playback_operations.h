@@ -1,7 +1,7 @@
 // The playback operations of the main module: every window but the video window works through them.
 #pragma once
 
-#include "platform/media_control.h"
+#include "platform/media/media_control.h"
 #include "playback/video_window.h"
 
 namespace orvanta {

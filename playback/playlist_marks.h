@@ -1,9 +1,9 @@
 // The playlist as the advance rules see it, with the check marks of the list.
 #pragma once
 
+#include "model/module1.h"
 #include "playback/advance.h"
 #include "playback/playback_view.h"
-#include "player/model/module1.h"
 
 namespace orvanta {
 

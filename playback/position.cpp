@@ -1,7 +1,7 @@
 #include "playback/position.h"
 
 #include "core/numbers.h"
-#include "platform/media_control.h"
+#include "platform/media/media_control.h"
 
 namespace orvanta {
 

@@ -1,7 +1,7 @@
 #include "playback/still_picture.h"
 
 #include "core/log.h"
-#include "platform/metafile.h"
+#include "platform/file_types/metafile.h"
 
 #include <QFile>
 #include <QImageReader>

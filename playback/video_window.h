@@ -1,7 +1,7 @@
 // What the playback engine needs of the video window.
 #pragma once
 
-#include "player/model/module1.h"
+#include "model/module1.h"
 
 #include <QString>
 

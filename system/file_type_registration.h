@@ -1,7 +1,7 @@
 // Which registry entries a file type, the start with the system and their undoing are made of.
 #pragma once
 
-#include "platform/registry.h"
+#include "platform/file_types/registry.h"
 
 #include <QString>
 

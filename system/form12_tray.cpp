@@ -4,7 +4,7 @@
 #include "core/ini.h"
 #include "core/numbers.h"
 #include "core/paths.h"
-#include "player/model/texts.h"
+#include "model/texts.h"
 #include "system/drawn_picture.h"
 
 #include <cmath>

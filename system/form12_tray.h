@@ -6,7 +6,7 @@
 // It never acts on the player: each command raises a one-shot request that the tick serves.
 #pragma once
 
-#include "player/model/module1.h"
+#include "model/module1.h"
 
 #include <QAction>
 #include <QMenu>

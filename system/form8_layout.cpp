@@ -1,5 +1,5 @@
-#include "platform/type_icons.h"
-#include "platform/window_basics.h"
+#include "platform/file_types/type_icons.h"
+#include "platform/screen/window_basics.h"
 #include "system/form8_options_dialog.h"
 #include "system/icon_preview.h"
 #include "system/option_box.h"

@@ -14,9 +14,9 @@
 #pragma once
 
 #include "core/error_boundary.h"
-#include "player/model/module1.h"
-#include "player/model/pickers.h"
-#include "player/model/texts.h"
+#include "model/module1.h"
+#include "model/pickers.h"
+#include "model/texts.h"
 #include "system/file_type_registration.h"
 
 #include <QDialog>

@@ -1,8 +1,8 @@
 #include "system/form9_about.h"
 
 #include "core/ini.h"
-#include "platform/application_folder.h"
-#include "platform/media_library.h"
+#include "platform/media/media_library.h"
+#include "platform/process/application_folder.h"
 #include "system/drawn_picture.h"
 #include "system/form3_picture_window.h"
 

@@ -8,8 +8,8 @@
 //   Command1  closes the window
 #pragma once
 
-#include "player/model/module1.h"
-#include "player/model/texts.h"
+#include "model/module1.h"
+#include "model/texts.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
 #include "system/icon_preview.h"
 
-#include "platform/type_icons.h"
+#include "platform/file_types/type_icons.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #include "system/mpris_player.h"
 
-#include "player/model/dropped_files.h"
+#include "model/dropped_files.h"
 
 #include <QUrl>
 

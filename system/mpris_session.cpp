@@ -1,6 +1,6 @@
 #include "system/mpris_session.h"
 
-#include "platform/media_locator.h"
+#include "platform/process/media_locator.h"
 
 #include <QDBusObjectPath>
 #include <QUrl>

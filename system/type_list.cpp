@@ -1,6 +1,6 @@
 #include "system/type_list.h"
 
-#include "platform/type_icons.h"
+#include "platform/file_types/type_icons.h"
 
 #include <QItemSelectionModel>
 

@@ -2,12 +2,12 @@
 // can be used has a name, a role and something that can be done with it. Open menus are no part of
 // what other programs see of a window, so they are asked here, inside the program.
 
-#include "player/window/form1_splash.h"
-#include "player/window/form2_main_window.h"
-#include "player/window/playlist_list.h"
 #include "system/form12_tray.h"
 #include "tests/accessibility/accessible_walk.h"
 #include "tests/captions/every_window.h"
+#include "window/form1_splash.h"
+#include "window/form2_main_window.h"
+#include "window/playlist_list.h"
 
 #include <QAccessible>
 #include <QMenu>

@@ -4,7 +4,9 @@
 #include <QLibraryInfo>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace orvanta::test {
 
@@ -18,11 +20,37 @@ struct Floor
     int level;          // 1 is the lowest; 0: outside the house
 };
 
-// The more exact folder stands first.
 constexpr std::array kFloors{
-    Floor{u"core/", 1},          Floor{u"platform/", 2}, Floor{u"player/model/", 3},
-    Floor{u"playback/", 4},      Floor{u"editors/", 5},  Floor{u"system/", 5},
-    Floor{u"player/window/", 5}, Floor{u"player/", 6},
+    Floor{u"core/", 1},
+    Floor{u"platform/process/", 2},
+    Floor{u"platform/file_types/", 2},
+    Floor{u"platform/media/", 2},
+    Floor{u"platform/screen/", 2},
+    Floor{u"model/", 3},
+    Floor{u"playback/", 4},
+    Floor{u"window/", 5},
+    Floor{u"editors/", 5},
+    Floor{u"system/", 5},
+    Floor{u"app/", 6},
+    Floor{u"companions/", 6},
+};
+
+// Doors between rooms of one floor: the left one may include the right one.
+constexpr std::array kDoors{
+    std::pair{QStringView(u"platform/file_types/"), QStringView(u"platform/process/")},
+};
+
+// Libraries of which one room alone knows.
+struct Keeper
+{
+    QStringView header; // how its headers begin
+    QStringView room;
+    QStringView complaint;
+};
+
+constexpr std::array kKeepers{
+    Keeper{u"mpv/", u"platform/media/", u"is of the player library"},
+    Keeper{u"libwmf/", u"platform/file_types/", u"is of the metafile library"},
 };
 
 constexpr Floor kOutside{u"", 0};
@@ -36,6 +64,12 @@ Floor floorOf(const QString& path)
         }
     }
     return kOutside;
+}
+
+bool hasDoor(const Floor& from, const Floor& to)
+{
+    return std::find(kDoors.begin(), kDoors.end(), std::pair{from.folder, to.folder}) !=
+           kDoors.end();
 }
 
 /// The windows and surfaces that live on the lower floors.
@@ -67,7 +101,7 @@ QString complaintAboutFloor(const QString& file, const QString& included)
     if (other.level > own.level) {
         return u"is on a floor above"_s;
     }
-    if (other.level == own.level && other.folder != own.folder) {
+    if (other.level == own.level && other.folder != own.folder && !hasDoor(own, other)) {
         return u"is another room on the same floor"_s;
     }
     if (!mayUseWidgets(file) && isWindowSource(included)) {
@@ -81,8 +115,10 @@ QString complaintAboutLibrary(const QString& file, const QString& header)
     if (belongsTo(u"QtWidgets"_s, header) && !mayUseWidgets(file)) {
         return u"is of Qt Widgets, and this file is tested without windows"_s;
     }
-    if (header.startsWith(u"mpv/"_s) && !file.startsWith(u"platform/"_s)) {
-        return u"is of the player library, which only platform knows"_s;
+    for (const Keeper& keeper : kKeepers) {
+        if (header.startsWith(keeper.header) && !file.startsWith(keeper.room)) {
+            return u"%1, of which only %2 knows"_s.arg(keeper.complaint, keeper.room);
+        }
     }
     if (file.startsWith(u"core/"_s) && header.startsWith(u'Q') && !belongsTo(u"QtCore"_s, header)) {
         return u"is not of Qt Core"_s;

@@ -1,9 +1,9 @@
 // Every caption of every window can be read, in both languages; access keys are clear.
 
-#include "player/window/form2_main_window.h"
 #include "system/form12_tray.h"
 #include "tests/captions/captions.h"
 #include "tests/captions/every_window.h"
+#include "window/form2_main_window.h"
 
 #include <QApplication>
 #include <QMenu>

@@ -5,10 +5,10 @@
 #include "editors/form5_packet_editor.h"
 #include "editors/form6_group_editor.h"
 #include "editors/form7_open_picker.h"
-#include "player/window/form11_language_dialog.h"
-#include "player/window/form2_main_window.h"
 #include "system/form3_picture_window.h"
 #include "system/form9_about.h"
+#include "window/form11_language_dialog.h"
+#include "window/form2_main_window.h"
 
 #include <QRadioButton>
 #include <QToolButton>

@@ -4,12 +4,12 @@
 #include "core/error_boundary.h"
 #include "editors/editor_services.h"
 #include "editors/program_pickers.h"
-#include "platform/registry.h"
-#include "platform/scripted_media_control.h"
+#include "platform/file_types/registry.h"
 #include "playback/playback_engine.h"
 #include "system/form8_options_dialog.h"
 #include "tests/support/desktop_room.h"
 #include "tests/support/plain_video_window.h"
+#include "tests/support/scripted_media_control.h"
 #include "tests/support/settings_folder.h"
 
 #include <QWidget>

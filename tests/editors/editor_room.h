@@ -4,7 +4,7 @@
 #include "core/ini.h"
 #include "editors/editor_services.h"
 #include "editors/entry_list_view.h"
-#include "platform/scripted_media_control.h"
+#include "tests/support/scripted_media_control.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -11,8 +11,8 @@
 #include "editors/form7_open_picker.h"
 #include "editors/preview_pane.h"
 #include "editors/program_pickers.h"
-#include "platform/mpv_media_control.h"
-#include "player/window/skin.h"
+#include "platform/media/mpv_media_control.h"
+#include "window/skin.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,7 +1,7 @@
 // The user's handbook, taken apart.
 #pragma once
 
-#include "player/model/texts.h"
+#include "model/texts.h"
 
 #include <QMultiMap>
 #include <QString>

@@ -1,8 +1,8 @@
 // What files dropped on the playlist add to it.
 #include "core/ini.h"
 #include "core/packet_file.h"
-#include "player/model/drop.h"
-#include "player/model/loaders.h"
+#include "model/drop.h"
+#include "model/loaders.h"
 
 #include <QDir>
 #include <QFile>

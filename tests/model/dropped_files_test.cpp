@@ -1,5 +1,5 @@
 // The files that a drag source names.
-#include "player/model/dropped_files.h"
+#include "model/dropped_files.h"
 #include "tests/support/log_capture.h"
 
 #include <QSysInfo>

@@ -1,4 +1,4 @@
-#include "player/model/loaders.h"
+#include "model/loaders.h"
 #include "tests/support/log_capture.h"
 #include "tests/support/settings_folder.h"
 

@@ -1,4 +1,4 @@
-#include "player/model/tree_lines.h"
+#include "model/tree_lines.h"
 
 #include <QElapsedTimer>
 

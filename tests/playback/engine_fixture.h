@@ -3,12 +3,12 @@
 
 #include "core/ini.h"
 #include "core/numbers.h"
-#include "platform/scripted_media_control.h"
+#include "model/tree_lines.h"
 #include "playback/playback_engine.h"
-#include "player/model/tree_lines.h"
 #include "tests/support/log_capture.h"
 #include "tests/support/plain_playback_view.h"
 #include "tests/support/plain_video_window.h"
+#include "tests/support/scripted_media_control.h"
 #include "tests/support/settings_folder.h"
 
 #include <QCoreApplication>

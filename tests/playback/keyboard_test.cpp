@@ -1,7 +1,7 @@
 // The key tables and what the video window does with each key.
 #include "core/numbers.h"
-#include "platform/scripted_media_control.h"
 #include "playback/keyboard.h"
+#include "tests/support/scripted_media_control.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 // The parts around the video window: its place, its surface, the bookmark sign.
-#include "platform/picture_source.h"
-#include "platform/video_surface.h"
+#include "platform/media/picture_source.h"
+#include "platform/media/video_surface.h"
 #include "playback/form4_bookmark_sign.h"
 #include "playback/still_picture.h"
 #include "playback/video_layout.h"

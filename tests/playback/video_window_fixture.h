@@ -1,8 +1,8 @@
 // The video window with a scripted control.
 #pragma once
 
-#include "platform/scripted_media_control.h"
 #include "playback/form13_video_window.h"
+#include "tests/support/scripted_media_control.h"
 
 #include <QImage>
 #include <QScreen>

@@ -1,7 +1,7 @@
 #include "tests/session/program_parts.h"
 
-#include "player/model/type_pattern.h"
-#include "player/window/file_list.h"
+#include "model/type_pattern.h"
+#include "window/file_list.h"
 
 #include <QTimer>
 

@@ -2,17 +2,17 @@
 // without a screen.
 #pragma once
 
+#include "app/player_hold.h"
 #include "editors/editor_services.h"
-#include "platform/registry.h"
+#include "platform/file_types/registry.h"
 #include "playback/form13_video_window.h"
-#include "player/player_hold.h"
-#include "player/window/form2_main_window.h"
-#include "player/window/playlist_list.h"
 #include "system/form12_tray.h"
 #include "system/form8_options_dialog.h"
 #include "system/form9_about.h"
 #include "system/mpris_service.h"
 #include "tests/support/settings_folder.h"
+#include "window/form2_main_window.h"
+#include "window/playlist_list.h"
 
 #include <QDBusConnection>
 

@@ -1,9 +1,9 @@
 #include "tests/session/random_user.h"
 
-#include "platform/hand_over_queue.h"
-#include "player/window/clip_line.h"
-#include "player/window/skin_button.h"
-#include "player/window/skin_slider.h"
+#include "platform/process/hand_over_queue.h"
+#include "window/clip_line.h"
+#include "window/skin_button.h"
+#include "window/skin_slider.h"
 
 #include <QApplication>
 #include <QDBusMessage>

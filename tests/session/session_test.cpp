@@ -3,16 +3,16 @@
 // ORVANTA_SESSION_SEED and ORVANTA_SESSION_ACTIONS replace the fixed seed and the number of
 // actions.
 
-#include "platform/mpv_media_control.h"
-#include "platform/scripted_media_control.h"
-#include "player/model/tree_lines.h"
-#include "player/window/skin_button.h"
+#include "model/tree_lines.h"
+#include "platform/media/mpv_media_control.h"
 #include "tests/e2e/support/media.h"
 #include "tests/e2e/support/packets.h"
 #include "tests/session/random_user.h"
 #include "tests/session/watchdog.h"
 #include "tests/support/desktop_room.h"
-#include "tests/system/private_bus.h"
+#include "tests/support/private_bus.h"
+#include "tests/support/scripted_media_control.h"
+#include "window/skin_button.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,8 +1,8 @@
 // A main window without widgets: remembers what the engine showed.
 #pragma once
 
+#include "model/tree_lines.h"
 #include "playback/playback_view.h"
-#include "player/model/tree_lines.h"
 
 #include <functional>
 #include <vector>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/numbers.h"
-#include "platform/media_control.h"
+#include "platform/media/media_control.h"
 #include "playback/video_window.h"
 
 #include <cmath>

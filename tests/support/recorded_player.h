@@ -1,7 +1,7 @@
 // The real media control with everything it reports written down, for the media tests.
 #pragma once
 
-#include "platform/mpv_media_control.h"
+#include "platform/media/mpv_media_control.h"
 
 #include <QSize>
 #include <QString>

@@ -18,7 +18,7 @@ struct DocumentedForm
     QSet<QString> controls;
 };
 
-/// A heading "## `Form2`: the main window", a line "File: `player/window/form2_main_window.h`" and
+/// A heading "## `Form2`: the main window", a line "File: `window/form2_main_window.h`" and
 /// a table whose first column holds the controls.
 inline std::map<QString, DocumentedForm> documentedForms()
 {

@@ -1,7 +1,7 @@
 // The About window and the picture window.
 
 #include "core/ini.h"
-#include "platform/media_library.h"
+#include "platform/media/media_library.h"
 #include "system/drawn_picture.h"
 #include "system/form3_picture_window.h"
 #include "system/form9_about.h"

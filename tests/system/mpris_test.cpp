@@ -1,8 +1,8 @@
 // The program on the desktop's media controls, over a real bus, with clients of their own.
-#include "player/model/loaders.h"
+#include "model/loaders.h"
 #include "system/mpris_service.h"
 #include "tests/playback/engine_fixture.h"
-#include "tests/system/private_bus.h"
+#include "tests/support/private_bus.h"
 
 #include <QDBusArgument>
 #include <QDBusInterface>

@@ -1,9 +1,9 @@
 // The language dialog and the splash.
 
-#include "player/window/form11_language_dialog.h"
-#include "player/window/form1_splash.h"
-#include "player/window/picture_sign.h"
 #include "tests/support/settings_folder.h"
+#include "window/form11_language_dialog.h"
+#include "window/form1_splash.h"
+#include "window/picture_sign.h"
 
 #include <QPushButton>
 #include <QRadioButton>

@@ -1,8 +1,8 @@
 // The skin's own widgets: button and slider.
 
-#include "player/window/skin.h"
-#include "player/window/skin_button.h"
-#include "player/window/skin_slider.h"
+#include "window/skin.h"
+#include "window/skin_button.h"
+#include "window/skin_slider.h"
 
 #include <QAccessible>
 #include <QDir>

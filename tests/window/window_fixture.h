@@ -2,17 +2,17 @@
 #pragma once
 
 #include "core/ini.h"
-#include "platform/scripted_media_control.h"
-#include "player/window/clip_line.h"
-#include "player/window/file_list.h"
-#include "player/window/form2_main_window.h"
-#include "player/window/playlist_list.h"
-#include "player/window/skin.h"
-#include "player/window/skin_button.h"
-#include "player/window/skin_slider.h"
 #include "tests/support/log_capture.h"
 #include "tests/support/plain_video_window.h"
+#include "tests/support/scripted_media_control.h"
 #include "tests/support/settings_folder.h"
+#include "window/clip_line.h"
+#include "window/file_list.h"
+#include "window/form2_main_window.h"
+#include "window/playlist_list.h"
+#include "window/skin.h"
+#include "window/skin_button.h"
+#include "window/skin_slider.h"
 
 #include <QAction>
 #include <QLabel>

@@ -1,7 +1,7 @@
 // Closing, minimising, activating, moving and resizing the main window.
 
-#include "player/window/window_frame.h"
 #include "tests/window/window_fixture.h"
+#include "window/window_frame.h"
 
 #include <QFile>
 

@@ -2,12 +2,12 @@
 
 #include "playback/form13_video_window.h"
 #include "playback/form4_bookmark_sign.h"
-#include "player/window/form11_language_dialog.h"
-#include "player/window/form1_splash.h"
 #include "system/form3_picture_window.h"
 #include "system/form9_about.h"
 #include "tests/support/windows_page.h"
 #include "tests/window/window_fixture.h"
+#include "window/form11_language_dialog.h"
+#include "window/form1_splash.h"
 
 namespace orvanta::test {
 

@@ -1,0 +1,73 @@
+// The entry point: what must hold before the start-up procedure can run.
+
+#include "app/command_line.h"
+#include "app/log_output.h"
+#include "app/start_up.h"
+#include "platform/screen/window_stacking.h"
+#include "window/skin.h"
+
+#include <QApplication>
+
+#include <algorithm>
+#include <array>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+/// Qt aborts when it finds no display; a person at a terminal deserves a sentence.
+static bool canFindDisplay(int count, char** arguments)
+{
+    const bool chosen = std::any_of(arguments, arguments + count, [](const char* argument) {
+        return std::string_view(argument) == "-platform";
+    });
+    const std::array names = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return chosen || std::any_of(names.begin(), names.end(), [](const char* name) {
+               return !qEnvironmentVariableIsEmpty(name);
+           });
+}
+
+static void nameApplication()
+{
+    QCoreApplication::setApplicationName(u"orvanta"_s);
+    QCoreApplication::setApplicationVersion(u"3.3"_s);
+    QGuiApplication::setDesktopFileName(u"orvanta"_s);
+    QGuiApplication::setWindowIcon(skin::applicationIcon()); // of windows that bear none themselves
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+static int runProgram(int count, char** arguments)
+{
+    const QString activationToken = launchActivationToken();
+    QApplication application(count, arguments); // takes its own options out of the arguments
+    std::setlocale(LC_NUMERIC, "C");            // the player library refuses anything else
+    programIsUp();
+    nameApplication();
+    return StartUp(argumentTexts(count, arguments), activationToken).run();
+}
+
+static int answer(const QString& text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stdout);
+    return EXIT_SUCCESS;
+}
+
+} // namespace orvanta
+
+int main(int argc, char** argv)
+{
+    orvanta::sendLogToStandardError();
+    if (const auto text = orvanta::answerForTerminal(orvanta::argumentTexts(argc, argv))) {
+        return orvanta::answer(*text);
+    }
+    if (!orvanta::canFindDisplay(argc, argv)) {
+        std::fputs("orvanta: there is no display (DISPLAY and WAYLAND_DISPLAY are not set)\n",
+                   stderr);
+        return EXIT_FAILURE;
+    }
+    return orvanta::runProgram(argc, argv);
+}

@@ -1,0 +1,86 @@
+#include "model/drop.h"
+
+#include "core/ini.h"
+#include "core/numbers.h"
+#include "core/packet_file.h"
+#include "model/loaders.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Drop
+{
+public:
+    Drop(PlaylistState& playlist, const QString& typePattern)
+        : m_playlist(playlist),
+          m_typePattern(typePattern),
+          m_target(playlist.PlaylistCount)
+    {}
+
+    void add(const QString& file)
+    {
+        const QString ending = file.right(3);
+        if (QFileInfo(file).isDir()) { // whatever its name ends in
+            addFolder(file);
+        } else if (ending == u"vxg"_s) {
+            appendGroup(m_playlist, file);
+            m_result.groupDropped = true;
+        } else if (ending == u"vxl"_s) {
+            addPacket(file);
+        } else {
+            addClip(file);
+        }
+    }
+
+    [[nodiscard]] DropResult result() const { return m_result; }
+
+private:
+    /// Stricter than opening a packet: an absent "files" is no number.
+    void addPacket(const QString& file)
+    {
+        const Int16 p = appendEmptyPacket(m_playlist);
+        const Int16 count = countValue(ReadIni(u"main"_s, u"files"_s, file));
+        if (count < 0) {
+            throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+        }
+        readPacketInto(m_playlist.packet(p), file);
+    }
+
+    void addFolder(const QString& folder)
+    {
+        for (const QString& file : filesOfFolder(folder, m_typePattern)) {
+            addClip(file);
+        }
+    }
+
+    void addClip(const QString& file)
+    {
+        if (m_target < 1) {
+            m_target = appendEmptyPacket(m_playlist);
+        }
+        appendClip(m_playlist, m_target, file, file);
+    }
+
+    PlaylistState& m_playlist;
+    QString m_typePattern;
+    Int16 m_target; // packet for loose clips; 0 while there is none
+    DropResult m_result;
+};
+
+} // namespace
+
+DropResult applyDrop(PlaylistState& playlist, const QStringList& files, const QString& typePattern)
+{
+    Drop drop(playlist, typePattern);
+    std::for_each(files.crbegin(), files.crend(), [&](const QString& file) { drop.add(file); });
+    return drop.result();
+}
+
+} // namespace orvanta

@@ -1,0 +1,141 @@
+#include "model/loaders.h"
+
+#include "core/folder_contents.h"
+#include "core/group_file.h"
+#include "core/log.h"
+#include "core/packet_file.h"
+#include "core/paths.h"
+#include "model/tree_lines.h"
+#include "platform/process/media_locator.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace orvanta {
+
+/// Raises 6 before anything has changed.
+static Int16 countAfter(Int16 count, std::size_t added)
+{
+    return count + Int16(static_cast<qint64>(added));
+}
+
+static void appendPackets(PlaylistState& playlist, std::vector<PlaylistEntry>&& packets)
+{
+    playlist.PlaylistCount = countAfter(playlist.PlaylistCount, packets.size());
+    std::move(packets.begin(), packets.end(), std::back_inserter(playlist.Playlist));
+    ++playlist.revision;
+}
+
+void clearPlaylist(PlaylistState& playlist)
+{
+    ++playlist.revision;
+    playlist.Playlist.clear();
+    playlist.PlaylistCount = 0;
+}
+
+enum class Placing
+{
+    Replace,
+    Append,
+};
+
+static void place(PlaylistState& playlist, std::vector<PlaylistEntry>&& packets, Placing placing)
+{
+    if (placing == Placing::Replace) {
+        clearPlaylist(playlist);
+    }
+    appendPackets(playlist, std::move(packets));
+}
+
+/// A group without a readable count changes nothing; after that, what was read stays.
+static void loadGroup(PlaylistState& playlist, const QString& path, Placing placing)
+{
+    const QString folder = folderOfPath(path);
+    const auto find = [&](const QString& pathText) { return locateFile(pathText, folder); };
+    std::vector<PlaylistEntry> packets;
+    try {
+        readGroupInto(packets, path, find);
+    } catch (const RuntimeError&) {
+        if (!packets.empty()) {
+            place(playlist, std::move(packets), placing);
+            playlist.PacketFolder = folder;
+        }
+        throw;
+    }
+    place(playlist, std::move(packets), placing);
+    playlist.PacketFolder = folder;
+}
+
+void appendGroup(PlaylistState& playlist, const QString& path)
+{
+    loadGroup(playlist, path, Placing::Append);
+}
+
+void OpenGroup(PlaylistState& playlist, const QString& path)
+{
+    loadGroup(playlist, path, Placing::Replace);
+}
+
+Int16 appendEmptyPacket(PlaylistState& playlist)
+{
+    std::vector<PlaylistEntry> packets(1);
+    packets.front().Title = QStringView(kPacketTitle).toString();
+    appendPackets(playlist, std::move(packets));
+    return playlist.PlaylistCount;
+}
+
+void appendPacket(PlaylistState& playlist, const QString& path)
+{
+    PlaylistEntry& entry = playlist.packet(appendEmptyPacket(playlist));
+    entry.Folder = folderOfPath(path);
+    playlist.PacketFolder = entry.Folder;
+    readPacketInto(entry, path);
+}
+
+void OpenPacket(PlaylistState& playlist, const QString& path)
+{
+    clearPlaylist(playlist);
+    appendPacket(playlist, path);
+}
+
+void appendClip(PlaylistState& playlist, Int16 p, const QString& path, const QString& text)
+{
+    PlaylistEntry& packet = playlist.packet(p);
+    packet.ClipCount += 1;
+    packet.Clips.push_back({.Time = {}, .Text = text, .Path = path});
+    ++playlist.revision;
+}
+
+void OpenFiles(PlaylistState& playlist, const QStringList& paths)
+{
+    const Int16 count = countAfter(0, static_cast<std::size_t>(paths.size()));
+    clearPlaylist(playlist);
+    const Int16 p = appendEmptyPacket(playlist);
+    playlist.packet(p).Clips.reserve(count.index());
+    for (const QString& path : paths) {
+        appendClip(playlist, p, path, clipNameOfPath(path));
+    }
+}
+
+QStringList filesOfFolder(const QString& folder, const QString& pattern)
+{
+    QStringList files = namesOfFiles(folder, pattern);
+    for (QString& name : files) {
+        name = joinPath(folder, name);
+    }
+    return files;
+}
+
+void logLoaded(const PlaylistState& playlist)
+{
+    qCInfo(logPlaylist, "loaded %d packets, %lld entries", playlist.PlaylistCount.value(),
+           static_cast<long long>(playlist.entryCount()));
+}
+
+} // namespace orvanta

@@ -1,0 +1,35 @@
+// The three loaders that fill the playlist.
+#pragma once
+
+#include "model/module1.h"
+
+#include <QStringList>
+
+namespace orvanta {
+
+/// Replaces the playlist with the group's packets. Raises 13, 9 or 6; what was read stays.
+void OpenGroup(PlaylistState& playlist, const QString& path);
+/// Replaces the playlist with this one packet. Raises 13, 9 or 6.
+void OpenPacket(PlaylistState& playlist, const QString& path);
+/// Replaces the playlist with one packet holding these files as clips. Raises 6 over 32767.
+void OpenFiles(PlaylistState& playlist, const QStringList& paths);
+
+/// Appending variants, for several hand-over entries in one drain and for drops.
+void appendGroup(PlaylistState& playlist, const QString& path);
+void appendPacket(PlaylistState& playlist, const QString& path);
+/// Adds loose clips to packet p (counted from 1), each with the given text.
+void appendClip(PlaylistState& playlist, Int16 p, const QString& path, const QString& text);
+/// A new packet without clips, titled as one opened by itself; returns its number.
+Int16 appendEmptyPacket(PlaylistState& playlist);
+
+/// Nothing is open any more.
+void clearPlaylist(PlaylistState& playlist);
+
+/// Files of a folder that match a pattern like "*.avi;*.mpg", without regard to case, full paths
+/// in name order.
+[[nodiscard]] QStringList filesOfFolder(const QString& folder, const QString& pattern);
+
+/// The "orvanta.playlist: loaded P packets, C entries" line.
+void logLoaded(const PlaylistState& playlist);
+
+} // namespace orvanta

@@ -1,0 +1,39 @@
+#include "model/module1.h"
+
+#include "core/ini.h"
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+PlaylistEntry& PlaylistState::packet(Int16 p)
+{
+    if (p < 1 || p.index() > Playlist.size()) {
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    }
+    return Playlist[p.index() - 1];
+}
+
+const PlaylistEntry& PlaylistState::packet(Int16 p) const
+{
+    if (p < 1 || p.index() > Playlist.size()) {
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    }
+    return Playlist[p.index() - 1];
+}
+
+qsizetype PlaylistState::entryCount() const
+{
+    qsizetype count = 0;
+    for (const PlaylistEntry& entry : Playlist) {
+        count += entry.ClipCount.value();
+    }
+    return count;
+}
+
+bool Module1::optionIsOn(const QString& key) const
+{
+    return ReadIni(u"options"_s, key, IniPath) == u"1";
+}
+
+} // namespace orvanta

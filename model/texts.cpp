@@ -1,0 +1,230 @@
+#include "model/texts.h"
+
+#include <algorithm>
+#include <array>
+
+namespace orvanta {
+
+namespace {
+
+// A window's own caption stands under the window's name. "X.name" is what assistive technology
+// calls a control that has no tool tip.
+constexpr std::array kTexts{
+    InterfaceText{u"Form1", u"Form1", u"!Orvanta!", u"!Orvanta!"},
+
+    // The single-instance search of older launchers goes by this caption: the same in both.
+    InterfaceText{u"Form2", u"Form2", u"!Orvanta!", u"!Orvanta!"},
+    InterfaceText{u"Form2", u"Image8", u"Open clip...", u"Открыть клип..."},
+    InterfaceText{u"Form2", u"Image14", u"Open file...", u"Открыть файл..."},
+    InterfaceText{u"Form2", u"Image9", u"New...", u"Новый..."},
+    InterfaceText{u"Form2", u"Image10", u"Tools...", u"Инструменты..."},
+    InterfaceText{u"Form2", u"Image11", u"Help...", u"Помощь..."},
+    InterfaceText{u"Form2", u"Image12", u"Minimize button", u"Кнопка свернуть"},
+    InterfaceText{u"Form2", u"Image13", u"Close button", u"Кнопка закрыть"},
+    InterfaceText{u"Form2", u"Image2", u"Find", u"Поиск"},
+    InterfaceText{u"Form2", u"Text1", u"Find text", u"Искать текст"},
+    InterfaceText{u"Form2", u"Text2", u"Current clip", u"Текущий клип"},
+    // Not translated on purpose: the pointer replaces it by the line's text anyway.
+    InterfaceText{u"Form2", u"List1", u"Playlist", u"Playlist"},
+    InterfaceText{u"Form2", u"List1.packet", u"Packet", u"Пакет"},
+    InterfaceText{u"Form2", u"Label1", u"Current time", u"Текущее время"},
+    InterfaceText{u"Form2", u"Label2", u"Length of clip", u"Длина клипа"},
+    InterfaceText{u"Form2", u"Slider2", u"Volume", u"Громкость"},
+    InterfaceText{u"Form2", u"Slider3", u"Balance", u"Баланс"},
+    InterfaceText{u"Form2", u"Image5.name", u"Play", u"Воспроизвести"},
+    InterfaceText{u"Form2", u"Image3.name", u"Pause", u"Пауза"},
+    InterfaceText{u"Form2", u"Image4.name", u"Stop", u"Стоп"},
+    InterfaceText{u"Form2", u"Slider1.name", u"Position", u"Позиция"},
+    InterfaceText{u"Form2", u"cp", u"&Packet...", u"&Пакет..."},
+    InterfaceText{u"Form2", u"cg", u"&Group...", u"&Группу..."},
+    InterfaceText{u"Form2", u"op", u"&Options", u"&Опции"},
+    // The program behind it speaks English only.
+    InterfaceText{u"Form2", u"cdc", u"&CD Create", u"&CD Create"},
+    InterfaceText{u"Form2", u"ai", u"&Add-ins", u"&Дополнения"},
+    InterfaceText{u"Form2", u"add", u"(No Add-ins)", u"(No Add-ins)"},
+    InterfaceText{u"Form2", u"doc", u"&Documentation", u"&Документация"},
+    InterfaceText{u"Form2", u"tu", u"&Tutorial", u"&Учебник"},
+    InterfaceText{u"Form2", u"ab", u"&About", u"&О программе"},
+
+    // Each choice names itself in its own language.
+    InterfaceText{u"Form11", u"Form11", u"Select language", u"Выберите язык"},
+    InterfaceText{u"Form11", u"Option1", u"&English", u"&English"},
+    InterfaceText{u"Form11", u"Option2", u"&Русский", u"&Русский"},
+    InterfaceText{u"Form11", u"Command1", u"Next...", u"Далее..."},
+
+    // The pickers' window titles are the same in both languages.
+
+    InterfaceText{u"Form12", u"st", u"&Stop", u"&Стоп"},
+    InterfaceText{u"Form12", u"pa", u"Paus&e", u"&Пауза"},
+    InterfaceText{u"Form12", u"pl", u"&Play", u"&Воспроизведение"},
+    InterfaceText{u"Form12", u"nex", u"&Next clip", u"&Следующий клип"},
+    InterfaceText{u"Form12", u"pr", u"&Previous clip", u"&Предыдущий клип"},
+    InterfaceText{u"Form12", u"closeapp", u"&Exit", u"&Закрыть"},
+
+    InterfaceText{u"Form7", u"Form7", u"!Orvanta!", u"!Orvanta!"},
+    InterfaceText{u"Form7", u"FolderTreeview1", u"Select folder", u"Выберите папку"},
+    InterfaceText{u"Form7", u"File1", u"Select file", u"Выберите файл"},
+    InterfaceText{u"Form7", u"Command1.name", u"OK", u"ОК"},
+    InterfaceText{u"Form7", u"Command2", u"Cancel", u"Отмена"},
+    InterfaceText{u"Form7", u"PathBox.label", u"Path:", u"Путь:"},
+    // The misspelling is an old friend of the users. Label1: version, player library, FFmpeg, Qt.
+    InterfaceText{u"Form9", u"Form9", u"About author", u"Об авторе"},
+    InterfaceText{
+        u"Form9", u"Label1",
+        u"Orvanta %1 leads you through material step by step: clips in their order, each with a "
+        u"sentence of its own, or one clip with marks in time. It is made for lessons, exercises "
+        u"and guided listening. Its author is everybody who has written for it.\n\n"
+        u"It is free software under the MIT licence: use it, share it, change it. It plays with "
+        u"%2 and FFmpeg %3; its windows are made with Qt %4.\n\n"
+        u"Something is wrong, or missing? Tell it to those from whom you have the program or its "
+        u"source text. CONTRIBUTING.md says what a report is made of, and the command below makes "
+        u"the program say what it does.",
+        u"Орванта %1 ведёт по материалу шаг за шагом: клипы по порядку, у каждого своя фраза, или "
+        u"один клип с отметками времени. Она сделана для уроков, упражнений и внимательного "
+        u"слушания. Её автор — все, кто для неё писал.\n\n"
+        u"Это свободная программа под лицензией MIT: пользуйтесь, передавайте, меняйте. "
+        u"Воспроизводят %2 и FFmpeg %3, окна построены на Qt %4.\n\n"
+        u"Что-то не так или чего-то не хватает? Скажите тем, от кого у вас программа или её "
+        u"исходный текст. Что нужно для сообщения, написано в CONTRIBUTING.md, а команда ниже "
+        u"заставит программу рассказывать, что она делает."},
+    InterfaceText{u"Form9", u"Label2", u"My adress:", u"Мой адрес:"},
+    // Nothing in it depends on the language.
+    InterfaceText{u"Form9", u"label6",
+                  u"CONTRIBUTING.md\nQT_LOGGING_RULES=\"orvanta.*=true\" orvanta",
+                  u"CONTRIBUTING.md\nQT_LOGGING_RULES=\"orvanta.*=true\" orvanta"},
+    InterfaceText{u"Form9", u"Label7", u"Published in magazine:",
+                  u"Напечатано в справочнике «Шаг за шагом»:"},
+    InterfaceText{u"Form9", u"Text1.file", u"help_eng.htm", u"help_rus.htm"},
+    InterfaceText{u"Form9", u"Image1.name", u"Show the picture enlarged", u"Увеличить картинку"},
+    InterfaceText{u"Form9", u"Command1", u"Ok", u"Ok"},
+
+    InterfaceText{u"Form10", u"Form10", u"!Orvanta!", u"!Orvanta!"},
+    InterfaceText{u"Form10", u"FolderTreeview1", u"Select folder", u"Выберите папку"},
+    InterfaceText{u"Form10", u"File1", u"Select file", u"Выберите файл"},
+    InterfaceText{u"Form10", u"Command1.name", u"OK", u"ОК"},
+    InterfaceText{u"Form10", u"Command2", u"Cancel", u"Отмена"},
+    InterfaceText{u"Form10", u"PathBox.label", u"Path:", u"Путь:"},
+    InterfaceText{u"Form10", u"Text1", u"no name", u"no name"},
+    InterfaceText{u"Form10", u"Text1.label", u"Name:", u"Имя:"},
+    InterfaceText{u"Form10", u"Label1", u"This file exists and will be replaced.",
+                  u"Этот файл уже есть и будет заменён."},
+    InterfaceText{u"Form10", u"Label1.denied", u"Nothing can be saved here under this name.",
+                  u"Под этим именем сюда сохранить нельзя."},
+
+    InterfaceText{u"Form8", u"Form8", u"Options", u"Опции"},
+    InterfaceText{u"Form8", u"Image3", u"Playing options", u"Опции воспроизведения"},
+    InterfaceText{u"Form8", u"Image4", u"Program options", u"Опции программы"},
+    InterfaceText{u"Form8", u"Image5", u"File options", u"Опции файлов"},
+    InterfaceText{u"Form8", u"Image2", u"Ok", u"Ok"},
+    InterfaceText{u"Form8", u"Image1", u"Cancel", u"Отмена"},
+    InterfaceText{u"Form8", u"Check1", u"Auto start playing after opening files.",
+                  u"Автоматически начинать играть после открытия"},
+    InterfaceText{u"Form8", u"Check2", u"Auto go to next clip",
+                  u"Автоматически начинать играть следующий клип"},
+    InterfaceText{u"Form8", u"Check3", u"Auto go to next packet",
+                  u"Автоматически начинать играть следующий пакет"},
+    InterfaceText{u"Form8", u"Check4",
+                  u"Auto close program after playing files which was open from explorer",
+                  u"Автоматически закрывать программу после воспроизведения файлов, открытых из "
+                  u"проводника"},
+    InterfaceText{u"Form8", u"Check5", u"Auto replay clips", u"Автоповтор"},
+    InterfaceText{u"Form8", u"Check6", u"Show icon in system tray",
+                  u"Показывать иконку в system tray"},
+    InterfaceText{u"Form8", u"Check7", u"Do not close program (work faster, but need more memory)",
+                  u"Не закрывать программу (работает быстрее, но расходует память)"},
+    InterfaceText{u"Form8", u"Check8", u"Copy file to hard disk from drive a when opening ",
+                  u"Использовать предварительное чтение с дисковода A"},
+    InterfaceText{u"Form8", u"Check9", u"Start program with windows",
+                  u"Запускать программу при запуске системы"},
+    InterfaceText{u"Form8", u"Command1", u"Add", u"Добавить"},
+    InterfaceText{u"Form8", u"Command2", u"Remove selected", u"Удалить выделенный"},
+    InterfaceText{u"Form8", u"Command3", u"Select icon...", u"Выбрать иконку..."},
+    InterfaceText{u"Form8", u"Command4", u"Default icon", u"По умолчанию"},
+    InterfaceText{u"Form8", u"List1.label", u"&Types of files that this program opens:",
+                  u"&Типы файлов, которые открывает программа:"},
+    InterfaceText{u"Form8", u"Text1.label", u"&New type:", u"&Новый тип:"},
+    InterfaceText{u"Form8", u"Image6.name", u"Icon of the type", u"Иконка типа"},
+
+    InterfaceText{u"FolderTree", u"home", u"Home", u"Домашняя папка"},
+    InterfaceText{u"FolderTree", u"root", u"Computer", u"Компьютер"},
+
+    InterfaceText{u"Form5", u"Form5", u"Create packet", u"Создать пакет"},
+    InterfaceText{u"Form5", u"Option1", u"Packet", u"Пакет"},
+    InterfaceText{u"Form5", u"Option2", u"Brake", u"Разбивку"},
+    InterfaceText{u"Form5", u"Frame1", u"Packet", u"Пакет"},
+    InterfaceText{u"Form5", u"Frame5", u"Brake", u"Разбивку"},
+    InterfaceText{u"Form5", u"Command3", u"Load packet", u"Загрузить"},
+    InterfaceText{u"Form5", u"Command4", u"Save packet", u"Сохранить"},
+    InterfaceText{u"Form5", u"Command5", u"Remove", u"Удалить"},
+    InterfaceText{u"Form5", u"Command6", u"Remove all", u"Удалить все"},
+    InterfaceText{u"Form5", u"Command8", u"Add all", u"Добавить все"},
+    InterfaceText{u"Form5", u"Command9", u"Move up", u"Вверх"},
+    InterfaceText{u"Form5", u"Command10", u"Move down", u"Вниз"},
+    InterfaceText{u"Form5", u"Command15", u"Add key", u"Добавить"},
+    InterfaceText{u"Form5", u"Command11", u"Remove key", u"Удалить"},
+    InterfaceText{u"Form5", u"Command7", u"Load brake", u"Загрузить"},
+    InterfaceText{u"Form5", u"Command16", u"Save brake", u"Сохранить"},
+    InterfaceText{u"Form5", u"Command2", u"Cancel", u"Отмена"},
+    InterfaceText{u"Form5", u"Command1.name", u"Create and open", u"Создать и открыть"},
+    InterfaceText{u"Form5", u"Command12.name", u"Create and open", u"Создать и открыть"},
+    InterfaceText{u"Form5", u"FolderTreeview1.name", u"Folders", u"Папки"},
+    InterfaceText{u"Form5", u"File1.name", u"Files of the folder", u"Файлы папки"},
+    InterfaceText{u"Form5", u"List1.name", u"Clips of the packet", u"Клипы пакета"},
+    InterfaceText{u"Form5", u"Text1.label", u"Clip:", u"Клип:"},
+    InterfaceText{u"Form5", u"Text2.label", u"Text:", u"Текст:"},
+    InterfaceText{u"Form5", u"Text3.label", u"Clip:", u"Клип:"},
+    InterfaceText{u"Form5", u"Text4.label", u"Text:", u"Текст:"},
+    InterfaceText{u"Form5", u"ActiveMovie1.name", u"Preview", u"Просмотр"},
+    InterfaceText{u"Form5", u"Slider1.name", u"Position", u"Позиция"},
+    InterfaceText{u"Form5", u"Label2.name", u"Length of clip", u"Длина клипа"},
+    InterfaceText{u"Form5", u"List2.name", u"Brakes of the clip", u"Разбивка клипа"},
+
+    InterfaceText{u"Form6", u"Form6", u"Create group", u"Создать группу"},
+    InterfaceText{u"Form6", u"Command7", u"...", u"..."},
+    InterfaceText{u"Form6", u"Command3", u"Load group", u"Загрузить"},
+    InterfaceText{u"Form6", u"Command4", u"Save group", u"Сохранить"},
+    InterfaceText{u"Form6", u"Command5", u"Remove", u"Удалить"},
+    InterfaceText{u"Form6", u"Command6", u"Remove all", u"Удалить все"},
+    InterfaceText{u"Form6", u"Command8", u"Add all", u"Добавить все"},
+    InterfaceText{u"Form6", u"Command9", u"Move up", u"Вверх"},
+    InterfaceText{u"Form6", u"Command10", u"Move down", u"Вниз"},
+    InterfaceText{u"Form6", u"Command2", u"Cancel", u"Отмена"},
+    InterfaceText{u"Form6", u"Command1.name", u"Create and open", u"Создать и открыть"},
+    InterfaceText{u"Form6", u"Command7.name", u"Choose a picture", u"Выбрать картинку"},
+    InterfaceText{u"Form6", u"FolderTreeview1.name", u"Folders", u"Папки"},
+    InterfaceText{u"Form6", u"File1.name", u"Packets of the folder", u"Пакеты папки"},
+    InterfaceText{u"Form6", u"List1.name", u"Packets of the group", u"Пакеты группы"},
+    InterfaceText{u"Form6", u"Text1.label", u"Packet:", u"Пакет:"},
+    InterfaceText{u"Form6", u"Text2.label", u"Text:", u"Текст:"},
+    InterfaceText{u"Form6", u"Text3.label", u"Picture:", u"Картинка:"},
+};
+
+constexpr bool everyCellIsFilled()
+{
+    return std::ranges::all_of(kTexts, [](const InterfaceText& row) {
+        return !row.window.isEmpty() && !row.control.isEmpty() && !row.english.isEmpty() &&
+               !row.russian.isEmpty();
+    });
+}
+static_assert(everyCellIsFilled(), "an interface text lacks a cell");
+
+} // namespace
+
+std::span<const InterfaceText> interfaceTexts()
+{
+    return kTexts;
+}
+
+QString interfaceText(QStringView window, QStringView control, TextLanguage language)
+{
+    const auto row = std::ranges::find_if(kTexts, [&](const InterfaceText& text) {
+        return text.window == window && text.control == control;
+    });
+    Q_ASSERT_X(row != kTexts.end(), "interfaceText", "no such window and control");
+    if (row == kTexts.end()) {
+        return {};
+    }
+    return (language == TextLanguage::English ? row->english : row->russian).toString();
+}
+
+} // namespace orvanta

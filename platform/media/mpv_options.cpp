@@ -1,0 +1,135 @@
+#include "platform/media/mpv_options.h"
+
+#include "platform/media/mpv_handle.h"
+
+#include <QThread>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace orvanta {
+
+namespace {
+
+struct Option
+{
+    const char* name;
+    const char* value;
+};
+
+constexpr Option kOptions[] = {
+    // Nobody but this program starts, stops or reads anything.
+    {"config", "no"},
+    {"terminal", "no"},
+    {"ytdl", "no"},
+    {"load-scripts", "no"},
+    {"osc", "no"},
+    {"load-stats-overlay", "no"},
+    {"load-osd-console", "no"},
+    {"input-default-bindings", "no"},
+    {"input-vo-keyboard", "no"},
+    {"input-cursor", "no"},
+    {"input-media-keys", "no"},
+    {"resume-playback", "no"},
+    {"load-auto-profiles", "no"},
+    {"stop-screensaver", "no"},
+    // The file itself and nothing that it, or its folder, points to.
+    {"demuxer", "lavf"},
+    {"access-references", "no"},
+    {"autoload-files", "no"},
+    {"ordered-chapters", "no"},
+    {"load-unsafe-playlists", "no"},
+    {"cover-art-auto", "no"},
+    {"audio-file-auto", "no"},
+    {"sub-auto", "no"},
+    {"sid", "no"},
+    {"embeddedfonts", "no"},
+    // The end of a clip is the library pausing by itself; nobody else touches "pause".
+    {"idle", "yes"},
+    {"pause", "yes"},
+    {"keep-open", "yes"},
+    {"keep-open-pause", "yes"},
+    // Picture and sound.
+    {"vo", "libmpv"},
+    {"osd-level", "0"},
+    {"zimg-threads", "1"}, // frames are drawn on a thread of their own; waking more costs more
+    {"audio-display", "no"},
+    {"audio-fallback-to-null", "yes"},
+    {"audio-format", "float"}, // short sample formats clip the quietest volumes to silence
+    {"volume-max", "100"},
+    {"hr-seek", "yes"},
+    // Local files need no cache of their own: the system has one.
+    {"cache", "no"},
+    {"demuxer-max-bytes", "32MiB"},
+    {"demuxer-max-back-bytes", "4MiB"},
+};
+
+// Containers that hold their own media. Lists of other files (playlists, segments, image
+// sequences) and whatever speaks to a network are not among them.
+constexpr char kFormats[] =
+    "aac,ac3,aiff,amr,ape,asf,au,avi,caf,dts,dtshd,dv,eac3,flac,flv,gif,h264,hevc,ivf,loas,m4v,"
+    "matroska,mjpeg,mov,mp3,mpc,mpc8,mpeg,mpegts,mpegvideo,mxf,nsv,nut,obu,ogg,rm,tak,tta,vc1,voc,"
+    "w64,wav,wv";
+
+constexpr std::array kRawStreams = {"aac",  "ac3",   "dts",       "dtshd", "eac3", "h264", "hevc",
+                                    "loas", "mjpeg", "mpegvideo", "m4v",   "obu",  "vc1"};
+
+// The container options hold commas, so they cannot be given as one text.
+bool setContainerOptions(MpvHandle& mpv)
+{
+    QByteArray protocols = "file";
+    QByteArray formats = kFormats;
+    std::array<mpv_node, 2> values = {};
+    for (mpv_node& value : values) {
+        value.format = MPV_FORMAT_STRING;
+    }
+    values[0].u.string = protocols.data();
+    values[1].u.string = formats.data();
+    QByteArray protocolKey = "protocol_whitelist";
+    QByteArray formatKey = "format_whitelist";
+    std::array<char*, 2> keys = {protocolKey.data(), formatKey.data()};
+    mpv_node_list pairs = {};
+    pairs.num = 2;
+    pairs.values = values.data();
+    pairs.keys = keys.data();
+    mpv_node map = {};
+    map.format = MPV_FORMAT_NODE_MAP;
+    map.u.list = &pairs;
+    return mpv.setOption("demuxer-lavf-o", map);
+}
+
+} // namespace
+
+bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra)
+{
+    bool all = setContainerOptions(mpv);
+    // One thread for each core; the library would take one more, and its pictures with it.
+    all = mpv.setOption("vd-lavc-threads", QByteArray::number(QThread::idealThreadCount())) && all;
+    for (const Option& option : kOptions) {
+        all = mpv.setOption(option.name, option.value) && all;
+    }
+    for (const auto& [name, value] : extra) {
+        all = mpv.setOption(name.constData(), value) && all;
+    }
+    return all;
+}
+
+// The library's scale is the cube root of the amplitude: 60 decibels to a power of ten.
+double mpvVolume(int hundredthsOfDecibel)
+{
+    return 100.0 * std::pow(10.0, std::min(hundredthsOfDecibel, 0) / 6000.0);
+}
+
+bool isRawStream(const QByteArray& fileFormat)
+{
+    return std::any_of(kRawStreams.begin(), kRawStreams.end(),
+                       [&](const char* name) { return fileFormat == name; });
+}
+
+double seekHeadStart(const QByteArray& fileFormat)
+{
+    return fileFormat == "mpegts" ? 10.0 : 0.0;
+}
+
+} // namespace orvanta

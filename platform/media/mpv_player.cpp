@@ -1,0 +1,232 @@
+#include "platform/media/mpv_player.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace orvanta {
+
+namespace {
+
+constexpr int kLookMilliseconds = 40;
+constexpr int kSeekGuardMilliseconds = 5000;
+constexpr int kSilence = -10000; // hundredths of a decibel
+
+std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
+{
+    auto mpv = std::make_unique<MpvHandle>();
+    applyMpvOptions(*mpv, extra);
+    mpv->initialize();
+    return mpv;
+}
+
+} // namespace
+
+MpvMediaControl::Private::Private(MpvMediaControl& control, const MpvOptionList& extra)
+    : m_control(control),
+      m_mpv(startPlayer(extra)),
+      m_picture(m_mpv->get())
+{
+    m_look.setInterval(kLookMilliseconds);
+    m_seekGuard.setInterval(kSeekGuardMilliseconds);
+    m_seekGuard.setSingleShot(true);
+    QObject::connect(m_mpv.get(), &MpvHandle::eventsWaiting, &m_control, [this] { serveEvents(); });
+    QObject::connect(&m_look, &QTimer::timeout, &m_control, [this] { lookForEnd(); });
+    QObject::connect(&m_seekGuard, &QTimer::timeout, &m_control, [this] { seekSettled(); });
+    observeProperties();
+}
+
+void MpvMediaControl::Private::run()
+{
+    if (m_state == NotLoaded || m_state == Running) {
+        return;
+    }
+    m_atStart = false;
+    setPaused(false);
+    changeState(Running);
+}
+
+void MpvMediaControl::Private::pause()
+{
+    if (m_state == NotLoaded || m_state == Paused) {
+        return;
+    }
+    setPaused(true);
+    changeState(Paused);
+}
+
+void MpvMediaControl::Private::stop()
+{
+    if (m_state == NotLoaded || (m_state == Stopped && m_atStart)) {
+        return;
+    }
+    const double old = position();
+    setPaused(true);
+    rewind();
+    changeState(Stopped);
+    reportJump(old);
+}
+
+void MpvMediaControl::Private::seek(double seconds, MpvSeek::Kind kind)
+{
+    if (m_phase == Empty || !std::isfinite(seconds)) {
+        return;
+    }
+    const double target = clamped(seconds);
+    if (m_phase == Opening || m_reloading) {
+        m_seekWhenReady = target;
+        Q_EMIT m_control.position();
+        return;
+    }
+    if (m_seek.isUnderWay(target, kind)) {
+        return;
+    }
+    const double old = position();
+    goTo(target, kind);
+    if (m_state == Running) {
+        // The clip may have come to its end, and paused, before it heard of the seek.
+        setPaused(false);
+    }
+    reportJump(old);
+}
+
+void MpvMediaControl::Private::setVolume(int hundredthsOfDecibel)
+{
+    m_volume = std::clamp(hundredthsOfDecibel, kSilence, 0);
+    m_mpv->set("volume", mpvVolume(m_volume));
+    m_mpv->set("mute", m_volume == kSilence);
+}
+
+double MpvMediaControl::Private::position() const
+{
+    if (m_seekWhenReady) {
+        return *m_seekWhenReady;
+    }
+    return m_seek.isUnderWay() ? m_seek.target() : m_position;
+}
+
+void MpvMediaControl::Private::changeState(State state)
+{
+    const State old = std::exchange(m_state, state);
+    if (old == state) {
+        return;
+    }
+    if (state == Running) {
+        m_look.start();
+    } else {
+        m_look.stop();
+    }
+    Q_EMIT m_control.stateChange(old, state);
+}
+
+void MpvMediaControl::Private::setPaused(bool paused)
+{
+    ++m_pauseSerial;
+    m_mpv->set("pause", paused);
+}
+
+void MpvMediaControl::Private::goTo(double target, MpvSeek::Kind kind)
+{
+    m_atStart = false;
+    m_position = target;
+    if (m_rewindsByReload && target <= 0) {
+        reload();
+        return;
+    }
+    const quint64 serial = m_seek.begin(target, kind);
+    m_seekGuard.start();
+    m_mpv->command({"seek", QByteArray::number(target, 'f', 6),
+                    kind == MpvSeek::Exact ? "absolute+exact" : "absolute+keyframes"},
+                   idOf(Seek, serial));
+}
+
+/// The player is where it will be. Its place was passed over while the seek was under way.
+void MpvMediaControl::Private::seekSettled()
+{
+    m_seek.cancel();
+    m_seekGuard.stop();
+    m_mpv->ask("time-pos", MPV_FORMAT_DOUBLE, idOf(PositionNow, m_load));
+}
+
+void MpvMediaControl::Private::rewind()
+{
+    goTo(0, MpvSeek::Exact);
+    m_seekWhenReady.reset();
+    m_atStart = true;
+}
+
+// At its natural end, and only there, the library pauses by itself. Neither the end of the data
+// (which comes long before that of the sound) nor the property's change (which is not reported
+// when "pause" goes off and on between two reports) tells it as surely as asking. The answer comes
+// in turn with the program's own changes of "pause", so it cannot be older than the newest.
+void MpvMediaControl::Private::lookForEnd()
+{
+    if (m_state == Running && !m_reloading && !m_lookAsked) {
+        m_lookAsked = true;
+        m_mpv->ask("pause", MPV_FORMAT_FLAG, idOf(PauseLook, m_pauseSerial));
+    }
+}
+
+void MpvMediaControl::Private::takeLook(bool paused, quint64 serial)
+{
+    m_lookAsked = false;
+    if (paused && serial == m_pauseSerial && m_state == Running) {
+        reachEnd();
+    }
+}
+
+void MpvMediaControl::Private::reachEnd()
+{
+    if (m_duration <= 0) {
+        takeDuration(m_largest);
+    }
+    const double end = m_duration;
+    setPaused(true);
+    rewind();
+    changeState(Stopped);
+    Q_EMIT m_control.positionChange(end, 0);
+    Q_EMIT m_control.position();
+}
+
+/// A jump that the user made. It must not look like the end of the clip.
+void MpvMediaControl::Private::reportJump(double oldSeconds)
+{
+    const double now = position();
+    if (!looksLikeEnd(oldSeconds, now, m_duration)) {
+        Q_EMIT m_control.positionChange(oldSeconds, now);
+    }
+    Q_EMIT m_control.position();
+}
+
+void MpvMediaControl::Private::moveTo(double seconds)
+{
+    if (m_phase != Ready || m_reloading || m_atStart || m_seek.isUnderWay()) {
+        return;
+    }
+    m_largest = std::max(m_largest, seconds);
+    if (m_state == Running) {
+        m_look.start(); // a clip that moves has not ended: asking would only cost
+    }
+    const double place = clamped(seconds);
+    if (place != m_position) {
+        m_position = place;
+        Q_EMIT m_control.position();
+    }
+}
+
+void MpvMediaControl::Private::takeDuration(double seconds)
+{
+    if (seconds > 0 && seconds != m_duration) {
+        m_duration = seconds;
+        m_position = clamped(m_position);
+        Q_EMIT m_control.durationChange(seconds);
+    }
+}
+
+double MpvMediaControl::Private::clamped(double seconds) const
+{
+    const double atLeast = std::max(seconds, 0.0);
+    return m_duration > 0 ? std::min(atLeast, m_duration) : atLeast;
+}
+
+} // namespace orvanta

@@ -1,0 +1,141 @@
+// The state of the media control over libmpv, and what becomes of the library's events.
+#pragma once
+
+#include "platform/media/mpv_handle.h"
+#include "platform/media/mpv_media_control.h"
+#include "platform/media/mpv_options.h"
+#include "platform/media/mpv_picture_source.h"
+#include "platform/media/mpv_seek.h"
+
+#include <QSize>
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+
+namespace orvanta {
+
+/// The inside of MpvMediaControl. The operations are in mpv_player.cpp, the loading of files in
+/// mpv_loading.cpp, the events in mpv_events.cpp. Every signal is emitted last, since its
+/// receivers may load another file or spin the event loop.
+class MpvMediaControl::Private
+{
+public:
+    Private(MpvMediaControl& control, const MpvOptionList& extra);
+
+    void load(const QString& path);
+    void unload();
+    void run();
+    void pause();
+    void stop();
+    void seek(double seconds, MpvSeek::Kind kind);
+    void setVolume(int hundredthsOfDecibel);
+    [[nodiscard]] double position() const;
+    [[nodiscard]] double duration() const { return m_duration; }
+    [[nodiscard]] State state() const { return m_state; }
+    [[nodiscard]] int volume() const { return m_volume; }
+    [[nodiscard]] const QString& fileName() const { return m_fileName; }
+    [[nodiscard]] bool isReady() const { return m_phase == Ready; }
+    [[nodiscard]] bool isOpening() const { return m_phase == Opening; }
+    [[nodiscard]] MpvPictureSource& picture() { return m_picture; }
+
+private:
+    enum Phase
+    {
+        Empty,
+        Opening,
+        Ready,
+    };
+
+    /// What an answer of the library belongs to; the rest of its id is a serial number.
+    enum Request : quint64
+    {
+        Unasked,
+        LoadFile,
+        Seek,
+        PositionNow,
+        PauseLook,
+        // Facts about a file, asked in this order when it can play.
+        FileFormat,
+        Length,
+        PictureWidth,
+        PictureHeight,
+    };
+
+    /// Properties that the library reports by itself.
+    enum Observed : quint64
+    {
+        TimePosition,
+        ClipLength,
+        PauseState,
+        EndOfFile,
+    };
+
+    // mpv_player.cpp
+    void changeState(State state);
+    void setPaused(bool paused);
+    void goTo(double target, MpvSeek::Kind kind);
+    void seekSettled();
+    void rewind();
+    void lookForEnd();
+    void takeLook(bool paused, quint64 serial);
+    void reachEnd();
+    void reportJump(double oldSeconds);
+    void moveTo(double seconds);
+    void takeDuration(double seconds);
+    [[nodiscard]] double clamped(double seconds) const;
+
+    // mpv_loading.cpp
+    void forgetClip();
+    void loadEntry();
+    void reload();
+    void refuseLater(const QString& reason);
+    void endOfEntry(const mpv_event_end_file& end);
+    void askFacts();
+    void finishOpening();
+    void finishReloading();
+    void failOpening(const QString& reason);
+    void seekAsWished();
+
+    // mpv_events.cpp
+    void observeProperties();
+    void serveEvents();
+    void serve(const mpv_event& event);
+    void serveCommand(const mpv_event& event);
+    void serveAnswer(const mpv_event& event);
+    void serveFact(Request fact, const mpv_event& event);
+    void serveProperty(const mpv_event& event);
+    void playbackRestarted();
+
+    static quint64 idOf(Request request, quint64 serial);
+
+    MpvMediaControl& m_control;
+    std::unique_ptr<MpvHandle> m_mpv;
+    MpvPictureSource m_picture; // must go before the player, or the library aborts
+    QTimer m_look;              // while running: has the clip come to its end?
+    QTimer m_seekGuard;         // ends a seek that the player never answers
+
+    QString m_fileName;
+    Phase m_phase = Empty;
+    State m_state = NotLoaded;
+    int m_volume = 0;
+
+    quint64 m_load = 0;         // serial of the newest load
+    qint64 m_entry = -1;        // the library's number of that load; -1: not told yet
+    qint64 m_startedEntry = -1; // the entry that the library began last
+    bool m_factsAsked = false;
+    bool m_reloading = false; // on the way back to the start of a clip that cannot seek to it
+    bool m_rewindsByReload = false;
+    QSize m_pictureSize;
+
+    double m_position = 0;
+    double m_duration = 0; // 0: unknown
+    double m_largest = 0;  // the largest position seen
+    bool m_atStart = true; // rewound: exactly 0, whatever the first time stamp is
+    MpvSeek m_seek;
+    std::optional<double> m_seekWhenReady;
+    quint64 m_pauseSerial = 0; // a look asked for before the newest change tells nothing
+    bool m_lookAsked = false;
+};
+
+} // namespace orvanta

@@ -1,0 +1,68 @@
+#include "platform/media/video_surface.h"
+
+#include "platform/media/picture_source.h"
+
+#include <QPainter>
+
+namespace orvanta {
+
+VideoSurface::VideoSurface(PictureSource* source, QWidget* parent)
+    : QWidget(parent),
+      m_source(source)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent); // every pixel is painted, so none is erased first
+    if (m_source != nullptr) {
+        connect(m_source, &PictureSource::frameChanged, this, qOverload<>(&QWidget::update));
+    }
+}
+
+void VideoSurface::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const QImage frame = m_source != nullptr ? m_source->frame() : QImage();
+    if (frame.isNull()) {
+        painter.fillRect(rect(), Qt::black);
+        return;
+    }
+    // In device pixels the frame is drawn as it is: a plain copy, no scaling.
+    painter.scale(1.0 / devicePixelRatioF(), 1.0 / devicePixelRatioF());
+    const QSize size = deviceSize();
+    if (frame.size() == size) {
+        painter.drawImage(0, 0, frame);
+        return;
+    }
+    // While the window is being resized the newest frame still has the size before.
+    QRect place(QPoint(), frame.size().scaled(size, Qt::KeepAspectRatio));
+    place.moveCenter(QRect(QPoint(), size).center());
+    painter.fillRect(QRect(QPoint(), size), Qt::black);
+    painter.drawImage(place, frame);
+}
+
+void VideoSurface::resizeEvent(QResizeEvent* /*event*/)
+{
+    announceSize();
+}
+
+void VideoSurface::showEvent(QShowEvent* /*event*/)
+{
+    announceSize();
+}
+
+void VideoSurface::hideEvent(QHideEvent* /*event*/)
+{
+    announceSize();
+}
+
+void VideoSurface::announceSize()
+{
+    if (m_source != nullptr) {
+        m_source->setTargetSize(isVisible() ? deviceSize() : QSize());
+    }
+}
+
+QSize VideoSurface::deviceSize() const
+{
+    return (QSizeF(size()) * devicePixelRatioF()).toSize();
+}
+
+} // namespace orvanta

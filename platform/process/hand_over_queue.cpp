@@ -1,0 +1,190 @@
+#include "platform/process/hand_over_queue.h"
+
+#include "core/ini.h"
+#include "core/log.h"
+#include "core/numbers.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QThread>
+
+#include <cstdio>
+#include <utility>
+#include <vector>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+static const QString kQueue = u"ftl"_s;
+static const QString kBusyFlag = u"wr"_s;
+static const QString kCount = u"num"_s;
+
+constexpr unsigned long kReadPauseMs = 15;
+constexpr qint64 kPatienceMs = 5000;
+
+static Int16 queueLength(const QString& text)
+{
+    const Int16 length = countValue(text);
+    if (length < 0) {
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    }
+    return length;
+}
+
+/// Reading a value cuts its outer blanks, unless a pair of quotes protects them.
+static QString withBlanksProtected(const QString& line)
+{
+    return line == line.trimmed() ? line : u'"' + line + u'"';
+}
+
+static std::vector<IniChange> changesForAppending(const QStringList& lines, Int16 length)
+{
+    std::vector<IniChange> changes;
+    for (const QString& line : lines) {
+        length += 1;
+        changes.push_back({kQueue, QString::number(length.value()), withBlanksProtected(line)});
+    }
+    changes.push_back({kQueue, kCount, QString::number(length.value())});
+    changes.push_back({kQueue, kBusyFlag, u"0"_s});
+    return changes;
+}
+
+static void sayThatWeWait(const QString& settingsFile)
+{
+    const QByteArray file = QFile::encodeName(settingsFile);
+    std::fprintf(stderr, "orvanta: waiting until \"wr\" in section [ftl] of %s is \"0\"\n",
+                 file.constData());
+}
+
+HandOverQueue::HandOverQueue(QString settingsFile)
+    : m_settingsFile(std::move(settingsFile))
+{}
+
+QString HandOverQueue::lockFile() const
+{
+    return QFileInfo(m_settingsFile).absolutePath() + u"/queue.lock"_s;
+}
+
+bool HandOverQueue::isFree() const
+{
+    return ReadIni(kQueue, kBusyFlag, m_settingsFile) == u"0";
+}
+
+bool HandOverQueue::hasEntries() const
+{
+    return ReadIni(kQueue, kCount, m_settingsFile, u"0"_s) != u"0";
+}
+
+void HandOverQueue::append(const QStringList& lines)
+{
+    if (lines.isEmpty()) {
+        return;
+    }
+    do {
+        waitUntilFree();
+    } while (!tryAppend(lines));
+}
+
+void HandOverQueue::waitUntilFree() const
+{
+    QElapsedTimer waiting;
+    waiting.start();
+    bool said = false;
+    while (!isFree()) {
+        freeAfterKilledDrain();
+        if (!said && waiting.hasExpired(kPatienceMs)) {
+            sayThatWeWait(m_settingsFile);
+            said = true;
+        }
+        QThread::msleep(kReadPauseMs);
+    }
+}
+
+/// A drain marks the lock file while "wr" is "1". The mark without a holder of the lock means that
+/// the draining process was killed; "wr" set by hand carries no mark and is waited for.
+void HandOverQueue::freeAfterKilledDrain() const
+{
+    FileLock lock(lockFile());
+    if (lock.tryLock() == FileLock::Outcome::Held && lock.isMarked()) {
+        WriteIni(kQueue, kBusyFlag, u"0"_s, m_settingsFile);
+        lock.setMark(false);
+    }
+}
+
+/// One atomic replacement, so that a killed launch never leaves "wr" = "1" behind. False when the
+/// queue has become busy since it was seen free.
+bool HandOverQueue::tryAppend(const QStringList& lines) const
+{
+    FileLock lock(lockFile());
+    lock.lock();
+    const Int16 length = queueLength(ReadIni(kQueue, kCount, m_settingsFile));
+    const std::vector<IniChange> changes = changesForAppending(lines, length);
+    bool free = true;
+    const bool written = changeIniAtOnce(m_settingsFile, [&](const auto& read) {
+        free = read(kQueue, kBusyFlag) == u"0";
+        return free ? changes : std::vector<IniChange>();
+    });
+    if (!written) {
+        qCInfo(logErrors, "the command line cannot be handed over: settings are not writable");
+    }
+    return free;
+}
+
+HandOverQueue::Drain::Drain(const HandOverQueue& queue)
+    : m_queue(queue),
+      m_lock(queue.lockFile())
+{
+    m_lock.lock();
+    m_lock.setMark(true);
+    WriteIni(kQueue, kBusyFlag, u"1"_s, m_queue.m_settingsFile);
+}
+
+HandOverQueue::Drain::~Drain()
+{
+    const bool written = changeIniAtOnce(m_queue.m_settingsFile, [](const auto&) {
+        return std::vector<IniChange>{{kQueue, kCount, u"0"_s}, {kQueue, kBusyFlag, u"0"_s}};
+    });
+    if (!written) {
+        qCInfo(logErrors, "the hand-over queue cannot be reset: settings are not writable");
+    }
+    m_lock.setMark(false);
+}
+
+QStringList HandOverQueue::Drain::lines() const
+{
+    const QString& file = m_queue.m_settingsFile;
+    const Int16 length = queueLength(ReadIni(kQueue, kCount, file));
+    QStringList lines;
+    for (int i = 1; i <= length.value(); ++i) {
+        lines.append(readIniRaw(kQueue, QString::number(i), file));
+    }
+    lines.removeAll(QString());
+    return lines;
+}
+
+static bool isAbsolutePathText(const QString& path)
+{
+    const bool onDrive = path.size() > 2 && path[0].isLetter() && path[1] == u':' &&
+                         (path[2] == u'\\' || path[2] == u'/');
+    return path.startsWith(u'/') || onDrive;
+}
+
+std::optional<QString> folderOfLine(const QString& line)
+{
+    if (QFileInfo(line).isDir()) {
+        return line;
+    }
+    if (!line.startsWith(u"/f", Qt::CaseInsensitive) || QFileInfo::exists(line)) {
+        return std::nullopt;
+    }
+    QString folder = line.mid(2);
+    if (folder.size() >= 2 && folder.startsWith(u'"') && folder.endsWith(u'"')) {
+        folder = folder.mid(1, folder.size() - 2);
+    }
+    const bool named = isAbsolutePathText(folder) || QFileInfo(folder).isDir();
+    return named ? std::optional(folder) : std::nullopt;
+}
+
+} // namespace orvanta

@@ -1,0 +1,107 @@
+#include "platform/process/single_instance.h"
+
+#include "core/log.h"
+#include "platform/process/file_lock.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFileInfo>
+#include <QLocalServer>
+#include <QLocalSocket>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kAnswerTimeMs = 500;
+constexpr int kCallsWaiting = 128;
+constexpr qint64 kLongestCall = 4096; // bytes; a token is some dozens
+
+static const QByteArray kRaiseCall = "raise ";
+
+static QString socketFolder()
+{
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    return QFileInfo(runtime).isDir() ? runtime : QDir::tempPath();
+}
+
+/// One name for each application folder, short enough for a socket's address.
+static QString socketName(const QString& folder)
+{
+    const QByteArray path = QDir(folder).canonicalPath().toUtf8();
+    const QByteArray digest = QCryptographicHash::hash(path, QCryptographicHash::Sha256);
+    return socketFolder() + u"/orvanta-"_s + QString::fromLatin1(digest.left(10).toHex());
+}
+
+SingleInstance::SingleInstance(const QString& applicationFolder, QObject* parent)
+    : QObject(parent),
+      m_folder(applicationFolder),
+      m_lock(std::make_unique<FileLock>(applicationFolder + u"/instance.lock"_s))
+{
+    if (m_lock->tryLock() == FileLock::Outcome::Busy) {
+        m_lock.reset();
+    }
+}
+
+SingleInstance::~SingleInstance()
+{
+    release();
+}
+
+void SingleInstance::listen()
+{
+    m_server = new QLocalServer(this);
+    m_server->setSocketOptions(QLocalServer::UserAccessOption);
+    m_server->setListenBacklogSize(kCallsWaiting);
+    connect(m_server, &QLocalServer::newConnection, this, &SingleInstance::takeCall);
+    const QString name = socketName(m_folder);
+    QLocalServer::removeServer(name); // left behind by a killed first instance
+    if (!m_server->listen(name)) {
+        qCInfo(logErrors, "later launches cannot raise this one: %ls",
+               qUtf16Printable(m_server->errorString()));
+    }
+}
+
+void SingleInstance::takeCall()
+{
+    while (QLocalSocket* call = m_server->nextPendingConnection()) {
+        call->setReadBufferSize(kLongestCall);
+        connect(call, &QLocalSocket::disconnected, call, &QObject::deleteLater);
+        connect(call, &QLocalSocket::readyRead, this, [this, call] { readCall(call); });
+        readCall(call);
+    }
+}
+
+void SingleInstance::readCall(QLocalSocket* call)
+{
+    if (!call->canReadLine()) {
+        return;
+    }
+    const QByteArray line = call->readLine(kLongestCall).trimmed() + ' ';
+    call->disconnectFromServer();
+    if (line.startsWith(kRaiseCall)) {
+        Q_EMIT raiseRequested(QString::fromUtf8(line.mid(kRaiseCall.size()).trimmed()));
+    }
+}
+
+bool SingleInstance::raiseFirst(const QString& activationToken) const
+{
+    QLocalSocket call;
+    call.connectToServer(socketName(m_folder));
+    if (!call.waitForConnected(kAnswerTimeMs)) {
+        return false;
+    }
+    call.write(kRaiseCall + activationToken.toUtf8() + '\n');
+    call.waitForBytesWritten(kAnswerTimeMs);
+    call.disconnectFromServer();
+    return true;
+}
+
+void SingleInstance::release()
+{
+    delete m_server;
+    m_server = nullptr;
+    m_lock.reset();
+}
+
+} // namespace orvanta

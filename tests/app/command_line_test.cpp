@@ -1,0 +1,154 @@
+#include "app/command_line.h"
+#include "tests/support/settings_folder.h"
+
+#include <QDir>
+
+#include <array>
+#include <gtest/gtest.h>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A folder with "a.avi", "b c.vxl" and "sub" in it as the current folder.
+struct CommandLine : testing::Test
+{
+    CommandLine()
+    {
+        folder.write(u"a.avi"_s, "x");
+        folder.write(u"b c.vxl"_s, "x");
+        QDir(folder.path()).mkdir(u"sub"_s);
+        QDir::setCurrent(folder.path());
+    }
+    ~CommandLine() override { QDir::setCurrent(m_before); }
+
+    SettingsFolder folder{QByteArray()};
+
+private:
+    QString m_before = QDir::currentPath();
+};
+
+} // namespace
+
+TEST_F(CommandLine, ArgumentsAreJoinedWithOneBlank)
+{
+    EXPECT_EQ(commandLine({}), QString());
+    EXPECT_EQ(commandLine({u"a"_s}), u"a");
+    EXPECT_EQ(commandLine({u"a"_s, u"b"_s}), u"a b");
+}
+
+TEST_F(CommandLine, AnEmptyLineQueuesNothing)
+{
+    EXPECT_TRUE(linesToQueue({}).isEmpty());
+    EXPECT_TRUE(linesToQueue({u""_s}).isEmpty());
+}
+
+TEST_F(CommandLine, AutoInAnyCaseIsTheSwitchAndQueuesNothing)
+{
+    for (const QString& line : {u"/auto"_s, u"/AUTO"_s, u"/Auto"_s}) {
+        EXPECT_TRUE(isAutoStart(line));
+        EXPECT_TRUE(linesToQueue({line}).isEmpty());
+    }
+}
+
+TEST_F(CommandLine, AutoWithABlankBehindItIsACommandLineLikeAnyOther)
+{
+    EXPECT_FALSE(isAutoStart(u"/auto "_s));
+    EXPECT_FALSE(isAutoStart(u"/auto x"_s));
+    EXPECT_EQ(linesToQueue({u"/auto "_s}), QStringList(u"/auto "_s));
+}
+
+TEST_F(CommandLine, APathThatExistsIsMadeAbsolute)
+{
+    EXPECT_EQ(linesToQueue({u"a.avi"_s}), QStringList(folder.file(u"a.avi"_s)));
+    EXPECT_EQ(linesToQueue({u"./a.avi"_s}), QStringList(folder.file(u"a.avi"_s)));
+    EXPECT_EQ(linesToQueue({u"sub/../a.avi"_s}), QStringList(folder.file(u"a.avi"_s)));
+    EXPECT_EQ(linesToQueue({folder.file(u"a.avi"_s)}), QStringList(folder.file(u"a.avi"_s)));
+}
+
+TEST_F(CommandLine, UpwardsFromALinkedFolderStaysTheSameFile)
+{
+    const SettingsFolder elsewhere{QByteArray()};
+    QDir(elsewhere.path()).mkdir(u"deep"_s);
+    const QString clip = elsewhere.write(u"c.avi"_s, "x");
+    ASSERT_TRUE(QFile::link(elsewhere.file(u"deep"_s), folder.file(u"link"_s)));
+    const QStringList lines = linesToQueue({u"link/../c.avi"_s});
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_EQ(QFileInfo(lines.first()).canonicalFilePath(), QFileInfo(clip).canonicalFilePath());
+}
+
+TEST_F(CommandLine, AnUnquotedPathWithABlankIsJoinedAgain)
+{
+    EXPECT_EQ(linesToQueue({u"b"_s, u"c.vxl"_s}), QStringList(folder.file(u"b c.vxl"_s)));
+}
+
+TEST_F(CommandLine, SeveralExistingFilesAreOneEntryEach)
+{
+    EXPECT_EQ(linesToQueue({u"a.avi"_s, u"b c.vxl"_s}),
+              QStringList({folder.file(u"a.avi"_s), folder.file(u"b c.vxl"_s)}));
+}
+
+TEST_F(CommandLine, SeveralArgumentsOfWhichOneIsNoFileAreOneEntry)
+{
+    EXPECT_EQ(linesToQueue({u"a.avi"_s, u"missing.avi"_s}), QStringList(u"a.avi missing.avi"_s));
+}
+
+TEST_F(CommandLine, AFileAddressBecomesItsPath)
+{
+    EXPECT_EQ(linesToQueue({u"file:///clips/%D0%AF%201.avi"_s}), QStringList(u"/clips/Я 1.avi"_s));
+    EXPECT_EQ(linesToQueue({u"file://localhost/a.avi"_s}), QStringList(u"/a.avi"_s));
+    EXPECT_EQ(linesToQueue({u"FILE:/a.avi"_s}), QStringList(u"/a.avi"_s));
+}
+
+TEST_F(CommandLine, SeveralFileAddressesAreOneEntryEach)
+{
+    const QString first = u"file://"_s + folder.file(u"a.avi"_s);
+    const QString second = u"file://"_s + folder.file(u"b%20c.vxl"_s);
+    EXPECT_EQ(linesToQueue({first, second}),
+              QStringList({folder.file(u"a.avi"_s), folder.file(u"b c.vxl"_s)}));
+}
+
+TEST_F(CommandLine, AnythingElseIsQueuedAsItIs)
+{
+    for (const QString& line : {u"missing.avi"_s, u"http://host/a.avi"_s, u"C:\\Clips\\a.avi"_s,
+                                u"file://host/a.avi"_s, u"--strange"_s, u"\"quoted\""_s}) {
+        EXPECT_EQ(linesToQueue({line}), QStringList(line)) << line.toStdString();
+    }
+}
+
+TEST_F(CommandLine, TheFolderSwitchKeepsItsFormWithAnAbsoluteFolder)
+{
+    EXPECT_EQ(linesToQueue({u"/f/no/such"_s}), QStringList(u"/f/no/such"_s));
+    EXPECT_EQ(linesToQueue({u"/F"_s + folder.file(u"sub"_s)}),
+              QStringList(u"/F"_s + folder.file(u"sub"_s)));
+    EXPECT_EQ(linesToQueue({u"/fsub"_s}), QStringList(u"/f"_s + folder.file(u"sub"_s)));
+}
+
+TEST_F(CommandLine, ANameWithALineBreakIsRefused)
+{
+    EXPECT_TRUE(linesToQueue({u"a\nnum=99.avi"_s}).isEmpty());
+    EXPECT_TRUE(linesToQueue({u"a\rb"_s}).isEmpty());
+    folder.write(u"d\ne.avi"_s, "x");
+    EXPECT_EQ(linesToQueue({u"a.avi"_s, u"d\ne.avi"_s}), QStringList(folder.file(u"a.avi"_s)));
+}
+
+TEST_F(CommandLine, ANameThatNoTextCanHoldIsRefused)
+{
+    const std::array arguments = {"orvanta", "a.avi", "b\xff.avi", "\xd0\xaf.avi"};
+    EXPECT_EQ(argumentTexts(static_cast<int>(arguments.size()), arguments.data()),
+              QStringList({u"a.avi"_s, u"Я.avi"_s}));
+}
+
+TEST_F(CommandLine, HelpAndVersionAreAnsweredWhenTheyStandAlone)
+{
+    EXPECT_EQ(answerForTerminal({u"--version"_s}), u"Orvanta 3.3\n");
+    ASSERT_TRUE(answerForTerminal({u"--help"_s}).has_value());
+    EXPECT_TRUE(answerForTerminal({u"--help"_s})->contains(u"/auto"));
+    EXPECT_EQ(answerForTerminal({}), std::nullopt);
+    EXPECT_EQ(answerForTerminal({u"a.avi"_s}), std::nullopt);
+    EXPECT_EQ(answerForTerminal({u"--help"_s, u"a.avi"_s}), std::nullopt);
+}
+
+} // namespace orvanta

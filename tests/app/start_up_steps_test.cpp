@@ -1,0 +1,142 @@
+#include "app/start_up_steps.h"
+#include "core/run_time_error.h"
+#include "tests/support/desktop_room.h"
+#include "tests/support/settings_folder.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Int16 languageOf(const QByteArray& settings)
+{
+    const SettingsFolder folder(settings);
+    return storedLanguage(folder.ini());
+}
+
+struct SetupCopy : testing::Test
+{
+    explicit SetupCopy() { QDir(folder.path()).mkdir(u"setup"_s); }
+
+    void setOriginal(const QString& path) { WriteIni(u"main"_s, u"screxe"_s, path, folder.ini()); }
+
+    int errorOfRepair()
+    {
+        try {
+            repairSetupCopy(folder.path());
+        } catch (const RuntimeError& error) {
+            return static_cast<int>(error.number());
+        }
+        return 0;
+    }
+
+    SettingsFolder folder{"[main]\n"};
+};
+
+} // namespace
+
+TEST(StoredLanguage, IsTheStoredNumber)
+{
+    EXPECT_EQ(languageOf("[main]\nlanguage=1\n"), Int16(1));
+    EXPECT_EQ(languageOf("[main]\nlanguage=2\n"), Int16(2));
+}
+
+TEST(StoredLanguage, IsZeroWhenNoneIsStored)
+{
+    EXPECT_EQ(languageOf("[main]\n"), Int16(0));
+    EXPECT_EQ(languageOf("[main]\nlanguage=\n"), Int16(0));
+    EXPECT_EQ(storedLanguage(u"/no/such/file.ini"_s), Int16(0));
+}
+
+TEST(StoredLanguage, AHandEditedNumberIsKept)
+{
+    EXPECT_EQ(languageOf("[main]\nlanguage=3\n"), Int16(3));
+    EXPECT_EQ(languageOf("[main]\nlanguage=2.9\n"), Int16(2));
+    EXPECT_EQ(languageOf("[main]\nlanguage=-1\n"), Int16(-1));
+}
+
+TEST(StoredLanguage, ATextThatIsNoNumberCountsAsNotChosen)
+{
+    EXPECT_EQ(languageOf("[main]\nlanguage=English\n"), Int16(0));
+}
+
+TEST_F(SetupCopy, TheNamedFileOfTheSetupFolderIsCopied)
+{
+    folder.write(u"setup/setup12.exe"_s, "the program");
+    setOriginal(u"x:\\dist\\setup12.exe"_s);
+    EXPECT_EQ(errorOfRepair(), 0);
+    EXPECT_EQ(folder.bytes(u"setup/setup.exe"_s), "the program");
+}
+
+TEST_F(SetupCopy, APathOfThisSystemNamesTheFileToo)
+{
+    folder.write(u"setup/setup12.exe"_s, "the program");
+    setOriginal(u"/dist/setup12.exe"_s);
+    EXPECT_EQ(errorOfRepair(), 0);
+    EXPECT_EQ(folder.bytes(u"setup/setup.exe"_s), "the program");
+}
+
+TEST_F(SetupCopy, AnExistingCopyIsLeftAlone)
+{
+    folder.write(u"setup/setup12.exe"_s, "new");
+    folder.write(u"setup/setup.exe"_s, "old");
+    setOriginal(u"x:\\dist\\setup12.exe"_s);
+    EXPECT_EQ(errorOfRepair(), 0);
+    EXPECT_EQ(folder.bytes(u"setup/setup.exe"_s), "old");
+}
+
+TEST_F(SetupCopy, NothingIsCopiedWithoutASeparatorInThePath)
+{
+    folder.write(u"setup/setup12.exe"_s, "the program");
+    for (const QString& path : {QString(), u"setup12.exe"_s}) {
+        setOriginal(path);
+        EXPECT_EQ(errorOfRepair(), 0);
+        EXPECT_FALSE(FileExists(folder.file(u"setup/setup.exe"_s)));
+    }
+}
+
+TEST_F(SetupCopy, AMissingFileIsFileNotFound)
+{
+    setOriginal(u"x:\\dist\\setup12.exe"_s);
+    EXPECT_EQ(errorOfRepair(), 53);
+    setOriginal(u"x:\\dist\\"_s);
+    EXPECT_EQ(errorOfRepair(), 53);
+}
+
+TEST_F(SetupCopy, ACopyThatCannotBeMadeIsAnAccessError)
+{
+    folder.write(u"setup/setup12.exe"_s, "the program");
+    QDir(folder.path()).mkpath(u"setup/setup.exe/in the way"_s);
+    setOriginal(u"x:\\dist\\setup12.exe"_s);
+    EXPECT_EQ(errorOfRepair(), 75);
+}
+
+TEST(FolderVerb, IsWrittenWithTheProgramsFolderAndWithoutABlank)
+{
+    const DesktopRoom room;
+    const SettingsFolder folder;
+    Registry registry(folder.path());
+    registerFolderVerb(registry, u"/opt/o"_s);
+    EXPECT_EQ(registry.RegReadString(RegistryHive::ClassesRoot,
+                                     u"Folder\\shell\\Play clips\\command"_s, {}),
+              u"/opt/o\\orvanta.exe /f%1");
+}
+
+TEST(FolderVerb, IsRewrittenAtEveryStart)
+{
+    const DesktopRoom room;
+    const SettingsFolder folder;
+    Registry registry(folder.path());
+    const QString key = u"Folder\\shell\\Play clips\\command"_s;
+    registry.RegWriteString(RegistryHive::ClassesRoot, key, {}, u"something of the user's"_s);
+    registerFolderVerb(registry, u"/moved"_s);
+    EXPECT_EQ(registry.RegReadString(RegistryHive::ClassesRoot, key, {}),
+              u"/moved\\orvanta.exe /f%1");
+}
+
+} // namespace orvanta

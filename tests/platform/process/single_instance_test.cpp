@@ -1,0 +1,140 @@
+#include "platform/process/single_instance.h"
+#include "tests/support/probe.h"
+#include "tests/support/settings_folder.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <memory>
+#include <vector>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void sendSignal(const QProcess& process, int signal)
+{
+    ::kill(static_cast<pid_t>(process.processId()), signal);
+}
+
+struct TwoInstances : testing::Test
+{
+    SettingsFolder folder{QByteArray()};
+    Probe first;
+
+    void startFirst()
+    {
+        first.startProgram("instance_probe", {folder.path()});
+        ASSERT_EQ(first.nextLine(), "first");
+    }
+
+    QByteArray startLater(const QByteArray& token = {})
+    {
+        Probe later;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(u"DESKTOP_STARTUP_ID"_s);
+        environment.insert(u"XDG_ACTIVATION_TOKEN"_s, QString::fromUtf8(token));
+        later.setProcessEnvironment(environment);
+        later.startProgram("instance_probe", {folder.path()});
+        const QByteArray line = later.nextLine();
+        EXPECT_TRUE(later.waitForFinished());
+        return line;
+    }
+};
+
+} // namespace
+
+TEST_F(TwoInstances, TheSecondIsNotFirstAndRaisesTheFirst)
+{
+    startFirst();
+    EXPECT_EQ(startLater("token-7_TIME123"), "later");
+    EXPECT_EQ(first.nextLine(), "raise token-7_TIME123");
+}
+
+TEST_F(TwoInstances, ALaunchWithoutATokenRaisesToo)
+{
+    startFirst();
+    EXPECT_EQ(startLater(), "later");
+    EXPECT_EQ(first.nextLine(), "raise");
+}
+
+TEST_F(TwoInstances, AnotherApplicationFolderIsAnotherProgram)
+{
+    startFirst();
+    const SettingsFolder other{QByteArray()};
+    Probe second;
+    second.startProgram("instance_probe", {other.path()});
+    EXPECT_EQ(second.nextLine(), "first");
+}
+
+TEST_F(TwoInstances, AKilledFirstLeavesThePlaceAndItsSocketToTheNext)
+{
+    startFirst();
+    first.kill();
+    ASSERT_TRUE(first.waitForFinished());
+    Probe next;
+    next.startProgram("instance_probe", {folder.path()});
+    EXPECT_EQ(next.nextLine(), "first");
+    EXPECT_EQ(startLater("t"), "later");
+    EXPECT_EQ(next.nextLine(), "raise t");
+}
+
+TEST_F(TwoInstances, AFirstThatDoesNotListenYetLetsTheSecondEnd)
+{
+    const SingleInstance starting(folder.path());
+    ASSERT_TRUE(starting.isFirst());
+    EXPECT_EQ(startLater(), "later, not heard");
+}
+
+TEST_F(TwoInstances, AReleasedPlaceIsFreeWhileTheOldProcessLives)
+{
+    SingleInstance instance(folder.path());
+    instance.listen();
+    instance.release();
+    startFirst();
+}
+
+TEST_F(TwoInstances, OfManyStartedAtOnceExactlyOneIsFirst)
+{
+    constexpr int kLaunches = 20;
+    std::vector<std::unique_ptr<Probe>> probes;
+    for (int i = 0; i < kLaunches; ++i) {
+        probes.push_back(std::make_unique<Probe>());
+        probes.back()->start(builtProgram("instance_probe"), {folder.path()});
+    }
+    int firsts = 0;
+    for (const auto& probe : probes) {
+        const QByteArray line = probe->nextLine();
+        EXPECT_FALSE(line.isEmpty());
+        firsts += line == "first" ? 1 : 0;
+    }
+    EXPECT_EQ(firsts, 1);
+}
+
+TEST_F(TwoInstances, ACallThatIsNoRaiseIsPassedOver)
+{
+    SingleInstance instance(folder.path());
+    instance.listen();
+    const QSignalSpy raised(&instance, &SingleInstance::raiseRequested);
+    ASSERT_TRUE(instance.raiseFirst());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return raised.count() == 1; }));
+}
+
+TEST_F(TwoInstances, EndSignalsArriveAsAnEvent)
+{
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        Probe instance;
+        instance.startProgram("instance_probe", {folder.path()});
+        ASSERT_EQ(instance.nextLine(), "first");
+        sendSignal(instance, signal);
+        EXPECT_EQ(instance.nextLine(), "ended") << signal;
+        EXPECT_TRUE(instance.waitForFinished());
+        EXPECT_EQ(instance.exitStatus(), QProcess::NormalExit);
+    }
+}
+
+} // namespace orvanta

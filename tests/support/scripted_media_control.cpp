@@ -1,0 +1,150 @@
+#include "tests/support/scripted_media_control.h"
+
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace orvanta {
+
+void ScriptedMediaControl::completeOpening()
+{
+    if (!m_opening) {
+        return;
+    }
+    m_opening = false;
+    m_ready = true;
+    Q_EMIT durationChange(duration);
+    changeState(Stopped);
+    Q_EMIT openComplete(pictureSize);
+}
+
+void ScriptedMediaControl::failOpening()
+{
+    if (!m_opening) {
+        return;
+    }
+    m_opening = false;
+    m_fileName.clear();
+    Q_EMIT openFailed(QStringLiteral("scripted"));
+}
+
+void ScriptedMediaControl::playTo(double seconds)
+{
+    m_position = std::clamp(seconds, 0.0, duration);
+    Q_EMIT position();
+}
+
+void ScriptedMediaControl::reachEnd()
+{
+    m_position = 0;
+    changeState(Stopped);
+    Q_EMIT positionChange(duration, 0);
+    Q_EMIT position();
+}
+
+void ScriptedMediaControl::forceState(State state)
+{
+    changeState(state);
+}
+
+void ScriptedMediaControl::setFileName(const QString& path)
+{
+    calls.append(QStringLiteral("load ") + path);
+    m_fileName = path;
+    m_position = 0;
+    m_ready = false;
+    m_opening = !path.isEmpty();
+    const quint64 load = ++m_load;
+    changeState(NotLoaded);
+    if (!autoOpen || path.isEmpty()) {
+        return;
+    }
+    QTimer::singleShot(0, this, [this, load, path] {
+        if (load != m_load) {
+            return;
+        }
+        if (refusedFiles.contains(path)) {
+            failOpening();
+        } else {
+            completeOpening();
+        }
+    });
+}
+
+void ScriptedMediaControl::setCurrentPosition(double seconds)
+{
+    calls.append(QStringLiteral("seek %1").arg(seconds));
+    jumpTo(seconds);
+}
+
+void ScriptedMediaControl::previewPosition(double seconds)
+{
+    calls.append(QStringLiteral("preview %1").arg(seconds));
+    jumpTo(seconds);
+}
+
+double ScriptedMediaControl::Duration() const
+{
+    return m_ready ? duration : 0.0;
+}
+
+void ScriptedMediaControl::Run()
+{
+    calls.append(QStringLiteral("Run"));
+    if (m_ready) {
+        changeState(Running);
+    }
+}
+
+void ScriptedMediaControl::Pause()
+{
+    calls.append(QStringLiteral("Pause"));
+    if (m_ready) {
+        changeState(Paused);
+    }
+}
+
+void ScriptedMediaControl::Stop()
+{
+    calls.append(QStringLiteral("Stop"));
+    if (m_ready) {
+        const double old = std::exchange(m_position, 0.0);
+        changeState(Stopped);
+        reportJump(old);
+    }
+}
+
+void ScriptedMediaControl::setVolume(int hundredthsOfDecibel)
+{
+    calls.append(QStringLiteral("volume %1").arg(hundredthsOfDecibel));
+    m_volume = hundredthsOfDecibel;
+}
+
+void ScriptedMediaControl::jumpTo(double seconds)
+{
+    if (!m_ready || failSeeks) {
+        return;
+    }
+    const double old = std::exchange(m_position, std::clamp(seconds, 0.0, duration));
+    reportJump(old);
+}
+
+// Like the real control: a jump of the user's never looks like the end.
+void ScriptedMediaControl::reportJump(double oldSeconds)
+{
+    if (!looksLikeEnd(oldSeconds, m_position, duration)) {
+        Q_EMIT positionChange(oldSeconds, m_position);
+    }
+    Q_EMIT position();
+}
+
+void ScriptedMediaControl::changeState(State state)
+{
+    const State old = std::exchange(m_state, state);
+    if (old != state) {
+        Q_EMIT stateChange(old, state);
+    }
+}
+
+} // namespace orvanta

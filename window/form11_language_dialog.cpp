@@ -1,0 +1,122 @@
+#include "window/form11_language_dialog.h"
+
+#include "core/ini.h"
+#include "window/picture_sign.h"
+#include "window/skin.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include <initializer_list>
+#include <utility>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+PictureSign* badge(const QString& artwork, QWidget* parent)
+{
+    static constexpr QSize kSize(48, 48);
+    return new PictureSign([artwork](qreal ratio) { return skin::artwork(artwork, kSize, ratio); },
+                           kSize, parent);
+}
+
+QHBoxLayout* choiceRow(QWidget* picture, QWidget* option)
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(2 * skin::kGrid);
+    row->addWidget(picture);
+    row->addWidget(option, 1);
+    return row;
+}
+
+} // namespace
+
+Form11::Form11(QString iniPath)
+    : Option1(new QRadioButton(this)),
+      Option2(new QRadioButton(this)),
+      Image1(badge(u"language_en"_s, this)),
+      Image2(badge(u"language_ru"_s, this)),
+      Command1(new QPushButton(this)),
+      m_iniPath(std::move(iniPath))
+{
+    setWindowIcon(skin::applicationIcon());
+    setModal(true);
+    nameControls();
+    layOut();
+    // Each choice names itself in its own language, whatever the dialog's texts are.
+    Option1->setText(interfaceText(u"Form11", u"Option1", TextLanguage::English));
+    Option2->setText(interfaceText(u"Form11", u"Option2", TextLanguage::Russian));
+    Option1->setChecked(true);
+    Option1->setFocus();
+    Command1->setDefault(true);
+    applyTexts(TextLanguage::English);
+    connectHandlers();
+}
+
+void Form11::nameControls()
+{
+    setObjectName(u"Form11"_s);
+    const std::initializer_list<std::pair<QObject*, QStringView>> names = {
+        {Option1, u"Option1"}, {Option2, u"Option2"},   {Image1, u"Image1"},
+        {Image2, u"Image2"},   {Command1, u"Command1"},
+    };
+    for (const auto& [control, name] : names) {
+        control->setObjectName(name.toString());
+    }
+}
+
+void Form11::layOut()
+{
+    auto* rows = new QVBoxLayout(this);
+    rows->setContentsMargins(3 * skin::kGrid, 3 * skin::kGrid, 3 * skin::kGrid, 2 * skin::kGrid);
+    rows->setSpacing(2 * skin::kGrid);
+    rows->addLayout(choiceRow(Image1, Option1));
+    rows->addLayout(choiceRow(Image2, Option2));
+    rows->addSpacing(skin::kGrid);
+    rows->addWidget(Command1, 0, Qt::AlignRight);
+    for (QRadioButton* option : {Option1, Option2}) {
+        QFont font = option->font();
+        font.setPointSizeF(font.pointSizeF() * 1.25);
+        option->setFont(font);
+        option->setMinimumSize(232, 48);
+    }
+    Command1->setMinimumSize(120, skin::kButtonSide);
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void Form11::connectHandlers()
+{
+    // Toggled, not clicked: arrow keys choose too.
+    connect(Option1, &QRadioButton::toggled, this,
+            [this](bool on) { on ? Form11_Option1_Click() : Form11_Option2_Click(); });
+    connect(Command1, &QPushButton::clicked, this, [this] { Form11_Command1_Click(); });
+}
+
+void Form11::applyTexts(TextLanguage language)
+{
+    setWindowTitle(interfaceText(u"Form11", u"Form11", language));
+    Command1->setText(interfaceText(u"Form11", u"Command1", language));
+}
+
+void Form11::Form11_Option1_Click()
+{
+    applyTexts(TextLanguage::English);
+}
+
+void Form11::Form11_Option2_Click()
+{
+    applyTexts(TextLanguage::Russian);
+}
+
+void Form11::Form11_Command1_Click()
+{
+    WriteIni(u"main"_s, u"language"_s, Option1->isChecked() ? u"1"_s : u"2"_s, m_iniPath);
+    accept();
+}
+
+} // namespace orvanta

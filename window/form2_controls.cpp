@@ -1,0 +1,154 @@
+#include "window/clip_line.h"
+#include "window/file_list.h"
+#include "window/form2_main_window.h"
+#include "window/playlist_list.h"
+#include "window/skin.h"
+#include "window/skin_button.h"
+#include "window/skin_slider.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+
+#include <initializer_list>
+#include <utility>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+SkinPicture bright(const QString& name)
+{
+    return {name, skin::kText};
+}
+
+SkinPicture quiet(const QString& name)
+{
+    return {name, skin::kTextMuted};
+}
+
+void configure(QTimer& timer, QObject* owner, int milliseconds, bool once)
+{
+    timer.setParent(owner);
+    timer.setInterval(milliseconds);
+    timer.setSingleShot(once);
+}
+
+} // namespace
+
+void Form2::buildControls()
+{
+    m_surface = new QWidget(this);
+    // Of its own, so that the cursor of the window's edge stays at the edge.
+    m_surface->setCursor(Qt::ArrowCursor);
+    buildButtons();
+    buildBoxes();
+    buildSliders();
+    buildMenus();
+    configure(Timer1, this, 300, false);
+    configure(Timer2, this, 100, true);
+    configure(Timer3, this, 200, true);
+    nameControls();
+}
+
+void Form2::buildButtons()
+{
+    using Face = SkinButton::Face;
+    const auto button = [this](Face face, int side, const SkinPicture& picture) {
+        return new SkinButton(face, side, picture, m_surface);
+    };
+    Image8 = button(Face::Raised, skin::kButtonSide, bright(u"open_clip"_s));
+    Image14 = button(Face::Raised, skin::kButtonSide, bright(u"open_file"_s));
+    Image9 = button(Face::Raised, skin::kButtonSide, bright(u"new"_s));
+    Image10 = button(Face::Raised, skin::kButtonSide, bright(u"tools"_s));
+    Image11 = button(Face::Raised, skin::kButtonSide, bright(u"help"_s));
+    Image2 = button(Face::Raised, skin::kButtonSide, bright(u"find"_s));
+    Image12 = button(Face::Flat, skin::kWindowButtonSide, quiet(u"minimize"_s));
+    Image13 = button(Face::Warning, skin::kWindowButtonSide, quiet(u"close"_s));
+    Image4 = button(Face::Raised, skin::kTransportSide, bright(u"stop"_s));
+    Image3 = button(Face::Raised, skin::kTransportSide, {u"pause"_s, skin::kTreeLine});
+    Image3->setEnabled(false);
+    Image5 = button(Face::Accent, skin::kPlaySide, {u"play"_s, skin::kSurface});
+    Image15 = new PictureHolder({u"play"_s, skin::kPlayOff}, m_surface);
+    Image17 = new PictureHolder(bright(u"pause"_s), m_surface);
+    Image20 = new PictureHolder({}, m_surface);
+}
+
+void Form2::buildBoxes()
+{
+    Text1 = new QLineEdit(m_surface);
+    Text1->setFont(skin::interfaceFont(12));
+    Text1->setFixedHeight(skin::kButtonSide);
+    QPalette palette = Text1->palette();
+    palette.setColor(QPalette::PlaceholderText, skin::kTextMuted);
+    Text1->setPalette(palette);
+    Text2 = new ClipLine(m_surface);
+    Text2->setFont(skin::interfaceFont(17));
+    Text2->setFixedHeight(skin::kClipHeight);
+    List1 = new PlaylistList(m_surface);
+    File1 = new FileList(this);
+    File1->setPattern(m_services.module.TypePattern);
+}
+
+void Form2::buildSliders()
+{
+    Slider1 = new SkinSlider(SkinSlider::Fill::FromLeft, 1, m_surface);
+    Slider2 = new SkinSlider(SkinSlider::Fill::FromLeft, 5, m_surface);
+    Slider3 = new SkinSlider(SkinSlider::Fill::FromCentre, 5, m_surface);
+    const auto label = [this](const QColor& colour) {
+        auto* made = new QLabel(u"000000,000"_s, m_surface);
+        made->setFont(skin::digitsFont(13));
+        QPalette palette = made->palette();
+        palette.setColor(QPalette::WindowText, colour);
+        made->setPalette(palette);
+        // Room for the longest usual text, so that a running time moves nothing.
+        made->setMinimumWidth(made->sizeHint().width());
+        made->setText(u"0.00"_s);
+        return made;
+    };
+    Label1 = label(skin::kText);
+    Label2 = label(skin::kTextMuted);
+    Label2->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void Form2::buildMenus()
+{
+    create = new QMenu(m_surface);
+    cp = create->addAction(QString());
+    cg = create->addAction(QString());
+    tools = new QMenu(m_surface);
+    op = tools->addAction(QString());
+    cdc = tools->addAction(QString());
+    ai = tools->addMenu(QString());
+    add = {ai->addAction(QString())};
+    help = new QMenu(m_surface);
+    doc = help->addAction(QString());
+    tu = help->addAction(QString());
+    ab = help->addAction(QString());
+}
+
+void Form2::nameControls()
+{
+    const std::initializer_list<std::pair<QObject*, QStringView>> names = {
+        {this, u"Form2"},      {Image8, u"Image8"},   {Image14, u"Image14"}, {Image9, u"Image9"},
+        {Image10, u"Image10"}, {Image11, u"Image11"}, {Image12, u"Image12"}, {Image13, u"Image13"},
+        {Image5, u"Image5"},   {Image3, u"Image3"},   {Image4, u"Image4"},   {Image2, u"Image2"},
+        {Image15, u"Image15"}, {Image17, u"Image17"}, {Image20, u"Image20"}, {Text1, u"Text1"},
+        {Text2, u"Text2"},     {List1, u"List1"},     {Label1, u"Label1"},   {Label2, u"Label2"},
+        {Slider1, u"Slider1"}, {Slider2, u"Slider2"}, {Slider3, u"Slider3"}, {File1, u"File1"},
+        {create, u"create"},   {cp, u"cp"},           {cg, u"cg"},           {tools, u"tools"},
+        {op, u"op"},           {cdc, u"cdc"},         {ai, u"ai"},           {help, u"help"},
+        {doc, u"doc"},         {tu, u"tu"},           {ab, u"ab"},           {&Timer1, u"Timer1"},
+        {&Timer2, u"Timer2"},  {&Timer3, u"Timer3"},  {add.front(), u"add"},
+    };
+    for (const auto& [control, name] : names) {
+        control->setObjectName(name.toString());
+    }
+    // A submenu's entry is an object of its own.
+    ai->menuAction()->setObjectName(ai->objectName());
+}
+
+} // namespace orvanta

@@ -1,0 +1,298 @@
+#include "core/numbers.h"
+#include "core/paths.h"
+#include "model/loaders.h"
+#include "platform/screen/busy_cursor.h"
+#include "platform/screen/window_basics.h"
+#include "platform/screen/window_stacking.h"
+#include "window/form2_main_window.h"
+#include "window/playlist_list.h"
+#include "window/skin_button.h"
+#include "window/skin_slider.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QCursor>
+#include <QDir>
+#include <QLineEdit>
+#include <QMenu>
+#include <QWindow>
+
+#include <algorithm>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+void Form2::connectHandlers()
+{
+    const auto on = [this](auto* sender, auto signal, auto handler) {
+        connect(sender, signal, this, m_services.boundary(handler));
+    };
+    const auto press = [&](SkinButton* button, void (Form2::*handler)()) {
+        on(button, &SkinButton::clicked, [this, handler](auto&&...) { (this->*handler)(); });
+    };
+    const auto choose = [&](QAction* entry, void (Form2::*handler)()) {
+        on(entry, &QAction::triggered, [this, handler](auto&&...) { (this->*handler)(); });
+    };
+    press(Image8, &Form2::Form2_Image8_Click);
+    press(Image14, &Form2::Form2_Image14_Click);
+    press(Image9, &Form2::Form2_Image9_Click);
+    press(Image10, &Form2::Form2_Image10_Click);
+    press(Image11, &Form2::Form2_Image11_Click);
+    press(Image12, &Form2::Form2_Image12_Click);
+    press(Image13, &Form2::Form2_Image13_Click);
+    connect(this, &Form2::closeAsked, this, m_services.boundary([this] { Form2_Image13_Click(); }),
+            Qt::QueuedConnection);
+    press(Image5, &Form2::Form2_Image5_Click);
+    press(Image3, &Form2::Form2_Image3_Click);
+    press(Image4, &Form2::Form2_Image4_Click);
+    press(Image2, &Form2::Form2_Image2_Click);
+    on(Text1, &QLineEdit::returnPressed, [this] { Form2_Image2_Click(); });
+    on(List1, &PlaylistList::cursorMoved, [this](int line) { Form2_List1_Click(line); });
+    on(List1, &PlaylistList::lineChosen, [this] { Form2_List1_DblClick(); });
+    on(List1, &PlaylistList::pointerMoved, [this](int y) { Form2_List1_MouseMove(y); });
+    // From the queue: the program that dragged waits for the drop's answer.
+    connect(
+        List1, &PlaylistList::filesDropped, this,
+        m_services.boundary([this](const QStringList& files) { Form2_List1_OLEDragDrop(files); }),
+        Qt::QueuedConnection);
+    on(Slider1, &SkinSlider::userChanged, [this](double v) { Form2_Slider1_Change(v); });
+    on(Slider1, &SkinSlider::committed, [this](double) { Form2_Slider1_Commit(); });
+    on(Slider1, &SkinSlider::interactionEnded, [this] { Form2_Slider1_End(); });
+    on(Slider2, &SkinSlider::userChanged, [this](double v) { Form2_Slider2_Change(v); });
+    on(Slider3, &SkinSlider::userChanged, [this](double v) { Form2_Slider3_Change(v); });
+    on(&Timer1, &QTimer::timeout, [this](auto&&...) { Form2_Timer1_Timer(); });
+    on(&Timer2, &QTimer::timeout, [this](auto&&...) { Form2_Timer2_Timer(); });
+    on(&Timer3, &QTimer::timeout, [this](auto&&...) { Form2_Timer3_Timer(); });
+    choose(cp, &Form2::Form2_cp_Click);
+    choose(cg, &Form2::Form2_cg_Click);
+    choose(op, &Form2::Form2_op_Click);
+    choose(cdc, &Form2::Form2_cdc_Click);
+    choose(doc, &Form2::Form2_doc_Click);
+    choose(tu, &Form2::Form2_tu_Click);
+    choose(ab, &Form2::Form2_ab_Click);
+    on(ai, &QMenu::triggered, [this](QAction* entry) {
+        Form2_add_Click(static_cast<int>(std::ranges::find(add, entry) - add.begin()));
+    });
+}
+
+void Form2::Form2_Form_Activate()
+{
+    m_services.engine.operations().PollPlayer();
+    if (m_services.unloadSplash) {
+        m_services.unloadSplash();
+    }
+}
+
+// Once for each activation: from a paint event it would raise and repaint without end.
+void Form2::Form2_Form_Paint()
+{
+    QWindow* video = m_services.videoWindow ? m_services.videoWindow() : nullptr;
+    if (video != nullptr && video->isVisible()) {
+        stackBehind(video, windowHandle());
+    }
+}
+
+void Form2::Form2_Image8_Click()
+{
+    trapped("open clip", [this] {
+        m_services.pickers.ShowOpenPicker(m_services.module.TypePattern, true);
+        const QStringList clips = m_services.module.picker.PickedFiles.mid(1);
+        if (!clips.value(0).isEmpty()) {
+            open([this, clips] { OpenFiles(m_services.module.playlist, clips); });
+        }
+    });
+}
+
+void Form2::Form2_Image14_Click()
+{
+    trapped("open file", [this] {
+        m_services.pickers.ShowOpenPicker(u"*.vxl;*.vxg"_s, false);
+        const QString path = m_services.module.picker.PickedFiles.value(1);
+        if (!path.isEmpty()) {
+            openPacketOrGroup(path);
+        }
+    });
+}
+
+// Only the last character decides, and only the small letter.
+void Form2::openPacketOrGroup(const QString& path)
+{
+    if (!QDir::setCurrent(folderOfPath(path))) {
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    }
+    PlaylistState& playlist = m_services.module.playlist;
+    if (path.endsWith(u'l')) {
+        open([&playlist, path] { OpenPacket(playlist, path); });
+    } else {
+        open([&playlist, path] { OpenGroup(playlist, path); });
+    }
+}
+
+// A loader that fails ends the opening, but the tree shows what it had read until then.
+void Form2::open(const std::function<void()>& load)
+{
+    if (m_services.engine.isClosing()) {
+        return; // the program ended while the picker or the editor was open
+    }
+    m_services.module.playlist.OpenedFromExplorer = false;
+    if (resumeNext("loader", [&] { runWithBusyCursor(load); })) {
+        m_services.engine.playlistReplaced();
+    } else {
+        RebuildTree();
+        logLoaded(m_services.module.playlist);
+    }
+}
+
+void Form2::Form2_Image9_Click()
+{
+    dropDown(create, Image9);
+}
+
+void Form2::Form2_Image10_Click()
+{
+    dropDown(tools, Image10);
+}
+
+void Form2::Form2_Image11_Click()
+{
+    dropDown(help, Image11);
+}
+
+// At the pointer; pressed by key, where the pointer may be anywhere, below the button.
+void Form2::dropDown(QMenu* menu, SkinButton* button)
+{
+    const bool byPointer = button->underMouse();
+    menu->popup(byPointer ? QCursor::pos() : button->mapToGlobal(QPoint(0, button->height() + 2)));
+}
+
+void Form2::Form2_Image12_Click()
+{
+    m_minimiseRequested = true;
+    showMinimized();
+}
+
+void Form2::Form2_Image13_Click()
+{
+    m_services.engine.pressClose();
+}
+
+void Form2::Form2_Image5_Click()
+{
+    m_services.engine.pressPlay();
+}
+
+void Form2::Form2_Image3_Click()
+{
+    m_services.engine.pressPause();
+}
+
+void Form2::Form2_Image4_Click()
+{
+    m_services.engine.pressStop();
+}
+
+void Form2::Form2_Image2_Click()
+{
+    const QString wanted = Text1->text();
+    if (wanted.isEmpty()) {
+        return;
+    }
+    const int first = wanted == m_lastFind ? m_lastFound + 1 : 1;
+    m_lastFind = wanted;
+    const int row = findRow(List1->lines(), wanted, first);
+    if (row >= 0) {
+        m_lastFound = row;
+        List1->setCursorLine(row);
+    }
+}
+
+void Form2::Form2_List1_Click(int line)
+{
+    if (line == 0) {
+        List1->setCursorLine(-1);
+    }
+}
+
+void Form2::Form2_List1_DblClick()
+{
+    if (List1->cursorLine() < 0) {
+        return;
+    }
+    QCoreApplication::processEvents();
+    // What ran meanwhile may have rebuilt the list: the line is looked up only now.
+    List1->checkLine(List1->cursorLine());
+    const TreePlace place = placeOfLine(List1->lines(), List1->cursorLine());
+    if (place.clip != Int16(0)) {
+        m_services.engine.ListClick(place.packet, place.clip);
+    }
+}
+
+void Form2::Form2_List1_MouseMove(int y)
+{
+    constexpr int kTwipsPerPixel = 15;
+    // Far down in the longest lists the row leaves 16 bits; the tool tip is not worth the program.
+    trapped("tool tip of the playlist", [&] {
+        const Int16 row = rowUnderPointer(y * kTwipsPerPixel, List1->topLine());
+        if (row < Int16(1) || row.index() >= List1->lines().size()) {
+            return;
+        }
+        const QString text = textWithoutPrefix(List1->lines()[row.index()].text);
+        if (!text.isNull()) {
+            List1->setToolTip(plainToolTip(text));
+        }
+    });
+}
+
+void Form2::Form2_Slider1_Change(double value)
+{
+    m_sliderHeld = true;
+    trapped("position preview", [&] { m_services.engine.sliderMoved(value); });
+}
+
+void Form2::Form2_Slider1_Commit()
+{
+    trapped("position seek", [this] { m_services.engine.sliderCommitted(); });
+}
+
+void Form2::Form2_Slider1_End()
+{
+    m_sliderHeld = false;
+}
+
+void Form2::Form2_Slider2_Change(double value)
+{
+    m_services.engine.volumeMoved(roundToInt16(value));
+}
+
+void Form2::Form2_Slider3_Change(double value)
+{
+    m_services.engine.balanceMoved(roundToInt16(value));
+}
+
+void Form2::Form2_Timer1_Timer()
+{
+    m_services.engine.tick();
+}
+
+void Form2::Form2_Timer2_Timer()
+{
+    Timer2.stop();
+    List1->checkLine(m_lineToMark);
+}
+
+void Form2::Form2_Timer3_Timer()
+{
+    Timer3.stop();
+    m_services.engine.operations().ShowVideoWindow(true);
+    bringMainWindowToFront();
+}
+
+void Form2::Form2_op_Click()
+{
+    if (m_services.showOptions) {
+        m_services.showOptions();
+    }
+}
+
+} // namespace orvanta

@@ -1,0 +1,182 @@
+#include "platform/screen/window_basics.h"
+#include "window/clip_line.h"
+#include "window/form2_main_window.h"
+#include "window/picture_sign.h"
+#include "window/playlist_list.h"
+#include "window/skin.h"
+#include "window/skin_button.h"
+#include "window/skin_slider.h"
+#include "window/window_frame.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Beside the window opens the one with the picture, seldom wider than this.
+constexpr int kUsualPictureWidth = 640;
+
+// Together with a picture at its right the window stands in the middle of the screen.
+QPoint firstPlace(QSize window, const QRect& room)
+{
+    const int both = window.width() + skin::kGrid + kUsualPictureWidth;
+    return room.topLeft() + QPoint(std::max(0, (room.width() - both) / 2),
+                                   std::max(0, (room.height() - window.height()) / 2));
+}
+
+QBoxLayout* row(int spacing)
+{
+    auto* layout = new QHBoxLayout;
+    layout->setSpacing(spacing);
+    return layout;
+}
+
+// A picture beside a slider: it says what the slider is for.
+QWidget* sign(const QString& picture, QWidget* parent)
+{
+    static constexpr int kSide = 16;
+    return new PictureSign(
+        [picture](qreal ratio) { return skin::picture(picture, skin::kTextMuted, kSide, ratio); },
+        {kSide, kSide}, parent);
+}
+
+QWidget* badge(QWidget* parent)
+{
+    static constexpr QSize kSize(20, 20);
+    return new PictureSign([](qreal ratio) { return skin::artwork(u"orvanta"_s, kSize, ratio); },
+                           kSize, parent);
+}
+
+QLabel* title(QWidget* parent)
+{
+    auto* label = new QLabel(parent);
+    label->setFont(skin::interfaceFont(13, true));
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, skin::kText);
+    label->setPalette(palette);
+    return label;
+}
+
+QWidget* divider(QWidget* parent)
+{
+    auto* line = new QWidget(parent);
+    line->setFixedSize(1, 20);
+    line->setAutoFillBackground(true);
+    QPalette palette = line->palette();
+    palette.setColor(QPalette::Window, skin::kLine);
+    line->setPalette(palette);
+    return line;
+}
+
+} // namespace
+
+void Form2::layOut()
+{
+    auto* edge = new QVBoxLayout(this);
+    edge->setContentsMargins(WindowFrame::kEdge, WindowFrame::kEdge, WindowFrame::kEdge,
+                             WindowFrame::kEdge);
+    edge->addWidget(m_surface);
+
+    constexpr int kSide = skin::kMargin - WindowFrame::kEdge;
+    auto* rows = new QVBoxLayout(m_surface);
+    rows->setContentsMargins(kSide, 2, kSide, kSide);
+    rows->setSpacing(0);
+    rows->addLayout(titleRow());
+    rows->addSpacing(skin::kGrid);
+    rows->addLayout(commandRow());
+    rows->addSpacing(skin::kGrid + skin::kGrid / 2);
+    rows->addWidget(Text2);
+    rows->addSpacing(skin::kGrid + skin::kGrid / 2);
+    rows->addWidget(List1, 1);
+    rows->addSpacing(skin::kGrid);
+    rows->addLayout(positionRow());
+    rows->addSpacing(skin::kGrid + skin::kGrid / 2);
+    rows->addLayout(transportRow());
+    List1->setMinimumHeight(6 * skin::kRowHeight);
+    orderTabs();
+    resize(firstSizeOn(*screen(), {520, 440}));
+    move(firstPlace(size(), screen()->availableGeometry()));
+}
+
+QBoxLayout* Form2::titleRow()
+{
+    QLabel* caption = title(m_surface);
+    connect(this, &QWidget::windowTitleChanged, caption, &QLabel::setText);
+    QBoxLayout* layout = row(skin::kGrid / 2);
+    layout->addWidget(badge(m_surface));
+    layout->addSpacing(skin::kGrid / 2);
+    layout->addWidget(caption, 1);
+    layout->addWidget(Image12);
+    layout->addWidget(Image13);
+    return layout;
+}
+
+QBoxLayout* Form2::commandRow()
+{
+    QBoxLayout* layout = row(skin::kGrid);
+    layout->addWidget(Image8);
+    layout->addWidget(Image14);
+    layout->addSpacing(skin::kGrid / 2);
+    layout->addWidget(divider(m_surface));
+    layout->addSpacing(skin::kGrid / 2);
+    layout->addWidget(Image9);
+    layout->addWidget(Image10);
+    layout->addWidget(Image11);
+    layout->addStretch(1);
+    Text1->setMinimumWidth(120);
+    Text1->setMaximumWidth(320);
+    layout->addWidget(Text1, 3);
+    layout->addWidget(Image2);
+    return layout;
+}
+
+QBoxLayout* Form2::positionRow()
+{
+    QBoxLayout* layout = row(skin::kGrid);
+    layout->addWidget(Label1);
+    layout->addWidget(Slider1, 1);
+    layout->addWidget(Label2);
+    return layout;
+}
+
+QBoxLayout* Form2::transportRow()
+{
+    QBoxLayout* layout = row(skin::kGrid);
+    layout->addWidget(Image4);
+    layout->addWidget(Image3);
+    layout->addWidget(Image5);
+    layout->addStretch(1);
+    layout->addSpacing(skin::kMargin);
+    layout->addWidget(sign(u"volume"_s, m_surface));
+    layout->addWidget(Slider2, 1);
+    layout->addSpacing(skin::kGrid);
+    layout->addWidget(sign(u"balance"_s, m_surface));
+    layout->addWidget(Slider3, 1);
+    for (SkinSlider* slider : {Slider2, Slider3}) {
+        slider->setMaximumWidth(160);
+    }
+    return layout;
+}
+
+// The order in which the eye goes through the window.
+void Form2::orderTabs()
+{
+    QWidget* const order[] = {Image8, Image14, Image9,  Image10, Image11, Text1,
+                              Image2, Text2,   List1,   Slider1, Image4,  Image3,
+                              Image5, Slider2, Slider3, Image12, Image13};
+    for (std::size_t i = 1; i < std::size(order); ++i) {
+        setTabOrder(order[i - 1], order[i]);
+    }
+    List1->setFocus();
+}
+
+} // namespace orvanta

@@ -1,0 +1,114 @@
+#include "window/form2_main_window.h"
+
+#include "core/ini.h"
+#include "core/numbers.h"
+#include "window/clip_line.h"
+#include "window/file_list.h"
+#include "window/playlist_list.h"
+#include "window/skin.h"
+#include "window/skin_button.h"
+#include "window/skin_slider.h"
+#include "window/window_frame.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+
+#include <utility>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+Form2::Form2(Form2Services services, QWidget* parent)
+    : QWidget(parent, Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint |
+                          Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint),
+      m_services(std::move(services))
+{
+    // An alpha channel costs nothing where nobody composes: opaque pixels show as they are.
+    setAttribute(Qt::WA_TranslucentBackground);
+    if (m_services.videoKeys != nullptr) {
+        m_keys.emplace(m_services.module, m_services.engine, *this, *m_services.videoKeys);
+    }
+    setWindowIcon(skin::applicationIcon());
+    buildControls();
+    // After the controls have their names, by which the sheet finds them and their parts. On the
+    // surface, since the window's dialogs have controls of the same names.
+    m_surface->setStyleSheet(skin::styleSheet());
+    layOut();
+    new WindowFrame(this);
+    connectHandlers();
+    Form2_Form_Load();
+}
+
+Form2::~Form2() = default;
+
+// Each step that fails is passed over: whoever loads this window ignores errors.
+void Form2::Form2_Form_Load()
+{
+    const TextLanguage language =
+        m_services.module.Language == Int16(1) ? TextLanguage::English : TextLanguage::Russian;
+    applyTexts(language);
+    applyMenuTexts(language);
+    resumeNext("main window load, add-ins", [&] { buildAddInsMenu(language); });
+    m_services.engine.attachView(*this);
+    resumeNext("main window load, volume",
+               [&] { Slider2->setValue(m_services.engine.applyStoredVolume().value()); });
+    resumeNext("main window load, balance",
+               [&] { Slider3->setValue(m_services.engine.storedBalance().value()); });
+    Timer1.start();
+}
+
+void Form2::applyTexts(TextLanguage language)
+{
+    const auto text = [&](QStringView control) {
+        return interfaceText(u"Form2", control, language);
+    };
+    setWindowTitle(text(u"Form2"));
+    for (SkinButton* button :
+         {Image8, Image14, Image9, Image10, Image11, Image12, Image13, Image2}) {
+        button->setHint(text(button->objectName()));
+    }
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{Text1, Text2, List1, Slider2, Slider3}) {
+        control->setToolTip(text(control->objectName()));
+        control->setAccessibleName(control->toolTip());
+    }
+    // A label's own text is what is read out; the tool tip describes it.
+    for (QLabel* label : {Label1, Label2}) {
+        label->setToolTip(text(label->objectName()));
+    }
+    for (QWidget* control : std::initializer_list<QWidget*>{Image5, Image3, Image4, Slider1}) {
+        control->setAccessibleName(text(QString(control->objectName() + u".name"_s)));
+    }
+    List1->setPacketWord(text(u"List1.packet"));
+    Text1->setPlaceholderText(Text1->toolTip());
+}
+
+void Form2::applyMenuTexts(TextLanguage language)
+{
+    for (QAction* entry : {cp, cg, op, cdc, ai->menuAction(), doc, tu, ab}) {
+        entry->setText(interfaceText(u"Form2", entry->objectName(), language));
+    }
+    add.front()->setText(interfaceText(u"Form2", add.front()->objectName(), language));
+}
+
+// The first entry takes the first add-in's caption even when there is none, and is empty then.
+void Form2::buildAddInsMenu(TextLanguage language)
+{
+    const QString& settings = m_services.module.IniPath;
+    const QString word = language == TextLanguage::English ? u"namee"_s : u"namer"_s;
+    const auto caption = [&](int i) {
+        return ReadIni(u"add-ins"_s, word + QString::number(i), settings);
+    };
+    add.front()->setText(caption(1));
+    const Int16 count = countValue(ReadIni(u"add-ins"_s, u"num"_s, settings, u"0"_s));
+    for (int i = 2; i <= count.value(); ++i) {
+        QAction* entry = ai->addAction(caption(i));
+        entry->setObjectName(add.front()->objectName());
+        add.push_back(entry);
+    }
+}
+
+} // namespace orvanta

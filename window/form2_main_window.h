@@ -1,0 +1,243 @@
+// Form2, the main window: a skin without a frame of the desktop's.
+//
+//   Image8    open clips                    Image14  open a packet or a group
+//   Image9    New: the menu create          Image10  Tools: the menu tools
+//   Image11   Help: the menu help           Image12  minimise     Image13  close
+//   Text1     what to find                  Image2   find
+//   Text2     the current clip's text       List1    the playlist
+//   Label1    the current time              Label2   the clip's length
+//   Slider1   the position                  Slider2  the volume   Slider3  the balance
+//   Image5    Play                          Image3   Pause        Image4   Stop
+//   Image15   Play's other picture          Image17  Pause's other picture
+//   Image20   holds a picture while two are exchanged
+//   File1     the hidden list of a folder's files
+//   Timer1    the playback tick             Timer2   marks a line afterwards
+//   Timer3    brings the window to the front
+//   create    cp packet editor, cg group editor
+//   tools     op options, cdc CD creation, ai the add-ins (entries add)
+//   help      doc documentation, tu tutorial, ab about
+#pragma once
+
+#include "core/error_boundary.h"
+#include "model/pickers.h"
+#include "model/texts.h"
+#include "playback/keyboard.h"
+#include "playback/playback_engine.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class QAction;
+class QBoxLayout;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QWindow;
+
+namespace orvanta {
+
+class ClipLine;
+class FileList;
+class PictureHolder;
+enum class CommonKey;
+class PlaylistList;
+class SkinButton;
+class SkinSlider;
+
+/// Everything the main window is given. All of it outlives the window.
+struct Form2Services
+{
+    Module1& module;
+    PlaybackEngine& engine;
+    Pickers& pickers;
+    HandlerBoundary boundary;
+    std::function<void()> unloadSplash;          // Form1 goes at the first activation
+    std::function<void()> unloadOtherForms;      // tray form, then video window, then the program
+    std::function<QWindow*()> videoWindow = {};  // the window that stays right behind this one
+    std::function<void()> showBookmarkSign = {}; // Form4
+    std::function<void()> showOptions = {};      // Form8, modally
+    VideoWindowKeys* videoKeys = nullptr;        // full screen; null without a video window
+    // The editors, modally. Each returns the temporary file to open; empty for none.
+    std::function<QString()> showPacketEditor = {}; // Form5
+    std::function<QString()> showGroupEditor = {};  // Form6
+    std::function<void()> showAbout = {};           // Form9
+};
+
+/// Constructing it is its load procedure: texts, add-ins, volume and balance; a step of it that
+/// fails is passed over. Interface thread only.
+class Form2 : public QWidget, public PlaybackView
+{
+    Q_OBJECT
+
+public:
+    explicit Form2(Form2Services services, QWidget* parent = nullptr);
+    ~Form2() override;
+
+    SkinButton* Image8 = nullptr;  // opens clips
+    SkinButton* Image14 = nullptr; // opens a packet or a group
+    SkinButton* Image9 = nullptr;  // New: drops down the menu create
+    SkinButton* Image10 = nullptr; // Tools: drops down the menu tools
+    SkinButton* Image11 = nullptr; // Help: drops down the menu help
+    SkinButton* Image12 = nullptr; // minimises the window
+    SkinButton* Image13 = nullptr; // closes the window or the program
+    SkinButton* Image5 = nullptr;  // Play
+    SkinButton* Image3 = nullptr;  // Pause
+    SkinButton* Image4 = nullptr;  // Stop
+    SkinButton* Image2 = nullptr;  // finds the text of Text1
+
+    PictureHolder* Image15 = nullptr; // Play's other picture; never shown
+    PictureHolder* Image17 = nullptr; // Pause's other picture; never shown
+    PictureHolder* Image20 = nullptr; // holds a picture while two are exchanged; never shown
+
+    QLineEdit* Text1 = nullptr;    // what to find
+    ClipLine* Text2 = nullptr;     // the current clip's text
+    PlaylistList* List1 = nullptr; // the playlist as a check list
+    QLabel* Label1 = nullptr;      // current time, seconds
+    QLabel* Label2 = nullptr;      // length of the clip, seconds
+    SkinSlider* Slider1 = nullptr; // position, percent of the clip or of the brake's span
+    SkinSlider* Slider2 = nullptr; // volume, 0 to 100
+    SkinSlider* Slider3 = nullptr; // balance, 0 to 100, centre 50
+    FileList* File1 = nullptr;     // files of a folder that match the registered types
+
+    QMenu* create = nullptr;   // New
+    QAction* cp = nullptr;     // packet editor
+    QAction* cg = nullptr;     // group editor
+    QMenu* tools = nullptr;    // Tools
+    QAction* op = nullptr;     // options
+    QAction* cdc = nullptr;    // CD creation program
+    QMenu* ai = nullptr;       // add-ins
+    std::vector<QAction*> add; // one entry per add-in, counted from 0; there is always one
+    QMenu* help = nullptr;     // Help
+    QAction* doc = nullptr;    // documentation
+    QAction* tu = nullptr;     // tutorial program
+    QAction* ab = nullptr;     // about
+
+    QTimer Timer1; // 300 ms: the playback tick; runs as long as the window exists
+    QTimer Timer2; // 100 ms, one shot: marks the line that enableTimer2 was given
+    QTimer Timer3; // 200 ms, one shot: brings the window to the front
+
+    // PlaybackView
+    [[nodiscard]] bool isWindowNormal() const override;
+    [[nodiscard]] bool isSliderHeld() const override { return m_sliderHeld; }
+    void setCurrentTime(const QString& text) override;
+    void setClipLength(const QString& text) override;
+    void setFindText(const QString& text) override;
+    void setClipText(const QString& text) override;
+    void moveSlider(Int16 percent) override;
+    void setVolumeSlider(Int16 value) override;
+    void showTransport(const TransportLooks& looks) override;
+    void RebuildTree() override;
+    void clearList() override;
+    [[nodiscard]] int headerLineOf(Int16 p) const override;
+    [[nodiscard]] int lineCount() const override;
+    void setListIndex(int line) override;
+    [[nodiscard]] bool isLineChecked(int line) const override;
+    void checkLine(int line) override;
+    void showMainWindow() override;
+    void hideMainWindow() override;
+    void enableTimer2(int line) override;
+    void enableTimer3() override;
+    void bringMainWindowToFront() override;
+    void showBookmarkSign() override;
+    [[nodiscard]] bool isModalWindowOpen() const override;
+    void cancelModalWindows() override;
+    void unloadAll() override;
+
+Q_SIGNALS:
+    /// The window manager asks the window to close.
+    void closeAsked();
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    // Building: form2_controls.cpp, form2_layout.cpp
+    void buildControls();
+    void buildButtons();
+    void buildBoxes();
+    void buildSliders();
+    void buildMenus();
+    void nameControls();
+    void layOut();
+    [[nodiscard]] QBoxLayout* titleRow();
+    [[nodiscard]] QBoxLayout* commandRow();
+    [[nodiscard]] QBoxLayout* positionRow();
+    [[nodiscard]] QBoxLayout* transportRow();
+    void orderTabs();
+    void connectHandlers();
+
+    // Loading: form2_main_window.cpp
+    void Form2_Form_Load();
+    void applyTexts(TextLanguage language);
+    void applyMenuTexts(TextLanguage language);
+    void buildAddInsMenu(TextLanguage language);
+
+    // Handlers: form2_handlers.cpp
+    void Form2_Form_Activate();
+    void Form2_Form_Paint();
+    void Form2_Image8_Click();
+    void Form2_Image14_Click();
+    void Form2_Image9_Click();
+    void Form2_Image10_Click();
+    void Form2_Image11_Click();
+    void Form2_Image12_Click();
+    void Form2_Image13_Click();
+    void Form2_Image5_Click();
+    void Form2_Image3_Click();
+    void Form2_Image4_Click();
+    void Form2_Image2_Click();
+    void Form2_List1_Click(int line);
+    void Form2_List1_DblClick();
+    void Form2_List1_MouseMove(int y);
+    void Form2_Slider1_Change(double value);
+    void Form2_Slider1_Commit();
+    void Form2_Slider1_End();
+    void Form2_Slider2_Change(double value);
+    void Form2_Slider3_Change(double value);
+    void Form2_Timer1_Timer();
+    void Form2_Timer2_Timer();
+    void Form2_Timer3_Timer();
+    void Form2_List1_OLEDragDrop(const QStringList& files);
+    bool Form2_Form_KeyPress(QChar typed);
+    void Form2_cp_Click();
+    void Form2_cg_Click();
+    void Form2_op_Click();
+
+    // Handlers: form2_companions.cpp
+    void Form2_cdc_Click();
+    void Form2_add_Click(int entry);
+    void Form2_doc_Click();
+    void Form2_tu_Click();
+    void Form2_ab_Click();
+
+    void pressCommonKey(CommonKey key);
+    void toggleAlwaysOnTop();
+    void open(const std::function<void()>& load);
+    void openFromEditor(const std::function<QString()>& showEditor,
+                        void (*load)(PlaylistState&, const QString&));
+    void openPacketOrGroup(const QString& path);
+    void dropDown(QMenu* menu, SkinButton* button);
+    void noteWindowState();
+
+    Form2Services m_services;
+    std::optional<MainWindowKeys> m_keys; // none without a video window
+    QWidget* m_surface = nullptr;         // everything inside the edge that resizes
+    TransportLooks m_looks;               // as the buttons show them
+    QString m_lastFind;                   // text of the last search
+    int m_lastFound = 0;                  // row of the last match
+    int m_lineToMark = -1;                // for Timer2
+    bool m_sliderHeld = false;
+    bool m_minimiseRequested = false; // Wayland never tells that a window is minimised
+    bool m_roundedCorners = false;
+    bool m_unloading = false;
+    bool m_alwaysOnTop = false;
+};
+
+} // namespace orvanta

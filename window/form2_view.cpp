@@ -1,0 +1,231 @@
+#include "platform/screen/window_stacking.h"
+#include "window/clip_line.h"
+#include "window/form2_main_window.h"
+#include "window/playlist_list.h"
+#include "window/skin.h"
+#include "window/skin_button.h"
+#include "window/skin_slider.h"
+#include "window/window_frame.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+bool Form2::isWindowNormal() const
+{
+    return !isVisible() || !(isMinimized() || m_minimiseRequested);
+}
+
+void Form2::setCurrentTime(const QString& text)
+{
+    Label1->setText(text);
+}
+
+void Form2::setClipLength(const QString& text)
+{
+    Label2->setText(text);
+}
+
+void Form2::setFindText(const QString& text)
+{
+    Text1->setText(text);
+}
+
+void Form2::setClipText(const QString& text)
+{
+    Text2->showText(text);
+}
+
+void Form2::moveSlider(Int16 percent)
+{
+    Slider1->setValue(percent.value());
+}
+
+void Form2::setVolumeSlider(Int16 value)
+{
+    Slider2->setValue(value.value());
+}
+
+void Form2::showTransport(const TransportLooks& looks)
+{
+    if (looks.playSwapped != m_looks.playSwapped) {
+        exchangePictures(*Image5, *Image15, *Image20);
+    }
+    if (looks.pauseSwapped != m_looks.pauseSwapped) {
+        exchangePictures(*Image3, *Image17, *Image20);
+    }
+    const bool playHadFocus = Image5->hasFocus();
+    const bool pauseHadFocus = Image3->hasFocus();
+    Image5->setEnabled(looks.playEnabled);
+    Image3->setEnabled(looks.pauseEnabled);
+    // A disabled button loses the focus to some neighbour; its counterpart is what Space expects.
+    if (playHadFocus && !looks.playEnabled) {
+        Image3->setFocus();
+    } else if (pauseHadFocus && !looks.pauseEnabled) {
+        Image5->setFocus();
+    }
+    m_looks = looks;
+}
+
+void Form2::RebuildTree()
+{
+    List1->setLines(treeLines(m_services.module.playlist));
+}
+
+void Form2::clearList()
+{
+    List1->setLines({});
+}
+
+int Form2::headerLineOf(Int16 p) const
+{
+    return headerLine(List1->lines(), p);
+}
+
+int Form2::lineCount() const
+{
+    return static_cast<int>(List1->lines().size());
+}
+
+void Form2::setListIndex(int line)
+{
+    List1->setCursorLine(line);
+}
+
+bool Form2::isLineChecked(int line) const
+{
+    return List1->isLineChecked(line);
+}
+
+void Form2::checkLine(int line)
+{
+    List1->checkLine(line);
+}
+
+void Form2::showMainWindow()
+{
+    show();
+}
+
+void Form2::hideMainWindow()
+{
+    hide();
+}
+
+void Form2::enableTimer2(int line)
+{
+    m_lineToMark = line;
+    Timer2.start();
+}
+
+void Form2::enableTimer3()
+{
+    Timer3.start();
+}
+
+void Form2::bringMainWindowToFront()
+{
+    m_minimiseRequested = false;
+    if (isMinimized()) {
+        showNormal();
+    }
+    if (windowHandle() != nullptr) {
+        bringToFront(windowHandle());
+    }
+}
+
+void Form2::showBookmarkSign()
+{
+    if (m_services.showBookmarkSign) {
+        m_services.showBookmarkSign();
+    }
+}
+
+bool Form2::isModalWindowOpen() const
+{
+    return QApplication::activeModalWidget() != nullptr;
+}
+
+// As the window manager closes them. One that refuses goes with the program.
+void Form2::cancelModalWindows()
+{
+    const QWidget* refuses = nullptr;
+    for (QWidget* window = QApplication::activeModalWidget();
+         window != nullptr && window != refuses; window = QApplication::activeModalWidget()) {
+        refuses = window;
+        window->close();
+    }
+}
+
+void Form2::unloadAll()
+{
+    m_unloading = true;
+    for (QTimer* timer : {&Timer1, &Timer2, &Timer3}) {
+        timer->stop();
+    }
+    close();
+    m_services.unloadOtherForms();
+}
+
+bool Form2::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate) {
+        m_minimiseRequested = false;
+        m_services.boundary([this] {
+            Form2_Form_Activate();
+            Form2_Form_Paint();
+        })();
+    } else if (event->type() == QEvent::WindowStateChange) {
+        noteWindowState();
+    }
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::Show) {
+        m_roundedCorners = WindowFrame::cornersCanBeRounded();
+        update();
+    }
+    return QWidget::event(event);
+}
+
+// Where the state is reported, a window that is restored without being activated is normal again.
+void Form2::noteWindowState()
+{
+    const bool reported = !QGuiApplication::platformName().startsWith(u"wayland"_s);
+    if (reported && !isMinimized()) {
+        m_minimiseRequested = false;
+    }
+}
+
+// The window manager's close is the Close button. It runs from the queue: it may end the program,
+// and the window must not go while its own event is on the way.
+void Form2::closeEvent(QCloseEvent* event)
+{
+    if (m_unloading) {
+        event->accept();
+        return;
+    }
+    event->ignore();
+    Q_EMIT closeAsked();
+}
+
+void Form2::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(skin::kLine, 1));
+    painter.setBrush(skin::kSurface);
+    const QRectF edge = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const bool rounded = m_roundedCorners && !isMaximized() && !isFullScreen();
+    if (!rounded) {
+        painter.fillRect(rect(), skin::kSurface);
+    }
+    const qreal radius = rounded ? skin::kWindowRadius : 0;
+    painter.drawRoundedRect(edge, radius, radius);
+}
+
+} // namespace orvanta

@@ -1,0 +1,137 @@
+#include "window/playlist_list.h"
+#include "window/skin.h"
+
+#include <QPainter>
+
+#include <algorithm>
+
+namespace orvanta {
+
+namespace {
+
+// Pixels from the line's left end. The prefixes' characters stand at the two stems.
+constexpr int kBoxLeft = 6;
+constexpr int kBoxSide = 9;
+constexpr int kRootTextLeft = 22;
+constexpr double kFirstStem = 24.5;
+constexpr double kSecondStem = 37.5;
+constexpr double kBranch = 6;
+constexpr int kHeaderTextLeft = 34;
+constexpr int kClipTextLeft = 47;
+
+} // namespace
+
+PlaylistDelegate::PlaylistDelegate(const PlaylistModel* model, QObject* parent)
+    : QStyledItemDelegate(parent),
+      m_model(model)
+{}
+
+QSize PlaylistDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
+                                 const QModelIndex& /*index*/) const
+{
+    return {kClipTextLeft, skin::kRowHeight};
+}
+
+QRect PlaylistDelegate::boxArea(const QRect& line)
+{
+    return {line.left(), line.top(), kBoxLeft + kBoxSide + 4, line.height()};
+}
+
+void PlaylistDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const
+{
+    const int row = index.row();
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    paintRow(*painter, option);
+    if (m_model->hasBox(row)) {
+        paintBox(*painter, option.rect, m_model->isChecked(row));
+    }
+    const bool current = (option.state & QStyle::State_Selected) != 0;
+    painter->setPen(QPen(current ? skin::kAccent : skin::kTreeLine, 1));
+    const int textLeft = paintTree(*painter, option.rect, row);
+    const QString& line = m_model->lines()[static_cast<std::size_t>(row)].text;
+    const QString text = row == 0 ? line : textWithoutPrefix(line);
+    const QRect place = option.rect.adjusted(textLeft, 0, -4, 0);
+    painter->setFont(option.font);
+    painter->setPen(current ? QColor(skin::kText) : textColour(row));
+    painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
+    painter->restore();
+}
+
+void PlaylistDelegate::paintRow(QPainter& painter, const QStyleOptionViewItem& option) const
+{
+    const bool current = (option.state & QStyle::State_Selected) != 0;
+    const bool hovered = (option.state & QStyle::State_MouseOver) != 0;
+    if (current || hovered) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(current ? skin::kAccentDeep : skin::kRaised);
+        painter.drawRoundedRect(option.rect, 3, 3);
+    }
+}
+
+void PlaylistDelegate::paintBox(QPainter& painter, const QRect& line, bool checked) const
+{
+    const QRectF box(line.left() + kBoxLeft, line.top() + (line.height() - kBoxSide) / 2.0,
+                     kBoxSide, kBoxSide);
+    if (!checked) {
+        painter.setPen(QPen(skin::kTextMuted, 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+        return;
+    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(skin::kAccent);
+    painter.drawRoundedRect(box, 2, 2);
+    const QPointF tick[] = {box.topLeft() + QPointF(2, 4.6), box.topLeft() + QPointF(3.8, 6.4),
+                            box.topLeft() + QPointF(7, 2.8)};
+    painter.setPen(QPen(skin::kSurface, 1.3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(tick, 3);
+}
+
+bool PlaylistDelegate::isHeader(int row) const
+{
+    return isHeaderLine(m_model->lines()[static_cast<std::size_t>(row)].text);
+}
+
+// Draws "|-- ", "|  |- " or "   |- " and returns where the text begins. A stem ends in the middle
+// of the last line that hangs on it.
+int PlaylistDelegate::paintTree(QPainter& painter, const QRect& line, int row) const
+{
+    if (row == 0) {
+        return kRootTextLeft;
+    }
+    const std::vector<TreeLine>& lines = m_model->lines();
+    const auto place = static_cast<std::size_t>(row);
+    const bool header = isHeader(row);
+    const bool lastPacket = lines[place].packet == lines.back().packet;
+    const bool lastClip = place + 1 == lines.size() || isHeader(row + 1);
+    const double top = line.top();
+    const double bottom = line.bottom() + 1;
+    const double middle = line.center().y() + 0.5;
+    const auto stem = [&](double x, bool ends) {
+        painter.drawLine(QPointF(line.left() + x, top),
+                         QPointF(line.left() + x, ends ? middle : bottom));
+    };
+    if (header || !lastPacket) {
+        stem(kFirstStem, header && lastPacket);
+    }
+    const double branchFrom = line.left() + (header ? kFirstStem : kSecondStem);
+    painter.drawLine(QPointF(branchFrom, middle), QPointF(branchFrom + kBranch, middle));
+    if (!header) {
+        stem(kSecondStem, lastClip);
+    }
+    return header ? kHeaderTextLeft : kClipTextLeft;
+}
+
+QColor PlaylistDelegate::textColour(int row) const
+{
+    // The root has no mark, so it is quiet too.
+    if (!m_model->isChecked(row)) {
+        return skin::kTextMuted;
+    }
+    return isHeader(row) ? skin::kText : skin::kTextSoft;
+}
+
+} // namespace orvanta

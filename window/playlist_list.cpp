@@ -1,0 +1,281 @@
+#include "window/playlist_list.h"
+
+#include "model/dropped_files.h"
+#include "window/skin.h"
+
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QToolTip>
+
+#include <utility>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+static const QString kUriList = u"text/uri-list"_s;
+
+void PlaylistModel::setLines(std::vector<TreeLine> lines)
+{
+    beginResetModel();
+    m_lines = std::move(lines);
+    m_checked.assign(m_lines.size(), true);
+    endResetModel();
+}
+
+void PlaylistModel::growTo(std::vector<TreeLine> lines)
+{
+    if (m_lines.empty() || lines.size() < m_lines.size()) {
+        return setLines(std::move(lines));
+    }
+    if (lines.size() == m_lines.size()) {
+        return; // an empty folder or group has added nothing
+    }
+    const int before = rowCount({});
+    beginInsertRows({}, before, static_cast<int>(lines.size()) - 1);
+    m_lines = std::move(lines);
+    m_checked.resize(m_lines.size(), true);
+    endInsertRows();
+    // A last branch may have become one of many.
+    Q_EMIT dataChanged(index(0), index(before - 1), {Qt::DisplayRole});
+}
+
+bool PlaylistModel::isChecked(int line) const
+{
+    return hasBox(line) && m_checked[static_cast<std::size_t>(line)];
+}
+
+void PlaylistModel::setChecked(int line, bool checked)
+{
+    if (isChecked(line) != checked && hasBox(line)) {
+        m_checked[static_cast<std::size_t>(line)] = checked;
+        Q_EMIT dataChanged(index(line), index(line), {Qt::CheckStateRole});
+    }
+}
+
+int PlaylistModel::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_lines.size());
+}
+
+QVariant PlaylistModel::data(const QModelIndex& index, int role) const
+{
+    if (!index.isValid()) {
+        return {};
+    }
+    const auto line = static_cast<std::size_t>(index.row());
+    if (role == Qt::DisplayRole) {
+        return m_lines[line].text;
+    }
+    // The tree is for the eye; what it says is which lines are packets.
+    if (role == Qt::AccessibleTextRole && hasBox(index.row())) {
+        const QString text = textWithoutPrefix(m_lines[line].text);
+        return text.isEmpty() ? u" "_s : text; // for an empty one the toolkit takes the line
+    }
+    if (role == Qt::AccessibleDescriptionRole && isHeaderLine(m_lines[line].text)) {
+        return m_packetWord;
+    }
+    if (role == Qt::CheckStateRole && hasBox(index.row())) {
+        return isChecked(index.row()) ? Qt::Checked : Qt::Unchecked;
+    }
+    return {};
+}
+
+bool PlaylistModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    if (role != Qt::CheckStateRole || !hasBox(index.row())) {
+        return false;
+    }
+    setChecked(index.row(), value.toInt() == Qt::Checked);
+    return true;
+}
+
+Qt::ItemFlags PlaylistModel::flags(const QModelIndex& index) const
+{
+    const Qt::ItemFlags plain = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    return hasBox(index.row()) ? plain | Qt::ItemIsUserCheckable : plain;
+}
+
+PlaylistList::PlaylistList(QWidget* parent)
+    : QListView(parent),
+      m_model(new PlaylistModel(this))
+{
+    setModel(m_model);
+    setItemDelegate(new PlaylistDelegate(m_model, this));
+    setUniformItemSizes(true);
+    setVerticalScrollMode(ScrollPerItem);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setFrameShape(NoFrame);
+    setMouseTracking(true);
+    setFont(skin::listFont());
+    setAcceptDrops(true);
+    setDragDropMode(DropOnly);
+    setDropIndicatorShown(false);
+}
+
+void PlaylistList::setLines(std::vector<TreeLine> lines)
+{
+    m_model->setLines(std::move(lines));
+}
+
+void PlaylistList::setCursorLine(int line)
+{
+    if (line < 0 || line >= m_model->rowCount({})) {
+        selectionModel()->clear();
+        return;
+    }
+    setCurrentIndex(m_model->index(line));
+    scrollTo(currentIndex());
+}
+
+int PlaylistList::topLine() const
+{
+    return verticalScrollBar()->value();
+}
+
+void PlaylistList::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    QListView::currentChanged(current, previous);
+    if (current.isValid()) {
+        Q_EMIT cursorMoved(current.row());
+    }
+}
+
+// The root never stays current, so keys stop at the line below it.
+QModelIndex PlaylistList::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    const QModelIndex target = QListView::moveCursor(action, modifiers);
+    return target.isValid() && target.row() == 0 ? m_model->index(1) : target;
+}
+
+bool PlaylistList::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        showToolTip(help->globalPos(), help->pos());
+        return true;
+    }
+    return QListView::viewportEvent(event);
+}
+
+// Bound to its line's rectangle, so that the next line brings its own text.
+void PlaylistList::showToolTip(const QPoint& globalPlace, const QPoint& place)
+{
+    const QModelIndex line = indexAt(place);
+    QToolTip::showText(globalPlace, toolTip(), viewport(),
+                       line.isValid() ? visualRect(line) : QRect());
+}
+
+bool PlaylistList::toggleAt(QPoint place)
+{
+    const QModelIndex line = indexAt(place);
+    if (!m_model->hasBox(line.row()) ||
+        !PlaylistDelegate::boxArea(visualRect(line)).contains(place)) {
+        return false;
+    }
+    toggle(line.row());
+    return true;
+}
+
+void PlaylistList::mousePressEvent(QMouseEvent* event)
+{
+    m_byKeyboard = false;
+    const QPoint place = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && !toggleAt(place) && indexAt(place).isValid()) {
+        setCursorLine(indexAt(place).row());
+    }
+}
+
+void PlaylistList::mouseMoveEvent(QMouseEvent* event)
+{
+    Q_EMIT pointerMoved(event->position().toPoint().y());
+}
+
+// Everything happened at the press; the base class would edit or drag.
+void PlaylistList::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->accept();
+}
+
+void PlaylistList::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QPoint place = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && !toggleAt(place) && indexAt(place).isValid()) {
+        choose();
+    }
+}
+
+void PlaylistList::choose()
+{
+    m_byKeyboard = false;
+    Q_EMIT lineChosen();
+}
+
+void PlaylistList::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Space:
+        event->setAccepted(m_byKeyboard);
+        if (m_byKeyboard) {
+            toggle(cursorLine());
+        }
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        choose();
+        break;
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        m_byKeyboard = true;
+        QListView::keyPressEvent(event);
+        break;
+    default:
+        event->ignore();
+    }
+}
+
+// The base class would make the first line current as soon as the list is reached by Tab.
+void PlaylistList::focusInEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
+    const Qt::FocusReason reason = event->reason();
+    m_byKeyboard |= reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
+    viewport()->update();
+}
+
+// Anything that names files is welcome anywhere on the list; they are only read.
+void PlaylistList::dragEnterEvent(QDragEnterEvent* event)
+{
+    dragMoveEvent(event);
+}
+
+void PlaylistList::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (event->mimeData()->hasFormat(kUriList)) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}
+
+void PlaylistList::dropEvent(QDropEvent* event)
+{
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    const QStringList files = filesOfUriList(event->mimeData()->data(kUriList));
+    if (!files.isEmpty()) {
+        Q_EMIT filesDropped(files);
+    }
+}
+
+} // namespace orvanta

@@ -1,0 +1,137 @@
+// The playlist as a check list: the main window's List1.
+#pragma once
+
+#include "model/tree_lines.h"
+
+#include <QAbstractListModel>
+#include <QListView>
+#include <QStyledItemDelegate>
+
+#include <vector>
+
+namespace orvanta {
+
+/// A snapshot of the tree's lines and their marks, never a live view of the playlist. The root has
+/// no box.
+class PlaylistModel : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    /// Shows other lines; each is checked.
+    void setLines(std::vector<TreeLine> lines);
+    /// Shows more lines after those that are shown now, which keep their marks.
+    void growTo(std::vector<TreeLine> lines);
+    [[nodiscard]] const std::vector<TreeLine>& lines() const { return m_lines; }
+    /// What assistive technology says of a packet's line, beside its text.
+    void setPacketWord(const QString& word) { m_packetWord = word; }
+    [[nodiscard]] bool hasBox(int line) const { return line >= 1 && line < rowCount({}); }
+    /// False for the root and outside the list.
+    [[nodiscard]] bool isChecked(int line) const;
+    /// Ignored for the root and outside the list.
+    void setChecked(int line, bool checked);
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+private:
+    std::vector<TreeLine> m_lines;
+    std::vector<bool> m_checked;
+    QString m_packetWord;
+};
+
+/// Paints a line: box, tree, text. The tree's prefix is drawn as lines, in the places where its
+/// characters would stand.
+class PlaylistDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    PlaylistDelegate(const PlaylistModel* model, QObject* parent);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const override;
+    /// Where a click toggles, given the line's rectangle.
+    [[nodiscard]] static QRect boxArea(const QRect& line);
+
+private:
+    void paintRow(QPainter& painter, const QStyleOptionViewItem& option) const;
+    void paintBox(QPainter& painter, const QRect& line, bool checked) const;
+    [[nodiscard]] int paintTree(QPainter& painter, const QRect& line, int row) const;
+    [[nodiscard]] QColor textColour(int row) const;
+    [[nodiscard]] bool isHeader(int row) const;
+
+    const PlaylistModel* m_model;
+};
+
+/// Clicking a box toggles it, clicking a text moves the cursor. Letters are not searched for: they
+/// pass on to the window, and so does Space for who uses the mouse: only a line to which the
+/// keyboard has gone is checked by it, or a pause would take the line out of the lesson. Rows are
+/// 13 pixels high and begin at the viewport's top.
+class PlaylistList : public QListView
+{
+    Q_OBJECT
+
+public:
+    explicit PlaylistList(QWidget* parent);
+
+    /// Shows other lines, each checked; no line is current.
+    void setLines(std::vector<TreeLine> lines);
+    /// Shows a tree that has grown at its end: marks and the current line stay.
+    void growTo(std::vector<TreeLine> lines) { m_model->growTo(std::move(lines)); }
+    [[nodiscard]] const std::vector<TreeLine>& lines() const { return m_model->lines(); }
+    /// The current line; -1 for none.
+    [[nodiscard]] int cursorLine() const { return currentIndex().row(); }
+    /// Makes a line current and visible; outside the list no line is current.
+    void setCursorLine(int line);
+    /// The first line that is in sight.
+    [[nodiscard]] int topLine() const;
+    [[nodiscard]] bool isLineChecked(int line) const { return m_model->isChecked(line); }
+    void checkLine(int line) { m_model->setChecked(line, true); }
+    void setPacketWord(const QString& word) { m_model->setPacketWord(word); }
+
+    void keyboardSearch(const QString& /*search*/) override {}
+
+Q_SIGNALS:
+    /// A line has become current, by whatever way.
+    void cursorMoved(int line);
+    /// Double click on a line's text, or Return on the current line.
+    void lineChosen();
+    /// The pointer moved over the list; y in pixels from the top of the lines.
+    void pointerMoved(int y);
+    /// Files were dropped on the list: their paths, at least one.
+    void filesDropped(const QStringList& files);
+
+protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    bool viewportEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void toggle(int line) { m_model->setChecked(line, !m_model->isChecked(line)); }
+    /// Toggles when the place is in a line's box; says whether it was.
+    bool toggleAt(QPoint place);
+    void showToolTip(const QPoint& globalPlace, const QPoint& place);
+    void choose();
+    /// Whether the keyboard, not the mouse, was used in the list last.
+    bool m_byKeyboard = false;
+
+    PlaylistModel* m_model;
+};
+
+} // namespace orvanta

@@ -1,0 +1,133 @@
+#include "window/skin.h"
+
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+// A static library's resources are dropped by the linker unless somebody asks for them, and the
+// macro works only outside of namespaces.
+static void loadPictures()
+{
+    Q_INIT_RESOURCE(window);
+}
+
+namespace orvanta::skin {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QPixmap rendered(const QString& resource, QSize size, qreal devicePixelRatio)
+{
+    loadPictures();
+    QPixmap pixmap((QSizeF(size) * devicePixelRatio).toSize());
+    pixmap.fill(Qt::transparent);
+    QSvgRenderer renderer(resource);
+    QPainter painter(&pixmap);
+    renderer.render(&painter);
+    painter.end();
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    return pixmap;
+}
+
+// The drawings are white: only their shape counts.
+void tint(QPixmap& pixmap, const QColor& colour)
+{
+    QPainter painter(&pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(pixmap.rect(), colour);
+}
+
+} // namespace
+
+QFont interfaceFont(int pixelSize, bool bold)
+{
+    QFont font = QGuiApplication::font();
+    font.setPixelSize(pixelSize);
+    font.setBold(bold);
+    return font;
+}
+
+QFont digitsFont(int pixelSize)
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPixelSize(pixelSize);
+    return font;
+}
+
+QFont listFont()
+{
+    constexpr int kLargest = 11;
+    constexpr int kSmallest = 8;
+    QFont font = interfaceFont(kLargest);
+    for (int size = kLargest; size > kSmallest && QFontMetrics(font).height() > kRowHeight;) {
+        font.setPixelSize(--size);
+    }
+    return font;
+}
+
+QPixmap picture(const QString& name, const QColor& colour, int side, qreal devicePixelRatio)
+{
+    const QString key = u"orvanta-%1-%2-%3-%4"_s.arg(name, colour.name(QColor::HexArgb))
+                            .arg(side)
+                            .arg(devicePixelRatio);
+    QPixmap pixmap;
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap = rendered(u":/orvanta/ui/%1.svg"_s.arg(name), {side, side}, devicePixelRatio);
+        tint(pixmap, colour);
+        QPixmapCache::insert(key, pixmap);
+    }
+    return pixmap;
+}
+
+QPixmap artwork(const QString& name, QSize size, qreal devicePixelRatio)
+{
+    return rendered(u":/orvanta/%1.svg"_s.arg(name), size, devicePixelRatio);
+}
+
+QIcon applicationIcon()
+{
+    QIcon icon;
+    for (const int side : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addPixmap(artwork(u"orvanta"_s, {side, side}, 1));
+    }
+    return icon;
+}
+
+// For the window's surface alone. A sheet on the window would reach the dialogs that it opens, tool
+// tips and all, and those follow the desktop.
+QString styleSheet()
+{
+    static const QString kSheet = uR"(
+#Text1, #Text2 { background: %raised; color: %text; border: 1px solid %line;
+    selection-background-color: %deep; selection-color: %text; }
+#Text1 { border-radius: 6px; padding: 0 10px; }
+#Text2 { border-radius: 8px; padding: 0 14px; }
+#Text1:hover, #Text2:hover { border-color: #3c4657; }
+#Text1:focus, #Text2:focus, #List1:focus { border-color: %deep; }
+#List1 { background: %sunken; border: 1px solid %line; border-radius: 8px; padding: 6px 4px; }
+#List1 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
+#List1 QScrollBar::handle:vertical { background: %line; min-height: 24px; border-radius: 3px;
+    margin: 0 2px; }
+#List1 QScrollBar::handle:vertical:hover { background: #465165; }
+#List1 QScrollBar::add-line, #List1 QScrollBar::sub-line { height: 0; }
+#List1 QScrollBar::add-page, #List1 QScrollBar::sub-page { background: transparent; }
+#create, #tools, #help, #ai { background: %raised; color: %text; border: 1px solid #3c4657;
+    padding: 4px; }
+#create::item, #tools::item, #help::item, #ai::item { padding: 6px 28px 6px 14px;
+    border-radius: 4px; }
+#create::item:selected, #tools::item:selected, #help::item:selected, #ai::item:selected {
+    background: %deep; }
+QToolTip { background: %raised; color: %text; border: 1px solid #3c4657; padding: 3px; }
+)"_s.replace(u"%raised"_s, kRaised.name())
+                                      .replace(u"%sunken"_s, kSunken.name())
+                                      .replace(u"%text"_s, kText.name())
+                                      .replace(u"%line"_s, kLine.name())
+                                      .replace(u"%deep"_s, kAccentDeep.name());
+    return kSheet;
+}
+
+} // namespace orvanta::skin
