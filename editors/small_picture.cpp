@@ -2,7 +2,6 @@
 
 #include "platform/file_types/metafile.h"
 
-#include <QFile>
 #include <QImageReader>
 
 namespace orvanta {
@@ -20,16 +19,6 @@ static QImage readWithin(const QString& file, QSize bounds)
     return reader.read();
 }
 
-static QImage readAsMetafile(const QString& file)
-{
-    constexpr qint64 kEnoughToTell = 4;
-    QFile metafile(file);
-    if (!metafile.open(QIODevice::ReadOnly) || !looksLikeMetafile(metafile.peek(kEnoughToTell))) {
-        return {};
-    }
-    return readMetafile(metafile.readAll());
-}
-
 QPixmap smallPicture(const QString& file, QSize size, qreal devicePixelRatio)
 {
     if (file.isEmpty()) {
@@ -38,7 +27,7 @@ QPixmap smallPicture(const QString& file, QSize size, qreal devicePixelRatio)
     const QSize bounds = size * devicePixelRatio;
     QImage image = readWithin(file, bounds);
     if (image.isNull()) {
-        image = readAsMetafile(file);
+        image = readMetafileOf(file);
     }
     if (image.width() > bounds.width() || image.height() > bounds.height()) {
         image = image.scaled(bounds, Qt::KeepAspectRatio, Qt::SmoothTransformation);

@@ -3,7 +3,6 @@
 #include "core/log.h"
 #include "platform/file_types/metafile.h"
 
-#include <QFile>
 #include <QImageReader>
 
 namespace orvanta {
@@ -28,16 +27,6 @@ static QImage readByToolkit(const QString& file)
     return isKnownFormat(reader.format()) ? reader.read() : QImage();
 }
 
-static QImage readAsMetafile(const QString& file)
-{
-    QFile metafile(file);
-    constexpr qint64 kEnoughToTell = 4;
-    if (!metafile.open(QIODevice::ReadOnly) || !looksLikeMetafile(metafile.peek(kEnoughToTell))) {
-        return {};
-    }
-    return readMetafile(metafile.readAll());
-}
-
 QImage readStillPicture(const QString& file)
 {
     if (file.isEmpty()) {
@@ -45,7 +34,7 @@ QImage readStillPicture(const QString& file)
     }
     QImage image = readByToolkit(file);
     if (image.isNull()) {
-        image = readAsMetafile(file);
+        image = readMetafileOf(file);
     }
     if (image.isNull()) {
         qCInfo(logErrors, "no picture of a kind in use in %ls", qUtf16Printable(file));

@@ -1,10 +1,11 @@
 #include "system/drawn_picture.h"
 
+#include "platform/file_types/drawing.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPixmap>
 #include <QStyleOptionFocusRect>
-#include <QSvgRenderer>
 
 // A static library's resources are dropped by the linker unless somebody asks for them, and the
 // macro works only outside of namespaces.
@@ -15,25 +16,12 @@ static void loadDrawings()
 
 namespace orvanta {
 
-static QPixmap rendered(const QString& drawing, QSize size, qreal devicePixelRatio)
-{
-    QPixmap pixmap((QSizeF(size) * devicePixelRatio).toSize());
-    pixmap.fill(Qt::transparent);
-    QSvgRenderer renderer(drawing);
-    renderer.setAspectRatioMode(Qt::KeepAspectRatio);
-    QPainter painter(&pixmap);
-    renderer.render(&painter);
-    painter.end();
-    pixmap.setDevicePixelRatio(devicePixelRatio);
-    return pixmap;
-}
-
 QIcon drawnIcon(const QString& drawing)
 {
     loadDrawings();
     QIcon icon;
     for (const int side : {16, 22, 24, 32, 48, 64, 128}) {
-        icon.addPixmap(rendered(drawing, {side, side}, 1));
+        icon.addPixmap(drawingPixmap(drawing, {side, side}, 1));
     }
     return icon;
 }
@@ -55,14 +43,14 @@ void DrawnPicture::setDrawing(const QString& drawing)
 
 QSize DrawnPicture::ownSize() const
 {
-    return m_drawing.isEmpty() ? QSize() : QSvgRenderer(m_drawing).defaultSize();
+    return m_drawing.isEmpty() ? QSize() : drawingSize(m_drawing);
 }
 
 void DrawnPicture::paintEvent(QPaintEvent* /*event*/)
 {
     const QSizeF shown = m_drawn.deviceIndependentSize();
     if (shown.toSize() != size() || m_drawn.devicePixelRatio() != devicePixelRatioF()) {
-        m_drawn = rendered(m_drawing, size(), devicePixelRatioF());
+        m_drawn = drawingPixmap(m_drawing, size(), devicePixelRatioF());
     }
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_drawn);

@@ -1,11 +1,12 @@
 #include "system/option_pictures.h"
 
+#include "platform/file_types/drawing.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
-#include <QSvgRenderer>
 
 #include <utility>
 
@@ -36,11 +37,10 @@ public:
         const auto group = mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active;
         const QPalette palette = QApplication::palette();
         const QByteArray text = palette.color(group, QPalette::ButtonText).name().toUtf8();
-        QSvgRenderer renderer(
-            QByteArray(m_drawing)
-                .replace("currentColor", text)
-                .replace("\"accent\"", '"' + accentOn(palette, group).name().toUtf8() + '"'));
-        renderer.render(painter, rect);
+        const QByteArray accent = '"' + accentOn(palette, group).name().toUtf8() + '"';
+        paintDrawing(
+            painter, rect,
+            QByteArray(m_drawing).replace("currentColor", text).replace("\"accent\"", accent));
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override

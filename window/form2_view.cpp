@@ -1,3 +1,4 @@
+#include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
 #include "window/clip_line.h"
 #include "window/form2_main_window.h"
@@ -5,7 +6,6 @@
 #include "window/skin.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
-#include "window/window_frame.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -186,7 +186,7 @@ bool Form2::event(QEvent* event)
         noteWindowState();
     }
     if (event->type() == QEvent::WindowActivate || event->type() == QEvent::Show) {
-        m_roundedCorners = WindowFrame::cornersCanBeRounded();
+        m_roundedCorners = areWindowsBlended();
         update();
     }
     return QWidget::event(event);

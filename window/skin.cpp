@@ -1,11 +1,12 @@
 #include "window/skin.h"
 
+#include "platform/file_types/drawing.h"
+
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
 
 // A static library's resources are dropped by the linker unless somebody asks for them, and the
 // macro works only outside of namespaces.
@@ -23,14 +24,7 @@ namespace {
 QPixmap rendered(const QString& resource, QSize size, qreal devicePixelRatio)
 {
     loadPictures();
-    QPixmap pixmap((QSizeF(size) * devicePixelRatio).toSize());
-    pixmap.fill(Qt::transparent);
-    QSvgRenderer renderer(resource);
-    QPainter painter(&pixmap);
-    renderer.render(&painter);
-    painter.end();
-    pixmap.setDevicePixelRatio(devicePixelRatio);
-    return pixmap;
+    return drawingPixmap(resource, size, devicePixelRatio);
 }
 
 // The drawings are white: only their shape counts.

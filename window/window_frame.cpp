@@ -1,37 +1,14 @@
 #include "window/window_frame.h"
 
-#include <QApplication>
+#include "platform/screen/window_basics.h"
+
 #include <QMouseEvent>
 #include <QWidget>
 #include <QWindow>
 
-#include <cstdlib>
-#include <memory>
-#include <xcb/xcb.h>
-
 namespace orvanta {
 
 namespace {
-
-template <typename Reply> using XcbReply = std::unique_ptr<Reply, decltype(&std::free)>;
-
-// A compositing manager owns this selection for as long as it runs.
-bool x11IsComposited(xcb_connection_t* connection)
-{
-    constexpr char kSelection[] = "_NET_WM_CM_S0";
-    const XcbReply<xcb_intern_atom_reply_t> atom(
-        xcb_intern_atom_reply(
-            connection, xcb_intern_atom(connection, 0, sizeof kSelection - 1, kSelection), nullptr),
-        &std::free);
-    if (!atom) {
-        return false;
-    }
-    const XcbReply<xcb_get_selection_owner_reply_t> owner(
-        xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, atom->atom),
-                                      nullptr),
-        &std::free);
-    return owner && owner->owner != XCB_NONE;
-}
 
 Qt::CursorShape cursorOf(Qt::Edges edges)
 {
@@ -52,15 +29,6 @@ WindowFrame::WindowFrame(QWidget* window)
 {
     window->setMouseTracking(true);
     window->installEventFilter(this);
-}
-
-bool WindowFrame::cornersCanBeRounded()
-{
-    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
-        return true;
-    }
-    const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 != nullptr && x11->connection() != nullptr && x11IsComposited(x11->connection());
 }
 
 bool WindowFrame::eventFilter(QObject* watched, QEvent* event)

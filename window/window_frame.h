@@ -22,9 +22,6 @@ public:
 
     explicit WindowFrame(QWidget* window);
 
-    /// Whether the window's corners can be rounded: only where something shows through them.
-    [[nodiscard]] static bool cornersCanBeRounded();
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

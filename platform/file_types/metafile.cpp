@@ -1,5 +1,6 @@
 #include "platform/file_types/metafile.h"
 
+#include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -127,6 +128,16 @@ QImage readMetafile(const QByteArray& bytes)
     QPainter painter(&picture);
     renderer.render(&painter);
     return picture;
+}
+
+QImage readMetafileOf(const QString& name)
+{
+    constexpr qint64 kEnoughToTell = 4;
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly) || !looksLikeMetafile(file.peek(kEnoughToTell))) {
+        return {};
+    }
+    return readMetafile(file.readAll());
 }
 
 } // namespace orvanta

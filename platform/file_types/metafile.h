@@ -13,4 +13,7 @@ namespace orvanta {
 /// 4096 pixels. Null when it is none or damaged.
 [[nodiscard]] QImage readMetafile(const QByteArray& bytes);
 
+/// The same of a file. Null, too, when the file cannot be read.
+[[nodiscard]] QImage readMetafileOf(const QString& file);
+
 } // namespace orvanta

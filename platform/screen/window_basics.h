@@ -11,6 +11,9 @@ namespace orvanta {
 /// with its panels and the window's frame has no room for it.
 [[nodiscard]] QSize firstSizeOn(const QScreen& screen, QSize wanted);
 
+/// Whether what a window leaves see-through shows the windows behind it.
+[[nodiscard]] bool areWindowsBlended();
+
 /// The text as a tool tip shows it: signs that look like markup stay signs.
 [[nodiscard]] QString plainToolTip(const QString& text);
 

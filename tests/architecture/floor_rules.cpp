@@ -50,7 +50,9 @@ struct Keeper
 
 constexpr std::array kKeepers{
     Keeper{u"mpv/", u"platform/media/", u"is of the player library"},
+    Keeper{u"xcb/", u"platform/screen/", u"is of the X server's protocol"},
     Keeper{u"libwmf/", u"platform/file_types/", u"is of the metafile library"},
+    Keeper{u"QSvg", u"platform/file_types/", u"draws vector pictures"},
 };
 
 constexpr Floor kOutside{u"", 0};

@@ -1,7 +1,7 @@
 // Closing, minimising, activating, moving and resizing the main window.
 
+#include "platform/screen/window_basics.h"
 #include "tests/window/window_fixture.h"
-#include "window/window_frame.h"
 
 #include <QFile>
 
@@ -170,7 +170,7 @@ TEST_F(MainWindow, CannotBeMadeSmallerThanItsControlsNeed)
 TEST_F(MainWindow, CornersAreSquareWhereNothingShowsThroughThem)
 {
     show();
-    ASSERT_FALSE(WindowFrame::cornersCanBeRounded());
+    ASSERT_FALSE(areWindowsBlended());
     const QImage image = window->grab().toImage();
     for (const QPoint corner :
          {QPoint(0, 0), QPoint(image.width() - 1, 0), QPoint(0, image.height() - 1)}) {
