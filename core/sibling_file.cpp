@@ -11,7 +11,7 @@
 
 namespace orvanta {
 
-constexpr mode_t kNewFileMode = 0666;
+constexpr mode_t kSiblingMode = 0666;
 constexpr mode_t kPermissionBits = 07777;
 
 /// Long names are cut: the sibling's name must not exceed what a folder can hold.
@@ -51,7 +51,7 @@ std::optional<SiblingFile> SiblingFile::create(const QByteArray& target)
     constexpr int kAttempts = 100;
     const QByteArray path = siblingPath(target);
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        Descriptor file = Descriptor::open(path, O_RDWR | O_CREAT | O_EXCL, kNewFileMode);
+        Descriptor file = Descriptor::open(path, O_RDWR | O_CREAT | O_EXCL, kSiblingMode);
         if (file.isOpen()) {
             SiblingFile sibling(target, path, std::move(file));
             if (sibling.m_file.lock(LOCK_EX | LOCK_NB) && sibling.isAtItsPath()) {

@@ -20,7 +20,7 @@ static QWidget* windowInUse()
     return modal != nullptr ? modal : QApplication::activeWindow();
 }
 
-static void showModally(QDialog& picker, QSize& rememberedSize)
+static void showPicker(QDialog& picker, QSize& rememberedSize)
 {
     if (rememberedSize.isValid()) {
         picker.resize(rememberedSize);
@@ -32,13 +32,13 @@ static void showModally(QDialog& picker, QSize& rememberedSize)
 void ProgramPickers::ShowOpenPicker(const QString& pattern, bool severalFiles)
 {
     Form7 picker(m_module, m_boundary, pattern, severalFiles, windowInUse());
-    showModally(picker, m_openSize);
+    showPicker(picker, m_openSize);
 }
 
 void ProgramPickers::ShowSavePicker(const QString& pattern)
 {
     Form10 picker(m_module, m_boundary, pattern, windowInUse());
-    showModally(picker, m_saveSize);
+    showPicker(picker, m_saveSize);
 }
 
 } // namespace orvanta

@@ -7,7 +7,7 @@
 namespace orvanta {
 
 constexpr int kPictureSide = 96; // logical pixels
-constexpr int kMargin = 12;
+constexpr int kFrameWidth = 12;
 
 IconPreview::IconPreview(QWidget* parent)
     : QFrame(parent)
@@ -16,7 +16,7 @@ IconPreview::IconPreview(QWidget* parent)
     setFrameShadow(Sunken);
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
-    setFixedSize(kPictureSide + 2 * kMargin, kPictureSide + 2 * kMargin);
+    setFixedSize(kPictureSide + 2 * kFrameWidth, kPictureSide + 2 * kFrameWidth);
 }
 
 void IconPreview::showFile(const QString& icoFile)

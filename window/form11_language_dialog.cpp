@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-PictureSign* badge(const QString& artwork, QWidget* parent)
+PictureSign* languageBadge(const QString& artwork, QWidget* parent)
 {
     static constexpr QSize kSize(48, 48);
     return new PictureSign([artwork](qreal ratio) { return skin::artwork(artwork, kSize, ratio); },
@@ -39,8 +39,8 @@ QHBoxLayout* choiceRow(QWidget* picture, QWidget* option)
 Form11::Form11(QString iniPath)
     : Option1(new QRadioButton(this)),
       Option2(new QRadioButton(this)),
-      Image1(badge(u"language_en"_s, this)),
-      Image2(badge(u"language_ru"_s, this)),
+      Image1(languageBadge(u"language_en"_s, this)),
+      Image2(languageBadge(u"language_ru"_s, this)),
       Command1(new QPushButton(this)),
       m_iniPath(std::move(iniPath))
 {

@@ -10,14 +10,14 @@ namespace orvanta {
 using namespace Qt::StringLiterals;
 
 /// The default value has no name of its own; an INI key must have one.
-static QString keyOf(const QString& name)
+static QString iniKeyOf(const QString& name)
 {
     return name.isEmpty() ? u"@"_s : name;
 }
 
 static QString changeKey(const QString& section, const QString& name)
 {
-    return (section + u'\n' + keyOf(name)).toCaseFolded();
+    return (section + u'\n' + iniKeyOf(name)).toCaseFolded();
 }
 
 /// Reading cuts outer blanks and one pair of outer quotes; one more pair keeps both.
@@ -34,13 +34,13 @@ RegistryFile::RegistryFile(QString file)
 QString RegistryFile::read(const QString& section, const QString& name) const
 {
     const auto change = m_changes.constFind(changeKey(section, name));
-    return change != m_changes.cend() ? change->value : readIniRaw(section, keyOf(name), m_file);
+    return change != m_changes.cend() ? change->value : readIniRaw(section, iniKeyOf(name), m_file);
 }
 
 void RegistryFile::write(const QString& section, const QString& name, const QString& value)
 {
     if (read(section, name) != value) {
-        m_changes.insert(changeKey(section, name), {section, keyOf(name), value});
+        m_changes.insert(changeKey(section, name), {section, iniKeyOf(name), value});
     }
 }
 
