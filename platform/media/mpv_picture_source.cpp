@@ -3,6 +3,7 @@
 #include "core/log.h"
 #include "core/run_time_error.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <utility>
@@ -47,6 +48,17 @@ QImage newImage(QSize size)
     return {
         static_cast<uchar*>(pixels), size.width(), size.height(), static_cast<qsizetype>(stride),
         QImage::Format_RGB32,        std::free,    pixels};
+}
+
+/// The library leaves the fourth byte of a pixel as it comes, and a compositor that blends windows
+/// takes it for the opacity.
+void makeOpaque(QImage& image)
+{
+    constexpr quint32 kOpaque = 0xff000000U;
+    for (int y = 0; y < image.height(); ++y) {
+        auto* line = reinterpret_cast<quint32*>(image.scanLine(y));
+        std::for_each(line, line + image.width(), [](quint32& pixel) { pixel |= kOpaque; });
+    }
 }
 
 } // namespace
@@ -163,6 +175,7 @@ void MpvPictureSource::renderInto(QImage& image)
         {MPV_RENDER_PARAM_INVALID, nullptr},
     }};
     mpv_render_context_render(m_context.get(), parameters.data());
+    makeOpaque(image);
 }
 
 void MpvPictureSource::skipFrame()

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace orvanta::e2e {
 
@@ -110,9 +112,14 @@ bool Desktop::startWindowManager()
     return manages || fail(u"openbox does not start"_s);
 }
 
-/// Programs started from now on are its clients. On the backend "x11" its output fills the
-/// display, so that keys and clicks there reach it.
-bool Desktop::startCompositor(const QString& backend)
+/// Programs started from now on are its clients.
+bool Desktop::startCompositor(const QString& name)
+{
+    return name == u"sway" ? startSway() : startWeston(name);
+}
+
+/// On the backend "x11" its output fills the display, so that keys and clicks there reach it.
+bool Desktop::startWeston(const QString& backend)
 {
     const QString socket = u"wayland-test"_s;
     m_compositor =
@@ -120,15 +127,65 @@ bool Desktop::startCompositor(const QString& backend)
                {u"--no-config"_s, u"--idle-time=0"_s, u"--use-pixman"_s,
                 u"--backend=%1-backend.so"_s.arg(backend), u"--socket="_s + socket,
                 u"--width=%1"_s.arg(m_screen.width()), u"--height=%1"_s.arg(m_screen.height())});
+    useWayland(socket);
+    const bool serves =
+        waitFor([&] { return QFileInfo::exists(m_folder.filePath(u"run/"_s + socket)); });
+    return serves || fail(u"weston does not start"_s);
+}
+
+/// socket: a name in the session's folder, or a path.
+void Desktop::useWayland(const QString& socket)
+{
     m_environment.insert(u"WAYLAND_DISPLAY"_s, socket);
     m_environment.insert(u"QT_QPA_PLATFORM"_s, u"wayland"_s);
     // What the display's libraries still hold at the end is reported as leaks of libraries that are
     // unloaded by then, which nothing can tell from the program's own. Under X11 these are found.
     m_environment.insert(u"ASAN_OPTIONS"_s,
                          m_environment.value(u"ASAN_OPTIONS"_s) + u":detect_leaks=0"_s);
-    const bool serves =
-        waitFor([&] { return QFileInfo::exists(m_folder.filePath(u"run/"_s + socket)); });
-    return serves || fail(u"weston does not start"_s);
+}
+
+/// Sway refuses to serve root: then it runs as an ordinary user, in a folder of that user's own.
+bool Desktop::startSway()
+{
+    constexpr int kNobody = 65534;
+    const QString own = m_folder.filePath(u"sway"_s);
+    QDir().mkpath(own);
+    QFile config(own + u"/config"_s);
+    if (!config.open(QIODevice::WriteOnly)) {
+        return fail(u"no folder for sway"_s);
+    }
+    config.write("xwayland disable\n"
+                 "output * resolution 1280x800 background #0000ff solid_color\n");
+    config.close();
+    QStringList command = {u"env"_s,
+                           u"XDG_RUNTIME_DIR="_s + own,
+                           u"HOME="_s + own,
+                           u"WLR_BACKENDS=headless"_s,
+                           u"WLR_LIBINPUT_NO_DEVICES=1"_s,
+                           u"WLR_RENDERER=pixman"_s,
+                           u"sway"_s,
+                           u"--config"_s,
+                           config.fileName()};
+    if (::geteuid() == 0) {
+        const QString user = QString::number(kNobody);
+        command = QStringList{u"setpriv"_s, u"--reuid="_s + user, u"--regid="_s + user,
+                              u"--clear-groups"_s} +
+                  command;
+        ::chmod(m_folder.path().toLocal8Bit().constData(), 0711);
+        if (::chown(own.toLocal8Bit().constData(), kNobody, kNobody) != 0) {
+            return fail(u"no folder for sway's user"_s);
+        }
+    }
+    ::chmod(own.toLocal8Bit().constData(), 0700);
+    m_compositor = launch(command.first(), command.mid(1));
+    const QString socket = own + u"/wayland-1"_s;
+    useWayland(socket);
+    return waitFor([&] { return QFileInfo::exists(socket); }) || fail(u"sway does not start"_s);
+}
+
+QImage Desktop::screenOfSway()
+{
+    return QImage::fromData(run(u"grim"_s, {u"-t"_s, u"ppm"_s, u"-"_s}));
 }
 
 bool Desktop::startSound()

@@ -3,6 +3,7 @@
 
 #include "tests/e2e/support/owned_process.h"
 
+#include <QImage>
 #include <QList>
 #include <QPoint>
 #include <QProcessEnvironment>
@@ -20,7 +21,9 @@ struct DesktopOptions
     bool windowManager = true;
     bool sound = false; // without it, programs find no sound device at all
     QSize screen = {1280, 800};
-    QString compositor = {}; // a Wayland desktop: weston's backend, "headless" or "x11"
+    // A Wayland desktop: weston on one of its backends, "headless" or "x11", which shows windows as
+    // if they had no opacity; or "sway", without a screen, which blends them over a blue ground.
+    QString compositor = {};
 };
 
 /// Nothing in it is shared with the user's session or with other tests, so that tests can run side
@@ -42,6 +45,8 @@ public:
     /// A folder for the test's own files.
     [[nodiscard]] QString folder() const;
 
+    /// What sway's screen shows now.
+    [[nodiscard]] QImage screenOfSway();
     /// Runs a program to its end and returns its standard output.
     QByteArray run(const QString& program, const QStringList& arguments);
     /// The user's hand. Places in pixels of the screen.
@@ -91,7 +96,10 @@ private:
     bool startDisplay();
     bool startBus();
     bool startWindowManager();
-    bool startCompositor(const QString& backend);
+    bool startCompositor(const QString& name);
+    bool startWeston(const QString& backend);
+    bool startSway();
+    void useWayland(const QString& socket);
     bool startSound();
     [[nodiscard]] QByteArrayList visibleWindowIds(const QStringList& search);
     std::unique_ptr<OwnedProcess> launch(const QString& program, const QStringList& arguments);

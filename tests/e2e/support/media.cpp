@@ -63,6 +63,15 @@ static Maker picture(const QString& seconds, const QString& codecs)
     };
 }
 
+/// A picture of one colour, without sound.
+static Maker red(const QString& seconds)
+{
+    return [=](const QString& target) {
+        return runFfmpeg(target, u"-f lavfi -i color=red:size=160x120:rate=25:duration="_s +
+                                     seconds + u" -c:v libx264 -pix_fmt yuv420p"_s);
+    };
+}
+
 static Maker sound(const QString& seconds, const QString& codecs)
 {
     return [=](const QString& target) {
@@ -132,6 +141,7 @@ static const std::map<QString, Maker>& makers()
         {u"sound2.mp3"_s, sound(u"2"_s, u"-c:a libmp3lame"_s)},
         {u"sound2.ogg"_s, sound(u"2"_s, u"-c:a libvorbis"_s)},
         {u"sound2.wav"_s, sound(u"2"_s, u"-c:a pcm_s16le"_s)},
+        {u"red20.mp4"_s, red(u"20"_s)},
         {u"tone20.wav"_s, sound(u"20"_s, u"-af volume=12dB -c:a pcm_s16le"_s)},
         {u"short.avi"_s, video(u"0.3"_s, kAvi)},
         {u"short.mp4"_s, video(u"0.3"_s, kMp4)},

@@ -257,6 +257,34 @@ TEST(MediaPlaying, FramesComeInTheSizeTheSurfaceWants)
     EXPECT_TRUE(comesTrue([&] { return source.frame().size() == QSize(33, 47); }));
 }
 
+/// The lowest opacity of its pixels, 255 for a picture through which nothing is seen. Read from the
+/// memory that goes to the display: the format's own look-ups pass over that byte.
+static int lowestOpacity(const QImage& frame)
+{
+    quint32 lowest = 255;
+    for (int y = 0; y < frame.height(); ++y) {
+        const auto* line = reinterpret_cast<const quint32*>(frame.constScanLine(y));
+        for (int x = 0; x < frame.width(); ++x) {
+            lowest = std::min(lowest, line[x] >> 24);
+        }
+    }
+    return static_cast<int>(lowest);
+}
+
+TEST(MediaPlaying, TheWholePictureIsOpaqueWithItsBlackBars)
+{
+    RecordedPlayer player;
+    PictureSource& source = *player.control.picture();
+    for (const QSize size : {QSize(100, 80), QSize(81, 64), QSize(64, 301)}) {
+        source.setTargetSize(size);
+        if (player.control.FileName().isEmpty()) {
+            ASSERT_TRUE(player.open(u"shades.mp4"_s));
+        }
+        ASSERT_TRUE(comesTrue([&] { return source.frame().size() == size; }));
+        EXPECT_EQ(lowestOpacity(source.frame()), 255) << size.width() << " wide";
+    }
+}
+
 TEST(MediaPlaying, WithoutASurfaceAClipWithAPicturePlaysAllTheSame)
 {
     RecordedPlayer player;
