@@ -10,7 +10,7 @@
 #include "editors/editor_services.h"
 #include "editors/program_pickers.h"
 #include "model/type_pattern.h"
-#include "platform/media/mpv_media_control.h"
+#include "platform/media/media_library.h"
 #include "platform/process/application_folder.h"
 #include "platform/process/end_signals.h"
 #include "platform/process/hand_over_queue.h"
@@ -135,7 +135,7 @@ void StartUp::showSplash()
 
 void StartUp::openVideoWindow()
 {
-    m_control = std::make_unique<MpvMediaControl>();
+    m_control = makeMediaControl();
     m_videoWindow = std::make_unique<Form13>(*m_control, m_boundary);
     m_engine = std::make_unique<PlaybackEngine>(m_module, *m_control, *m_videoWindow);
     m_idleInhibition = std::make_unique<IdleInhibition>(QDBusConnection::sessionBus());
@@ -201,7 +201,7 @@ void StartUp::makeEditors()
         .module = m_module,
         .pickers = *m_pickers,
         .boundary = m_boundary,
-        .makePreview = [] { return std::make_unique<MpvMediaControl>(); },
+        .makePreview = [] { return makeMediaControl(); },
         .playerVolume = [this] { return m_control->Volume(); },
         .pausePlayer = [this] { return m_hold->hold(); },
         .resumePlayer =

@@ -24,7 +24,7 @@ class Form2;
 class Form9;
 class IdleInhibition;
 class MprisService;
-class MpvMediaControl;
+class MediaControl;
 class Pickers;
 class PlaybackEngine;
 class PlayerHold;
@@ -84,7 +84,7 @@ private:
     Module1 m_module;
     std::optional<Registry> m_registry;
     std::unique_ptr<SingleInstance> m_instance;
-    std::unique_ptr<MpvMediaControl> m_control;
+    std::unique_ptr<MediaControl> m_control;
     std::unique_ptr<IdleInhibition> m_idleInhibition;
     std::unique_ptr<Form13> m_videoWindow;
     std::unique_ptr<PlaybackEngine> m_engine;

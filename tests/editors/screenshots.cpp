@@ -11,7 +11,7 @@
 #include "editors/form7_open_picker.h"
 #include "editors/preview_pane.h"
 #include "editors/program_pickers.h"
-#include "platform/media/mpv_media_control.h"
+#include "platform/media/media_library.h"
 #include "window/skin.h"
 
 #include <QApplication>
@@ -185,7 +185,7 @@ private:
                               .boundary = {},
                               .makePreview =
                                   [this] {
-                                      auto made = std::make_unique<MpvMediaControl>();
+                                      auto made = makeMediaControl();
                                       m_control = made.get();
                                       return made;
                                   },

@@ -4,7 +4,7 @@
 // actions.
 
 #include "model/tree_lines.h"
-#include "platform/media/mpv_media_control.h"
+#include "platform/media/media_library.h"
 #include "tests/e2e/support/media.h"
 #include "tests/e2e/support/packets.h"
 #include "tests/session/random_user.h"
@@ -395,7 +395,7 @@ protected:
     std::unique_ptr<MediaControl> makeControl() override
     {
         std::setlocale(LC_NUMERIC, "C");
-        return std::make_unique<MpvMediaControl>(MpvOptionList{{"ao", "null"}});
+        return makeMediaControl(MpvOptionList{{"ao", "null"}});
     }
 
     QStringList clips() override
