@@ -2,6 +2,7 @@
 #include "core/ini.h"
 #include "core/packet_file.h"
 #include "tests/core/test_folder.h"
+#include "tests/support/error_of.h"
 
 #include <cstdio>
 #include <ctime>
@@ -140,13 +141,8 @@ TEST_F(HostileFiles, CountsThatNoListCanHaveAreTheStatedErrors)
     for (const Row& row : {Row{"99999", 6}, Row{"-1", 9}, Row{"abc", 13}, Row{"2.5", 0}}) {
         const QString file = put(u"a.vxl"_s, "[main]\nfiles=" + row.files + "\n");
         PlaylistEntry entry;
-        int error = 0;
-        try {
-            readPacketInto(entry, file);
-        } catch (const RuntimeError& raised) {
-            error = static_cast<int>(raised.number());
-        }
-        EXPECT_EQ(error, row.error) << row.files.toStdString();
+        EXPECT_EQ(errorOf([&] { readPacketInto(entry, file); }), row.error)
+            << row.files.toStdString();
         EXPECT_EQ(entry.ClipCount.value(), row.error == 0 ? 2 : 0);
     }
 }

@@ -1,16 +1,10 @@
 // What the main window's keys do.
 #include "playback/keyboard.h"
 #include "tests/playback/engine_fixture.h"
+#include "tests/support/plain_screen.h"
 
 namespace orvanta::test {
 namespace {
-
-struct PlainScreen : FullScreenControl
-{
-    bool on = false;
-    [[nodiscard]] bool isFullScreen() const override { return on; }
-    void setFullScreen(bool wanted) override { on = wanted; }
-};
 
 class MainKeys : public EngineTest
 {

@@ -19,13 +19,6 @@ constexpr auto kRoot = "org.mpris.MediaPlayer2";
 constexpr auto kPlayer = "org.mpris.MediaPlayer2.Player";
 constexpr auto kTrackList = "org.mpris.MediaPlayer2.TrackList";
 
-struct PlainScreen : FullScreenControl
-{
-    bool on = false;
-    [[nodiscard]] bool isFullScreen() const override { return on; }
-    void setFullScreen(bool wanted) override { on = wanted; }
-};
-
 /// Keeps what PropertiesChanged announced.
 class Announcements : public QObject
 {
@@ -420,3 +413,4 @@ TEST(MprisWithoutABus, TheServiceIsNotRegisteredAndNothingFails)
 } // namespace orvanta::test
 
 #include "mpris_test.moc"
+#include "tests/support/plain_screen.h"
