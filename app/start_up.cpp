@@ -25,7 +25,6 @@
 #include "system/form8_options_dialog.h"
 #include "system/form9_about.h"
 #include "system/mpris_service.h"
-#include "window/file_list.h"
 #include "window/form11_language_dialog.h"
 #include "window/form1_splash.h"
 #include "window/form2_main_window.h"
@@ -83,7 +82,6 @@ bool StartUp::Main()
     resumeNext("folder verb", [&] { registerFolderVerb(*m_registry, m_module.ApplicationFolder); });
     loadMainWindow();
     resumeNext("showing the main window", [&] { showMainWindowUnlessAuto(); });
-    m_mainWindow->File1->setPattern(m_module.TypePattern);
     resumeNext("showing the video window", [&] { m_engine->operations().ShowVideoWindow(true); });
     serveDesktop();
     return true;
@@ -218,10 +216,8 @@ void StartUp::changeOptions()
 {
     OptionsServices services{m_module, *m_registry, *m_pickers, m_boundary};
     const bool isAccepted = showOptions(services, m_mainWindow.get());
-    resumeNext("types after the options", [this] {
-        m_module.TypePattern = typePattern(m_module.IniPath);
-        m_mainWindow->File1->setPattern(m_module.TypePattern);
-    });
+    resumeNext("types after the options",
+               [this] { m_module.TypePattern = typePattern(m_module.IniPath); });
     if (isAccepted && m_module.optionIsOn(u"si"_s) != (m_trayWindow != nullptr)) {
         m_trayWindow.reset();
         openTrayWindow();

@@ -3,7 +3,6 @@
 #include "core/ini.h"
 #include "core/numbers.h"
 #include "window/clip_line.h"
-#include "window/file_list.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
 #include "window/skin_button.h"

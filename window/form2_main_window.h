@@ -10,7 +10,6 @@
 //   Image5    Play                          Image3   Pause        Image4   Stop
 //   Image15   Play's other picture          Image17  Pause's other picture
 //   Image20   holds a picture while two are exchanged
-//   File1     the hidden list of a folder's files
 //   Timer1    the playback tick             Timer2   marks a line afterwards
 //   Timer3    brings the window to the front
 //   create    cp packet editor, cg group editor
@@ -41,7 +40,6 @@ class QWindow;
 namespace orvanta {
 
 class ClipLine;
-class FileList;
 class PictureHolder;
 enum class CommonKey;
 class PlaylistList;
@@ -101,7 +99,6 @@ public:
     SkinSlider* Slider1 = nullptr; // position, percent of the clip or of the brake's span
     SkinSlider* Slider2 = nullptr; // volume, 0 to 100
     SkinSlider* Slider3 = nullptr; // balance, 0 to 100, centre 50
-    FileList* File1 = nullptr;     // files of a folder that match the registered types
 
     QMenu* create = nullptr;   // New
     QAction* cp = nullptr;     // packet editor

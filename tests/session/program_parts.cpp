@@ -1,7 +1,6 @@
 #include "tests/session/program_parts.h"
 
 #include "model/type_pattern.h"
-#include "window/file_list.h"
 
 #include <QTimer>
 
@@ -71,7 +70,6 @@ void ProgramParts::changeOptions()
 {
     const bool isAccepted = showOptions(*options, mainWindow.get());
     module.TypePattern = typePattern(module.IniPath);
-    mainWindow->File1->setPattern(module.TypePattern);
     if (isAccepted) {
         tray = std::make_unique<Form12>(module); // in the language that is stored now
     }
@@ -104,7 +102,6 @@ void ProgramParts::loadMainWindow(const HandlerBoundary& boundary)
         .showAbout = [this] { showAbout(); },
     });
     mainWindow->Timer1.stop();
-    mainWindow->File1->setPattern(module.TypePattern);
     videoWindow->setNeighbour(mainWindow.get());
 }
 

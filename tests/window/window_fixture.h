@@ -9,7 +9,6 @@
 #include "tests/support/scripted_pickers.h"
 #include "tests/support/settings_folder.h"
 #include "window/clip_line.h"
-#include "window/file_list.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
