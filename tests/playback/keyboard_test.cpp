@@ -37,7 +37,8 @@ protected:
     ScriptedMediaControl control;
     VideoMirror mirror;
     PlainScreen screen;
-    VideoWindowKeys keys{control, mirror, screen};
+    VideoWindowKeys::Seek seek = [this](double seconds) { control.setCurrentPosition(seconds); };
+    VideoWindowKeys keys{control, mirror, screen, [this](double seconds) { seek(seconds); }};
 };
 
 TEST(Keys, EveryKeyOfTheTableIsKnownToTheMainWindowInBothCases)
@@ -215,7 +216,7 @@ TEST_F(VideoKeys, SeeksGoWhereBrakesFollowThem)
     run();
     control.playTo(100.0);
     QList<double> sought;
-    keys.setSeek([&](double seconds) { sought += seconds; });
+    seek = [&](double seconds) { sought += seconds; };
     mirror.VideoBookmark = u"42"_s;
     type(u'm');
     type(u'b');

@@ -28,7 +28,8 @@ protected:
     QString savedPosition() { return ReadIni(u"pos"_s, u"one"_s, module.IniPath); }
 
     PlainScreen screen;
-    VideoWindowKeys videoKeys{control, video.mirror(), screen};
+    VideoWindowKeys videoKeys{control, video.mirror(), screen,
+                              [this](double seconds) { control.setCurrentPosition(seconds); }};
     MainWindowKeys keys{module, *engine, view, videoKeys};
 };
 

@@ -64,7 +64,10 @@ protected:
             .boundary = HandlerBoundary([this](const RuntimeError& e) { reported = e.number(); }),
             .unloadSplash = [this] { ++splashUnloads; },
             .unloadOtherForms = [this] { othersUnloaded = true; },
-            .videoKeys = &videoKeys,
+            .videoWindow = [] { return nullptr; },
+            .showBookmarkSign = [] {},
+            .showOptions = [] {},
+            .videoKeys = videoKeys,
             .showPacketEditor = [this] { return packetEditor(); },
             .showGroupEditor = [this] { return groupEditor(); },
             .showAbout = [this] { ++aboutRequests; },
@@ -169,7 +172,8 @@ protected:
     ScriptedMediaControl control;
     PlainVideoWindow video{control};
     PlainScreen screen;
-    VideoWindowKeys videoKeys{control, video.mirror(), screen};
+    VideoWindowKeys videoKeys{control, video.mirror(), screen,
+                              [this](double seconds) { control.setCurrentPosition(seconds); }};
     ScriptedPickers pickers{module};
     std::unique_ptr<PlaybackEngine> engine;
     std::unique_ptr<Form2> window;
