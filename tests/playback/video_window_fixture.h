@@ -42,7 +42,7 @@ protected:
     [[nodiscard]] static QRect screen() { return qApp->primaryScreen()->availableGeometry(); }
 
     ScriptedMediaControl control;
-    QWidget* mainWindow = nullptr;
+    QWidget* neighbour = nullptr;
     QList<bool> toldAwake;
     QList<CommonKey> askedKeys;
     Form13 form{Form13Services{
@@ -55,7 +55,7 @@ protected:
                 return true;
             },
         .seek = [this](double seconds) { control.setCurrentPosition(seconds); },
-        .mainWindow = [this] { return mainWindow; },
+        .mainWindow = [this] { return neighbour; },
     }};
     QTemporaryDir folder;
 };

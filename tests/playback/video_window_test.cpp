@@ -116,12 +116,12 @@ TEST_F(VideoWindowTest, APictureLargerThanTheScreenIsShrunkToFit)
 
 TEST_F(VideoWindowTest, ItOpensBesideTheMainWindow)
 {
-    QWidget neighbour;
-    neighbour.setGeometry(screen().x() + 20, screen().y() + 40, 300, 200);
-    neighbour.show();
-    mainWindow = &neighbour;
+    QWidget mainWindow;
+    mainWindow.setGeometry(screen().x() + 20, screen().y() + 40, 300, 200);
+    mainWindow.show();
+    neighbour = &mainWindow;
     open(u"/a.avi"_s, {200, 150});
-    EXPECT_FALSE(neighbour.frameGeometry().intersects(form.frameGeometry()));
+    EXPECT_FALSE(mainWindow.frameGeometry().intersects(form.frameGeometry()));
     EXPECT_TRUE(screen().contains(form.frameGeometry()));
 }
 

@@ -2,6 +2,7 @@
 #include "model/loaders.h"
 #include "system/mpris_service.h"
 #include "tests/playback/engine_fixture.h"
+#include "tests/support/plain_screen.h"
 #include "tests/support/private_bus.h"
 
 #include <QDBusArgument>
@@ -413,4 +414,3 @@ TEST(MprisWithoutABus, TheServiceIsNotRegisteredAndNothingFails)
 } // namespace orvanta::test
 
 #include "mpris_test.moc"
-#include "tests/support/plain_screen.h"
