@@ -36,11 +36,8 @@ static void letEventsRun()
 StartUp::StartUp(QStringList arguments, QString activationToken)
     : m_arguments(std::move(arguments)),
       m_commandLine(commandLine(m_arguments)),
-      m_activationToken(std::move(activationToken)),
-      m_boundary([this](const RuntimeError& error) { m_report(error); })
-{
-    m_report.setRelease([this] { releaseBeforeReport(); });
-}
+      m_activationToken(std::move(activationToken))
+{}
 
 StartUp::~StartUp() = default;
 

@@ -55,8 +55,8 @@ private:
     QStringList m_arguments;
     QString m_commandLine;
     QString m_activationToken;
-    RunTimeReport m_report;
-    HandlerBoundary m_boundary;
+    RunTimeReport m_report{[this] { releaseBeforeReport(); }};
+    HandlerBoundary m_boundary{[this](const RuntimeError& error) { m_report(error); }};
     bool m_ended = false;
     std::optional<QString> m_raiseWaiting; // token of a launch that came during the start
 
