@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 
 #include "core/log.h"
+#include "core/version.h"
 #include "platform/process/hand_over_queue.h"
 
 #include <QDir>
@@ -62,7 +63,7 @@ std::optional<QString> answerForTerminal(const QStringList& arguments)
         return helpText();
     }
     if (arguments == QStringList(u"--version"_s)) {
-        return u"Orvanta 3.3\n"_s;
+        return u"Orvanta %1\n"_s.arg(kVersion);
     }
     return std::nullopt;
 }

@@ -3,6 +3,7 @@
 #include "app/command_line.h"
 #include "app/log_output.h"
 #include "app/start_up.h"
+#include "core/version.h"
 #include "platform/screen/window_stacking.h"
 #include "window/skin.h"
 
@@ -34,7 +35,7 @@ static bool canFindDisplay(int count, char** arguments)
 static void nameApplication()
 {
     QCoreApplication::setApplicationName(u"orvanta"_s);
-    QCoreApplication::setApplicationVersion(u"3.3"_s);
+    QCoreApplication::setApplicationVersion(kVersion.toString());
     QGuiApplication::setDesktopFileName(u"orvanta"_s);
     QGuiApplication::setWindowIcon(skin::applicationIcon()); // of windows that bear none themselves
     QGuiApplication::setQuitOnLastWindowClosed(false);

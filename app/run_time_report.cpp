@@ -98,9 +98,7 @@ void RunTimeReport::operator()(const RuntimeError& error) const
         reporting = true;
         letSignalsEndTheProcess();
         const Standstill standstill;
-        if (m_release) {
-            m_release();
-        }
+        m_release();
         if (hasVisibleScreen()) {
             showDialog(error);
         }

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 class QMessageBox;
 
@@ -19,7 +20,9 @@ class RunTimeReport
 public:
     /// release: gives up what others may be waiting for (the instance lock) and silences the
     /// player. It runs before the dialog shows.
-    void setRelease(std::function<void()> release) { m_release = std::move(release); }
+    explicit RunTimeReport(std::function<void()> release)
+        : m_release(std::move(release))
+    {}
 
     /// From here on no timer and no queued call of the program runs, and SIGTERM ends it at once.
     /// Where nobody can see or close a dialog there is none.

@@ -1,31 +1,19 @@
 #include "app/start_up.h"
 
 #include "app/command_line.h"
-#include "app/player_hold.h"
-#include "app/shown_watch.h"
+#include "app/program.h"
 #include "app/start_up_steps.h"
 #include "core/ini.h"
 #include "core/log.h"
 #include "core/paths.h"
-#include "editors/editor_services.h"
-#include "editors/program_pickers.h"
 #include "model/type_pattern.h"
-#include "platform/media/mpv_media_control.h"
+#include "platform/media/media_library.h"
 #include "platform/process/application_folder.h"
 #include "platform/process/end_signals.h"
 #include "platform/process/hand_over_queue.h"
 #include "platform/process/single_instance.h"
-#include "platform/screen/desktop_tray.h"
-#include "platform/screen/idle_inhibition.h"
 #include "platform/screen/window_stacking.h"
-#include "playback/form13_video_window.h"
-#include "playback/form4_bookmark_sign.h"
 #include "playback/playback_engine.h"
-#include "system/form12_tray.h"
-#include "system/form8_options_dialog.h"
-#include "system/form9_about.h"
-#include "system/mpris_service.h"
-#include "window/file_list.h"
 #include "window/form11_language_dialog.h"
 #include "window/form1_splash.h"
 #include "window/form2_main_window.h"
@@ -48,11 +36,8 @@ static void letEventsRun()
 StartUp::StartUp(QStringList arguments, QString activationToken)
     : m_arguments(std::move(arguments)),
       m_commandLine(commandLine(m_arguments)),
-      m_activationToken(std::move(activationToken)),
-      m_boundary([this](const RuntimeError& error) { m_report(error); })
-{
-    m_report.setRelease([this] { releaseBeforeReport(); });
-}
+      m_activationToken(std::move(activationToken))
+{}
 
 StartUp::~StartUp() = default;
 
@@ -76,15 +61,15 @@ bool StartUp::Main()
     checkMediaLibrary();
     m_module.TypePattern = typePattern(m_module.IniPath);
     letEventsRun();
-    openVideoWindow();
-    openTrayWindow();
+    makeProgram();
+    m_program->openTrayWindow();
     letEventsRun();
     // From here on a failing step is passed over.
     resumeNext("folder verb", [&] { registerFolderVerb(*m_registry, m_module.ApplicationFolder); });
-    loadMainWindow();
+    m_program->loadMainWindow();
     resumeNext("showing the main window", [&] { showMainWindowUnlessAuto(); });
-    m_mainWindow->File1->setPattern(m_module.TypePattern);
-    resumeNext("showing the video window", [&] { m_engine->operations().ShowVideoWindow(true); });
+    resumeNext("showing the video window",
+               [&] { m_program->engine().operations().ShowVideoWindow(true); });
     serveDesktop();
     return true;
 }
@@ -133,99 +118,18 @@ void StartUp::showSplash()
     letEventsRun();
 }
 
-void StartUp::openVideoWindow()
+void StartUp::makeProgram()
 {
-    m_control = std::make_unique<MpvMediaControl>();
-    m_videoWindow = std::make_unique<Form13>(*m_control, m_boundary);
-    m_engine = std::make_unique<PlaybackEngine>(m_module, *m_control, *m_videoWindow);
-    m_idleInhibition = std::make_unique<IdleInhibition>(QDBusConnection::sessionBus());
-    m_videoWindow->setKeepAwake([this](bool awake) { m_idleInhibition->hold(awake); });
-    m_videoWindow->setPlayerKey([this](CommonKey key) { return pressPlayerKey(*m_engine, key); });
-    m_videoWindow->keys().setSeek([this](double seconds) { m_engine->seekTo(seconds); });
-    m_videoWindow->mirror().VideoState = 0;
-    m_engine->operations().ShowVideoWindow(true);
-}
-
-/// A program that starts with the session may be there before the tray.
-void StartUp::openTrayWindow()
-{
-    if (!m_module.optionIsOn(u"si"_s)) {
-        return;
-    }
-    m_desktopTray = std::make_unique<DesktopTray>(QDBusConnection::sessionBus());
-    connect(m_desktopTray.get(), &DesktopTray::appeared, this,
-            m_boundary([this] { loadTrayWindow(); }));
-    if (m_desktopTray->isThere()) {
-        loadTrayWindow();
-    } else {
-        qCInfo(logDesktop, "this desktop has no tray: no icon");
-    }
-}
-
-void StartUp::loadTrayWindow()
-{
-    if (m_module.optionIsOn(u"si"_s) && !m_trayWindow && !m_engine->isClosing()) {
-        m_trayWindow = std::make_unique<Form12>(m_module);
-    }
-}
-
-void StartUp::loadMainWindow()
-{
-    makeEditors();
-    m_mainWindow = std::make_unique<Form2>(Form2Services{
+    m_program = std::make_unique<Program>(ProgramSurroundings{
         .module = m_module,
-        .engine = *m_engine,
-        .pickers = *m_pickers,
+        .registry = *m_registry,
+        .pickers = m_pickers,
         .boundary = m_boundary,
+        .makeControl = [] { return makeMediaControl(); },
+        .bus = QDBusConnection::sessionBus(),
         .unloadSplash = [this] { unloadSplash(); },
-        .unloadOtherForms = [this] { unloadOtherForms(); },
-        .videoWindow = [this] { return m_videoWindow->windowHandle(); },
-        .showBookmarkSign = [] { showBookmarkSign(); },
-        .showOptions = [this] { changeOptions(); },
-        .videoKeys = &m_videoWindow->keys(),
-        .showPacketEditor =
-            [this] { return showPacketEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
-        .showGroupEditor =
-            [this] { return showGroupEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
-        .showAbout = [this] { showAbout(); },
+        .ended = [this] { leaveEventLoop(); },
     });
-    m_videoWindow->setNeighbour(m_mainWindow.get());
-    m_shownWatch = std::make_unique<ShownWatch>(*m_mainWindow);
-}
-
-void StartUp::makeEditors()
-{
-    m_pickers = std::make_unique<ProgramPickers>(m_module, m_boundary);
-    m_hold = std::make_unique<PlayerHold>(*m_control);
-    m_editors = std::make_unique<EditorServices>(EditorServices{
-        .module = m_module,
-        .pickers = *m_pickers,
-        .boundary = m_boundary,
-        .makePreview = [] { return std::make_unique<MpvMediaControl>(); },
-        .playerVolume = [this] { return m_control->Volume(); },
-        .pausePlayer = [this] { return m_hold->hold(); },
-        .resumePlayer =
-            [this] {
-                if (!m_engine->isClosing()) {
-                    m_hold->release();
-                }
-            },
-    });
-}
-
-/// What the dialog changes takes effect at once. Types change without OK too.
-void StartUp::changeOptions()
-{
-    OptionsServices services{m_module, *m_registry, *m_pickers, m_boundary};
-    const bool isAccepted = showOptions(services, m_mainWindow.get());
-    resumeNext("types after the options", [this] {
-        m_module.TypePattern = typePattern(m_module.IniPath);
-        m_mainWindow->File1->setPattern(m_module.TypePattern);
-    });
-    if (isAccepted && m_module.optionIsOn(u"si"_s) != (m_trayWindow != nullptr)) {
-        m_trayWindow.reset();
-        openTrayWindow();
-    }
 }
 
 void StartUp::showMainWindowUnlessAuto()
@@ -234,53 +138,22 @@ void StartUp::showMainWindowUnlessAuto()
         unloadSplash();
         return;
     }
-    m_mainWindow->showMainWindow();
-}
-
-void StartUp::showAbout()
-{
-    if (!m_about) {
-        m_about = std::make_unique<Form9>(m_module);
-    }
-    m_about->showAbout();
+    m_program->mainWindow().showMainWindow();
 }
 
 /// From now on later launches, signals and the end of the session reach the engine. Before this a
 /// signal ends the process at once, so that a launch waiting for the queue can be stopped.
 void StartUp::serveDesktop()
 {
-    const auto endProgram = m_boundary([this](auto&&...) { m_engine->closeProgram(); });
+    const auto endProgram = m_boundary([this](auto&&...) { m_program->engine().closeProgram(); });
     m_endSignals = std::make_unique<EndSignals>();
     connect(m_endSignals.get(), &EndSignals::endRequested, this, endProgram);
     connect(qApp, &QGuiApplication::commitDataRequest, this, endProgram);
-    serveMediaControls();
+    m_program->serveMediaControls();
     qCInfo(logStartup, "ready");
     if (m_raiseWaiting) {
         raiseMainWindow(*m_raiseWaiting);
     }
-}
-
-void StartUp::serveMediaControls()
-{
-    m_mediaControls = std::make_unique<MprisService>(
-        MprisPorts{
-            .module = m_module,
-            .engine = *m_engine,
-            .control = *m_control,
-            .screen = *m_videoWindow,
-            .view = *m_mainWindow,
-            .quit = m_boundary([this] { m_engine->closeProgram(); }),
-            .open = [this](const QString& path) { openAndPlaySoon(path); },
-        },
-        QDBusConnection::sessionBus());
-    connect(m_videoWindow.get(), &Form13::fullScreenChanged, m_mediaControls.get(),
-            &MprisService::announceChanges);
-}
-
-/// From the event loop: the caller's answer does not wait for the media.
-void StartUp::openAndPlaySoon(const QString& path)
-{
-    QTimer::singleShot(0, this, m_boundary([this, path] { m_engine->openAndPlay(path); }));
 }
 
 void StartUp::raiseMainWindow(const QString& activationToken)
@@ -290,11 +163,12 @@ void StartUp::raiseMainWindow(const QString& activationToken)
         return;
     }
     qCInfo(logStartup, "raised by a later launch");
-    m_mainWindow->showMainWindow();
-    if (m_mainWindow->isMinimized()) {
-        m_mainWindow->showNormal();
+    Form2& window = m_program->mainWindow();
+    window.showMainWindow();
+    if (window.isMinimized()) {
+        window.showNormal();
     }
-    bringToFront(m_mainWindow->windowHandle(), activationToken);
+    bringToFront(window.windowHandle(), activationToken);
 }
 
 void StartUp::unloadSplash()
@@ -306,19 +180,16 @@ void StartUp::unloadSplash()
 }
 
 /// exit, not quit: quit would first ask every window to close.
-void StartUp::unloadOtherForms()
+void StartUp::leaveEventLoop()
 {
     m_ended = true;
-    m_trayWindow.reset();
-    m_videoWindow->hide();
     QCoreApplication::exit(0);
 }
 
 void StartUp::releaseBeforeReport()
 {
-    m_trayWindow.reset();
-    if (m_control) {
-        m_control->Pause();
+    if (m_program) {
+        m_program->fallSilent();
     }
     if (m_instance) {
         m_instance->release();

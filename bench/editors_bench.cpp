@@ -10,6 +10,7 @@
 #include "editors/form6_group_editor.h"
 #include "editors/form7_open_picker.h"
 #include "tests/support/scripted_media_control.h"
+#include "tests/support/scripted_pickers.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -25,25 +26,6 @@ using namespace Qt::StringLiterals;
 using namespace orvanta;
 
 namespace {
-
-/// Answers every save with one file.
-class OneFile : public Pickers
-{
-public:
-    OneFile(Module1& module, QString target)
-        : m_module(module),
-          m_target(std::move(target))
-    {}
-    void ShowOpenPicker(const QString&, bool) override
-    {
-        m_module.picker.PickedFiles = {QString(), m_target};
-    }
-    void ShowSavePicker(const QString&) override { m_module.picker.SaveFileName = m_target; }
-
-private:
-    Module1& m_module;
-    QString m_target;
-};
 
 bool allWithin = true;
 
@@ -120,7 +102,9 @@ int main(int argc, char** argv)
     WriteIni(u"types"_s, u"file1"_s, u"mp4"_s, module.IniPath);
     WriteIni(u"types"_s, u"file0"_s, u"avi"_s, module.IniPath);
     WriteIni(u"save"_s, u"open"_s, temporary.filePath(u"few"_s), module.IniPath);
-    OneFile pickers(module, temporary.filePath(u"out.vxl"_s));
+    ScriptedPickers pickers(module);
+    pickers.saveAnswer = temporary.filePath(u"out.vxl"_s);
+    pickers.answer = {pickers.saveAnswer};
     EditorServices services{.module = module,
                             .pickers = pickers,
                             .boundary = {},

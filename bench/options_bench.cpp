@@ -5,6 +5,7 @@
 #include "core/ini.h"
 #include "system/form8_options_dialog.h"
 #include "system/type_list.h"
+#include "tests/support/scripted_pickers.h"
 
 #include <QApplication>
 #include <QDir>
@@ -27,13 +28,6 @@ namespace {
 
 constexpr int kTypes = 200;
 constexpr int kRounds = 9;
-
-class NoPickers : public Pickers
-{
-public:
-    void ShowOpenPicker(const QString&, bool) override {}
-    void ShowSavePicker(const QString&) override {}
-};
 
 double milliseconds(const std::function<void()>& work)
 {
@@ -109,7 +103,7 @@ int main(int argc, char** argv)
     module.ApplicationFolder = temporary.path();
     module.IniPath = temporary.filePath(u"orvanta.ini"_s);
     makeTypes(module.IniPath, temporary.path());
-    NoPickers pickers;
+    ScriptedPickers pickers(module);
     Registry registry(temporary.path(), u"/usr/bin/true"_s);
     OptionsServices services{module, registry, pickers, HandlerBoundary()};
 

@@ -2,7 +2,7 @@
 // X11 output, turn by turn on one display; prints CPU and memory as ratios.
 //
 //   bench_play [CLIP] [ROUNDS]
-#include "platform/media/mpv_media_control.h"
+#include "platform/media/media_library.h"
 #include "platform/media/video_surface.h"
 
 #include <QApplication>
@@ -37,7 +37,8 @@ int playOnce(int argc, char** argv, const QString& clip)
 {
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
-    orvanta::MpvMediaControl control(orvanta::MpvOptionList{{"ao", "null"}});
+    const auto player = orvanta::makeMediaControl({{"ao", "null"}});
+    orvanta::MediaControl& control = *player;
     orvanta::VideoSurface surface(control.picture());
     QObject::connect(&control, &orvanta::MediaControl::openComplete, [&](QSize picture) {
         surface.resize(picture);

@@ -5,7 +5,7 @@
 #include "editors/folder_tree.h"
 #include "editors/form5_packet_editor.h"
 #include "editors/time_slider.h"
-#include "platform/media/mpv_media_control.h"
+#include "platform/media/media_library.h"
 #include "platform/media/picture_source.h"
 
 #include <QApplication>
@@ -149,9 +149,9 @@ static DragFigures drag(TimeSlider& slider, PictureSource& source)
 
 DragFigures dragPreview(EditorServices& services, const QString& clip)
 {
-    MpvMediaControl* control = nullptr;
+    MediaControl* control = nullptr;
     services.makePreview = [&control] {
-        auto made = std::make_unique<MpvMediaControl>(MpvOptionList{{"ao", "null"}});
+        auto made = makeMediaControl(MpvOptionList{{"ao", "null"}});
         control = made.get();
         return made;
     };

@@ -63,14 +63,15 @@ void Form13::leaveScreen()
     if (!m_hasPlaceBefore && m_left != kOutOfSight) {
         giveSizeOfContents();
     }
-    if (hadFocus && m_neighbour && m_neighbour->isVisible()) {
-        bringToFront(m_neighbour->windowHandle());
+    const QWidget* mainWindow = m_services.mainWindow();
+    if (hadFocus && mainWindow != nullptr && mainWindow->isVisible()) {
+        bringToFront(mainWindow->windowHandle());
     }
 }
 
 void Form13::keyPressEvent(QKeyEvent* event)
 {
-    m_boundary([&] {
+    m_services.boundary([&] {
         if (!pressCommonKey(*event)) {
             Form13_Form_KeyPress(typedCharacter(*event));
         }
@@ -110,7 +111,7 @@ bool Form13::pressCommonKey(const QKeyEvent& event)
         Form13_ActiveMovie1_Escape();
         break;
     default:
-        return m_playerKey && m_playerKey(*key);
+        return m_services.pressPlayerKey(*key);
     }
     return true;
 }
@@ -118,7 +119,7 @@ bool Form13::pressCommonKey(const QKeyEvent& event)
 void Form13::mouseDoubleClickEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
-        m_boundary([this] { Form13_ActiveMovie1_DblClick(); })();
+        m_services.boundary([this] { Form13_ActiveMovie1_DblClick(); })();
     }
 }
 

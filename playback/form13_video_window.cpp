@@ -34,10 +34,10 @@ void paintBlack(QWidget& window)
 
 } // namespace
 
-Form13::Form13(MediaControl& control, HandlerBoundary boundary)
-    : m_control(control),
-      m_boundary(std::move(boundary)),
-      m_keys(control, m_mirror, *this)
+Form13::Form13(Form13Services services)
+    : m_services(std::move(services)),
+      m_control(m_services.control),
+      m_keys(m_control, m_mirror, *this, m_services.seek)
 {
     buildControls();
     connectHandlers();
@@ -65,21 +65,22 @@ void Form13::buildControls()
 void Form13::connectHandlers()
 {
     connect(&m_control, &MediaControl::position, this,
-            m_boundary([this] { Form13_ActiveMovie1_PositionEvent(); }));
+            m_services.boundary([this] { Form13_ActiveMovie1_PositionEvent(); }));
     connect(&m_control, &MediaControl::positionChange, this,
-            m_boundary([this](double oldSeconds, double newSeconds) {
+            m_services.boundary([this](double oldSeconds, double newSeconds) {
                 Form13_ActiveMovie1_PositionChange(oldSeconds, newSeconds);
             }));
-    connect(&m_control, &MediaControl::openComplete, this,
-            m_boundary([this](QSize picture) { Form13_ActiveMovie1_OpenComplete(picture); }));
+    connect(
+        &m_control, &MediaControl::openComplete, this,
+        m_services.boundary([this](QSize picture) { Form13_ActiveMovie1_OpenComplete(picture); }));
     connect(&m_control, &MediaControl::openFailed, this,
-            m_boundary([this](const QString&) { Form13_ActiveMovie1_OpenFailed(); }));
+            m_services.boundary([this](const QString&) { Form13_ActiveMovie1_OpenFailed(); }));
     connect(&m_control, &MediaControl::stateChange, this,
-            m_boundary([this](MediaControl::State oldState, MediaControl::State newState) {
+            m_services.boundary([this](MediaControl::State oldState, MediaControl::State newState) {
                 Form13_ActiveMovie1_StateChange(oldState, newState);
             }));
     connect(&Timer1, &QTimer::timeout, this,
-            m_boundary([this](auto&&...) { Form13_Timer1_Timer(); }));
+            m_services.boundary([this](auto&&...) { Form13_Timer1_Timer(); }));
 }
 
 void Form13::Form13_ActiveMovie1_PositionEvent()
@@ -134,9 +135,7 @@ void Form13::keepAwakeWhile(bool running)
     } else {
         Timer1.stop();
     }
-    if (m_keepAwake) {
-        m_keepAwake(running);
-    }
+    m_services.keepAwake(running);
 }
 
 void Form13::Form13_Timer1_Timer()
@@ -219,7 +218,8 @@ void Form13::giveSizeOfContents()
 void Form13::giveSize(QSize contents)
 {
     const QSize whole = contents + frameSize();
-    const QRect neighbour = m_neighbour ? m_neighbour->frameGeometry() : QRect();
+    const QWidget* mainWindow = m_services.mainWindow();
+    const QRect neighbour = mainWindow != nullptr ? mainWindow->frameGeometry() : QRect();
     const QPoint place = isVisible() ? insideScreen(placeBeforePush(), whole, room())
                                      : placeBeside(neighbour, whole, room());
     m_pushedFrom = isVisible() ? placeBeforePush() : place;
@@ -248,7 +248,8 @@ void Form13::hideUnlessOpening()
 /// The part of the screen that is free for windows.
 QRect Form13::room() const
 {
-    const QScreen* where = m_neighbour && !isVisible() ? m_neighbour->screen() : screen();
+    const QWidget* mainWindow = m_services.mainWindow();
+    const QScreen* where = mainWindow != nullptr && !isVisible() ? mainWindow->screen() : screen();
     return where->availableGeometry();
 }
 

@@ -14,13 +14,24 @@
 
 #include <QImage>
 #include <QLabel>
-#include <QPointer>
 #include <QTimer>
 #include <QWidget>
 
 #include <functional>
 
 namespace orvanta {
+
+/// Everything the video window is given. All of it outlives the window.
+struct Form13Services
+{
+    MediaControl& control;
+    HandlerBoundary boundary;
+    std::function<void(bool)> keepAwake;           // a clip begins to run, or no longer does
+    std::function<bool(CommonKey)> pressPlayerKey; // keys not its own; says whether it served one
+    VideoWindowKeys::Seek seek;
+    std::function<QWidget*()>
+        mainWindow; // beside which it opens; null: none, then it opens at the top left
+};
 
 /// Its logical place (Left, Width, Height in twips) follows the program; the native window is
 /// hidden while the logical one is out of sight, but not between two clips that both have a
@@ -30,7 +41,7 @@ class Form13 : public QWidget, public VideoWindow, public FullScreenControl
     Q_OBJECT
 
 public:
-    Form13(MediaControl& control, HandlerBoundary boundary);
+    explicit Form13(Form13Services services);
     ~Form13() override;
 
     VideoSurface* ActiveMovie1; // the running picture
@@ -50,14 +61,6 @@ public:
 
     /// What this window's keys do; the main window hands some of its own to them.
     [[nodiscard]] VideoWindowKeys& keys() { return m_keys; }
-    /// Called with true when a clip begins to run, with false when it no longer does.
-    void setKeepAwake(std::function<void(bool)> keepAwake) { m_keepAwake = std::move(keepAwake); }
-    /// Called for the keys that are not this window's own; says whether it has served the key.
-    void setPlayerKey(std::function<bool(CommonKey)> press) { m_playerKey = std::move(press); }
-
-    /// The window beside which this one opens (the main window); without one it opens at the top
-    /// left of the screen.
-    void setNeighbour(QWidget* neighbour) { m_neighbour = neighbour; }
 
     /// The window's logical left edge, twips; -100000 when out of sight.
     [[nodiscard]] int Left() const { return m_left; }
@@ -110,13 +113,10 @@ private:
     [[nodiscard]] QRect room() const;
     [[nodiscard]] QSize frameSize() const;
 
+    Form13Services m_services;
     MediaControl& m_control;
-    HandlerBoundary m_boundary;
     VideoMirror m_mirror;
     VideoWindowKeys m_keys;
-    std::function<void(bool)> m_keepAwake;
-    std::function<bool(CommonKey)> m_playerKey;
-    QPointer<QWidget> m_neighbour;
     QString m_stillFile;
     QImage m_still;
     int m_left = kOutOfSight; // twips

@@ -82,11 +82,11 @@ QChar latinLetter(QChar typed, quint32 scanCode)
 }
 
 VideoWindowKeys::VideoWindowKeys(MediaControl& control, VideoMirror& mirror,
-                                 FullScreenControl& screen)
+                                 FullScreenControl& screen, Seek seek)
     : m_control(control),
       m_mirror(mirror),
       m_screen(screen),
-      m_seek([&control](double seconds) { control.setCurrentPosition(seconds); })
+      m_seek(std::move(seek))
 {}
 
 void VideoWindowKeys::press(PlaybackKey key)

@@ -68,14 +68,11 @@ public:
 class VideoWindowKeys
 {
 public:
-    /// Seconds; where a user's seek goes.
+    /// Seconds; where a user's seek goes. Brakes must follow it, so it goes to whoever knows them.
     using Seek = std::function<void(double)>;
 
-    VideoWindowKeys(MediaControl& control, VideoMirror& mirror, FullScreenControl& screen);
-
-    /// Where brakes must follow the user's seeks, whoever knows the brakes takes them from the
-    /// control.
-    void setSeek(Seek seek) { m_seek = std::move(seek); }
+    VideoWindowKeys(MediaControl& control, VideoMirror& mirror, FullScreenControl& screen,
+                    Seek seek);
 
     /// Raises 6 when a volume step leaves 16 bits. Seeks that fail are passed over.
     void press(PlaybackKey key);

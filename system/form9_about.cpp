@@ -1,6 +1,7 @@
 #include "system/form9_about.h"
 
 #include "core/ini.h"
+#include "core/version.h"
 #include "platform/media/media_library.h"
 #include "platform/process/application_folder.h"
 #include "system/drawn_picture.h"
@@ -47,8 +48,7 @@ QString aboutText(TextLanguage language)
 {
     const MediaLibraryVersions media = mediaLibraryVersions();
     return interfaceText(u"Form9", u"Label1", language)
-        .arg(QStringLiteral(ORVANTA_VERSION), media.player, media.codecs,
-             QString::fromLatin1(qVersion()));
+        .arg(kVersion, media.player, media.codecs, QString::fromLatin1(qVersion()));
 }
 
 QString handbookAddress(const QString& folder, TextLanguage language)

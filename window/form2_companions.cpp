@@ -53,9 +53,7 @@ void Form2::Form2_add_Click(int entry)
 
 void Form2::Form2_ab_Click()
 {
-    if (m_services.showAbout) {
-        m_services.showAbout();
-    }
+    m_services.showAbout();
 }
 
 } // namespace orvanta

@@ -1,5 +1,4 @@
 #include "window/clip_line.h"
-#include "window/file_list.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
@@ -89,8 +88,6 @@ void Form2::buildBoxes()
     Text2->setFont(skin::interfaceFont(17));
     Text2->setFixedHeight(skin::kClipHeight);
     List1 = new PlaylistList(m_surface);
-    File1 = new FileList(this);
-    File1->setPattern(m_services.module.TypePattern);
 }
 
 void Form2::buildSliders()
@@ -138,11 +135,11 @@ void Form2::nameControls()
         {Image5, u"Image5"},   {Image3, u"Image3"},   {Image4, u"Image4"},   {Image2, u"Image2"},
         {Image15, u"Image15"}, {Image17, u"Image17"}, {Image20, u"Image20"}, {Text1, u"Text1"},
         {Text2, u"Text2"},     {List1, u"List1"},     {Label1, u"Label1"},   {Label2, u"Label2"},
-        {Slider1, u"Slider1"}, {Slider2, u"Slider2"}, {Slider3, u"Slider3"}, {File1, u"File1"},
-        {create, u"create"},   {cp, u"cp"},           {cg, u"cg"},           {tools, u"tools"},
-        {op, u"op"},           {cdc, u"cdc"},         {ai, u"ai"},           {help, u"help"},
-        {doc, u"doc"},         {tu, u"tu"},           {ab, u"ab"},           {&Timer1, u"Timer1"},
-        {&Timer2, u"Timer2"},  {&Timer3, u"Timer3"},  {add.front(), u"add"},
+        {Slider1, u"Slider1"}, {Slider2, u"Slider2"}, {Slider3, u"Slider3"}, {create, u"create"},
+        {cp, u"cp"},           {cg, u"cg"},           {tools, u"tools"},     {op, u"op"},
+        {cdc, u"cdc"},         {ai, u"ai"},           {help, u"help"},       {doc, u"doc"},
+        {tu, u"tu"},           {ab, u"ab"},           {&Timer1, u"Timer1"},  {&Timer2, u"Timer2"},
+        {&Timer3, u"Timer3"},  {add.front(), u"add"},
     };
     for (const auto& [control, name] : names) {
         control->setObjectName(name.toString());

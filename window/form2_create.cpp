@@ -21,7 +21,7 @@ void Form2::Form2_cg_Click()
 void Form2::openFromEditor(const std::function<QString()>& showEditor,
                            void (*load)(PlaylistState&, const QString&))
 {
-    const QString file = showEditor ? showEditor() : QString();
+    const QString file = showEditor();
     if (file.isEmpty()) {
         return;
     }

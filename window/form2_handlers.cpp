@@ -79,15 +79,13 @@ void Form2::connectHandlers()
 void Form2::Form2_Form_Activate()
 {
     m_services.engine.operations().PollPlayer();
-    if (m_services.unloadSplash) {
-        m_services.unloadSplash();
-    }
+    m_services.unloadSplash();
 }
 
 // Once for each activation: from a paint event it would raise and repaint without end.
 void Form2::Form2_Form_Paint()
 {
-    QWindow* video = m_services.videoWindow ? m_services.videoWindow() : nullptr;
+    QWindow* video = m_services.videoWindow();
     if (video != nullptr && video->isVisible()) {
         stackBehind(video, windowHandle());
     }
@@ -290,9 +288,7 @@ void Form2::Form2_Timer3_Timer()
 
 void Form2::Form2_op_Click()
 {
-    if (m_services.showOptions) {
-        m_services.showOptions();
-    }
+    m_services.showOptions();
 }
 
 } // namespace orvanta

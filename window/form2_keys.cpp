@@ -18,9 +18,6 @@ namespace orvanta {
 /// window's own affair.
 void Form2::keyPressEvent(QKeyEvent* event)
 {
-    if (!m_keys) {
-        return QWidget::keyPressEvent(event);
-    }
     bool served = false;
     m_services.boundary([&] {
         if (const auto key = commonKey(*event)) {
@@ -36,7 +33,7 @@ void Form2::keyPressEvent(QKeyEvent* event)
 bool Form2::Form2_Form_KeyPress(QChar typed)
 {
     const auto key = mainWindowKey(typed);
-    if (key && !m_keys->press(*key)) {
+    if (key && !m_keys.press(*key)) {
         toggleAlwaysOnTop();
     }
     return key.has_value();
@@ -52,15 +49,15 @@ void Form2::pressCommonKey(CommonKey key)
 {
     switch (key) {
     case CommonKey::TogglePlay:
-        return m_keys->togglePlay();
+        return m_keys.togglePlay();
     case CommonKey::StepBack:
-        return m_keys->seekBy(-kKeyStep);
+        return m_keys.seekBy(-kKeyStep);
     case CommonKey::StepForward:
-        return m_keys->seekBy(kKeyStep);
+        return m_keys.seekBy(kKeyStep);
     case CommonKey::ToggleFullScreen:
-        return m_services.videoKeys->toggleFullScreen();
+        return m_services.videoKeys.toggleFullScreen();
     case CommonKey::LeaveFullScreen:
-        return m_services.videoKeys->leaveFullScreen();
+        return m_services.videoKeys.leaveFullScreen();
     case CommonKey::OpenFile:
         return Form2_Image14_Click();
     case CommonKey::OpenClips:

@@ -3,7 +3,6 @@
 #include "core/ini.h"
 #include "core/numbers.h"
 #include "window/clip_line.h"
-#include "window/file_list.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
 #include "window/skin_button.h"
@@ -24,13 +23,11 @@ using namespace Qt::StringLiterals;
 Form2::Form2(Form2Services services, QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::FramelessWindowHint | Qt::WindowMinimizeButtonHint |
                           Qt::WindowCloseButtonHint | Qt::WindowSystemMenuHint),
-      m_services(std::move(services))
+      m_services(std::move(services)),
+      m_keys(m_services.module, m_services.engine, *this, m_services.videoKeys)
 {
     // An alpha channel costs nothing where nobody composes: opaque pixels show as they are.
     setAttribute(Qt::WA_TranslucentBackground);
-    if (m_services.videoKeys != nullptr) {
-        m_keys.emplace(m_services.module, m_services.engine, *this, *m_services.videoKeys);
-    }
     setWindowIcon(skin::applicationIcon());
     buildControls();
     // After the controls have their names, by which the sheet finds them and their parts. On the

@@ -10,7 +10,6 @@
 //   Image5    Play                          Image3   Pause        Image4   Stop
 //   Image15   Play's other picture          Image17  Pause's other picture
 //   Image20   holds a picture while two are exchanged
-//   File1     the hidden list of a folder's files
 //   Timer1    the playback tick             Timer2   marks a line afterwards
 //   Timer3    brings the window to the front
 //   create    cp packet editor, cg group editor
@@ -28,7 +27,6 @@
 #include <QWidget>
 
 #include <functional>
-#include <optional>
 #include <vector>
 
 class QAction;
@@ -41,7 +39,6 @@ class QWindow;
 namespace orvanta {
 
 class ClipLine;
-class FileList;
 class PictureHolder;
 enum class CommonKey;
 class PlaylistList;
@@ -55,16 +52,16 @@ struct Form2Services
     PlaybackEngine& engine;
     Pickers& pickers;
     HandlerBoundary boundary;
-    std::function<void()> unloadSplash;          // Form1 goes at the first activation
-    std::function<void()> unloadOtherForms;      // tray form, then video window, then the program
-    std::function<QWindow*()> videoWindow = {};  // the window that stays right behind this one
-    std::function<void()> showBookmarkSign = {}; // Form4
-    std::function<void()> showOptions = {};      // Form8, modally
-    VideoWindowKeys* videoKeys = nullptr;        // full screen; null without a video window
+    std::function<void()> unloadSplash;     // Form1 goes at the first activation
+    std::function<void()> unloadOtherForms; // tray form, then video window, then the program
+    std::function<QWindow*()> videoWindow;  // stays right behind this one; null: not there yet
+    std::function<void()> showBookmarkSign; // Form4
+    std::function<void()> showOptions;      // Form8, modally
+    VideoWindowKeys& videoKeys;             // full screen
     // The editors, modally. Each returns the temporary file to open; empty for none.
-    std::function<QString()> showPacketEditor = {}; // Form5
-    std::function<QString()> showGroupEditor = {};  // Form6
-    std::function<void()> showAbout = {};           // Form9
+    std::function<QString()> showPacketEditor; // Form5
+    std::function<QString()> showGroupEditor;  // Form6
+    std::function<void()> showAbout;           // Form9
 };
 
 /// Constructing it is its load procedure: texts, add-ins, volume and balance; a step of it that
@@ -101,7 +98,6 @@ public:
     SkinSlider* Slider1 = nullptr; // position, percent of the clip or of the brake's span
     SkinSlider* Slider2 = nullptr; // volume, 0 to 100
     SkinSlider* Slider3 = nullptr; // balance, 0 to 100, centre 50
-    FileList* File1 = nullptr;     // files of a folder that match the registered types
 
     QMenu* create = nullptr;   // New
     QAction* cp = nullptr;     // packet editor
@@ -227,12 +223,12 @@ private:
     void noteWindowState();
 
     Form2Services m_services;
-    std::optional<MainWindowKeys> m_keys; // none without a video window
-    QWidget* m_surface = nullptr;         // everything inside the edge that resizes
-    TransportLooks m_looks;               // as the buttons show them
-    QString m_lastFind;                   // text of the last search
-    int m_lastFound = 0;                  // row of the last match
-    int m_lineToMark = -1;                // for Timer2
+    MainWindowKeys m_keys;
+    QWidget* m_surface = nullptr; // everything inside the edge that resizes
+    TransportLooks m_looks;       // as the buttons show them
+    QString m_lastFind;           // text of the last search
+    int m_lastFound = 0;          // row of the last match
+    int m_lineToMark = -1;        // for Timer2
     bool m_sliderHeld = false;
     bool m_minimiseRequested = false; // Wayland never tells that a window is minimised
     bool m_roundedCorners = false;

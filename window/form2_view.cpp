@@ -143,9 +143,7 @@ void Form2::bringMainWindowToFront()
 
 void Form2::showBookmarkSign()
 {
-    if (m_services.showBookmarkSign) {
-        m_services.showBookmarkSign();
-    }
+    m_services.showBookmarkSign();
 }
 
 bool Form2::isModalWindowOpen() const

@@ -2,8 +2,19 @@
 
 #include "core/error_boundary.h"
 #include "platform/media/mpv_handle.h"
+#include "platform/media/mpv_player.h"
 
 namespace orvanta {
+
+std::unique_ptr<MediaControl> makeMediaControl(const MpvOptionList& extraOptions)
+{
+    return std::make_unique<MpvPlayer>(extraOptions);
+}
+
+void checkMediaLibrary()
+{
+    const MpvHandle handle;
+}
 
 static QString textOf(const MpvHandle& mpv, const char* property)
 {

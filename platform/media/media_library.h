@@ -1,10 +1,25 @@
-// Which player library is at work; for people, not for decisions.
+// The player library: what can be had of it, and which one is at work.
 #pragma once
+
+#include "platform/media/media_control.h"
+#include "platform/media/mpv_options.h"
 
 #include <QString>
 
+#include <memory>
+
 namespace orvanta {
 
+/// A player of the absolute paths of regular files, and of nothing else. extraOptions: further
+/// options of the library (name, value), for measurements and tests. Raises 53 when the library
+/// cannot be used (wrong version, mpv_create fails).
+[[nodiscard]] std::unique_ptr<MediaControl>
+makeMediaControl(const MpvOptionList& extraOptions = {});
+
+/// Raises 53 when the library's version does not fit or it cannot be started.
+void checkMediaLibrary();
+
+/// For people, not for decisions.
 struct MediaLibraryVersions
 {
     QString player; // "mpv 0.35.1"

@@ -48,12 +48,12 @@ void logMessage(const mpv_event& event)
 
 } // namespace
 
-quint64 MpvMediaControl::Private::idOf(Request request, quint64 serial)
+quint64 MpvPlayer::idOf(Request request, quint64 serial)
 {
     return serial << kRequestBits | request;
 }
 
-void MpvMediaControl::Private::observeProperties()
+void MpvPlayer::observeProperties()
 {
     m_mpv->observe("time-pos", MPV_FORMAT_DOUBLE, TimePosition);
     m_mpv->observe("duration", MPV_FORMAT_DOUBLE, ClipLength);
@@ -62,9 +62,9 @@ void MpvMediaControl::Private::observeProperties()
 }
 
 // A receiver of a signal may spin the event loop and so serve events from within, or end it all.
-void MpvMediaControl::Private::serveEvents()
+void MpvPlayer::serveEvents()
 {
-    const QPointer<MpvMediaControl> alive(&m_control);
+    const QPointer<MpvPlayer> alive(this);
     while (alive) {
         const mpv_event* event = m_mpv->nextEvent();
         if (event == nullptr) {
@@ -74,7 +74,7 @@ void MpvMediaControl::Private::serveEvents()
     }
 }
 
-void MpvMediaControl::Private::serve(const mpv_event& event)
+void MpvPlayer::serve(const mpv_event& event)
 {
     switch (event.event_id) {
     case MPV_EVENT_LOG_MESSAGE:
@@ -106,7 +106,7 @@ void MpvMediaControl::Private::serve(const mpv_event& event)
     }
 }
 
-void MpvMediaControl::Private::serveCommand(const mpv_event& event)
+void MpvPlayer::serveCommand(const mpv_event& event)
 {
     const quint64 serial = event.reply_userdata >> kRequestBits;
     const quint64 request = event.reply_userdata & kRequestMask;
@@ -124,7 +124,7 @@ void MpvMediaControl::Private::serveCommand(const mpv_event& event)
     }
 }
 
-void MpvMediaControl::Private::serveAnswer(const mpv_event& event)
+void MpvPlayer::serveAnswer(const mpv_event& event)
 {
     const quint64 serial = event.reply_userdata >> kRequestBits;
     const auto request = static_cast<Request>(event.reply_userdata & kRequestMask);
@@ -135,7 +135,7 @@ void MpvMediaControl::Private::serveAnswer(const mpv_event& event)
     }
 }
 
-void MpvMediaControl::Private::serveFact(Request fact, const mpv_event& event)
+void MpvPlayer::serveFact(Request fact, const mpv_event& event)
 {
     const mpv_event_property& property = propertyOf(event);
     switch (fact) {
@@ -163,7 +163,7 @@ void MpvMediaControl::Private::serveFact(Request fact, const mpv_event& event)
     }
 }
 
-void MpvMediaControl::Private::serveProperty(const mpv_event& event)
+void MpvPlayer::serveProperty(const mpv_event& event)
 {
     // Before the file is open the values may still be those of the file before.
     if (m_phase != Ready || m_reloading) {
@@ -183,7 +183,7 @@ void MpvMediaControl::Private::serveProperty(const mpv_event& event)
     }
 }
 
-void MpvMediaControl::Private::playbackRestarted()
+void MpvPlayer::playbackRestarted()
 {
     const bool opening = m_phase == Opening || m_reloading;
     if (opening && !m_factsAsked && m_entry >= 0 && m_entry == m_startedEntry) {

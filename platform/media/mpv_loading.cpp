@@ -20,7 +20,16 @@ bool isRegularFile(const QString& path)
 
 } // namespace
 
-void MpvMediaControl::Private::load(const QString& path)
+void MpvPlayer::setFileName(const QString& path)
+{
+    if (path.isEmpty()) {
+        unload();
+    } else {
+        load(path);
+    }
+}
+
+void MpvPlayer::load(const QString& path)
 {
     forgetClip();
     m_phase = Opening;
@@ -35,7 +44,7 @@ void MpvMediaControl::Private::load(const QString& path)
     changeState(NotLoaded);
 }
 
-void MpvMediaControl::Private::unload()
+void MpvPlayer::unload()
 {
     forgetClip();
     setPaused(true);
@@ -45,7 +54,7 @@ void MpvMediaControl::Private::unload()
 }
 
 /// Whatever the library still says belongs to an earlier file.
-void MpvMediaControl::Private::forgetClip()
+void MpvPlayer::forgetClip()
 {
     ++m_load;
     m_entry = -1;
@@ -64,13 +73,13 @@ void MpvMediaControl::Private::forgetClip()
     m_seekWhenReady.reset();
 }
 
-void MpvMediaControl::Private::loadEntry()
+void MpvPlayer::loadEntry()
 {
     m_mpv->command({"loadfile", QFile::encodeName(m_fileName), "replace"}, idOf(LoadFile, m_load));
 }
 
 /// Goes to the start of a clip that has no index to seek by: opens it once more, unseen.
-void MpvMediaControl::Private::reload()
+void MpvPlayer::reload()
 {
     ++m_load;
     m_entry = -1;
@@ -82,9 +91,9 @@ void MpvMediaControl::Private::reload()
 }
 
 /// The caller has not yet begun to wait for the answer, so it comes from the event loop.
-void MpvMediaControl::Private::refuseLater(const QString& reason)
+void MpvPlayer::refuseLater(const QString& reason)
 {
-    QTimer::singleShot(0, &m_control, [this, reason, load = m_load] {
+    QTimer::singleShot(0, this, [this, reason, load = m_load] {
         if (load == m_load && m_phase == Opening) {
             failOpening(reason);
         }
@@ -92,7 +101,7 @@ void MpvMediaControl::Private::refuseLater(const QString& reason)
 }
 
 /// A file that cannot be opened ends, and so does one whose tracks all fail while it plays.
-void MpvMediaControl::Private::endOfEntry(const mpv_event_end_file& end)
+void MpvPlayer::endOfEntry(const mpv_event_end_file& end)
 {
     if (m_entry < 0 || end.playlist_entry_id != m_entry) {
         return;
@@ -105,7 +114,7 @@ void MpvMediaControl::Private::endOfEntry(const mpv_event_end_file& end)
     }
 }
 
-void MpvMediaControl::Private::askFacts()
+void MpvPlayer::askFacts()
 {
     m_factsAsked = true;
     m_mpv->ask("file-format", MPV_FORMAT_STRING, idOf(FileFormat, m_load));
@@ -114,7 +123,7 @@ void MpvMediaControl::Private::askFacts()
     m_mpv->ask("dheight", MPV_FORMAT_INT64, idOf(PictureHeight, m_load));
 }
 
-void MpvMediaControl::Private::finishOpening()
+void MpvPlayer::finishOpening()
 {
     if (m_reloading) {
         finishReloading();
@@ -126,27 +135,27 @@ void MpvMediaControl::Private::finishOpening()
     const quint64 load = m_load;
     changeState(Stopped);
     if (load == m_load) {
-        Q_EMIT m_control.openComplete(m_pictureSize);
+        Q_EMIT openComplete(m_pictureSize);
     }
 }
 
-void MpvMediaControl::Private::finishReloading()
+void MpvPlayer::finishReloading()
 {
     m_reloading = false;
     seekAsWished();
 }
 
-void MpvMediaControl::Private::failOpening(const QString& reason)
+void MpvPlayer::failOpening(const QString& reason)
 {
     qCInfo(logErrors, "cannot open %ls: %ls", qUtf16Printable(m_fileName), qUtf16Printable(reason));
     forgetClip();
     m_picture.setHasPicture(false);
     changeState(NotLoaded);
-    Q_EMIT m_control.openFailed(reason);
+    Q_EMIT openFailed(reason);
 }
 
 /// Goes where somebody wanted to go while the file was not yet open.
-void MpvMediaControl::Private::seekAsWished()
+void MpvPlayer::seekAsWished()
 {
     if (m_seekWhenReady) {
         goTo(clamped(*std::exchange(m_seekWhenReady, std::nullopt)), MpvSeek::Exact);

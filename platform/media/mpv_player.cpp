@@ -22,21 +22,20 @@ std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
 
 } // namespace
 
-MpvMediaControl::Private::Private(MpvMediaControl& control, const MpvOptionList& extra)
-    : m_control(control),
-      m_mpv(startPlayer(extra)),
+MpvPlayer::MpvPlayer(const MpvOptionList& extraOptions)
+    : m_mpv(startPlayer(extraOptions)),
       m_picture(m_mpv->get())
 {
     m_look.setInterval(kLookMilliseconds);
     m_seekGuard.setInterval(kSeekGuardMilliseconds);
     m_seekGuard.setSingleShot(true);
-    QObject::connect(m_mpv.get(), &MpvHandle::eventsWaiting, &m_control, [this] { serveEvents(); });
-    QObject::connect(&m_look, &QTimer::timeout, &m_control, [this] { lookForEnd(); });
-    QObject::connect(&m_seekGuard, &QTimer::timeout, &m_control, [this] { seekSettled(); });
+    connect(m_mpv.get(), &MpvHandle::eventsWaiting, this, [this] { serveEvents(); });
+    connect(&m_look, &QTimer::timeout, this, [this] { lookForEnd(); });
+    connect(&m_seekGuard, &QTimer::timeout, this, [this] { seekSettled(); });
     observeProperties();
 }
 
-void MpvMediaControl::Private::run()
+void MpvPlayer::Run()
 {
     if (m_state == NotLoaded || m_state == Running) {
         return;
@@ -46,7 +45,7 @@ void MpvMediaControl::Private::run()
     changeState(Running);
 }
 
-void MpvMediaControl::Private::pause()
+void MpvPlayer::Pause()
 {
     if (m_state == NotLoaded || m_state == Paused) {
         return;
@@ -55,19 +54,19 @@ void MpvMediaControl::Private::pause()
     changeState(Paused);
 }
 
-void MpvMediaControl::Private::stop()
+void MpvPlayer::Stop()
 {
     if (m_state == NotLoaded || (m_state == Stopped && m_atStart)) {
         return;
     }
-    const double old = position();
+    const double old = CurrentPosition();
     setPaused(true);
     rewind();
     changeState(Stopped);
     reportJump(old);
 }
 
-void MpvMediaControl::Private::seek(double seconds, MpvSeek::Kind kind)
+void MpvPlayer::seek(double seconds, MpvSeek::Kind kind)
 {
     if (m_phase == Empty || !std::isfinite(seconds)) {
         return;
@@ -75,13 +74,13 @@ void MpvMediaControl::Private::seek(double seconds, MpvSeek::Kind kind)
     const double target = clamped(seconds);
     if (m_phase == Opening || m_reloading) {
         m_seekWhenReady = target;
-        Q_EMIT m_control.position();
+        Q_EMIT position();
         return;
     }
     if (m_seek.isUnderWay(target, kind)) {
         return;
     }
-    const double old = position();
+    const double old = CurrentPosition();
     goTo(target, kind);
     if (m_state == Running) {
         // The clip may have come to its end, and paused, before it heard of the seek.
@@ -90,14 +89,14 @@ void MpvMediaControl::Private::seek(double seconds, MpvSeek::Kind kind)
     reportJump(old);
 }
 
-void MpvMediaControl::Private::setVolume(int hundredthsOfDecibel)
+void MpvPlayer::setVolume(int hundredthsOfDecibel)
 {
     m_volume = std::clamp(hundredthsOfDecibel, kSilence, 0);
     m_mpv->set("volume", mpvVolume(m_volume));
     m_mpv->set("mute", m_volume == kSilence);
 }
 
-double MpvMediaControl::Private::position() const
+double MpvPlayer::CurrentPosition() const
 {
     if (m_seekWhenReady) {
         return *m_seekWhenReady;
@@ -105,7 +104,7 @@ double MpvMediaControl::Private::position() const
     return m_seek.isUnderWay() ? m_seek.target() : m_position;
 }
 
-void MpvMediaControl::Private::changeState(State state)
+void MpvPlayer::changeState(State state)
 {
     const State old = std::exchange(m_state, state);
     if (old == state) {
@@ -116,16 +115,16 @@ void MpvMediaControl::Private::changeState(State state)
     } else {
         m_look.stop();
     }
-    Q_EMIT m_control.stateChange(old, state);
+    Q_EMIT stateChange(old, state);
 }
 
-void MpvMediaControl::Private::setPaused(bool paused)
+void MpvPlayer::setPaused(bool paused)
 {
     ++m_pauseSerial;
     m_mpv->set("pause", paused);
 }
 
-void MpvMediaControl::Private::goTo(double target, MpvSeek::Kind kind)
+void MpvPlayer::goTo(double target, MpvSeek::Kind kind)
 {
     m_atStart = false;
     m_position = target;
@@ -141,14 +140,14 @@ void MpvMediaControl::Private::goTo(double target, MpvSeek::Kind kind)
 }
 
 /// The player is where it will be. Its place was passed over while the seek was under way.
-void MpvMediaControl::Private::seekSettled()
+void MpvPlayer::seekSettled()
 {
     m_seek.cancel();
     m_seekGuard.stop();
     m_mpv->ask("time-pos", MPV_FORMAT_DOUBLE, idOf(PositionNow, m_load));
 }
 
-void MpvMediaControl::Private::rewind()
+void MpvPlayer::rewind()
 {
     goTo(0, MpvSeek::Exact);
     m_seekWhenReady.reset();
@@ -159,7 +158,7 @@ void MpvMediaControl::Private::rewind()
 // (which comes long before that of the sound) nor the property's change (which is not reported
 // when "pause" goes off and on between two reports) tells it as surely as asking. The answer comes
 // in turn with the program's own changes of "pause", so it cannot be older than the newest.
-void MpvMediaControl::Private::lookForEnd()
+void MpvPlayer::lookForEnd()
 {
     if (m_state == Running && !m_reloading && !m_lookAsked) {
         m_lookAsked = true;
@@ -167,7 +166,7 @@ void MpvMediaControl::Private::lookForEnd()
     }
 }
 
-void MpvMediaControl::Private::takeLook(bool paused, quint64 serial)
+void MpvPlayer::takeLook(bool paused, quint64 serial)
 {
     m_lookAsked = false;
     if (paused && serial == m_pauseSerial && m_state == Running) {
@@ -175,7 +174,7 @@ void MpvMediaControl::Private::takeLook(bool paused, quint64 serial)
     }
 }
 
-void MpvMediaControl::Private::reachEnd()
+void MpvPlayer::reachEnd()
 {
     if (m_duration <= 0) {
         takeDuration(m_largest);
@@ -184,21 +183,21 @@ void MpvMediaControl::Private::reachEnd()
     setPaused(true);
     rewind();
     changeState(Stopped);
-    Q_EMIT m_control.positionChange(end, 0);
-    Q_EMIT m_control.position();
+    Q_EMIT positionChange(end, 0);
+    Q_EMIT position();
 }
 
 /// A jump that the user made. It must not look like the end of the clip.
-void MpvMediaControl::Private::reportJump(double oldSeconds)
+void MpvPlayer::reportJump(double oldSeconds)
 {
-    const double now = position();
+    const double now = CurrentPosition();
     if (!looksLikeEnd(oldSeconds, now, m_duration)) {
-        Q_EMIT m_control.positionChange(oldSeconds, now);
+        Q_EMIT positionChange(oldSeconds, now);
     }
-    Q_EMIT m_control.position();
+    Q_EMIT position();
 }
 
-void MpvMediaControl::Private::moveTo(double seconds)
+void MpvPlayer::moveTo(double seconds)
 {
     if (m_phase != Ready || m_reloading || m_atStart || m_seek.isUnderWay()) {
         return;
@@ -210,20 +209,20 @@ void MpvMediaControl::Private::moveTo(double seconds)
     const double place = clamped(seconds);
     if (place != m_position) {
         m_position = place;
-        Q_EMIT m_control.position();
+        Q_EMIT position();
     }
 }
 
-void MpvMediaControl::Private::takeDuration(double seconds)
+void MpvPlayer::takeDuration(double seconds)
 {
     if (seconds > 0 && seconds != m_duration) {
         m_duration = seconds;
         m_position = clamped(m_position);
-        Q_EMIT m_control.durationChange(seconds);
+        Q_EMIT durationChange(seconds);
     }
 }
 
-double MpvMediaControl::Private::clamped(double seconds) const
+double MpvPlayer::clamped(double seconds) const
 {
     const double atLeast = std::max(seconds, 0.0);
     return m_duration > 0 ? std::min(atLeast, m_duration) : atLeast;

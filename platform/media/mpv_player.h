@@ -1,8 +1,8 @@
-// The state of the media control over libmpv, and what becomes of the library's events.
+// The media control over libmpv.
 #pragma once
 
+#include "platform/media/media_control.h"
 #include "platform/media/mpv_handle.h"
-#include "platform/media/mpv_media_control.h"
 #include "platform/media/mpv_options.h"
 #include "platform/media/mpv_picture_source.h"
 #include "platform/media/mpv_seek.h"
@@ -15,29 +15,32 @@
 
 namespace orvanta {
 
-/// The inside of MpvMediaControl. The operations are in mpv_player.cpp, the loading of files in
-/// mpv_loading.cpp, the events in mpv_events.cpp. Every signal is emitted last, since its
-/// receivers may load another file or spin the event loop.
-class MpvMediaControl::Private
+/// The operations are in mpv_player.cpp, the loading of files in mpv_loading.cpp, the events in
+/// mpv_events.cpp. Every signal is emitted last, since its receivers may load another file or spin
+/// the event loop.
+class MpvPlayer : public MediaControl
 {
-public:
-    Private(MpvMediaControl& control, const MpvOptionList& extra);
+    Q_OBJECT
 
-    void load(const QString& path);
-    void unload();
-    void run();
-    void pause();
-    void stop();
-    void seek(double seconds, MpvSeek::Kind kind);
-    void setVolume(int hundredthsOfDecibel);
-    [[nodiscard]] double position() const;
-    [[nodiscard]] double duration() const { return m_duration; }
-    [[nodiscard]] State state() const { return m_state; }
-    [[nodiscard]] int volume() const { return m_volume; }
-    [[nodiscard]] const QString& fileName() const { return m_fileName; }
-    [[nodiscard]] bool isReady() const { return m_phase == Ready; }
-    [[nodiscard]] bool isOpening() const { return m_phase == Opening; }
-    [[nodiscard]] MpvPictureSource& picture() { return m_picture; }
+public:
+    /// Raises 53 when the player library cannot be used.
+    explicit MpvPlayer(const MpvOptionList& extraOptions);
+
+    [[nodiscard]] QString FileName() const override { return m_fileName; }
+    void setFileName(const QString& path) override;
+    [[nodiscard]] double CurrentPosition() const override;
+    void setCurrentPosition(double seconds) override { seek(seconds, MpvSeek::Exact); }
+    void previewPosition(double seconds) override { seek(seconds, MpvSeek::KeyFrame); }
+    [[nodiscard]] double Duration() const override { return m_duration; }
+    [[nodiscard]] State CurrentState() const override { return m_state; }
+    void Run() override;
+    void Pause() override;
+    void Stop() override;
+    void setVolume(int hundredthsOfDecibel) override;
+    [[nodiscard]] int Volume() const override { return m_volume; }
+    [[nodiscard]] bool isReady() const override { return m_phase == Ready; }
+    [[nodiscard]] bool isOpening() const override { return m_phase == Opening; }
+    [[nodiscard]] PictureSource* picture() override { return &m_picture; }
 
 private:
     enum Phase
@@ -72,6 +75,7 @@ private:
     };
 
     // mpv_player.cpp
+    void seek(double seconds, MpvSeek::Kind kind);
     void changeState(State state);
     void setPaused(bool paused);
     void goTo(double target, MpvSeek::Kind kind);
@@ -86,6 +90,8 @@ private:
     [[nodiscard]] double clamped(double seconds) const;
 
     // mpv_loading.cpp
+    void load(const QString& path);
+    void unload();
     void forgetClip();
     void loadEntry();
     void reload();
@@ -109,7 +115,6 @@ private:
 
     static quint64 idOf(Request request, quint64 serial);
 
-    MpvMediaControl& m_control;
     std::unique_ptr<MpvHandle> m_mpv;
     MpvPictureSource m_picture; // must go before the player, or the library aborts
     QTimer m_look;              // while running: has the clip come to its end?

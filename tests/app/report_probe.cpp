@@ -14,8 +14,7 @@ int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
     const auto number = static_cast<ErrorNumber>(QByteArray(argv[1]).toInt());
-    RunTimeReport report;
-    report.setRelease([] {
+    const RunTimeReport report([] {
         std::puts("released");
         std::fflush(stdout);
     });

@@ -1,6 +1,6 @@
 #include "app/start_up_steps.h"
-#include "core/run_time_error.h"
 #include "tests/support/desktop_room.h"
+#include "tests/support/error_of.h"
 #include "tests/support/settings_folder.h"
 
 #include <QDir>
@@ -27,12 +27,7 @@ struct SetupCopy : testing::Test
 
     int errorOfRepair()
     {
-        try {
-            repairSetupCopy(folder.path());
-        } catch (const RuntimeError& error) {
-            return static_cast<int>(error.number());
-        }
-        return 0;
+        return errorOf([this] { repairSetupCopy(folder.path()); });
     }
 
     SettingsFolder folder{"[main]\n"};

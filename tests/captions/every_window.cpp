@@ -41,12 +41,20 @@ namespace {
 
 std::unique_ptr<QWidget> mainWindow(Surroundings& s)
 {
-    auto window = std::make_unique<Form2>(Form2Services{.module = s.module,
-                                                        .engine = s.engine,
-                                                        .pickers = s.pickers,
-                                                        .boundary = s.boundary,
-                                                        .unloadSplash = {},
-                                                        .unloadOtherForms = {}});
+    auto window =
+        std::make_unique<Form2>(Form2Services{.module = s.module,
+                                              .engine = s.engine,
+                                              .pickers = s.pickers,
+                                              .boundary = s.boundary,
+                                              .unloadSplash = [] {},
+                                              .unloadOtherForms = [] {},
+                                              .videoWindow = [] { return nullptr; },
+                                              .showBookmarkSign = [] {},
+                                              .showOptions = [] {},
+                                              .videoKeys = s.videoKeys,
+                                              .showPacketEditor = [] { return QString(); },
+                                              .showGroupEditor = [] { return QString(); },
+                                              .showAbout = [] {}});
     window->Timer1.stop();
     return window;
 }

@@ -8,6 +8,7 @@
 #include "playback/playback_engine.h"
 #include "system/form8_options_dialog.h"
 #include "tests/support/desktop_room.h"
+#include "tests/support/plain_screen.h"
 #include "tests/support/plain_video_window.h"
 #include "tests/support/scripted_media_control.h"
 #include "tests/support/settings_folder.h"
@@ -33,6 +34,8 @@ struct Surroundings
     ScriptedMediaControl control;
     PlainVideoWindow video{control};
     PlaybackEngine engine{module, control, video};
+    PlainScreen screen;
+    VideoWindowKeys videoKeys{control, video.mirror(), screen, [](double) {}};
     HandlerBoundary boundary;
     ProgramPickers pickers{module, boundary};
     EditorServices editors; // with a preview that plays nothing

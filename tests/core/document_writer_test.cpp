@@ -1,7 +1,7 @@
 #include "core/document_writer.h"
 #include "core/ini.h"
-#include "core/run_time_error.h"
 #include "tests/core/test_folder.h"
+#include "tests/support/error_of.h"
 #include "tests/support/log_capture.h"
 
 #include <sys/stat.h>
@@ -12,18 +12,7 @@ namespace orvanta {
 using namespace Qt::StringLiterals;
 
 class Documents : public test::FolderTest
-{
-protected:
-    template <typename Action> static int errorOf(const Action& action)
-    {
-        try {
-            action();
-        } catch (const RuntimeError& error) {
-            return static_cast<int>(error.number());
-        }
-        return 0;
-    }
-};
+{};
 
 TEST_F(Documents, KeysGoToTheirSections)
 {

@@ -1,24 +1,14 @@
 #include "core/group_file.h"
 #include "core/packet_file.h"
 #include "tests/core/test_folder.h"
+#include "tests/support/error_of.h"
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
 class GroupFiles : public test::FolderTest
-{
-protected:
-    template <typename Action> static int errorOf(const Action& action)
-    {
-        try {
-            action();
-        } catch (const RuntimeError& error) {
-            return static_cast<int>(error.number());
-        }
-        return 0;
-    }
-};
+{};
 
 TEST_F(GroupFiles, AGroupHasTheStatedLayout)
 {

@@ -1,20 +1,10 @@
 #include "core/error_boundary.h"
 #include "core/int16.h"
+#include "tests/support/error_of.h"
 
 #include <gtest/gtest.h>
 
 namespace orvanta {
-
-template <typename Action> static ErrorNumber errorOf(const Action& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    ADD_FAILURE() << "no error was raised";
-    return ErrorNumber::InvalidProcedureCall;
-}
 
 TEST(Int16, HoldsItsWholeRange)
 {
@@ -24,16 +14,16 @@ TEST(Int16, HoldsItsWholeRange)
 
 TEST(Int16, ValuesOutsideTheRangeOverflow)
 {
-    EXPECT_EQ(errorOf([] { (void)Int16(32768); }), ErrorNumber::Overflow);
-    EXPECT_EQ(errorOf([] { (void)Int16(-32769); }), ErrorNumber::Overflow);
+    EXPECT_EQ(errorOf([] { (void)Int16(32768); }), 6);
+    EXPECT_EQ(errorOf([] { (void)Int16(-32769); }), 6);
 }
 
 TEST(Int16, ArithmeticIsChecked)
 {
     Int16 largest = 32767;
-    EXPECT_EQ(errorOf([&] { largest += 1; }), ErrorNumber::Overflow);
+    EXPECT_EQ(errorOf([&] { largest += 1; }), 6);
     EXPECT_EQ(largest.value(), 32767) << "a failing step changes nothing";
-    EXPECT_EQ(errorOf([] { (void)(Int16(-32768) - Int16(1)); }), ErrorNumber::Overflow);
+    EXPECT_EQ(errorOf([] { (void)(Int16(-32768) - Int16(1)); }), 6);
     EXPECT_EQ((Int16(30000) - Int16(1) + Int16(2)).value(), 30001);
 }
 

@@ -1,5 +1,6 @@
 #include "core/numbers.h"
 #include "tests/core/test_folder.h"
+#include "tests/support/error_of.h"
 
 #include <limits>
 #include <vector>
@@ -11,17 +12,6 @@ using test::UserLocale;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
-
-/// The error's number; 0 when none is raised.
-template <typename Action> static int errorOf(const Action& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.number());
-    }
-    return 0;
-}
 
 TEST(Pictures, UseTheUsersDecimalMark)
 {

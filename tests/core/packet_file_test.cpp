@@ -1,6 +1,7 @@
 #include "core/ini.h"
 #include "core/packet_file.h"
 #include "tests/core/test_folder.h"
+#include "tests/support/error_of.h"
 
 namespace orvanta {
 
@@ -15,16 +16,6 @@ protected:
         PlaylistEntry entry;
         readPacketInto(entry, path);
         return entry;
-    }
-
-    template <typename Action> static int errorOf(const Action& action)
-    {
-        try {
-            action();
-        } catch (const RuntimeError& error) {
-            return static_cast<int>(error.number());
-        }
-        return 0;
     }
 };
 

@@ -174,8 +174,8 @@ TEST_F(BrakeMode, LoadingTheSameBrakesAgainTakesTheMarkOff)
     setBrakes({u"1{}a"_s});
     preview->playTo(5);
     ASSERT_EQ(editor->List2->markedRow(), 0);
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=1\n"
-                                          "[brake1]\ntime=1\ntext=a\n");
+    pickers.answer = {put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=1\n"
+                                       "[brake1]\ntime=1\ntext=a\n")};
     press(editor->Command7);
     EXPECT_EQ(editor->List2->markedRow(), -1);
 }
@@ -183,9 +183,9 @@ TEST_F(BrakeMode, LoadingTheSameBrakesAgainTakesTheMarkOff)
 TEST_F(BrakeMode, LoadsABrakePacket)
 {
     put(u"clip.avi"_s);
-    pickers.openAnswer =
-        put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=2\n[brake1]\ntime=000001.00\ntext=A\n"
-                         "[brake2]\ntime=000002,50\ntext=B\n");
+    pickers.answer = {put(u"in.vxl"_s,
+                          "[main]\nfile=clip.avi\nbrakes=2\n[brake1]\ntime=000001.00\ntext=A\n"
+                          "[brake2]\ntime=000002,50\ntext=B\n")};
     open();
     setBrakes({u"9{}old"_s}, 0);
     press(editor->Command7);
@@ -200,8 +200,8 @@ TEST_F(BrakeMode, LoadsABrakePacket)
 TEST_F(BrakeMode, AFileThatHasOnlyTheKeyboardsFocusIsNotTheClip)
 {
     put(u"other.avi"_s);
-    pickers.openAnswer =
-        put(u"in.vxl"_s, "[main]\nfile=/c/clip.avi\nbrakes=1\n[brake1]\ntime=1\ntext=A\n");
+    pickers.answer = {
+        put(u"in.vxl"_s, "[main]\nfile=/c/clip.avi\nbrakes=1\n[brake1]\ntime=1\ntext=A\n")};
     open();
     press(editor->Command7);
     ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
@@ -218,8 +218,8 @@ TEST_F(BrakeMode, AFileThatHasOnlyTheKeyboardsFocusIsNotTheClip)
 TEST_F(BrakeMode, CreateFindsTheClipThatTheLoadedPacketNamesBesideItself)
 {
     put(u"clip.avi"_s);
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=1\n"
-                                          "[brake1]\ntime=000001.00\ntext=A\n");
+    pickers.answer = {put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=1\n"
+                                       "[brake1]\ntime=000001.00\ntext=A\n")};
     open();
     press(editor->Command7);
     press(editor->Command12);
@@ -231,7 +231,7 @@ TEST_F(BrakeMode, CreateFindsTheClipThatTheLoadedPacketNamesBesideItself)
 TEST_F(BrakeMode, APacketThatIsSavedInAnotherFolderStillFindsItsClip)
 {
     put(u"clip.avi"_s);
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=0\n");
+    pickers.answer = {put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=0\n")};
     open();
     press(editor->Command7);
     pickers.saveAnswer = module.ApplicationFolder + u"/out.vxl"_s;
@@ -243,7 +243,7 @@ TEST_F(BrakeMode, APacketThatIsSavedInAnotherFolderStillFindsItsClip)
 
 TEST_F(BrakeMode, LoadingPassesOverWhatFails)
 {
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=/gone.avi\nbrakes=abc\n");
+    pickers.answer = {put(u"in.vxl"_s, "[main]\nfile=/gone.avi\nbrakes=abc\n")};
     open();
     setBrakes({u"9{}old"_s});
     press(editor->Command7);

@@ -180,8 +180,8 @@ TEST_F(BrakeMode, AFileDeletedSinceItWasListedOpensNothing)
 TEST_F(BrakeMode, APacketWhoseClipIsGoneDoesNotKeepTheLengthOfTheClipBefore)
 {
     openClip();
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=/gone.avi\nbrakes=1\n"
-                                          "[brake1]\ntime=000075.40\ntext=A\n");
+    pickers.answer = {put(u"in.vxl"_s, "[main]\nfile=/gone.avi\nbrakes=1\n"
+                                       "[brake1]\ntime=000075.40\ntext=A\n")};
     press(editor->Command7);
     EXPECT_EQ(editor->Label2->text(), u"0"_s);
     clickRow(editor->List2, 0);

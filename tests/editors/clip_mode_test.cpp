@@ -203,8 +203,8 @@ TEST_F(ClipMode, TheToolTipShowsMarkupAndEntitiesAsTheyAreTyped)
 TEST_F(ClipMode, CreateFindsClipsThatTheLoadedPacketNamesBesideItself)
 {
     put(u"near.avi"_s);
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=near.avi\ntext=A\n"
-                                          "[file2]\npath=gone.avi\ntext=B\n");
+    pickers.answer = {put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=near.avi\ntext=A\n"
+                                       "[file2]\npath=gone.avi\ntext=B\n")};
     open();
     press(editor->Command3);
     pickers.saveAnswer = room(u"out.vxl"_s);
@@ -220,7 +220,7 @@ TEST_F(ClipMode, CreateFindsClipsThatTheLoadedPacketNamesBesideItself)
 TEST_F(ClipMode, APacketThatIsSavedInAnotherFolderStillFindsItsClips)
 {
     put(u"near.avi"_s);
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfiles=1\n[file1]\npath=near.avi\ntext=A\n");
+    pickers.answer = {put(u"in.vxl"_s, "[main]\nfiles=1\n[file1]\npath=near.avi\ntext=A\n")};
     open();
     press(editor->Command3);
     pickers.saveAnswer = module.ApplicationFolder + u"/out.vxl"_s;
@@ -333,8 +333,8 @@ TEST_F(ClipMode, ACancelledPickerWritesAndLoadsNothing)
 
 TEST_F(ClipMode, LoadsAPacketInPlaceOfTheList)
 {
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=/a.avi\ntext=A\n"
-                                          "[file2]\npath=/b.avi\ntext=B\n");
+    pickers.answer = {put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=/a.avi\ntext=A\n"
+                                       "[file2]\npath=/b.avi\ntext=B\n")};
     openWith({u"old{}old"_s}, 0);
     press(editor->Command3);
     EXPECT_EQ(entries(), QStringList({u"/a.avi{}A"_s, u"/b.avi{}B"_s}));
@@ -343,9 +343,9 @@ TEST_F(ClipMode, LoadsAPacketInPlaceOfTheList)
 
 TEST_F(ClipMode, LoadsABrakePacketAsItsOneClip)
 {
-    pickers.openAnswer =
-        put(u"in.vxl"_s, "[main]\nfiles=1\nfile=/a.avi\nbrakes=1\n"
-                         "[file1]\npath=/a.avi\ntext=/a.avi\n[brake1]\ntime=1\ntext=T\n");
+    pickers.answer = {put(u"in.vxl"_s,
+                          "[main]\nfiles=1\nfile=/a.avi\nbrakes=1\n"
+                          "[file1]\npath=/a.avi\ntext=/a.avi\n[brake1]\ntime=1\ntext=T\n")};
     open();
     press(editor->Command3);
     EXPECT_EQ(entries(), QStringList({u"/a.avi{}/a.avi"_s}));
@@ -354,7 +354,7 @@ TEST_F(ClipMode, LoadsABrakePacketAsItsOneClip)
 TEST_F(ClipMode, LoadingEndsSilentlyAtABadCount)
 {
     for (const QByteArray count : {"abc", "-1", "99999", ""}) {
-        pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfiles=" + count + "\n");
+        pickers.answer = {put(u"in.vxl"_s, "[main]\nfiles=" + count + "\n")};
         openWith({u"old{}old"_s});
         press(editor->Command3);
         EXPECT_EQ(entries(), QStringList()) << count.constData();
@@ -365,8 +365,8 @@ TEST_F(ClipMode, LoadingEndsSilentlyAtABadCount)
 
 TEST_F(ClipMode, CountsLargerThanTheSectionsGiveEmptyEntries)
 {
-    pickers.openAnswer =
-        put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=/a.avi\ntext=A\n[file3]\npath=/c.avi\n");
+    pickers.answer = {
+        put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=/a.avi\ntext=A\n[file3]\npath=/c.avi\n")};
     open();
     press(editor->Command3);
     EXPECT_EQ(entries(), QStringList({u"/a.avi{}A"_s, u"{}"_s}));
@@ -374,7 +374,7 @@ TEST_F(ClipMode, CountsLargerThanTheSectionsGiveEmptyEntries)
 
 TEST_F(ClipMode, LoadingAFileThatIsGoneShowsNoMessage)
 {
-    pickers.openAnswer = room(u"gone.vxl"_s);
+    pickers.answer = {room(u"gone.vxl"_s)};
     open();
     press(editor->Command3);
     EXPECT_EQ(entries(), QStringList());

@@ -5,6 +5,7 @@
 #include "editors/editor_services.h"
 #include "editors/entry_list_view.h"
 #include "tests/support/scripted_media_control.h"
+#include "tests/support/scripted_pickers.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -23,36 +24,6 @@
 namespace orvanta::test {
 
 using namespace Qt::StringLiterals;
-
-/// Answers with what the test has put in, once; nothing put in is Cancel.
-class ToldPickers : public Pickers
-{
-public:
-    explicit ToldPickers(Module1& module)
-        : m_module(module)
-    {}
-
-    QString openAnswer;
-    QString saveAnswer;
-    QStringList calls; // "open *.vxl", "save *.vxl"
-
-    void ShowOpenPicker(const QString& pattern, bool severalFiles) override
-    {
-        calls.append((severalFiles ? u"open several "_s : u"open "_s) + pattern);
-        m_module.picker.PickedFiles = {QString()};
-        if (!openAnswer.isEmpty()) {
-            m_module.picker.PickedFiles.append(openAnswer);
-        }
-    }
-    void ShowSavePicker(const QString& pattern) override
-    {
-        calls.append(u"save "_s + pattern);
-        m_module.picker.SaveFileName = saveAnswer;
-    }
-
-private:
-    Module1& m_module;
-};
 
 /// The rooms' folder is "<temp>/room", with the application folder "<temp>/home".
 class EditorRoom : public ::testing::Test
@@ -123,7 +94,7 @@ protected:
     }
 
     Module1 module;
-    ToldPickers pickers{module};
+    ScriptedPickers pickers{module};
     QStringList untrapped; // errors that would have ended the program
     bool playerRuns = false;
     double previewSeconds = 120;            // length of every clip that is opened in a preview

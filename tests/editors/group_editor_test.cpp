@@ -117,7 +117,7 @@ TEST_F(GroupEditor, AChosenPictureGoesIntoTheSelectedMemberAndIsShown)
     openWith({u"a{}1{}{No picture}"_s});
     clickRow(editor->List1, 0);
     EXPECT_TRUE(editor->Image1->pixmap().isNull());
-    pickers.openAnswer = room(u"p.bmp"_s);
+    pickers.answer = {room(u"p.bmp"_s)};
     press(editor->Command7);
     EXPECT_EQ(pickers.calls, QStringList({u"open *.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico"_s}));
     EXPECT_EQ(entries(), QStringList({u"a{}1{}"_s + room(u"p.bmp"_s)}));
@@ -131,7 +131,7 @@ TEST_F(GroupEditor, APictureThatIsChosenAgainGoesIntoAMemberThatOnlyShowedIt)
     clickRow(editor->List1, 0);
     clickRow(editor->List1, 1);
     ASSERT_EQ(editor->Text3->text(), u"/p.bmp"_s);
-    pickers.openAnswer = u"/p.bmp"_s;
+    pickers.answer = {u"/p.bmp"_s};
     press(editor->Command7);
     EXPECT_EQ(entries().at(1), u"b{}1{}/p.bmp"_s);
 }
@@ -214,9 +214,9 @@ TEST_F(GroupEditor, KeysRemoveAndMoveMembers)
 
 TEST_F(GroupEditor, LoadsMembersWithoutTheirPictures)
 {
-    pickers.openAnswer =
-        put(u"in.vxg"_s, "[main]\nfiles=2\n[file1]\npath=/a.vxl\ntext=A\npicture=/p.jpg\n"
-                         "[file2]\npath=/b.vxl\ntext=B\n");
+    pickers.answer = {put(u"in.vxg"_s,
+                          "[main]\nfiles=2\n[file1]\npath=/a.vxl\ntext=A\npicture=/p.jpg\n"
+                          "[file2]\npath=/b.vxl\ntext=B\n")};
     openWith({u"old"_s});
     press(editor->Command3);
     EXPECT_EQ(entries(), QStringList({u"/a.vxl{}A"_s, u"/b.vxl{}B"_s}));
@@ -226,7 +226,7 @@ TEST_F(GroupEditor, LoadsMembersWithoutTheirPictures)
 TEST_F(GroupEditor, CreateFindsPacketsThatTheLoadedGroupNamesBesideItself)
 {
     put(u"near.vxl"_s);
-    pickers.openAnswer = put(u"in.vxg"_s, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n");
+    pickers.answer = {put(u"in.vxg"_s, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n")};
     open();
     press(editor->Command3);
     press(editor->Command1);
@@ -238,7 +238,7 @@ TEST_F(GroupEditor, CreateFindsPacketsThatTheLoadedGroupNamesBesideItself)
 TEST_F(GroupEditor, AGroupThatIsSavedInAnotherFolderStillFindsItsPackets)
 {
     put(u"near.vxl"_s);
-    pickers.openAnswer = put(u"in.vxg"_s, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n");
+    pickers.answer = {put(u"in.vxg"_s, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n")};
     open();
     press(editor->Command3);
     pickers.saveAnswer = module.ApplicationFolder + u"/out.vxg"_s;
@@ -250,9 +250,9 @@ TEST_F(GroupEditor, AGroupThatIsSavedInAnotherFolderStillFindsItsPackets)
 
 TEST_F(GroupEditor, LoadedAndSavedAgainItLosesPicturesAndShiftsTexts)
 {
-    pickers.openAnswer =
-        put(u"in.vxg"_s, "[main]\nfiles=2\n[file1]\npath=/a.vxl\ntext=A\npicture=/p.jpg\n"
-                         "[file2]\npath=/b.vxl\ntext=B\npicture=/q.jpg\n");
+    pickers.answer = {put(u"in.vxg"_s,
+                          "[main]\nfiles=2\n[file1]\npath=/a.vxl\ntext=A\npicture=/p.jpg\n"
+                          "[file2]\npath=/b.vxl\ntext=B\npicture=/q.jpg\n")};
     open();
     press(editor->Command3);
     pickers.saveAnswer = room(u"out.vxg"_s);
@@ -308,7 +308,7 @@ TEST_F(GroupEditor, ACancelledPickerWritesAndLoadsNothing)
 
 TEST_F(GroupEditor, LoadingEndsSilentlyAtABadCount)
 {
-    pickers.openAnswer = put(u"in.vxg"_s, "[main]\nfiles=some\n");
+    pickers.answer = {put(u"in.vxg"_s, "[main]\nfiles=some\n")};
     openWith({u"old"_s});
     press(editor->Command3);
     EXPECT_EQ(entries(), QStringList());

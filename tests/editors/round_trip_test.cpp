@@ -126,7 +126,7 @@ TEST_F(RoundTrip, AThousandHostilePacketsKeepEveryPathAndText)
         for (Clip& clip : clips) {
             clip = {.path = u"/clips/"_s + texts.next(), .text = texts.next()};
         }
-        pickers.openAnswer = put(u"in.vxl"_s, packetOf(clips));
+        pickers.answer = {put(u"in.vxl"_s, packetOf(clips))};
         editor.Command3->click();
         editor.Command4->click();
         ASSERT_EQ(bytesOf(room(u"out.vxl"_s)), packetOf(expectedAfterSaving(clips)))
@@ -137,9 +137,9 @@ TEST_F(RoundTrip, AThousandHostilePacketsKeepEveryPathAndText)
 
 TEST_F(RoundTrip, ABrakePacketKeepsEveryTimeAndText)
 {
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfile=/a{}b.avi\nbrakes=2\n"
-                                          "[brake1]\ntime=000012,50\ntext={}=;[ x\n"
-                                          "[brake2]\ntime=3\ntext=\n");
+    pickers.answer = {put(u"in.vxl"_s, "[main]\nfile=/a{}b.avi\nbrakes=2\n"
+                                       "[brake1]\ntime=000012,50\ntext={}=;[ x\n"
+                                       "[brake2]\ntime=3\ntext=\n")};
     EditorServices given = services();
     Form5 editor(given);
     editor.show();

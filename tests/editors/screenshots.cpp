@@ -11,7 +11,8 @@
 #include "editors/form7_open_picker.h"
 #include "editors/preview_pane.h"
 #include "editors/program_pickers.h"
-#include "platform/media/mpv_media_control.h"
+#include "platform/media/media_library.h"
+#include "tests/support/scripted_pickers.h"
 #include "window/skin.h"
 
 #include <QApplication>
@@ -31,24 +32,6 @@ namespace orvanta {
 namespace {
 
 constexpr int kPatienceMilliseconds = 20000;
-
-/// Answers with one file.
-class OneAnswer : public Pickers
-{
-public:
-    explicit OneAnswer(Module1& module)
-        : m_module(module)
-    {}
-    QString answer;
-    void ShowOpenPicker(const QString& /*pattern*/, bool /*severalFiles*/) override
-    {
-        m_module.picker.PickedFiles = {QString(), answer};
-    }
-    void ShowSavePicker(const QString& /*pattern*/) override {}
-
-private:
-    Module1& m_module;
-};
 
 class Photographer
 {
@@ -74,14 +57,14 @@ public:
         startIn(m_samples + u"/breathing"_s);
         Form5 form(m_services);
         showWindow(form);
-        m_pickers.answer = m_samples + u"/breathing.vxl"_s;
+        m_pickers.answer = {m_samples + u"/breathing.vxl"_s};
         form.Command3->click();
         clickRow(*form.List1, 1);
         take(form, u"packet_editor_clips"_s);
         form.Option2->click();
         form.FolderTreeview2->setFolder(m_samples + u"/rhythm"_s);
         form.File2->selectFirst();
-        m_pickers.answer = m_samples + u"/rhythm.vxl"_s;
+        m_pickers.answer = {m_samples + u"/rhythm.vxl"_s};
         form.Command7->click();
         waitFor([&] { return m_control != nullptr && m_control->isReady(); });
         clickRow(*form.List2, 1);
@@ -101,7 +84,7 @@ public:
         }
         // Which of them is first depends on the language: the one whose picture it is.
         clickRow(*form.List1, m_suffix == u"_ru" ? 1 : 0);
-        m_pickers.answer = m_samples + u"/breathing/breathing.jpg"_s;
+        m_pickers.answer = {m_samples + u"/breathing/breathing.jpg"_s};
         form.Command7->click();
         take(form, u"group_editor"_s);
     }
@@ -178,14 +161,14 @@ private:
     }
 
     Module1 m_module;
-    OneAnswer m_pickers{m_module};
+    ScriptedPickers m_pickers{m_module};
     MediaControl* m_control = nullptr;
     EditorServices m_services{.module = m_module,
                               .pickers = m_pickers,
                               .boundary = {},
                               .makePreview =
                                   [this] {
-                                      auto made = std::make_unique<MpvMediaControl>();
+                                      auto made = makeMediaControl();
                                       m_control = made.get();
                                       return made;
                                   },

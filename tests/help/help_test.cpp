@@ -121,7 +121,8 @@ QStringList settingsNamedIn(const QString& document)
 QString productSources()
 {
     QString all;
-    for (const char* folder : {"core", "platform", "playback", "player", "editors", "system"}) {
+    for (const char* folder :
+         {"core", "platform", "model", "playback", "window", "editors", "system", "app"}) {
         QDirIterator files(QStringLiteral(ORVANTA_SOURCE_DIR "/") + QString::fromLatin1(folder),
                            {u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {

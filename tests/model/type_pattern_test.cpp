@@ -1,5 +1,5 @@
-#include "core/run_time_error.h"
 #include "model/type_pattern.h"
+#include "tests/support/error_of.h"
 #include "tests/support/settings_folder.h"
 
 #include <gtest/gtest.h>
@@ -36,11 +36,7 @@ TEST(TypePattern, ACountThatIsAbsentOrNoNumberIsATypeMismatch)
 {
     for (const QByteArray count : {"", "num=\n", "num=three\n"}) {
         const SettingsFolder folder("[types]\nfile0=avi\n" + count);
-        try {
-            EXPECT_EQ(typePattern(folder.ini()), u"an error");
-        } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.number(), ErrorNumber::TypeMismatch);
-        }
+        EXPECT_EQ(errorOf([&] { (void)typePattern(folder.ini()); }), 13);
     }
 }
 

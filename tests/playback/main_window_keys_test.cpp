@@ -1,16 +1,10 @@
 // What the main window's keys do.
 #include "playback/keyboard.h"
 #include "tests/playback/engine_fixture.h"
+#include "tests/support/plain_screen.h"
 
 namespace orvanta::test {
 namespace {
-
-struct PlainScreen : FullScreenControl
-{
-    bool on = false;
-    [[nodiscard]] bool isFullScreen() const override { return on; }
-    void setFullScreen(bool wanted) override { on = wanted; }
-};
 
 class MainKeys : public EngineTest
 {
@@ -34,7 +28,8 @@ protected:
     QString savedPosition() { return ReadIni(u"pos"_s, u"one"_s, module.IniPath); }
 
     PlainScreen screen;
-    VideoWindowKeys videoKeys{control, video.mirror(), screen};
+    VideoWindowKeys videoKeys{control, video.mirror(), screen,
+                              [this](double seconds) { control.setCurrentPosition(seconds); }};
     MainWindowKeys keys{module, *engine, view, videoKeys};
 };
 

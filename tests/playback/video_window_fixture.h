@@ -19,11 +19,7 @@ using namespace Qt::StringLiterals;
 class VideoWindowTest : public testing::Test
 {
 protected:
-    VideoWindowTest()
-        : form(control, HandlerBoundary())
-    {
-        form.showWindow(true);
-    }
+    VideoWindowTest() { form.showWindow(true); }
 
     /// As the engine opens a clip.
     void open(const QString& file, QSize picture)
@@ -46,7 +42,21 @@ protected:
     [[nodiscard]] static QRect screen() { return qApp->primaryScreen()->availableGeometry(); }
 
     ScriptedMediaControl control;
-    Form13 form;
+    QWidget* neighbour = nullptr;
+    QList<bool> toldAwake;
+    QList<CommonKey> askedKeys;
+    Form13 form{Form13Services{
+        .control = control,
+        .boundary = HandlerBoundary(),
+        .keepAwake = [this](bool awake) { toldAwake += awake; },
+        .pressPlayerKey =
+            [this](CommonKey key) {
+                askedKeys += key;
+                return true;
+            },
+        .seek = [this](double seconds) { control.setCurrentPosition(seconds); },
+        .mainWindow = [this] { return neighbour; },
+    }};
     QTemporaryDir folder;
 };
 

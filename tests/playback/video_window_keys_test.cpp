@@ -88,18 +88,13 @@ TEST_F(VideoWindowKeysTest, SpaceAndTheArrowsActAsInEveryPlayer)
 
 TEST_F(VideoWindowKeysTest, TheQuitKeyAndTheMediaKeysAskThePlayer)
 {
-    QList<CommonKey> asked;
-    form.setPlayerKey([&](CommonKey key) {
-        asked += key;
-        return true;
-    });
     QTest::keyClick(&form, Qt::Key_Q, Qt::ControlModifier);
     QTest::keyClick(&form, Qt::Key_Q);
     QTest::keyClick(&form, Qt::Key_MediaStop);
     QTest::keyClick(&form, Qt::Key_MediaNext);
     QTest::keyClick(&form, Qt::Key_MediaPrevious);
-    EXPECT_EQ(asked, (QList{CommonKey::Quit, CommonKey::Stop, CommonKey::NextClip,
-                            CommonKey::PreviousClip}));
+    EXPECT_EQ(askedKeys, (QList{CommonKey::Quit, CommonKey::Stop, CommonKey::NextClip,
+                                CommonKey::PreviousClip}));
 }
 
 TEST_F(VideoWindowKeysTest, TheMediaKeyPlaysAndPauses)
@@ -119,9 +114,8 @@ TEST_F(VideoWindowKeysTest, ALetterHeldWithControlIsNoCommand)
 
 TEST_F(VideoWindowKeysTest, TheDesktopIsKeptAwakeOnlyWhileAClipRuns)
 {
-    QList<bool> told;
     control.Stop();
-    form.setKeepAwake([&](bool awake) { told += awake; });
+    toldAwake.clear();
     EXPECT_FALSE(form.Timer1.isActive());
     control.Run();
     EXPECT_TRUE(form.Timer1.isActive());
@@ -130,7 +124,7 @@ TEST_F(VideoWindowKeysTest, TheDesktopIsKeptAwakeOnlyWhileAClipRuns)
     control.Run();
     control.setFileName(QString());
     EXPECT_FALSE(form.Timer1.isActive());
-    EXPECT_EQ(told, (QList<bool>{true, false, true, false}));
+    EXPECT_EQ(toldAwake, (QList<bool>{true, false, true, false}));
 }
 
 /// Keeps the places to which the mouse cursor moves over any window.

@@ -1,5 +1,6 @@
 // The video window: mirror fields, layout after opening, in and out of sight.
 #include "tests/playback/video_window_fixture.h"
+#include "tests/support/windows_page.h"
 
 using namespace orvanta;
 using namespace orvanta::test;
@@ -118,7 +119,7 @@ TEST_F(VideoWindowTest, ItOpensBesideTheMainWindow)
     QWidget mainWindow;
     mainWindow.setGeometry(screen().x() + 20, screen().y() + 40, 300, 200);
     mainWindow.show();
-    form.setNeighbour(&mainWindow);
+    neighbour = &mainWindow;
     open(u"/a.avi"_s, {200, 150});
     EXPECT_FALSE(mainWindow.frameGeometry().intersects(form.frameGeometry()));
     EXPECT_TRUE(screen().contains(form.frameGeometry()));
@@ -311,4 +312,9 @@ TEST_F(VideoWindowTest, ControlsBearTheirNames)
     EXPECT_EQ(form.Image1->objectName(), u"Image1"_s);
     EXPECT_EQ(form.Timer1.objectName(), u"Timer1"_s);
     EXPECT_EQ(form.Timer1.interval(), 30000);
+}
+
+TEST_F(VideoWindowTest, AgreesWithTheWindowsPage)
+{
+    expectOnWindowsPage(form, {&form.Timer1});
 }

@@ -1,6 +1,7 @@
 #include "tests/session/random_user.h"
 
 #include "platform/process/hand_over_queue.h"
+#include "system/mpris_session.h"
 #include "window/clip_line.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
@@ -29,7 +30,7 @@ using namespace Qt::StringLiterals;
 struct RandomUser::Deed
 {
     int weight;
-    std::function<void(RandomUser&, ProgramParts&)> act;
+    std::function<void(RandomUser&, ProgramRun&)> act;
 };
 
 const std::vector<RandomUser::Deed>& RandomUser::deeds()
@@ -74,20 +75,19 @@ RandomUser::RandomUser(Dice& dice, LaidOutFiles files, QDBusConnection bus)
       m_bus(std::move(bus))
 {}
 
-void RandomUser::act(ProgramParts& parts,
-                     const std::function<QString(ProgramParts&, Dice&)>& passTime)
+void RandomUser::act(ProgramRun& run, const std::function<QString(ProgramRun&, Dice&)>& passTime)
 {
     ++m_number;
     // An open menu keeps the input to itself, and so does a dialog.
     if (QApplication::activePopupWidget() != nullptr && m_dice.chance(50)) {
-        return usePopup(parts);
+        return usePopup(run);
     }
     const bool isDialogOpen = QApplication::activeModalWidget() != nullptr;
-    doOneOf(isDialogOpen ? deedsBesideDialog() : deeds(), parts, passTime);
+    doOneOf(isDialogOpen ? deedsBesideDialog() : deeds(), run, passTime);
 }
 
-void RandomUser::doOneOf(const std::vector<Deed>& deeds, ProgramParts& parts,
-                         const std::function<QString(ProgramParts&, Dice&)>& passTime)
+void RandomUser::doOneOf(const std::vector<Deed>& deeds, ProgramRun& run,
+                         const std::function<QString(ProgramRun&, Dice&)>& passTime)
 {
     constexpr int kTimeWeight = 40;
     int sum = kTimeWeight;
@@ -96,12 +96,12 @@ void RandomUser::doOneOf(const std::vector<Deed>& deeds, ProgramParts& parts,
     }
     int place = m_dice.below(sum) - kTimeWeight;
     if (place < 0) {
-        return note(passTime(parts, m_dice));
+        return note(passTime(run, m_dice));
     }
     for (const Deed& deed : deeds) {
         place -= deed.weight;
         if (place < 0) {
-            return deed.act(*this, parts);
+            return deed.act(*this, run);
         }
     }
 }
@@ -192,16 +192,16 @@ void RandomUser::pressKey(QWidget& window, const QString& name)
     sendStroke(window.windowHandle(), stroke);
 }
 
-void RandomUser::pressKeyInMainWindow(ProgramParts& parts)
+void RandomUser::pressKeyInMainWindow(ProgramRun& run)
 {
-    parts.pickers.answer = someFiles(3);
-    pressKey(*parts.mainWindow, u"main window"_s);
+    run.pickers.answer = someFiles(3);
+    pressKey(run.program.mainWindow(), u"main window"_s);
 }
 
-void RandomUser::pressKeyInVideoWindow(ProgramParts& parts)
+void RandomUser::pressKeyInVideoWindow(ProgramRun& run)
 {
-    if (parts.videoWindow->isVisible()) {
-        pressKey(*parts.videoWindow, u"video window"_s);
+    if (run.program.videoWindow().isVisible()) {
+        pressKey(run.program.videoWindow(), u"video window"_s);
     }
 }
 
@@ -215,7 +215,7 @@ void RandomUser::pressKeyInPopup()
     sendStroke(QApplication::activePopupWidget()->windowHandle(), stroke);
 }
 
-void RandomUser::typeIntoFindBox(ProgramParts& parts)
+void RandomUser::typeIntoFindBox(ProgramRun& run)
 {
     static const QStringList kTexts = {u"clip"_s, u"brake"_s, u"zzz"_s, u"e"_s, QString()};
     const QString text = m_dice.oneOf(kTexts);
@@ -223,30 +223,30 @@ void RandomUser::typeIntoFindBox(ProgramParts& parts)
     if (QApplication::activePopupWidget() != nullptr) {
         return; // which would take the letters
     }
-    QLineEdit* box = parts.mainWindow->Text1;
+    QLineEdit* box = run.program.mainWindow().Text1;
     box->selectAll();
     QTest::keyClick(box, Qt::Key_Delete);
     QTest::keyClicks(box, text);
     QTest::keyClick(box, Qt::Key_Return);
 }
 
-void RandomUser::clickButton(ProgramParts& parts)
+void RandomUser::clickButton(ProgramRun& run)
 {
-    const Form2& window = *parts.mainWindow;
+    const Form2& window = run.program.mainWindow();
     const std::array buttons = {window.Image8,  window.Image14, window.Image9, window.Image10,
                                 window.Image11, window.Image12, window.Image5, window.Image3,
                                 window.Image4,  window.Image2,  window.Image5, window.Image3,
                                 window.Image4};
     constexpr int kClosePercent = 3;
     SkinButton* button = m_dice.chance(kClosePercent) ? window.Image13 : m_dice.oneOf(buttons);
-    parts.pickers.answer = someFiles(4);
+    run.pickers.answer = someFiles(4);
     note(u"click "_s + button->objectName());
     QTest::mouseClick(button, Qt::LeftButton);
 }
 
-void RandomUser::clickList(ProgramParts& parts)
+void RandomUser::clickList(ProgramRun& run)
 {
-    QWidget* list = parts.mainWindow->List1->viewport();
+    QWidget* list = run.program.mainWindow().List1->viewport();
     const QPoint place(m_dice.below(std::max(1, list->width())),
                        m_dice.below(std::max(1, list->height())));
     const bool twice = m_dice.chance(40);
@@ -260,9 +260,9 @@ void RandomUser::clickList(ProgramParts& parts)
     }
 }
 
-void RandomUser::chooseLine(ProgramParts& parts)
+void RandomUser::chooseLine(ProgramRun& run)
 {
-    PlaylistList* list = parts.mainWindow->List1;
+    PlaylistList* list = run.program.mainWindow().List1;
     const int count = static_cast<int>(list->lines().size());
     if (count == 0) {
         return note(u"no line to choose"_s);
@@ -276,9 +276,9 @@ void RandomUser::chooseLine(ProgramParts& parts)
     QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, text);
 }
 
-void RandomUser::moveSlider(ProgramParts& parts)
+void RandomUser::moveSlider(ProgramRun& run)
 {
-    const Form2& window = *parts.mainWindow;
+    const Form2& window = run.program.mainWindow();
     SkinSlider* slider =
         m_dice.oneOf(std::array{window.Slider1, window.Slider1, window.Slider2, window.Slider3});
     const auto place = [&] {
@@ -294,9 +294,9 @@ void RandomUser::moveSlider(ProgramParts& parts)
     QTest::mouseRelease(slider, Qt::LeftButton, {}, place());
 }
 
-void RandomUser::turnWheel(ProgramParts& parts)
+void RandomUser::turnWheel(ProgramRun& run)
 {
-    const Form2& window = *parts.mainWindow;
+    const Form2& window = run.program.mainWindow();
     QWidget* widget = m_dice.oneOf(std::array<QWidget*, 4>{
         window.Slider1, window.Slider2, window.Slider3, window.List1->viewport()});
     note(u"wheel over "_s + widget->objectName());
@@ -328,7 +328,7 @@ QStringList RandomUser::someFiles(int most)
     return files;
 }
 
-void RandomUser::drop(ProgramParts& parts)
+void RandomUser::drop(ProgramRun& run)
 {
     QStringList files = someFiles(3) + QStringList(anyFile());
     if (m_dice.chance(2)) {
@@ -342,7 +342,7 @@ void RandomUser::drop(ProgramParts& parts)
         addresses.append(QUrl::fromLocalFile(file));
     }
     data.setUrls(addresses);
-    QWidget* list = parts.mainWindow->List1->viewport();
+    QWidget* list = run.program.mainWindow().List1->viewport();
     const QPoint place = list->rect().center();
     QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(list, &enter);
@@ -350,10 +350,14 @@ void RandomUser::drop(ProgramParts& parts)
     QApplication::sendEvent(list, &dropped);
 }
 
-void RandomUser::useTray(ProgramParts& parts)
+void RandomUser::useTray(ProgramRun& run)
 {
     constexpr int kExitPercent = 3;
-    Form12& tray = *parts.tray;
+    run.program.loadTrayWindow(); // a tray comes at any time
+    if (run.program.trayWindow() == nullptr) {
+        return note(u"no tray icon"_s);
+    }
+    Form12& tray = *run.program.trayWindow();
     if (m_dice.chance(20)) {
         note(u"left click on the tray icon"_s);
         Q_EMIT tray.IconTray1.activated(QSystemTrayIcon::Trigger);
@@ -365,7 +369,7 @@ void RandomUser::useTray(ProgramParts& parts)
     entry->trigger();
 }
 
-void RandomUser::callMediaControls(ProgramParts& parts)
+void RandomUser::callMediaControls(ProgramRun& run)
 {
     const QString player = u"org.mpris.MediaPlayer2.Player"_s;
     const auto call = [&](const QString& interface, const QString& method,
@@ -386,7 +390,7 @@ void RandomUser::callMediaControls(ProgramParts& parts)
         return QVariant::fromValue(qlonglong{seconds} * 1000000);
     };
     const auto current = [&] {
-        const PlaylistState& playlist = parts.module.playlist;
+        const PlaylistState& playlist = run.module.playlist;
         const int clip = playlist.CurrentClip.value() + (m_dice.chance(50) ? 0 : 1);
         return QVariant::fromValue(QDBusObjectPath(trackPath(playlist.CurrentPacket, Int16(clip))));
     };
@@ -422,7 +426,7 @@ void RandomUser::awaitMediaControls()
     EXPECT_TRUE(QTest::qWaitFor([&] { return answer.isFinished(); }));
 }
 
-void RandomUser::handOver(ProgramParts& parts)
+void RandomUser::handOver(ProgramRun& run)
 {
     QStringList lines = someFiles(2) + QStringList(anyFile());
     for (QString& line : lines) {
@@ -431,22 +435,22 @@ void RandomUser::handOver(ProgramParts& parts)
         }
     }
     note(u"hand over "_s + lines.join(u' '));
-    HandOverQueue(parts.module.IniPath).append(lines);
+    HandOverQueue(run.module.IniPath).append(lines);
 }
 
-void RandomUser::changeOption(ProgramParts& parts)
+void RandomUser::changeOption(ProgramRun& run)
 {
     static const QStringList kOptions = {u"as"_s,  u"agnc"_s, u"agnp"_s, u"ar"_s,
                                          u"acp"_s, u"nc"_s,   u"si"_s,   u"r"_s};
     const QString& option = m_dice.oneOf(kOptions);
     const QString value = m_dice.chance(70) ? u"1"_s : u"0"_s;
     note(u"option %1=%2"_s.arg(option, value));
-    WriteIni(u"options"_s, option, value, parts.module.IniPath);
+    WriteIni(u"options"_s, option, value, run.module.IniPath);
 }
 
-void RandomUser::useVideoWindow(ProgramParts& parts)
+void RandomUser::useVideoWindow(ProgramRun& run)
 {
-    Form13& window = *parts.videoWindow;
+    Form13& window = run.program.videoWindow();
     if (!window.isVisible()) {
         return note(u"no video window"_s);
     }
@@ -462,9 +466,9 @@ void RandomUser::useVideoWindow(ProgramParts& parts)
     }
 }
 
-void RandomUser::useMainWindow(ProgramParts& parts)
+void RandomUser::useMainWindow(ProgramRun& run)
 {
-    Form2& window = *parts.mainWindow;
+    Form2& window = run.program.mainWindow();
     if (m_dice.chance(30)) {
         note(u"restore the main window"_s);
         window.showNormal();
@@ -477,10 +481,10 @@ void RandomUser::useMainWindow(ProgramParts& parts)
     }
 }
 
-void RandomUser::tick(ProgramParts& parts)
+void RandomUser::tick(ProgramRun& run)
 {
     note(u"tick"_s);
-    parts.engine->tick();
+    run.program.engine().tick();
 }
 
 } // namespace orvanta::session

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tests/session/dice.h"
-#include "tests/session/program_parts.h"
+#include "tests/session/program_run.h"
 
 #include <QDBusConnection>
 #include <QStringList>
@@ -29,7 +29,7 @@ public:
     RandomUser(Dice& dice, LaidOutFiles files, QDBusConnection bus);
 
     /// Does one thing. passTime: lets the clip go on a little, as the control can.
-    void act(ProgramParts& parts, const std::function<QString(ProgramParts&, Dice&)>& passTime);
+    void act(ProgramRun& run, const std::function<QString(ProgramRun&, Dice&)>& passTime);
 
     /// Waits until everything that was sent over the bus has been served.
     void awaitMediaControls();
@@ -48,34 +48,34 @@ private:
     static const std::vector<Deed>& deeds();
     /// What can be done while a dialog keeps the windows to itself.
     static const std::vector<Deed>& deedsBesideDialog();
-    void doOneOf(const std::vector<Deed>& deeds, ProgramParts& parts,
-                 const std::function<QString(ProgramParts&, Dice&)>& passTime);
+    void doOneOf(const std::vector<Deed>& deeds, ProgramRun& run,
+                 const std::function<QString(ProgramRun&, Dice&)>& passTime);
 
     void pressKey(QWidget& window, const QString& name);
-    void pressKeyInMainWindow(ProgramParts& parts);
-    void pressKeyInVideoWindow(ProgramParts& parts);
-    void usePopup(ProgramParts& parts);
+    void pressKeyInMainWindow(ProgramRun& run);
+    void pressKeyInVideoWindow(ProgramRun& run);
+    void usePopup(ProgramRun& run);
     void pressKeyInPopup();
-    [[nodiscard]] bool chooseInMenu(ProgramParts& parts);
-    void useDialog(ProgramParts& parts);
+    [[nodiscard]] bool chooseInMenu(ProgramRun& run);
+    void useDialog(ProgramRun& run);
     void clickInDialog(QWidget& dialog);
     void clickLineInDialog(QWidget& dialog);
     void pressKeyInDialog(QWidget& dialog);
-    void useAbout(ProgramParts& parts);
-    void typeIntoFindBox(ProgramParts& parts);
-    void clickButton(ProgramParts& parts);
-    void clickList(ProgramParts& parts);
-    void chooseLine(ProgramParts& parts);
-    void moveSlider(ProgramParts& parts);
-    void turnWheel(ProgramParts& parts);
-    void drop(ProgramParts& parts);
-    void useTray(ProgramParts& parts);
-    void callMediaControls(ProgramParts& parts);
-    void handOver(ProgramParts& parts);
-    void changeOption(ProgramParts& parts);
-    void useVideoWindow(ProgramParts& parts);
-    void useMainWindow(ProgramParts& parts);
-    void tick(ProgramParts& parts);
+    void useAbout(ProgramRun& run);
+    void typeIntoFindBox(ProgramRun& run);
+    void clickButton(ProgramRun& run);
+    void clickList(ProgramRun& run);
+    void chooseLine(ProgramRun& run);
+    void moveSlider(ProgramRun& run);
+    void turnWheel(ProgramRun& run);
+    void drop(ProgramRun& run);
+    void useTray(ProgramRun& run);
+    void callMediaControls(ProgramRun& run);
+    void handOver(ProgramRun& run);
+    void changeOption(ProgramRun& run);
+    void useVideoWindow(ProgramRun& run);
+    void useMainWindow(ProgramRun& run);
+    void tick(ProgramRun& run);
 
     void note(const QString& what);
     [[nodiscard]] QStringList someFiles(int most);

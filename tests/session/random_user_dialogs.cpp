@@ -16,17 +16,17 @@ namespace orvanta::session {
 
 using namespace Qt::StringLiterals;
 
-void RandomUser::usePopup(ProgramParts& parts)
+void RandomUser::usePopup(ProgramRun& run)
 {
-    if (!m_dice.chance(70) || !chooseInMenu(parts)) {
+    if (!m_dice.chance(70) || !chooseInMenu(run)) {
         pressKeyInPopup();
     }
 }
 
 // The other entries start programs of the desktop.
-bool RandomUser::chooseInMenu(ProgramParts& parts)
+bool RandomUser::chooseInMenu(ProgramRun& run)
 {
-    const Form2& window = *parts.mainWindow;
+    const Form2& window = run.program.mainWindow();
     const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     std::vector<QAction*> entries = {window.cp, window.cg, window.op, window.ab};
     std::erase_if(entries, [&](QAction* entry) {
@@ -37,19 +37,19 @@ bool RandomUser::chooseInMenu(ProgramParts& parts)
     }
     QAction* entry = m_dice.oneOf(entries);
     ++m_chosenEntries;
-    parts.pickers.answer = someFiles(4);
-    parts.pickers.saveAnswer = m_dice.oneOf(m_files.toSave);
+    run.pickers.answer = someFiles(4);
+    run.pickers.saveAnswer = m_dice.oneOf(m_files.toSave);
     note(u"menu entry "_s + entry->objectName());
     QTest::mouseClick(QApplication::activePopupWidget(), Qt::LeftButton, {},
                       menu->actionGeometry(entry).center());
     return true;
 }
 
-void RandomUser::useDialog(ProgramParts& parts)
+void RandomUser::useDialog(ProgramRun& run)
 {
     QWidget* dialog = QApplication::activeModalWidget();
-    parts.pickers.answer = someFiles(4);
-    parts.pickers.saveAnswer = m_dice.oneOf(m_files.toSave);
+    run.pickers.answer = someFiles(4);
+    run.pickers.saveAnswer = m_dice.oneOf(m_files.toSave);
     ++m_dialogDeeds;
     const int what = m_dice.below(100);
     if (what < 4) {
@@ -107,11 +107,11 @@ void RandomUser::pressKeyInDialog(QWidget& dialog)
     QTest::keyClick(dialog.windowHandle(), key);
 }
 
-void RandomUser::useAbout(ProgramParts& parts)
+void RandomUser::useAbout(ProgramRun& run)
 {
-    if (parts.about && parts.about->isVisible()) {
+    if (Form9* about = run.program.about(); about != nullptr && about->isVisible()) {
         note(u"close the About window"_s);
-        parts.about->close();
+        about->close();
     }
 }
 

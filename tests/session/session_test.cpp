@@ -4,7 +4,8 @@
 // actions.
 
 #include "model/tree_lines.h"
-#include "platform/media/mpv_media_control.h"
+#include "platform/file_types/registry.h"
+#include "platform/media/media_library.h"
 #include "tests/e2e/support/media.h"
 #include "tests/e2e/support/packets.h"
 #include "tests/session/random_user.h"
@@ -54,7 +55,7 @@ protected:
     /// With which control, on which clips, and how time passes in it.
     virtual std::unique_ptr<MediaControl> makeControl() = 0;
     virtual QStringList clips() = 0;
-    virtual QString passTime(ProgramParts& parts, Dice& dice) = 0;
+    virtual QString passTime(ProgramRun& run, Dice& dice) = 0;
     /// From now on loads come to their end by themselves.
     virtual void stopDawdling(MediaControl& control) = 0;
     /// Lets a load that is under way come to its end.
@@ -150,71 +151,72 @@ private:
     {
         ++m_runs;
         m_user->startsAnew();
-        ProgramParts parts({m_home, m_registry, [this] { return makeControl(); }},
-                           m_bus.connection(u"session %1"_s.arg(m_runs)));
-        while (m_left > 0 && !parts.hasEnded() && !HasFailure()) {
+        ProgramRun run(
+            m_home, m_registry, [this] { return makeControl(); },
+            m_bus.connection(u"session %1"_s.arg(m_runs)));
+        while (m_left > 0 && !run.hasEnded() && !HasFailure()) {
             m_resting = std::max(0, m_left - kActionsBetweenChecks);
             QEventLoop loop;
-            takeTurnSoon(parts, loop);
+            takeTurnSoon(run, loop);
             loop.exec();
-            if (!parts.hasEnded()) {
-                settle(parts);
+            if (!run.hasEnded()) {
+                settle(run);
             }
-            if (parts.hasEnded()) {
-                checkEnd(parts);
+            if (run.hasEnded()) {
+                checkEnd(run);
             } else {
-                check(parts);
+                check(run);
             }
         }
     }
 
     /// Each turn has a timer of its own: a repeating one rests while its handler runs.
-    void takeTurnSoon(ProgramParts& parts, QEventLoop& loop)
+    void takeTurnSoon(ProgramRun& run, QEventLoop& loop)
     {
-        QTimer::singleShot(0, &loop, [&] { turn(parts, loop); });
+        QTimer::singleShot(0, &loop, [&] { turn(run, loop); });
     }
 
-    void turn(ProgramParts& parts, QEventLoop& loop)
+    void turn(ProgramRun& run, QEventLoop& loop)
     {
         m_watchdog->beat();
         constexpr int kMostNested = 5;
-        const bool over = parts.hasEnded() || m_left == m_resting || HasFailure();
+        const bool over = run.hasEnded() || m_left == m_resting || HasFailure();
         if (over || m_depth >= kMostNested) {
-            finishLoading(*parts.control); // somebody further down may be waiting for it
+            finishLoading(run.program.control()); // somebody further down may be waiting for it
             if (QWidget* dialog = QApplication::activeModalWidget()) {
                 dialog->close(); // or for an answer
             }
             if (over && m_depth == 0) {
                 loop.quit();
             } else {
-                takeTurnSoon(parts, loop);
+                takeTurnSoon(run, loop);
             }
             return;
         }
-        takeTurnSoon(parts, loop);
+        takeTurnSoon(run, loop);
         --m_left;
         ++m_depth;
-        m_user->act(parts, [this](ProgramParts& p, Dice& dice) { return passTime(p, dice); });
+        m_user->act(run, [this](ProgramRun& p, Dice& dice) { return passTime(p, dice); });
         --m_depth;
-        if (m_depth == 0 && !parts.hasEnded()) {
-            checkCursor(parts);
+        if (m_depth == 0 && !run.hasEnded()) {
+            checkCursor(run);
         }
     }
 
-    void checkEnd(const ProgramParts& parts)
+    void checkEnd(const ProgramRun& run)
     {
-        if (parts.error()) {
+        if (run.error) {
             ++m_errors;
             EXPECT_TRUE(m_user->hasDroppedBadPacket())
-                << "ended by error " << static_cast<int>(*parts.error()) << '\n'
+                << "ended by error " << static_cast<int>(*run.error) << '\n'
                 << story().toStdString();
         }
         EXPECT_EQ(m_depth, 0) << "a wait was left open";
     }
 
-    void checkCursor(const ProgramParts& parts)
+    void checkCursor(const ProgramRun& run)
     {
-        const PlaylistState& playlist = parts.module.playlist;
+        const PlaylistState& playlist = run.module.playlist;
         const int p = playlist.CurrentPacket.value();
         const int q = playlist.CurrentClip.value();
         const auto packets = static_cast<int>(playlist.Playlist.size());
@@ -229,48 +231,48 @@ private:
     }
 
     /// Everything that was begun comes to its end; the clip stands still.
-    void settle(ProgramParts& parts)
+    void settle(ProgramRun& run)
     {
         while (QWidget* popup = QApplication::activePopupWidget()) {
             popup->close();
         }
-        stopDawdling(*parts.control);
+        stopDawdling(run.program.control());
         QTimer clock;
         QObject::connect(&clock, &QTimer::timeout, &clock, [&] {
             m_watchdog->beat();
-            finishLoading(*parts.control);
+            finishLoading(run.program.control());
         });
         clock.start(1);
         m_user->awaitMediaControls();
         constexpr int kQuietTicks = 5;
         constexpr int kMostTicks = 5000;
         int quiet = 0;
-        for (int i = 0; i < kMostTicks && quiet < kQuietTicks && !parts.hasEnded(); ++i) {
-            parts.engine->tick();
+        for (int i = 0; i < kMostTicks && quiet < kQuietTicks && !run.hasEnded(); ++i) {
+            run.program.engine().tick();
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-            quiet = parts.control->isOpening() ? 0 : quiet + 1;
+            quiet = run.program.control().isOpening() ? 0 : quiet + 1;
         }
-        parts.control->Pause();
-        parts.engine->tick();
-        parts.engine->tick();
+        run.program.control().Pause();
+        run.program.engine().tick();
+        run.program.engine().tick();
     }
 
-    void check(const ProgramParts& parts)
+    void check(const ProgramRun& run)
     {
         EXPECT_EQ(m_depth, 0) << "a wait was left open";
-        checkCursor(parts);
-        checkButtons(parts);
-        checkList(parts);
+        checkCursor(run);
+        checkButtons(run);
+        checkList(run);
         EXPECT_EQ(m_home.value("ftl", "num"), u"0"_s) << story().toStdString();
         EXPECT_EQ(m_home.value("ftl", "wr"), u"0"_s) << story().toStdString();
-        EXPECT_FALSE(parts.control->isOpening()) << story().toStdString();
+        EXPECT_FALSE(run.program.control().isOpening()) << story().toStdString();
     }
 
-    void checkButtons(const ProgramParts& parts)
+    void checkButtons(const ProgramRun& run)
     {
-        const MediaControl::State state = parts.control->CurrentState();
-        const bool play = parts.mainWindow->Image5->isEnabled();
-        const bool pause = parts.mainWindow->Image3->isEnabled();
+        const MediaControl::State state = run.program.control().CurrentState();
+        const bool play = run.program.mainWindow().Image5->isEnabled();
+        const bool pause = run.program.mainWindow().Image3->isEnabled();
         if (state == MediaControl::NotLoaded) {
             EXPECT_FALSE(play && pause) << story().toStdString();
             return;
@@ -279,11 +281,11 @@ private:
         EXPECT_EQ(play, state != MediaControl::Running) << story().toStdString();
     }
 
-    void checkList(const ProgramParts& parts)
+    void checkList(const ProgramRun& run)
     {
-        const std::vector<TreeLine>& shown = parts.mainWindow->List1->lines();
-        const std::vector<TreeLine> wanted = treeLines(parts.module.playlist);
-        const bool emptied = shown.empty() && parts.module.playlist.PlaylistCount == Int16(0);
+        const std::vector<TreeLine>& shown = run.program.mainWindow().List1->lines();
+        const std::vector<TreeLine> wanted = treeLines(run.module.playlist);
+        const bool emptied = shown.empty() && run.module.playlist.PlaylistCount == Int16(0);
         const bool same = std::equal(shown.begin(), shown.end(), wanted.begin(), wanted.end(),
                                      [](const TreeLine& a, const TreeLine& b) {
                                          return a.text == b.text && a.packet == b.packet;
@@ -335,9 +337,9 @@ protected:
         return files;
     }
 
-    QString passTime(ProgramParts& parts, Dice& dice) override
+    QString passTime(ProgramRun& run, Dice& dice) override
     {
-        auto& control = static_cast<ScriptedMediaControl&>(*parts.control);
+        auto& control = static_cast<ScriptedMediaControl&>(run.program.control());
         if (control.CurrentState() == MediaControl::Running && dice.chance(90)) {
             return goOn(control, dice);
         }
@@ -395,7 +397,7 @@ protected:
     std::unique_ptr<MediaControl> makeControl() override
     {
         std::setlocale(LC_NUMERIC, "C");
-        return std::make_unique<MpvMediaControl>(MpvOptionList{{"ao", "null"}});
+        return makeMediaControl(MpvOptionList{{"ao", "null"}});
     }
 
     QStringList clips() override
@@ -408,7 +410,7 @@ protected:
         return files;
     }
 
-    QString passTime(ProgramParts& /*parts*/, Dice& dice) override
+    QString passTime(ProgramRun& /*run*/, Dice& dice) override
     {
         const int milliseconds = dice.below(60);
         QTest::qWait(milliseconds);

@@ -1,7 +1,7 @@
 // The real media control with everything it reports written down, for the media tests.
 #pragma once
 
-#include "platform/media/mpv_media_control.h"
+#include "platform/media/media_library.h"
 
 #include <QSize>
 #include <QString>
@@ -34,7 +34,7 @@ struct RecordedPlayer
     };
 
     explicit RecordedPlayer(const MpvOptionList& options = {{"ao", "null"}})
-        : control(options)
+        : player(makeMediaControl(options))
     {
         QObject::connect(&control, &MediaControl::openComplete, &control, [this](QSize size) {
             opened.append(control.FileName());
@@ -83,7 +83,8 @@ struct RecordedPlayer
         return comesTrue([&] { return ends > before; });
     }
 
-    MpvMediaControl control;
+    std::unique_ptr<MediaControl> player;
+    MediaControl& control = *player;
     QStringList opened;
     QSize picture;
     int failures = 0;

@@ -8,6 +8,7 @@
 #include "system/option_box.h"
 #include "system/type_list.h"
 #include "tests/support/desktop_room.h"
+#include "tests/support/scripted_pickers.h"
 #include "tests/support/settings_folder.h"
 
 #include <QImage>
@@ -22,33 +23,6 @@
 namespace orvanta::test {
 
 using namespace Qt::StringLiterals;
-
-/// Answers with one file; with nothing it is cancelled.
-class OneAnswer : public Pickers
-{
-public:
-    explicit OneAnswer(Module1& module)
-        : m_module(module)
-    {}
-
-    QString answer;
-    QString pattern; // of the last call
-    bool severalFiles = false;
-
-    void ShowOpenPicker(const QString& asked, bool several) override
-    {
-        pattern = asked;
-        severalFiles = several;
-        m_module.picker.PickedFiles = {QString()};
-        if (!answer.isEmpty()) {
-            m_module.picker.PickedFiles.append(answer);
-        }
-    }
-    void ShowSavePicker(const QString&) override {}
-
-private:
-    Module1& m_module;
-};
 
 class OptionsRoom : public testing::Test
 {
@@ -140,7 +114,7 @@ protected:
     DesktopRoom desktop;
     SettingsFolder home{"[main]\n"};
     Module1 module;
-    OneAnswer pickers{module};
+    ScriptedPickers pickers{module};
     Registry registry{home.path(), u"/opt/o/orvanta"_s};
     QStringList untrapped; // errors that would have ended the program
     OptionsServices services{.module = module,

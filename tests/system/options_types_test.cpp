@@ -267,11 +267,10 @@ TEST_F(OptionsTypes, AChosenIconIsCopiedRegisteredAndShown)
 {
     makeIcon(u"avi.ico"_s, Qt::red);
     makeIcon(u"elsewhere/mine.ico"_s, Qt::green);
-    pickers.answer = home.file(u"elsewhere/mine.ico"_s);
+    pickers.answer = {home.file(u"elsewhere/mine.ico"_s)};
     open().List1->setCurrentRow(kAvi);
     click(dialog->Command3);
-    EXPECT_EQ(pickers.pattern, u"*.ico");
-    EXPECT_FALSE(pickers.severalFiles);
+    EXPECT_EQ(pickers.calls, QStringList{u"open *.ico"_s});
     EXPECT_EQ(home.bytes(u"avi.ico"_s), home.bytes(u"elsewhere/mine.ico"_s));
     EXPECT_EQ(iconColour(), QColor(Qt::green));
     EXPECT_EQ(registry.RegReadString(RegistryHive::ClassesRoot, u"vxavifile\\DefaultIcon"_s, {}),
@@ -325,7 +324,7 @@ TEST_F(OptionsTypes, AnIconThatCannotBeReplacedIsPassedOver)
 TEST_F(OptionsTypes, CancelKeepsAChosenIcon)
 {
     makeIcon(u"mine.ico"_s, Qt::green);
-    pickers.answer = home.file(u"mine.ico"_s);
+    pickers.answer = {home.file(u"mine.ico"_s)};
     open().List1->setCurrentRow(kAvi);
     click(dialog->Command3);
     click(dialog->Image1);

@@ -148,9 +148,9 @@ TEST_F(KeysTest, CommandsOpenFindAndQuit)
 {
     playOne();
     press(Qt::Key_O, Qt::ControlModifier);
-    EXPECT_EQ(pickers.pattern, u"*.vxl;*.vxg"_s);
+    EXPECT_EQ(pickers.calls.last(), u"open *.vxl;*.vxg"_s);
     press(Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(pickers.pattern, module.TypePattern);
+    EXPECT_EQ(pickers.calls.last(), u"open several "_s + module.TypePattern);
     window->Text1->setText(u"two"_s);
     press(Qt::Key_F, Qt::ControlModifier);
     EXPECT_TRUE(window->Text1->hasFocus());

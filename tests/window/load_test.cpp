@@ -90,17 +90,6 @@ TEST_F(MainWindowLoad, ANumberOfAddInsThatIsNoNumberLeavesTheRestOfTheWindowWhol
     EXPECT_FALSE(reported.has_value());
 }
 
-TEST_F(MainWindowLoad, TheFileListListsFilesOfTheRegisteredTypes)
-{
-    load();
-    window->File1->setPattern(module.TypePattern);
-    home.write(u"b.MP3"_s, "media");
-    home.write(u"a.avi"_s, "media");
-    home.write(u"c.txt"_s, "text");
-    window->File1->setFolder(home.path());
-    EXPECT_EQ(window->File1->files(), (QStringList{home.file(u"a.avi"_s), home.file(u"b.MP3"_s)}));
-}
-
 /// A dialog whose controls bear names that the main window's bear, too.
 class PlainDialog : public QDialog
 {

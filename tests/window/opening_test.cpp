@@ -43,15 +43,13 @@ private:
 TEST_F(Opening, OpenClipAsksForSeveralFilesOfTheRegisteredTypes)
 {
     click(window->Image8);
-    EXPECT_EQ(pickers.pattern, u"*.avi;*.mp3");
-    EXPECT_TRUE(pickers.severalFiles);
+    EXPECT_EQ(pickers.calls, QStringList{u"open several *.avi;*.mp3"_s});
 }
 
 TEST_F(Opening, OpenFileAsksForOnePacketOrGroup)
 {
     click(window->Image14);
-    EXPECT_EQ(pickers.pattern, u"*.vxl;*.vxg");
-    EXPECT_FALSE(pickers.severalFiles);
+    EXPECT_EQ(pickers.calls, QStringList{u"open *.vxl;*.vxg"_s});
 }
 
 TEST_F(Opening, CancellingLeavesThePlaylist)

@@ -3,11 +3,12 @@
 
 #include "core/ini.h"
 #include "tests/support/log_capture.h"
+#include "tests/support/plain_screen.h"
 #include "tests/support/plain_video_window.h"
 #include "tests/support/scripted_media_control.h"
+#include "tests/support/scripted_pickers.h"
 #include "tests/support/settings_folder.h"
 #include "window/clip_line.h"
-#include "window/file_list.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
@@ -29,40 +30,6 @@
 namespace orvanta::test {
 
 using namespace Qt::StringLiterals;
-
-/// Answers at once with the files that the test has laid out.
-class ScriptedPickers : public Pickers
-{
-public:
-    explicit ScriptedPickers(Module1& module)
-        : m_module(module)
-    {}
-
-    QStringList answer;                 // the files that the user chooses; none: cancelled
-    QString pattern = u"(not asked)"_s; // of the last call
-    bool severalFiles = false;
-    std::function<void()> whileOpen = [] {};
-
-    void ShowOpenPicker(const QString& askedPattern, bool several) override
-    {
-        pattern = askedPattern;
-        severalFiles = several;
-        whileOpen();
-        m_module.picker.PickedFiles = QStringList{QString()} + answer;
-    }
-    void ShowSavePicker(const QString& /*pattern*/) override {}
-
-private:
-    Module1& m_module;
-};
-
-/// Only remembers whether it is full.
-struct PlainScreen : FullScreenControl
-{
-    bool on = false;
-    [[nodiscard]] bool isFullScreen() const override { return on; }
-    void setFullScreen(bool wanted) override { on = wanted; }
-};
 
 class Form2Test : public testing::Test
 {
@@ -97,7 +64,10 @@ protected:
             .boundary = HandlerBoundary([this](const RuntimeError& e) { reported = e.number(); }),
             .unloadSplash = [this] { ++splashUnloads; },
             .unloadOtherForms = [this] { othersUnloaded = true; },
-            .videoKeys = &videoKeys,
+            .videoWindow = [] { return nullptr; },
+            .showBookmarkSign = [] {},
+            .showOptions = [] {},
+            .videoKeys = videoKeys,
             .showPacketEditor = [this] { return packetEditor(); },
             .showGroupEditor = [this] { return groupEditor(); },
             .showAbout = [this] { ++aboutRequests; },
@@ -202,7 +172,8 @@ protected:
     ScriptedMediaControl control;
     PlainVideoWindow video{control};
     PlainScreen screen;
-    VideoWindowKeys videoKeys{control, video.mirror(), screen};
+    VideoWindowKeys videoKeys{control, video.mirror(), screen,
+                              [this](double seconds) { control.setCurrentPosition(seconds); }};
     ScriptedPickers pickers{module};
     std::unique_ptr<PlaybackEngine> engine;
     std::unique_ptr<Form2> window;

@@ -1,6 +1,5 @@
 // docs/windows.md against the classes: every form, every control, no more and no less.
 
-#include "playback/form13_video_window.h"
 #include "playback/form4_bookmark_sign.h"
 #include "system/form3_picture_window.h"
 #include "system/form9_about.h"
@@ -16,7 +15,6 @@ class WindowsPage : public Form2Test
 
 TEST_F(WindowsPage, AgreesWithTheMainWindowAndThoseAroundIt)
 {
-    const Form13 videoWindow(control, HandlerBoundary());
     const Form1 splash(1);
     const Form11 dialog(home.ini());
     const Form4 sign;
@@ -28,7 +26,6 @@ TEST_F(WindowsPage, AgreesWithTheMainWindowAndThoseAroundIt)
     expectOnWindowsPage(dialog);
     expectOnWindowsPage(about);
     expectOnWindowsPage(picture);
-    expectOnWindowsPage(videoWindow, {&videoWindow.Timer1});
 }
 
 TEST_F(WindowsPage, NamesTheHeaderThatDeclaresEachForm)

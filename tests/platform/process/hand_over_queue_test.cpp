@@ -1,5 +1,5 @@
-#include "core/run_time_error.h"
 #include "platform/process/hand_over_queue.h"
+#include "tests/support/error_of.h"
 #include "tests/support/settings_folder.h"
 
 #include <QCoreApplication>
@@ -30,16 +30,6 @@ struct QueueTest : testing::Test
         WriteIni(u"ftl"_s, key, value, folder.ini());
     }
 };
-
-template <typename Action> int errorOf(Action&& action)
-{
-    try {
-        action();
-    } catch (const RuntimeError& error) {
-        return static_cast<int>(error.number());
-    }
-    return 0;
-}
 
 } // namespace
 

@@ -1,0 +1,178 @@
+#include "app/program.h"
+
+#include "app/player_hold.h"
+#include "app/shown_watch.h"
+#include "core/log.h"
+#include "editors/editor_services.h"
+#include "model/type_pattern.h"
+#include "platform/screen/desktop_tray.h"
+#include "platform/screen/idle_inhibition.h"
+#include "playback/form13_video_window.h"
+#include "playback/form4_bookmark_sign.h"
+#include "playback/playback_engine.h"
+#include "system/form12_tray.h"
+#include "system/form8_options_dialog.h"
+#include "system/form9_about.h"
+#include "system/mpris_service.h"
+#include "window/form2_main_window.h"
+
+#include <QTimer>
+
+#include <utility>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+Program::Program(ProgramSurroundings surroundings)
+    : m_surroundings(std::move(surroundings)),
+      m_control(m_surroundings.makeControl()),
+      m_idleInhibition(std::make_unique<IdleInhibition>(m_surroundings.bus))
+{
+    openVideoWindow();
+    makeEditors();
+}
+
+Program::~Program() = default;
+
+void Program::openVideoWindow()
+{
+    m_videoWindow = std::make_unique<Form13>(Form13Services{
+        .control = *m_control,
+        .boundary = m_surroundings.boundary,
+        .keepAwake = [this](bool awake) { m_idleInhibition->hold(awake); },
+        .pressPlayerKey = [this](CommonKey key) { return pressPlayerKey(*m_engine, key); },
+        .seek = [this](double seconds) { m_engine->seekTo(seconds); },
+        .mainWindow = [this] { return m_mainWindow.get(); },
+    });
+    m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
+    m_videoWindow->mirror().VideoState = 0;
+    m_engine->operations().ShowVideoWindow(true);
+}
+
+void Program::makeEditors()
+{
+    m_hold = std::make_unique<PlayerHold>(*m_control);
+    m_editors = std::make_unique<EditorServices>(EditorServices{
+        .module = m_surroundings.module,
+        .pickers = m_surroundings.pickers,
+        .boundary = m_surroundings.boundary,
+        .makePreview = m_surroundings.makeControl,
+        .playerVolume = [this] { return m_control->Volume(); },
+        .pausePlayer = [this] { return m_hold->hold(); },
+        .resumePlayer =
+            [this] {
+                if (!m_engine->isClosing()) {
+                    m_hold->release();
+                }
+            },
+    });
+}
+
+/// A program that starts with the session may be there before the tray.
+void Program::openTrayWindow()
+{
+    if (!m_surroundings.module.optionIsOn(u"si"_s)) {
+        return;
+    }
+    m_desktopTray = std::make_unique<DesktopTray>(m_surroundings.bus);
+    connect(m_desktopTray.get(), &DesktopTray::appeared, this,
+            m_surroundings.boundary([this] { loadTrayWindow(); }));
+    if (m_desktopTray->isThere()) {
+        loadTrayWindow();
+    } else {
+        qCInfo(logDesktop, "this desktop has no tray: no icon");
+    }
+}
+
+void Program::loadTrayWindow()
+{
+    Module1& module = m_surroundings.module;
+    if (module.optionIsOn(u"si"_s) && !m_trayWindow && !m_engine->isClosing()) {
+        m_trayWindow = std::make_unique<Form12>(module);
+    }
+}
+
+void Program::loadMainWindow()
+{
+    m_mainWindow = std::make_unique<Form2>(Form2Services{
+        .module = m_surroundings.module,
+        .engine = *m_engine,
+        .pickers = m_surroundings.pickers,
+        .boundary = m_surroundings.boundary,
+        .unloadSplash = m_surroundings.unloadSplash,
+        .unloadOtherForms = [this] { unloadOtherForms(); },
+        .videoWindow = [this] { return m_videoWindow->windowHandle(); },
+        .showBookmarkSign = [] { showBookmarkSign(); },
+        .showOptions = [this] { changeOptions(); },
+        .videoKeys = m_videoWindow->keys(),
+        .showPacketEditor =
+            [this] { return showPacketEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
+        .showGroupEditor =
+            [this] { return showGroupEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
+        .showAbout = [this] { showAbout(); },
+    });
+    m_shownWatch = std::make_unique<ShownWatch>(*m_mainWindow);
+}
+
+/// What the dialog changes takes effect at once. Types change without OK too.
+void Program::changeOptions()
+{
+    Module1& module = m_surroundings.module;
+    OptionsServices services{module, m_surroundings.registry, m_surroundings.pickers,
+                             m_surroundings.boundary};
+    const bool isAccepted = showOptions(services, m_mainWindow.get());
+    resumeNext("types after the options",
+               [&] { module.TypePattern = typePattern(module.IniPath); });
+    if (isAccepted && module.optionIsOn(u"si"_s) != (m_trayWindow != nullptr)) {
+        m_trayWindow.reset();
+        openTrayWindow();
+    }
+}
+
+void Program::showAbout()
+{
+    if (!m_about) {
+        m_about = std::make_unique<Form9>(m_surroundings.module);
+    }
+    m_about->showAbout();
+}
+
+void Program::serveMediaControls()
+{
+    m_mediaControls = std::make_unique<MprisService>(
+        MprisPorts{
+            .module = m_surroundings.module,
+            .engine = *m_engine,
+            .control = *m_control,
+            .screen = *m_videoWindow,
+            .view = *m_mainWindow,
+            .quit = m_surroundings.boundary([this] { m_engine->closeProgram(); }),
+            .open = [this](const QString& path) { openAndPlaySoon(path); },
+        },
+        m_surroundings.bus);
+    connect(m_videoWindow.get(), &Form13::fullScreenChanged, m_mediaControls.get(),
+            &MprisService::announceChanges);
+}
+
+/// From the event loop: the caller's answer does not wait for the media.
+void Program::openAndPlaySoon(const QString& path)
+{
+    QTimer::singleShot(0, this,
+                       m_surroundings.boundary([this, path] { m_engine->openAndPlay(path); }));
+}
+
+void Program::unloadOtherForms()
+{
+    m_trayWindow.reset();
+    m_videoWindow->hide();
+    m_surroundings.ended();
+}
+
+void Program::fallSilent()
+{
+    m_trayWindow.reset();
+    m_control->Pause();
+}
+
+} // namespace orvanta
