@@ -9,7 +9,6 @@
 #include "core/paths.h"
 #include "editors/editor_services.h"
 #include "editors/program_pickers.h"
-#include "model/type_pattern.h"
 #include "platform/media/mpv_media_control.h"
 #include "platform/process/application_folder.h"
 #include "platform/process/end_signals.h"
@@ -94,8 +93,7 @@ void StartUp::buildIniPath()
     m_module.ApplicationFolder = applicationFolder();
     m_module.IniPath = programFile(m_module.ApplicationFolder, u"\\orvanta.ini"_s);
     m_registry.emplace(m_module.ApplicationFolder);
-    const QString platformIni = programFile(m_module.ApplicationFolder, u"\\platform.ini"_s);
-    setLegacyCodePage(ReadIni(u"text"_s, u"codepage"_s, platformIni));
+    setLegacyCodePage(legacyCodePage(m_module.ApplicationFolder));
 }
 
 void StartUp::chooseLanguage()
@@ -149,7 +147,7 @@ void StartUp::openVideoWindow()
 /// A program that starts with the session may be there before the tray.
 void StartUp::openTrayWindow()
 {
-    if (!m_module.optionIsOn(u"si"_s)) {
+    if (!m_module.optionIsOn(Option::TrayIcon)) {
         return;
     }
     m_desktopTray = std::make_unique<DesktopTray>(QDBusConnection::sessionBus());
@@ -164,7 +162,7 @@ void StartUp::openTrayWindow()
 
 void StartUp::loadTrayWindow()
 {
-    if (m_module.optionIsOn(u"si"_s) && !m_trayWindow && !m_engine->isClosing()) {
+    if (m_module.optionIsOn(Option::TrayIcon) && !m_trayWindow && !m_engine->isClosing()) {
         m_trayWindow = std::make_unique<Form12>(m_module);
     }
 }
@@ -222,7 +220,7 @@ void StartUp::changeOptions()
         m_module.TypePattern = typePattern(m_module.IniPath);
         m_mainWindow->File1->setPattern(m_module.TypePattern);
     });
-    if (isAccepted && m_module.optionIsOn(u"si"_s) != (m_trayWindow != nullptr)) {
+    if (isAccepted && m_module.optionIsOn(Option::TrayIcon) != (m_trayWindow != nullptr)) {
         m_trayWindow.reset();
         openTrayWindow();
     }

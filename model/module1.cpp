@@ -1,10 +1,6 @@
 #include "model/module1.h"
 
-#include "core/ini.h"
-
 namespace orvanta {
-
-using namespace Qt::StringLiterals;
 
 PlaylistEntry& PlaylistState::packet(Int16 p)
 {
@@ -31,9 +27,9 @@ qsizetype PlaylistState::entryCount() const
     return count;
 }
 
-bool Module1::optionIsOn(const QString& key) const
+bool Module1::optionIsOn(Option option) const
 {
-    return ReadIni(u"options"_s, key, IniPath) == u"1";
+    return orvanta::optionIsOn(IniPath, option);
 }
 
 } // namespace orvanta

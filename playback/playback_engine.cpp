@@ -1,7 +1,6 @@
 #include "playback/playback_engine.h"
 
 #include "core/error_boundary.h"
-#include "core/ini.h"
 #include "model/loaders.h"
 #include "playback/advance_step.h"
 #include "playback/brake_step.h"
@@ -46,6 +45,8 @@ public:
     void start(Int16 p, Int16 q);
     void begin();
     void goOnAfterDrop(bool groupDropped);
+    void writePosition(const QString& position) const;
+    void showPositionKept(const QString& position);
 
     EngineContext context;
     PositionSlider slider{context};
@@ -116,10 +117,18 @@ void PlaybackEngine::Private::keepBookmark()
         return;
     }
     const QString position = context.operations.GetPlayerPosition();
-    resumeNext("saved position", [&] {
-        const ClipEntry& entry = context.currentPacket().clip(context.cursor().clip);
-        WriteIni(u"pos"_s, entry.Text, position, context.module.IniPath);
-    });
+    resumeNext("saved position", [&] { writePosition(position); });
+    showPositionKept(position);
+}
+
+void PlaybackEngine::Private::writePosition(const QString& position) const
+{
+    const ClipEntry& entry = context.currentPacket().clip(context.cursor().clip);
+    savePosition(context.module.IniPath, entry.Text, position);
+}
+
+void PlaybackEngine::Private::showPositionKept(const QString& position)
+{
     context.view->showBookmarkSign();
     context.operations.SetBookmark(position);
 }
@@ -153,7 +162,7 @@ bool PlaybackEngine::Private::moveOnAfterFailure()
 void PlaybackEngine::Private::serveTray()
 {
     TrayRequests& tray = context.module.tray;
-    if (!context.module.optionIsOn(u"si"_s)) {
+    if (!context.module.optionIsOn(Option::TrayIcon)) {
         return;
     }
     if (tray.TrayRestoreRequest.take()) {
@@ -213,7 +222,7 @@ void PlaybackEngine::Private::goOnAfterDrop(bool groupDropped)
 {
     resumeNext("poll", [&] { context.operations.PollPlayer(); });
     logLoaded(context.module.playlist);
-    if (context.module.optionIsOn(u"as"_s)) {
+    if (context.module.optionIsOn(Option::StartPlaying)) {
         const Cursor place = context.cursor();
         const bool nothingStarted = place.packet == Int16(0) && place.clip == Int16(0);
         if (nothingStarted || groupDropped) {
@@ -270,6 +279,13 @@ PlaybackOperations& PlaybackEngine::operations()
 const TransportLooks& PlaybackEngine::transport() const
 {
     return m_private->transport.looks();
+}
+
+void PlaybackEngine::keepPosition()
+{
+    const QString position = m_private->context.operations.GetPlayerPosition();
+    m_private->writePosition(position);
+    m_private->showPositionKept(position);
 }
 
 void PlaybackEngine::startCurrent()
@@ -349,7 +365,7 @@ void PlaybackEngine::playlistReplaced()
     m_private->context.setCursor({1, 1});
     m_private->context.view->RebuildTree();
     logLoaded(m_private->context.module.playlist);
-    if (m_private->context.module.optionIsOn(u"as"_s)) {
+    if (m_private->context.module.optionIsOn(Option::StartPlaying)) {
         m_private->enter([&] { m_private->start(1, 1); });
     }
 }

@@ -1,13 +1,10 @@
 #include "system/form8_options_dialog.h"
 
-#include "core/ini.h"
-#include "core/numbers.h"
 #include "core/paths.h"
 #include "platform/file_types/desktop_files.h"
 #include "platform/file_types/type_icons.h"
 #include "system/icon_preview.h"
 #include "system/option_box.h"
-#include "system/stored_types.h"
 #include "system/type_list.h"
 
 #include <QFileInfo>
@@ -28,23 +25,20 @@ using namespace Qt::StringLiterals;
 
 constexpr int kFixedRows = 2; // packets and groups
 
-/// The stored language decides, and only its first value is English.
-static TextLanguage optionsLanguage(const QString& iniPath)
+std::span<const Form8::OptionRow> Form8::options()
 {
-    const bool isEnglish = ReadIni(u"main"_s, u"language"_s, iniPath) == u"1";
-    return isEnglish ? TextLanguage::English : TextLanguage::Russian;
-}
-
-std::span<const Form8::Option> Form8::options()
-{
-    static constexpr std::array kOptions = {
-        Option{&Form8::Check1, u"as"},   Option{&Form8::Check2, u"agnc"},
-        Option{&Form8::Check3, u"agnp"}, Option{&Form8::Check4, u"acp"},
-        Option{&Form8::Check5, u"ar"},   Option{&Form8::Check6, u"si"},
-        Option{&Form8::Check7, u"nc"},   Option{&Form8::Check8, u"r"},
-        Option{&Form8::Check9, u"ws"},
+    static constexpr std::array kRows = {
+        OptionRow{&Form8::Check1, Option::StartPlaying},
+        OptionRow{&Form8::Check2, Option::NextClip},
+        OptionRow{&Form8::Check3, Option::NextPacket},
+        OptionRow{&Form8::Check4, Option::CloseWhenOver},
+        OptionRow{&Form8::Check5, Option::Replay},
+        OptionRow{&Form8::Check6, Option::TrayIcon},
+        OptionRow{&Form8::Check7, Option::KeepRunning},
+        OptionRow{&Form8::Check8, Option::CopyFromDriveA},
+        OptionRow{&Form8::Check9, Option::StartWithSession},
     };
-    return kOptions;
+    return kRows;
 }
 
 Form8::Form8(OptionsServices& services)
@@ -63,7 +57,7 @@ Form8::~Form8() = default;
 
 void Form8::Form8_Form_Load()
 {
-    applyTexts(optionsLanguage(m_services.module.IniPath));
+    applyTexts(exactTextLanguage(m_services.module.IniPath, TextLanguage::Russian));
     loadOptions();
     trapped("list of types", [this] { fillTypes(); });
     markRegisteredTypes();
@@ -74,13 +68,8 @@ void Form8::Form8_Form_Load()
 
 void Form8::loadOptions()
 {
-    const IniSnapshot settings(m_services.module.IniPath);
-    for (const Option& option : options()) {
-        const QString text = settings.read(u"options"_s, option.key.toString(), u"0"_s);
-        // What is no number is off, as everywhere.
-        (this->*option.box)->setChecked(conditionHolds("option", [&] {
-            return decimalValue(text) == 1;
-        }));
+    for (const OptionRow& option : options()) {
+        (this->*option.box)->setChecked(optionIsOne(m_services.module.IniPath, option.key));
     }
     Form8_Check7_Click();
 }
@@ -229,14 +218,11 @@ void Form8::useIcon(const QString& icoFile)
 
 void Form8::storeOptions() const
 {
-    std::vector<IniChange> changes;
-    for (const Option& option : options()) {
-        const QString value = (this->*option.box)->isChecked() ? u"1"_s : u"0"_s;
-        changes.push_back({u"options"_s, option.key.toString(), value});
+    std::vector<std::pair<Option, bool>> states;
+    for (const OptionRow& option : options()) {
+        states.emplace_back(option.key, (this->*option.box)->isChecked());
     }
-    if (!changeIniAtOnce(m_services.module.IniPath, [&](const auto&) { return changes; })) {
-        qCInfo(logErrors, "the options cannot be stored");
-    }
+    orvanta::storeOptions(m_services.module.IniPath, states);
 }
 
 void Form8::registerTypes()
@@ -256,7 +242,7 @@ void Form8::Form8_Image2_Click()
 {
     storeOptions();
     registerTypes();
-    m_registration.setAutorun(m_services.module.optionIsOn(u"ws"_s));
+    m_registration.setAutorun(m_services.module.optionIsOn(Option::StartWithSession));
     accept();
 }
 

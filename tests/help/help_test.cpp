@@ -182,8 +182,8 @@ TEST_P(Help, EveryCaptionOfTheMainWindowTheEditorsAndTheTrayIsInIt)
     // What is said in other words: the window's own name, empty slots, names of lists and boxes,
     // the dots of a button.
     wanted.removeIf([](const QString& caption) {
-        return caption == u"!Orvanta!" || caption == u"..." || caption.startsWith(u'(') ||
-               caption.endsWith(u':') || caption == u"Ok";
+        return caption.startsWith(u"!orvanta!", Qt::CaseInsensitive) || caption == u"..." ||
+               caption.startsWith(u'(') || caption.endsWith(u':') || caption == u"Ok";
     });
     const QString text = book.source.simplified();
     QStringList missing;
