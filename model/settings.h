@@ -54,7 +54,7 @@ inline constexpr std::array kSettings = {
     SettingKey{u"types", u"num", u"21"},        // types of playable files
     SettingKey{u"types", u"file#", u"avi"},     // such a type, from 0
     SettingKey{u"types", u"#reg", nullptr},     // who had the type of a row, from 0, before
-    SettingKey{u"save", u"volume", u"0"},       // in the control's own measure
+    SettingKey{u"save", u"volume", u"0"},       // hundredths of a decibel, 0 the loudest
     SettingKey{u"save", u"balance", u"50"},     // 0 to 100
     SettingKey{u"save", u"open", u""},          // the folder last used
     SettingKey{u"add-ins", u"num", u"0"},       // programs in the menu Add-ins
@@ -103,7 +103,7 @@ void saveOwners(const QString& iniPath, const QMap<int, QString>& owners);
 /// Empty when none was saved.
 [[nodiscard]] QString savedOwner(const QString& iniPath, int row);
 
-/// In the control's measure. Raises 13 when it is no number.
+/// Hundredths of a decibel. Raises 13 when it is no number.
 [[nodiscard]] double savedVolume(const QString& iniPath);
 void saveVolume(const QString& iniPath, double volume);
 /// 0 to 100, unless edited by hand. Raises 13 or 6.

@@ -1,6 +1,6 @@
 #include "tests/session/program_parts.h"
 
-#include "model/type_pattern.h"
+#include "model/settings.h"
 #include "window/file_list.h"
 
 #include <QTimer>
