@@ -73,7 +73,7 @@ bool StartUp::Main()
     showSplash();
     repairSetupCopy(m_module.ApplicationFolder);
     checkMediaLibrary();
-    m_module.TypePattern = typePattern(m_module.IniPath);
+    m_module.TypePattern = m_module.settings().typePattern();
     letEventsRun();
     openVideoWindow();
     openTrayWindow();
@@ -93,15 +93,16 @@ void StartUp::buildIniPath()
     m_module.ApplicationFolder = applicationFolder();
     m_module.IniPath = programFile(m_module.ApplicationFolder, u"\\orvanta.ini"_s);
     m_registry.emplace(m_module.ApplicationFolder);
-    setLegacyCodePage(legacyCodePage(m_module.ApplicationFolder));
+    const QString platformIni = programFile(m_module.ApplicationFolder, u"\\platform.ini"_s);
+    setLegacyCodePage(Settings(platformIni).codePage());
 }
 
 void StartUp::chooseLanguage()
 {
-    m_module.Language = storedLanguage(m_module.IniPath);
+    m_module.Language = m_module.settings().language();
     if (m_module.Language == 0) {
         Form11(m_module.IniPath).exec();
-        m_module.Language = storedLanguage(m_module.IniPath);
+        m_module.Language = m_module.settings().language();
     }
 }
 
@@ -217,7 +218,7 @@ void StartUp::changeOptions()
     OptionsServices services{m_module, *m_registry, *m_pickers, m_boundary};
     const bool isAccepted = showOptions(services, m_mainWindow.get());
     resumeNext("types after the options", [this] {
-        m_module.TypePattern = typePattern(m_module.IniPath);
+        m_module.TypePattern = m_module.settings().typePattern();
         m_mainWindow->File1->setPattern(m_module.TypePattern);
     });
     if (isAccepted && m_module.optionIsOn(Option::TrayIcon) != (m_trayWindow != nullptr)) {

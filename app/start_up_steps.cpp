@@ -27,7 +27,7 @@ void repairSetupCopy(const QString& applicationFolder)
         return;
     }
     const QString iniPath = programFile(applicationFolder, u"\\orvanta.ini"_s);
-    const QString original = setupSource(iniPath);
+    const QString original = Settings(iniPath).setupSource();
     if (!folderOfPath(original).isEmpty()) {
         copySetup(programFile(applicationFolder, u"\\setup\\"_s + fileNameOfPath(original)),
                   target);

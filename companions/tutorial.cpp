@@ -40,10 +40,12 @@ static QString firstFile(const QStringList& names)
 static bool isEnglish()
 {
     const QString settings = programFile(applicationFolder(), u"\\orvanta.ini"_s);
-    const bool isSessionRussian = QLocale::system().uiLanguages().value(0).startsWith(u"ru");
-    return isLanguageStored(settings)
-               ? exactTextLanguage(settings, TextLanguage::Russian) == TextLanguage::English
-               : !isSessionRussian;
+    const auto session = QLocale::system().uiLanguages().value(0).startsWith(u"ru")
+                             ? TextLanguage::Russian
+                             : TextLanguage::English;
+    const TextLanguage language =
+        Settings(settings).exactTextLanguage(TextLanguage::Russian, session);
+    return language == TextLanguage::English;
 }
 
 /// Beside the installed programs, or beside the build folder of a checkout.

@@ -146,7 +146,7 @@ void EditorWindow::connectMoves(EntryListView* list, QPushButton* up, QPushButto
 
 void EditorWindow::showStoredFolder(FolderTree* tree)
 {
-    tree->setFolder(startFolder(savedFolder(m_services.module.IniPath)));
+    tree->setFolder(startFolder(m_services.module.settings().folder()));
 }
 
 void EditorWindow::FolderTreeview1_FolderClick(const QString& folder)
@@ -228,7 +228,7 @@ void EditorWindow::closeEvent(QCloseEvent* event)
 
 void EditorWindow::done(int result)
 {
-    saveFolder(m_services.module.IniPath, File1->folder());
+    m_services.module.settings().setFolder(File1->folder());
     QDialog::done(result);
 }
 

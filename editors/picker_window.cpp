@@ -24,7 +24,7 @@ PickerWindow::PickerWindow(Module1& module, HandlerBoundary boundary, QStringVie
     : QDialog(parent),
       m_module(module),
       m_boundary(std::move(boundary)),
-      m_texts(name, storedTextLanguage(module.IniPath, TextLanguage::Russian)),
+      m_texts(name, module.settings().textLanguage(TextLanguage::Russian)),
       m_pattern(pattern)
 {
     setObjectName(name.toString());
@@ -100,13 +100,13 @@ void PickerWindow::connectHandlers()
 
 void PickerWindow::showStoredFolder()
 {
-    FolderTreeview1->setFolder(startFolder(savedFolder(m_module.IniPath)));
+    FolderTreeview1->setFolder(startFolder(m_module.settings().folder()));
     File1->setFocus();
 }
 
 void PickerWindow::storeFolder()
 {
-    saveFolder(m_module.IniPath, File1->folder());
+    m_module.settings().setFolder(File1->folder());
 }
 
 void PickerWindow::FolderTreeview1_FolderClick(const QString& folder)

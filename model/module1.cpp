@@ -27,9 +27,4 @@ qsizetype PlaylistState::entryCount() const
     return count;
 }
 
-bool Module1::optionIsOn(Option option) const
-{
-    return orvanta::optionIsOn(IniPath, option);
-}
-
 } // namespace orvanta

@@ -90,8 +90,8 @@ struct Module1
     Flag16 EditorDone;
     Int16 SliderValue; // position slider, percent of the clip
 
-    /// Read at every use.
-    [[nodiscard]] bool optionIsOn(Option option) const;
+    [[nodiscard]] Settings settings() const { return Settings(IniPath); }
+    [[nodiscard]] bool optionIsOn(Option option) const { return settings().isOn(option); }
 };
 
 } // namespace orvanta

@@ -1,143 +1,84 @@
 #include "model/settings.h"
 
 #include "core/error_boundary.h"
-#include "core/ini.h"
 #include "core/numbers.h"
-#include "core/paths.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-/// A key that is not in the table does not compile.
-static consteval const SettingKey& setting(std::u16string_view section, std::u16string_view key)
-{
-    const auto* const row = std::ranges::find_if(kSettings, [&](const SettingKey& candidate) {
-        return candidate.section == section && candidate.key == key;
-    });
-    return row == kSettings.end() ? throw "no such setting" : *row;
-}
-
-namespace {
-
-constexpr auto kOptionCount = std::size_t(Option::StartWithSession) + 1;
 static_assert(std::ranges::all_of(kSettings, [](const SettingKey& row) {
-    return (row.section == u"options") == (&row < &kSettings[kOptionCount]);
+    const auto place = std::size_t(&row - kSettings.data());
+    return (row.section == u"options") == (place <= std::size_t(Option::StartWithSession));
 }));
 
-constexpr const SettingKey& kLanguage = setting(u"main", u"language");
-constexpr const SettingKey& kSetupSource = setting(u"main", u"screxe");
-constexpr const SettingKey& kTypeCount = setting(u"types", u"num");
-constexpr const SettingKey& kType = setting(u"types", u"file#");
-constexpr const SettingKey& kTypeOwner = setting(u"types", u"#reg");
-constexpr const SettingKey& kVolume = setting(u"save", u"volume");
-constexpr const SettingKey& kBalance = setting(u"save", u"balance");
-constexpr const SettingKey& kFolder = setting(u"save", u"open");
-constexpr const SettingKey& kAddInCount = setting(u"add-ins", u"num");
-constexpr const SettingKey& kAddInEnglish = setting(u"add-ins", u"namee#");
-constexpr const SettingKey& kAddInRussian = setting(u"add-ins", u"namer#");
-constexpr const SettingKey& kAddInPath = setting(u"add-ins", u"path#");
-constexpr const SettingKey& kPosition = setting(u"pos", u"#");
-constexpr const SettingKey& kCodePage = setting(u"text", u"codepage");
+static constexpr const SettingKey& kLanguage = settingKey(u"main", u"language");
+static constexpr const SettingKey& kTypeCount = settingKey(u"types", u"num");
+static constexpr const SettingKey& kType = settingKey(u"types", u"file#");
 
-} // namespace
-
-static const SettingKey& setting(Option option)
+static QString sectionOf(const SettingKey& key)
 {
-    return kSettings[std::size_t(option)];
+    return QStringView(key.section).toString();
 }
 
-static QString sectionOf(const SettingKey& row)
+static QString keyText(const SettingKey& key, const QString& name)
 {
-    return QStringView(row.section).toString();
+    return QStringView(key.key).toString().replace(u'#', name);
 }
 
-/// name: what stands for the "#".
-static QString keyOf(const SettingKey& row, const QString& name)
+QString Settings::read(const SettingKey& key, const QString& name) const
 {
-    return QStringView(row.key).toString().replace(u'#', name);
+    return ReadIni(sectionOf(key), keyText(key, name), m_iniPath);
 }
 
-static QString read(const QString& iniPath, const SettingKey& row, const QString& name = {})
+QString Settings::read(const SettingKey& key, int number) const
 {
-    return ReadIni(sectionOf(row), keyOf(row, name), iniPath);
+    return read(key, QString::number(number));
 }
 
-/// What is absent counts as in a new file.
-static QString readOrDefault(const QString& iniPath, const SettingKey& row)
+double Settings::number(const SettingKey& key) const
 {
-    return ReadIni(sectionOf(row), keyOf(row, {}), iniPath, QString::fromUtf16(row.byDefault));
+    const QString text = read(key);
+    return decimalValue(text.isEmpty() ? QString::fromUtf16(key.byDefault) : text);
 }
 
-static IniChange change(const SettingKey& row, const QString& value, int number = 0)
+void Settings::write(const SettingKey& key, const QString& value, const QString& name) const
 {
-    return {sectionOf(row), keyOf(row, QString::number(number)), value};
+    WriteIni(sectionOf(key), keyText(key, name), value, m_iniPath);
 }
 
-static void write(const QString& iniPath, const SettingKey& row, const QString& value,
-                  const QString& name = {})
+static IniChange change(const SettingKey& key, const QString& value, int number = 0)
 {
-    WriteIni(sectionOf(row), keyOf(row, name), value, iniPath);
+    return {sectionOf(key), keyText(key, QString::number(number)), value};
 }
 
 /// All of them in one replacement of the file; nothing when nothing changes.
-static void writeTogether(const QString& iniPath, std::vector<IniChange> changes)
+void Settings::writeTogether(std::vector<IniChange> changes) const
 {
-    const IniSnapshot settings(iniPath);
+    const IniSnapshot settings(m_iniPath);
     std::erase_if(changes, [&](const IniChange& change) {
         return settings.read(change.section, change.key) == change.value;
     });
-    if (!changes.empty() && !changeIniAtOnce(iniPath, [&](const auto&) { return changes; })) {
-        qCInfo(logErrors, "%ls cannot be written", qUtf16Printable(iniPath));
+    if (!changes.empty() && !changeIniAtOnce(m_iniPath, [&](const auto&) { return changes; })) {
+        qCInfo(logErrors, "%ls cannot be written", qUtf16Printable(m_iniPath));
     }
 }
 
-bool optionIsOn(const QString& iniPath, Option option)
+bool Settings::isOne(Option option) const
 {
-    return read(iniPath, setting(option)) == u"1";
-}
-
-bool optionIsOne(const QString& iniPath, Option option)
-{
-    const QString text = read(iniPath, setting(option));
+    const QString text = read(keyOf(option));
     return !text.isEmpty() && conditionHolds("option", [&] { return decimalValue(text) == 1; });
 }
 
-void storeOptions(const QString& iniPath, const std::vector<std::pair<Option, bool>>& options)
+void Settings::storeOptions(const std::vector<std::pair<Option, bool>>& options) const
 {
     std::vector<IniChange> changes;
     for (const auto& [option, isOn] : options) {
-        changes.push_back(change(setting(option), isOn ? u"1"_s : u"0"_s));
+        changes.push_back(change(keyOf(option), isOn ? u"1"_s : u"0"_s));
     }
-    writeTogether(iniPath, std::move(changes));
-}
-
-static double languageNumber(const QString& iniPath)
-{
-    const QString text = read(iniPath, kLanguage);
-    double language = 0;
-    if (!text.isEmpty()) {
-        resumeNext("reading the language", [&] { language = std::trunc(decimalValue(text)); });
-    }
-    return language;
-}
-
-Int16 storedLanguage(const QString& iniPath)
-{
-    return roundToInt16(languageNumber(iniPath));
-}
-
-bool isLanguageStored(const QString& iniPath)
-{
-    return !read(iniPath, kLanguage).isEmpty();
-}
-
-void storeLanguage(const QString& iniPath, TextLanguage language)
-{
-    write(iniPath, kLanguage, language == TextLanguage::English ? u"1"_s : u"2"_s);
+    writeTogether(std::move(changes));
 }
 
 TextLanguage textLanguage(double number, TextLanguage otherwise)
@@ -148,28 +89,52 @@ TextLanguage textLanguage(double number, TextLanguage otherwise)
     return number == 2 ? TextLanguage::Russian : otherwise;
 }
 
-TextLanguage storedTextLanguage(const QString& iniPath, TextLanguage otherwise)
+double Settings::languageNumber() const
 {
-    return textLanguage(languageNumber(iniPath), otherwise);
+    const QString text = read(kLanguage);
+    double language = 0;
+    if (!text.isEmpty()) {
+        resumeNext("reading the language", [&] { language = std::trunc(decimalValue(text)); });
+    }
+    return language;
 }
 
-TextLanguage exactTextLanguage(const QString& iniPath, TextLanguage otherwise)
+Int16 Settings::language() const
 {
-    const QString text = read(iniPath, kLanguage);
-    return text == u"1" || text == u"2" ? textLanguage(text.toInt(), otherwise) : otherwise;
+    return roundToInt16(languageNumber());
 }
 
-static Int16 typeCount(const QString& iniPath)
+void Settings::setLanguage(TextLanguage language) const
 {
-    return countValue(read(iniPath, kTypeCount));
+    write(kLanguage, language == TextLanguage::English ? u"1"_s : u"2"_s);
 }
 
-static QStringList firstTypes(const QString& iniPath, int count)
+TextLanguage Settings::textLanguage(TextLanguage otherwise) const
 {
-    const IniSnapshot settings(iniPath);
+    return orvanta::textLanguage(languageNumber(), otherwise);
+}
+
+TextLanguage Settings::exactTextLanguage(TextLanguage otherwise, TextLanguage absent) const
+{
+    const QString text = read(kLanguage);
+    if (text.isEmpty()) {
+        return absent;
+    }
+    return text == u"1" || text == u"2" ? orvanta::textLanguage(text.toInt(), otherwise)
+                                        : otherwise;
+}
+
+Int16 Settings::typeCount() const
+{
+    return countValue(read(kTypeCount));
+}
+
+QStringList Settings::firstTypes(int count) const
+{
+    const IniSnapshot settings(m_iniPath);
     QStringList types;
     for (int i = 0; i < count; ++i) {
-        types.append(settings.read(sectionOf(kType), keyOf(kType, QString::number(i))));
+        types.append(settings.read(sectionOf(kType), keyText(kType, QString::number(i))));
     }
     return types;
 }
@@ -179,118 +144,83 @@ static QString patternOf(const QStringList& types)
     return types.isEmpty() ? QString() : u"*."_s + types.join(u";*."_s);
 }
 
-QStringList storedTypes(const QString& iniPath)
+QStringList Settings::types() const
 {
-    return firstTypes(iniPath, typeCount(iniPath).value());
+    return firstTypes(typeCount().value());
 }
 
-QString typePattern(const QString& iniPath)
+QString Settings::typePattern() const
 {
-    return patternOf(firstTypes(iniPath, std::max(typeCount(iniPath).value(), 1)));
+    return patternOf(firstTypes(std::max(typeCount().value(), 1)));
 }
 
-QString clipPattern(const QString& iniPath)
+QString Settings::clipPattern() const
 {
-    const double count = std::floor(decimalValue(read(iniPath, kTypeCount)));
-    return patternOf(firstTypes(iniPath, roundToInt16(count).value()));
+    const Int16 count = roundToInt16(std::floor(decimalValue(read(kTypeCount))));
+    return patternOf(firstTypes(count.value()));
 }
 
-void appendStoredType(const QString& iniPath, const QString& type)
+void Settings::appendType(const QString& type) const
 {
-    const Int16 count = typeCount(iniPath);
+    const Int16 count = typeCount();
     const Int16 more = count + Int16(1);
-    writeTogether(iniPath, {change(kTypeCount, QString::number(more.value())),
-                            change(kType, type, count.value())});
+    writeTogether(
+        {change(kTypeCount, QString::number(more.value())), change(kType, type, count.value())});
 }
 
-void storeRemainingTypes(const QString& iniPath, const QStringList& remaining)
+void Settings::storeRemainingTypes(const QStringList& remaining) const
 {
-    const Int16 count = typeCount(iniPath) - Int16(1);
+    const Int16 count = typeCount() - Int16(1);
     std::vector<IniChange> changes = {change(kTypeCount, QString::number(count.value()))};
     for (int i = 0; i < remaining.size(); ++i) {
         changes.push_back(change(kType, remaining[i], i));
     }
-    writeTogether(iniPath, std::move(changes));
+    writeTogether(std::move(changes));
 }
 
-void saveOwners(const QString& iniPath, const QMap<int, QString>& owners)
+void Settings::saveOwners(const QMap<int, QString>& owners) const
 {
     std::vector<IniChange> changes;
     for (auto owner = owners.cbegin(); owner != owners.cend(); ++owner) {
         changes.push_back(change(kTypeOwner, owner.value(), owner.key()));
     }
-    writeTogether(iniPath, std::move(changes));
+    writeTogether(std::move(changes));
 }
 
-QString savedOwner(const QString& iniPath, int row)
+void Settings::setVolume(double volume) const
 {
-    return read(iniPath, kTypeOwner, QString::number(row));
+    write(settingKey(u"save", u"volume"), decimalText(volume));
 }
 
-double savedVolume(const QString& iniPath)
+Int16 Settings::balance() const
 {
-    return decimalValue(readOrDefault(iniPath, kVolume));
+    return roundToInt16(number(settingKey(u"save", u"balance")));
 }
 
-void saveVolume(const QString& iniPath, double volume)
+void Settings::setBalance(Int16 balance) const
 {
-    write(iniPath, kVolume, decimalText(volume));
+    write(settingKey(u"save", u"balance"), decimalText(balance.value()));
 }
 
-Int16 savedBalance(const QString& iniPath)
+void Settings::setPosition(const QString& text, const QString& position) const
 {
-    return roundToInt16(decimalValue(readOrDefault(iniPath, kBalance)));
+    write(kPosition, position, text);
 }
 
-void saveBalance(const QString& iniPath, Int16 balance)
+Int16 Settings::addInCount() const
 {
-    write(iniPath, kBalance, decimalText(balance.value()));
+    return roundToInt16(number(settingKey(u"add-ins", u"num")));
 }
 
-QString savedFolder(const QString& iniPath)
+QString Settings::addInCaption(int number, TextLanguage language) const
 {
-    return read(iniPath, kFolder);
+    return language == TextLanguage::English ? read(settingKey(u"add-ins", u"namee#"), number)
+                                             : read(settingKey(u"add-ins", u"namer#"), number);
 }
 
-void saveFolder(const QString& iniPath, const QString& folder)
+QString Settings::addInPath(int number) const
 {
-    write(iniPath, kFolder, folder);
-}
-
-QString savedPosition(const QString& iniPath, const QString& text)
-{
-    return read(iniPath, kPosition, text);
-}
-
-void savePosition(const QString& iniPath, const QString& text, const QString& position)
-{
-    write(iniPath, kPosition, position, text);
-}
-
-Int16 addInCount(const QString& iniPath)
-{
-    return countValue(readOrDefault(iniPath, kAddInCount));
-}
-
-QString addInCaption(const QString& iniPath, int number, TextLanguage language)
-{
-    return read(iniPath, language == TextLanguage::English ? kAddInEnglish : kAddInRussian,
-                QString::number(number));
-}
-
-QString addInPath(const QString& iniPath, int number)
-{
-    return read(iniPath, kAddInPath, QString::number(number));
-}
-
-QString setupSource(const QString& iniPath)
-{
-    return read(iniPath, kSetupSource);
-}
-
-QString legacyCodePage(const QString& applicationFolder)
-{
-    return read(programFile(applicationFolder, u"\\platform.ini"_s), kCodePage);
+    return read(settingKey(u"add-ins", u"path#"), number);
 }
 
 } // namespace orvanta

@@ -2,12 +2,14 @@
 // each call goes to the file.
 #pragma once
 
+#include "core/ini.h"
 #include "core/int16.h"
 #include "model/texts.h"
 
 #include <QMap>
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -65,67 +67,109 @@ inline constexpr std::array kSettings = {
     SettingKey{u"text", u"codepage", nullptr},  // of old files; in platform.ini
 };
 
-/// On is exactly "1"; an option that is absent is off.
-[[nodiscard]] bool optionIsOn(const QString& iniPath, Option option);
-/// What the options dialog shows: there any text of the number 1 is on.
-[[nodiscard]] bool optionIsOne(const QString& iniPath, Option option);
-/// All of them in one replacement of the file. A failure is logged.
-void storeOptions(const QString& iniPath, const std::vector<std::pair<Option, bool>>& options);
+/// A line of the table. What is not in it does not compile.
+consteval const SettingKey& settingKey(std::u16string_view section, std::u16string_view key)
+{
+    const auto* const row = std::ranges::find_if(kSettings, [&](const SettingKey& candidate) {
+        return candidate.section == section && candidate.key == key;
+    });
+    return row == kSettings.end() ? throw "no such setting" : *row;
+}
 
-/// The interface language: 1 English, 2 Russian, 0 when none is stored or what is stored is no
-/// number. The integer part counts. Raises 6 outside 16 bits.
-[[nodiscard]] Int16 storedLanguage(const QString& iniPath);
-/// Whether there is any text for it.
-[[nodiscard]] bool isLanguageStored(const QString& iniPath);
-void storeLanguage(const QString& iniPath, TextLanguage language);
-/// The language of a number. Whether anything but 1 and 2 is English or Russian differs from
-/// window to window.
+/// The language of a number. What anything but 1 and 2 is differs from window to window.
 [[nodiscard]] TextLanguage textLanguage(double number, TextLanguage otherwise);
-/// Of the stored number, for windows that look afresh at each showing.
-[[nodiscard]] TextLanguage storedTextLanguage(const QString& iniPath, TextLanguage otherwise);
-/// The same where the texts "1" and "2" alone count: "1.0" is neither.
-[[nodiscard]] TextLanguage exactTextLanguage(const QString& iniPath, TextLanguage otherwise);
 
-/// The types of playable files, without the dot. Raises 13 when the count is absent or no number.
-[[nodiscard]] QStringList storedTypes(const QString& iniPath);
-/// "*.avi;*.mpg;*.wav". The first type is always there. Raises as storedTypes.
-[[nodiscard]] QString typePattern(const QString& iniPath);
-/// The pattern of the packet editor's lists: empty without types, and a fraction of the count is
-/// cut off, not rounded. Raises as storedTypes.
-[[nodiscard]] QString clipPattern(const QString& iniPath);
-/// Adds a type behind the others. Raises as storedTypes, 6 beyond 32,767 types.
-void appendStoredType(const QString& iniPath, const QString& type);
-/// One type less: these are left. The key of the last one before stays in the file. Raises as
-/// storedTypes.
-void storeRemainingTypes(const QString& iniPath, const QStringList& remaining);
-/// The owners that rows of the options dialog had before. Rows count from 0.
-void saveOwners(const QString& iniPath, const QMap<int, QString>& owners);
-/// Empty when none was saved.
-[[nodiscard]] QString savedOwner(const QString& iniPath, int row);
+/// The settings in one file. Each call goes to the file; an absent text is empty.
+class Settings
+{
+public:
+    explicit Settings(const QString& iniPath)
+        : m_iniPath(iniPath)
+    {}
 
-/// Hundredths of a decibel. Raises 13 when it is no number.
-[[nodiscard]] double savedVolume(const QString& iniPath);
-void saveVolume(const QString& iniPath, double volume);
-/// 0 to 100, unless edited by hand. Raises 13 or 6.
-[[nodiscard]] Int16 savedBalance(const QString& iniPath);
-void saveBalance(const QString& iniPath, Int16 balance);
-/// The folder that pickers and editors were in last; empty at first.
-[[nodiscard]] QString savedFolder(const QString& iniPath);
-void saveFolder(const QString& iniPath, const QString& folder);
+    /// On is exactly "1"; an option that is absent is off.
+    [[nodiscard]] bool isOn(Option option) const { return read(keyOf(option)) == u"1"; }
+    /// What the options dialog shows: there any text of the number 1 is on.
+    [[nodiscard]] bool isOne(Option option) const;
+    /// All of them in one replacement of the file. A failure is logged, as with the types below.
+    void storeOptions(const std::vector<std::pair<Option, bool>>& options) const;
 
-/// The saved position of a clip or brake, by its text: seconds, decimal text; empty for none.
-[[nodiscard]] QString savedPosition(const QString& iniPath, const QString& text);
-void savePosition(const QString& iniPath, const QString& text, const QString& position);
+    /// The interface language: 1 English, 2 Russian, 0 when none is stored or what is stored is no
+    /// number. The integer part counts. Raises 6 outside 16 bits.
+    [[nodiscard]] Int16 language() const;
+    void setLanguage(TextLanguage language) const;
+    /// For windows that look afresh at each showing.
+    [[nodiscard]] TextLanguage textLanguage(TextLanguage otherwise) const;
+    /// The same where the texts "1" and "2" alone count: "1.0" is neither.
+    [[nodiscard]] TextLanguage exactTextLanguage(TextLanguage otherwise) const
+    {
+        return exactTextLanguage(otherwise, otherwise);
+    }
+    /// absent: when there is no text at all.
+    [[nodiscard]] TextLanguage exactTextLanguage(TextLanguage otherwise, TextLanguage absent) const;
 
-/// Raises 13 or 6.
-[[nodiscard]] Int16 addInCount(const QString& iniPath);
-/// Of an add-in, from 1; empty for none.
-[[nodiscard]] QString addInCaption(const QString& iniPath, int number, TextLanguage language);
-[[nodiscard]] QString addInPath(const QString& iniPath, int number);
+    /// The types of playable files, without the dot. Raises 13 when the count is absent or no
+    /// number, as everything about types down to storeRemainingTypes.
+    [[nodiscard]] QStringList types() const;
+    /// "*.avi;*.mpg;*.wav". The first type is always there.
+    [[nodiscard]] QString typePattern() const;
+    /// The pattern of the packet editor's lists: empty without types, and a fraction of the count
+    /// is cut off, not rounded.
+    [[nodiscard]] QString clipPattern() const;
+    /// Adds a type behind the others. Raises 6 beyond 32,767 types.
+    void appendType(const QString& type) const;
+    /// One type less: these are left. The key of the last one before stays in the file.
+    void storeRemainingTypes(const QStringList& remaining) const;
+    /// The owners that rows of the options dialog had before. Rows count from 0.
+    void saveOwners(const QMap<int, QString>& owners) const;
+    [[nodiscard]] QString savedOwner(int row) const { return read(kTypeOwner, row); }
 
-/// The file that the setup program was started from; empty for none.
-[[nodiscard]] QString setupSource(const QString& iniPath);
-/// The code page of old files, "windows-1251"; empty: by the user's locale.
-[[nodiscard]] QString legacyCodePage(const QString& applicationFolder);
+    /// Hundredths of a decibel. Raises 13 when it is no number.
+    [[nodiscard]] double volume() const { return number(settingKey(u"save", u"volume")); }
+    void setVolume(double volume) const;
+    /// 0 to 100, unless edited by hand. Raises 13 or 6.
+    [[nodiscard]] Int16 balance() const;
+    void setBalance(Int16 balance) const;
+    /// Where pickers and editors were last.
+    [[nodiscard]] QString folder() const { return read(kFolder); }
+    void setFolder(const QString& folder) const { write(kFolder, folder); }
+
+    /// The saved position of a clip or brake, by its text: seconds, decimal text.
+    [[nodiscard]] QString position(const QString& text) const { return read(kPosition, text); }
+    void setPosition(const QString& text, const QString& position) const;
+
+    /// Raises 13 or 6.
+    [[nodiscard]] Int16 addInCount() const;
+    /// Of an add-in, from 1.
+    [[nodiscard]] QString addInCaption(int number, TextLanguage language) const;
+    [[nodiscard]] QString addInPath(int number) const;
+
+    /// The file that installed the program.
+    [[nodiscard]] QString setupSource() const { return read(settingKey(u"main", u"screxe")); }
+    /// Of platform.ini: the code page of old files, "windows-1251"; empty: by the user's locale.
+    [[nodiscard]] QString codePage() const { return read(settingKey(u"text", u"codepage")); }
+
+private:
+    static constexpr const SettingKey& kTypeOwner = settingKey(u"types", u"#reg");
+    static constexpr const SettingKey& kFolder = settingKey(u"save", u"open");
+    static constexpr const SettingKey& kPosition = settingKey(u"pos", u"#");
+
+    [[nodiscard]] static const SettingKey& keyOf(Option option)
+    {
+        return kSettings[std::size_t(option)];
+    }
+    /// name: what stands for the "#".
+    [[nodiscard]] QString read(const SettingKey& key, const QString& name = {}) const;
+    [[nodiscard]] QString read(const SettingKey& key, int number) const;
+    /// What is absent counts as in a new file.
+    [[nodiscard]] double number(const SettingKey& key) const;
+    void write(const SettingKey& key, const QString& value, const QString& name = {}) const;
+    [[nodiscard]] double languageNumber() const;
+    [[nodiscard]] Int16 typeCount() const;
+    [[nodiscard]] QStringList firstTypes(int count) const;
+    void writeTogether(std::vector<IniChange> changes) const;
+
+    QString m_iniPath;
+};
 
 } // namespace orvanta

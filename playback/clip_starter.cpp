@@ -52,7 +52,7 @@ void ClipStarter::showPicture(Int16 p)
 void ClipStarter::handBookmarkOver()
 {
     const ClipEntry& entry = m_context.currentPacket().clip(m_context.cursor().clip);
-    m_context.operations.SetBookmark(savedPosition(m_context.module.IniPath, entry.Text));
+    m_context.operations.SetBookmark(m_context.module.settings().position(entry.Text));
 }
 
 bool ClipStarter::startMedia(Cursor place)

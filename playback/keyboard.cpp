@@ -334,7 +334,7 @@ void MainWindowKeys::goToBookmark()
 void MainWindowKeys::seekToSavedPosition()
 {
     resumeNext("saved position", [this] {
-        m_engine.seekTo(decimalValue(savedPosition(m_module.IniPath, currentText())));
+        m_engine.seekTo(decimalValue(m_module.settings().position(currentText())));
     });
 }
 

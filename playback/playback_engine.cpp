@@ -124,7 +124,7 @@ void PlaybackEngine::Private::keepBookmark()
 void PlaybackEngine::Private::writePosition(const QString& position) const
 {
     const ClipEntry& entry = context.currentPacket().clip(context.cursor().clip);
-    savePosition(context.module.IniPath, entry.Text, position);
+    context.module.settings().setPosition(entry.Text, position);
 }
 
 void PlaybackEngine::Private::showPositionKept(const QString& position)

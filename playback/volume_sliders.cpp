@@ -29,7 +29,7 @@ void VolumeSliders::volumeMoved(Int16 value)
     const double volume = volumeOfSlider(place);
     m_context.control.setVolume(controlVolume(volume));
     share(place);
-    saveVolume(m_context.module.IniPath, volume);
+    m_context.module.settings().setVolume(volume);
 }
 
 void VolumeSliders::takeVolumeOfVideoWindow()
@@ -43,7 +43,7 @@ void VolumeSliders::takeVolumeOfVideoWindow()
 
 Int16 VolumeSliders::applyStoredVolume()
 {
-    const double stored = savedVolume(m_context.module.IniPath);
+    const double stored = m_context.module.settings().volume();
     const Int16 place = sliderOfVolume(stored);
     m_context.control.setVolume(controlVolume(stored));
     share(place);
@@ -52,12 +52,12 @@ Int16 VolumeSliders::applyStoredVolume()
 
 void VolumeSliders::balanceMoved(Int16 value)
 {
-    saveBalance(m_context.module.IniPath, value);
+    m_context.module.settings().setBalance(value);
 }
 
 Int16 VolumeSliders::storedBalance() const
 {
-    return savedBalance(m_context.module.IniPath);
+    return m_context.module.settings().balance();
 }
 
 } // namespace orvanta

@@ -47,7 +47,7 @@ void Form12::buildMenu()
 
 void Form12::applyTexts()
 {
-    const TextLanguage language = storedTextLanguage(m_module.IniPath, TextLanguage::English);
+    const TextLanguage language = m_module.settings().textLanguage(TextLanguage::English);
     for (QAction* action : {st, pa, pl, nex, pr, closeapp}) {
         action->setText(interfaceText(u"Form12", action->objectName(), language));
     }

@@ -57,7 +57,7 @@ Form8::~Form8() = default;
 
 void Form8::Form8_Form_Load()
 {
-    applyTexts(exactTextLanguage(m_services.module.IniPath, TextLanguage::Russian));
+    applyTexts(m_services.module.settings().exactTextLanguage(TextLanguage::Russian));
     loadOptions();
     trapped("list of types", [this] { fillTypes(); });
     markRegisteredTypes();
@@ -69,7 +69,7 @@ void Form8::Form8_Form_Load()
 void Form8::loadOptions()
 {
     for (const OptionRow& option : options()) {
-        (this->*option.box)->setChecked(optionIsOne(m_services.module.IniPath, option.key));
+        (this->*option.box)->setChecked(m_services.module.settings().isOne(option.key));
     }
     Form8_Check7_Click();
 }
@@ -79,7 +79,7 @@ void Form8::fillTypes()
     List1->clear();
     List1->addRow(u"vxl"_s);
     List1->addRow(u"vxg"_s);
-    for (const QString& type : storedTypes(m_services.module.IniPath)) {
+    for (const QString& type : m_services.module.settings().types()) {
         List1->addRow(type);
     }
 }
@@ -99,7 +99,7 @@ void Form8::markRegisteredTypes()
             owners.insert(row, owner);
         }
     }
-    saveOwners(m_services.module.IniPath, owners);
+    m_services.module.settings().saveOwners(owners);
 }
 
 void Form8::showPage(int page)
@@ -160,7 +160,7 @@ void Form8::Form8_Command1_Click()
     List1->addRow(type);
     List1->scrollToBottom();
     Text1->selectAll();
-    trapped("adding a type", [&] { appendStoredType(m_services.module.IniPath, type); });
+    trapped("adding a type", [&] { m_services.module.settings().appendType(type); });
 }
 
 void Form8::Form8_Command2_Click()
@@ -172,7 +172,7 @@ void Form8::Form8_Command2_Click()
     List1->setCurrentRow(-1);
     Form8_List1_Click();
     trapped("removing a type", [this] {
-        storeRemainingTypes(m_services.module.IniPath, List1->extensions().mid(kFixedRows));
+        m_services.module.settings().storeRemainingTypes(List1->extensions().mid(kFixedRows));
     });
 }
 
@@ -222,7 +222,7 @@ void Form8::storeOptions() const
     for (const OptionRow& option : options()) {
         states.emplace_back(option.key, (this->*option.box)->isChecked());
     }
-    orvanta::storeOptions(m_services.module.IniPath, states);
+    m_services.module.settings().storeOptions(states);
 }
 
 void Form8::registerTypes()
@@ -233,7 +233,7 @@ void Form8::registerTypes()
         if (List1->isRowSelected(row)) {
             m_registration.registerType(extension);
         } else {
-            m_registration.unregisterType(extension, savedOwner(m_services.module.IniPath, row));
+            m_registration.unregisterType(extension, m_services.module.settings().savedOwner(row));
         }
     }
 }

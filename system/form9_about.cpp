@@ -155,7 +155,7 @@ void Form9::connectHandlers()
 
 void Form9::Form9_Form_Load()
 {
-    const TextLanguage language = exactTextLanguage(m_module.IniPath, TextLanguage::English);
+    const TextLanguage language = m_module.settings().exactTextLanguage(TextLanguage::English);
     const auto text = [&](QStringView control) {
         return interfaceText(u"Form9", control, language);
     };

@@ -115,7 +115,8 @@ void Form11::Form11_Option2_Click()
 
 void Form11::Form11_Command1_Click()
 {
-    storeLanguage(m_iniPath, Option1->isChecked() ? TextLanguage::English : TextLanguage::Russian);
+    Settings(m_iniPath).setLanguage(Option1->isChecked() ? TextLanguage::English
+                                                         : TextLanguage::Russian);
     accept();
 }
 

@@ -46,7 +46,7 @@ void Form2::Form2_cdc_Click()
 
 void Form2::Form2_add_Click(int entry)
 {
-    const QString path = addInPath(m_services.module.IniPath, entry + 1);
+    const QString path = m_services.module.settings().addInPath(entry + 1);
     minimiseFirstWindow(startCompanion(m_services.module.ApplicationFolder, u'\\' + path));
 }
 

@@ -95,11 +95,11 @@ void Form2::applyMenuTexts(TextLanguage language)
 // The first entry takes the first add-in's caption even when there is none, and is empty then.
 void Form2::buildAddInsMenu(TextLanguage language)
 {
-    const QString& settings = m_services.module.IniPath;
-    add.front()->setText(addInCaption(settings, 1, language));
-    const Int16 count = addInCount(settings);
+    const Settings settings = m_services.module.settings();
+    add.front()->setText(settings.addInCaption(1, language));
+    const Int16 count = settings.addInCount();
     for (int i = 2; i <= count.value(); ++i) {
-        QAction* entry = ai->addAction(addInCaption(settings, i, language));
+        QAction* entry = ai->addAction(settings.addInCaption(i, language));
         entry->setObjectName(add.front()->objectName());
         add.push_back(entry);
     }

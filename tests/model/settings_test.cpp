@@ -108,10 +108,11 @@ TEST(Options, EachHasItsKey)
     };
     for (const auto& [option, key] : kRows) {
         const SettingsFolder folder("[options]\n" + QByteArray(key) + "=1\n");
+        const Settings settings(folder.ini());
         for (const auto& [other, otherKey] : kRows) {
-            EXPECT_EQ(optionIsOn(folder.ini(), other), other == option) << key << ' ' << otherKey;
+            EXPECT_EQ(settings.isOn(other), other == option) << key << ' ' << otherKey;
         }
-        storeOptions(folder.ini(), {{option, false}});
+        settings.storeOptions({{option, false}});
         EXPECT_EQ(folder.bytes(u"orvanta.ini"_s), "[options]\n" + QByteArray(key) + "=0\n");
     }
 }
@@ -131,20 +132,22 @@ TEST(Options, AreOnForExactlyOneAndTheDialogTakesAnyNumberOne)
     };
     for (const Row& row : rows) {
         const SettingsFolder folder("[options]\n" + QByteArray(row.settings));
+        const Settings settings(folder.ini());
         Module1 module;
         module.IniPath = folder.ini();
         EXPECT_EQ(module.optionIsOn(Option::StartPlaying), row.isOn) << row.settings;
-        EXPECT_EQ(optionIsOne(folder.ini(), Option::StartPlaying), row.isOne) << row.settings;
+        EXPECT_EQ(settings.isOne(Option::StartPlaying), row.isOne) << row.settings;
     }
-    EXPECT_FALSE(optionIsOn(u"/no/such/file.ini"_s, Option::StartPlaying));
+    EXPECT_FALSE(Settings(u"/no/such/file.ini"_s).isOn(Option::StartPlaying));
 }
 
 TEST(Options, AnEditOfTheFileIsSeenByTheNextLook)
 {
     const SettingsFolder folder("[options]\nas=1\n");
-    EXPECT_TRUE(optionIsOn(folder.ini(), Option::StartPlaying));
+    const Settings settings(folder.ini());
+    EXPECT_TRUE(settings.isOn(Option::StartPlaying));
     folder.write(u"orvanta.ini"_s, "[options]\nas=\n");
-    EXPECT_FALSE(optionIsOn(folder.ini(), Option::StartPlaying));
+    EXPECT_FALSE(settings.isOn(Option::StartPlaying));
 }
 
 TEST(StoredLanguage, IsANumberAndEachWindowHasItsWayWithOddOnes)
@@ -175,29 +178,34 @@ TEST(StoredLanguage, IsANumberAndEachWindowHasItsWayWithOddOnes)
     for (const Row& row : rows) {
         SCOPED_TRACE(row.settings);
         const SettingsFolder folder("[main]\n" + QByteArray(row.settings));
-        EXPECT_EQ(storedLanguage(folder.ini()), Int16(row.number));
-        EXPECT_EQ(isLanguageStored(folder.ini()), QByteArray(row.settings).size() > 10);
-        EXPECT_EQ(storedTextLanguage(folder.ini(), kEnglish), row.russianForTwo);
-        EXPECT_EQ(storedTextLanguage(folder.ini(), kRussian), row.englishForOne);
-        EXPECT_EQ(exactTextLanguage(folder.ini(), kEnglish), row.russianForTextTwo);
-        EXPECT_EQ(exactTextLanguage(folder.ini(), kRussian), row.englishForTextOne);
+        const Settings settings(folder.ini());
+        EXPECT_EQ(settings.language(), Int16(row.number));
+        EXPECT_EQ(settings.textLanguage(kEnglish), row.russianForTwo);
+        EXPECT_EQ(settings.textLanguage(kRussian), row.englishForOne);
+        EXPECT_EQ(settings.exactTextLanguage(kEnglish), row.russianForTextTwo);
+        EXPECT_EQ(settings.exactTextLanguage(kRussian), row.englishForTextOne);
+        const bool isAbsent = QByteArray(row.settings).size() < 11;
+        EXPECT_EQ(settings.exactTextLanguage(kRussian, kEnglish),
+                  isAbsent ? kEnglish : row.englishForTextOne);
     }
 }
 
 TEST(StoredLanguage, IsZeroWithoutAFileAndOverflowsBeyondSixteenBits)
 {
-    EXPECT_EQ(storedLanguage(u"/no/such/file.ini"_s), Int16(0));
+    EXPECT_EQ(Settings(u"/no/such/file.ini"_s).language(), Int16(0));
     const SettingsFolder folder("[main]\nlanguage=40000\n");
-    EXPECT_THAT([&] { (void)storedLanguage(folder.ini()); }, raises(ErrorNumber::Overflow));
-    EXPECT_EQ(storedTextLanguage(folder.ini(), TextLanguage::Russian), TextLanguage::Russian);
+    const Settings settings(folder.ini());
+    EXPECT_THAT([&] { (void)settings.language(); }, raises(ErrorNumber::Overflow));
+    EXPECT_EQ(settings.textLanguage(TextLanguage::Russian), TextLanguage::Russian);
 }
 
 TEST(StoredLanguage, IsStoredAsItsNumber)
 {
     const SettingsFolder folder;
-    storeLanguage(folder.ini(), TextLanguage::English);
+    const Settings settings(folder.ini());
+    settings.setLanguage(TextLanguage::English);
     EXPECT_EQ(folder.value("main", "language"), u"1");
-    storeLanguage(folder.ini(), TextLanguage::Russian);
+    settings.setLanguage(TextLanguage::Russian);
     EXPECT_EQ(folder.value("main", "language"), u"2");
 }
 
@@ -221,9 +229,10 @@ TEST(StoredTypes, GiveTheListAndBothPatterns)
     for (const Row& row : rows) {
         SCOPED_TRACE(row.settings);
         const SettingsFolder folder("[types]\n" + QByteArray(row.settings));
-        EXPECT_EQ(storedTypes(folder.ini()).join(u' '), QString::fromUtf16(row.types));
-        EXPECT_EQ(typePattern(folder.ini()), QString::fromUtf16(row.typePattern));
-        EXPECT_EQ(clipPattern(folder.ini()), QString::fromUtf16(row.clipPattern));
+        const Settings settings(folder.ini());
+        EXPECT_EQ(settings.types().join(u' '), QString::fromUtf16(row.types));
+        EXPECT_EQ(settings.typePattern(), QString::fromUtf16(row.typePattern));
+        EXPECT_EQ(settings.clipPattern(), QString::fromUtf16(row.clipPattern));
     }
 }
 
@@ -232,55 +241,59 @@ TEST(StoredTypes, ACountThatIsAbsentOrNoNumberIsATypeMismatch)
     for (const QByteArray count : {"", "num=\n", "num=three\n"}) {
         SCOPED_TRACE(count.constData());
         const SettingsFolder folder("[types]\nfile0=avi\n" + count);
+        const Settings settings(folder.ini());
         const auto mismatch = raises(ErrorNumber::TypeMismatch);
-        EXPECT_THAT([&] { (void)typePattern(folder.ini()); }, mismatch);
-        EXPECT_THAT([&] { (void)clipPattern(folder.ini()); }, mismatch);
-        EXPECT_THAT([&] { (void)storedTypes(folder.ini()); }, mismatch);
-        EXPECT_THAT([&] { appendStoredType(folder.ini(), u"mpg"_s); }, mismatch);
+        EXPECT_THAT([&] { (void)settings.typePattern(); }, mismatch);
+        EXPECT_THAT([&] { (void)settings.clipPattern(); }, mismatch);
+        EXPECT_THAT([&] { (void)settings.types(); }, mismatch);
+        EXPECT_THAT([&] { settings.appendType(u"mpg"_s); }, mismatch);
     }
 }
 
 TEST(SavedValues, CountAsInNewSettingsWhereTheyAreAbsent)
 {
     const SettingsFolder folder("[main]\n");
-    EXPECT_EQ(savedVolume(folder.ini()), 0);
-    EXPECT_EQ(savedBalance(folder.ini()), Int16(50));
-    EXPECT_EQ(addInCount(folder.ini()), Int16(0));
-    EXPECT_EQ(savedFolder(folder.ini()), QString());
-    EXPECT_EQ(savedPosition(folder.ini(), u"A clip"_s), QString());
-    EXPECT_EQ(setupSource(folder.ini()), QString());
-    EXPECT_EQ(legacyCodePage(folder.path()), QString());
+    const Settings settings(folder.ini());
+    EXPECT_EQ(settings.volume(), 0);
+    EXPECT_EQ(settings.balance(), Int16(50));
+    EXPECT_EQ(settings.addInCount(), Int16(0));
+    EXPECT_EQ(settings.folder(), QString());
+    EXPECT_EQ(settings.position(u"A clip"_s), QString());
+    EXPECT_EQ(settings.setupSource(), QString());
+    EXPECT_EQ(Settings(folder.file(u"platform.ini"_s)).codePage(), QString());
 }
 
 TEST(SavedValues, AreReadBackFromTheirKeys)
 {
     const SettingsFolder folder("[main]\nscrexe=/cd/setup1.exe\n[add-ins]\nnum=2\n"
                                 "namee2=Quiz\nnamer2=Опрос\npath2=quiz.exe\n");
+    const Settings settings(folder.ini());
     folder.write(u"platform.ini"_s, "[text]\ncodepage=windows-1251\n");
-    saveVolume(folder.ini(), -1728.5);
-    saveBalance(folder.ini(), Int16(80));
-    saveFolder(folder.ini(), u"/music"_s);
+    settings.setVolume(-1728.5);
+    settings.setBalance(Int16(80));
+    settings.setFolder(u"/music"_s);
     EXPECT_EQ(folder.value("save", "volume"), u"-1728.5");
-    EXPECT_EQ(savedVolume(folder.ini()), -1728.5);
+    EXPECT_EQ(settings.volume(), -1728.5);
     EXPECT_EQ(folder.value("save", "balance"), u"80");
-    EXPECT_EQ(savedBalance(folder.ini()), Int16(80));
+    EXPECT_EQ(settings.balance(), Int16(80));
     EXPECT_EQ(folder.value("save", "open"), u"/music");
-    EXPECT_EQ(savedFolder(folder.ini()), u"/music");
-    EXPECT_EQ(addInCount(folder.ini()), Int16(2));
-    EXPECT_EQ(addInCaption(folder.ini(), 2, TextLanguage::English), u"Quiz");
-    EXPECT_EQ(addInCaption(folder.ini(), 2, TextLanguage::Russian), u"Опрос");
-    EXPECT_EQ(addInPath(folder.ini(), 2), u"quiz.exe");
-    EXPECT_EQ(setupSource(folder.ini()), u"/cd/setup1.exe");
-    EXPECT_EQ(legacyCodePage(folder.path()), u"windows-1251");
+    EXPECT_EQ(settings.folder(), u"/music");
+    EXPECT_EQ(settings.addInCount(), Int16(2));
+    EXPECT_EQ(settings.addInCaption(2, TextLanguage::English), u"Quiz");
+    EXPECT_EQ(settings.addInCaption(2, TextLanguage::Russian), u"Опрос");
+    EXPECT_EQ(settings.addInPath(2), u"quiz.exe");
+    EXPECT_EQ(settings.setupSource(), u"/cd/setup1.exe");
+    EXPECT_EQ(Settings(folder.file(u"platform.ini"_s)).codePage(), u"windows-1251");
 }
 
 TEST(SavedValues, APositionGoesByTheWholeTextOfItsClip)
 {
     const SettingsFolder folder;
+    const Settings settings(folder.ini());
     for (const QString& text : {u"A clip"_s, u"# 1 of 2"_s, u"num"_s}) {
-        savePosition(folder.ini(), text, u"12.5"_s);
+        settings.setPosition(text, u"12.5"_s);
         EXPECT_EQ(folder.value("pos", text.toUtf8().constData()), u"12.5") << qPrintable(text);
-        EXPECT_EQ(savedPosition(folder.ini(), text), u"12.5") << qPrintable(text);
+        EXPECT_EQ(settings.position(text), u"12.5") << qPrintable(text);
     }
 }
 

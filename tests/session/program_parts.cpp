@@ -1,6 +1,5 @@
 #include "tests/session/program_parts.h"
 
-#include "model/settings.h"
 #include "window/file_list.h"
 
 #include <QTimer>
@@ -16,7 +15,7 @@ ProgramParts::ProgramParts(const Surroundings& surroundings, QDBusConnection bus
     const SettingsFolder& home = surroundings.home;
     module.ApplicationFolder = home.path();
     module.IniPath = home.ini();
-    module.TypePattern = typePattern(module.IniPath);
+    module.TypePattern = module.settings().typePattern();
     module.Language = 1;
     const HandlerBoundary boundary([this](const RuntimeError& error) { m_error = error.number(); });
     openVideoWindow(boundary);
@@ -70,7 +69,7 @@ void ProgramParts::makeEditors(const HandlerBoundary& boundary)
 void ProgramParts::changeOptions()
 {
     const bool isAccepted = showOptions(*options, mainWindow.get());
-    module.TypePattern = typePattern(module.IniPath);
+    module.TypePattern = module.settings().typePattern();
     mainWindow->File1->setPattern(module.TypePattern);
     if (isAccepted) {
         tray = std::make_unique<Form12>(module); // in the language that is stored now
