@@ -43,9 +43,8 @@ static bool isEnglish()
     const auto session = QLocale::system().uiLanguages().value(0).startsWith(u"ru")
                              ? TextLanguage::Russian
                              : TextLanguage::English;
-    const TextLanguage language =
-        Settings(settings).exactTextLanguage(TextLanguage::Russian, session);
-    return language == TextLanguage::English;
+    return Settings(settings).exactTextLanguage(TextLanguage::Russian, session) ==
+           TextLanguage::English;
 }
 
 /// Beside the installed programs, or beside the build folder of a checkout.

@@ -1,13 +1,12 @@
 #include "model/module1.h"
 
+#include <utility>
+
 namespace orvanta {
 
 PlaylistEntry& PlaylistState::packet(Int16 p)
 {
-    if (p < 1 || p.index() > Playlist.size()) {
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    }
-    return Playlist[p.index() - 1];
+    return const_cast<PlaylistEntry&>(std::as_const(*this).packet(p));
 }
 
 const PlaylistEntry& PlaylistState::packet(Int16 p) const

@@ -1,7 +1,6 @@
 #include "model/settings.h"
 
 #include "core/error_boundary.h"
-#include "core/numbers.h"
 
 #include <cmath>
 
@@ -14,28 +13,16 @@ static_assert(std::ranges::all_of(kSettings, [](const SettingKey& row) {
     return (row.section == u"options") == (place <= std::size_t(Option::StartWithSession));
 }));
 
-static constexpr const SettingKey& kLanguage = settingKey(u"main", u"language");
-static constexpr const SettingKey& kTypeCount = settingKey(u"types", u"num");
-static constexpr const SettingKey& kType = settingKey(u"types", u"file#");
-
-static QString sectionOf(const SettingKey& key)
+static IniChange change(const SettingKey& key, const QString& value, const QString& name = {})
 {
-    return QStringView(key.section).toString();
-}
-
-static QString keyText(const SettingKey& key, const QString& name)
-{
-    return QStringView(key.key).toString().replace(u'#', name);
+    return {QStringView(key.section).toString(),
+            QStringView(key.key).toString().replace(u'#', name), value};
 }
 
 QString Settings::read(const SettingKey& key, const QString& name) const
 {
-    return ReadIni(sectionOf(key), keyText(key, name), m_iniPath);
-}
-
-QString Settings::read(const SettingKey& key, int number) const
-{
-    return read(key, QString::number(number));
+    const IniChange place = change(key, {}, name);
+    return ReadIni(place.section, place.key, m_iniPath);
 }
 
 double Settings::number(const SettingKey& key) const
@@ -46,15 +33,11 @@ double Settings::number(const SettingKey& key) const
 
 void Settings::write(const SettingKey& key, const QString& value, const QString& name) const
 {
-    WriteIni(sectionOf(key), keyText(key, name), value, m_iniPath);
+    const IniChange place = change(key, value, name);
+    WriteIni(place.section, place.key, value, m_iniPath);
 }
 
-static IniChange change(const SettingKey& key, const QString& value, int number = 0)
-{
-    return {sectionOf(key), keyText(key, QString::number(number)), value};
-}
-
-/// All of them in one replacement of the file; nothing when nothing changes.
+/// Nothing is written when nothing changes.
 void Settings::writeTogether(std::vector<IniChange> changes) const
 {
     const IniSnapshot settings(m_iniPath);
@@ -68,7 +51,7 @@ void Settings::writeTogether(std::vector<IniChange> changes) const
 
 bool Settings::isOne(Option option) const
 {
-    const QString text = read(keyOf(option));
+    const QString text = read(iniKey(option));
     return !text.isEmpty() && conditionHolds("option", [&] { return decimalValue(text) == 1; });
 }
 
@@ -76,22 +59,14 @@ void Settings::storeOptions(const std::vector<std::pair<Option, bool>>& options)
 {
     std::vector<IniChange> changes;
     for (const auto& [option, isOn] : options) {
-        changes.push_back(change(keyOf(option), isOn ? u"1"_s : u"0"_s));
+        changes.push_back(change(iniKey(option), isOn ? u"1"_s : u"0"_s));
     }
     writeTogether(std::move(changes));
 }
 
-TextLanguage textLanguage(double number, TextLanguage otherwise)
-{
-    if (number == 1) {
-        return TextLanguage::English;
-    }
-    return number == 2 ? TextLanguage::Russian : otherwise;
-}
-
 double Settings::languageNumber() const
 {
-    const QString text = read(kLanguage);
+    const QString text = read(iniKey(u"main", u"language"));
     double language = 0;
     if (!text.isEmpty()) {
         resumeNext("reading the language", [&] { language = std::trunc(decimalValue(text)); });
@@ -99,14 +74,9 @@ double Settings::languageNumber() const
     return language;
 }
 
-Int16 Settings::language() const
-{
-    return roundToInt16(languageNumber());
-}
-
 void Settings::setLanguage(TextLanguage language) const
 {
-    write(kLanguage, language == TextLanguage::English ? u"1"_s : u"2"_s);
+    write(iniKey(u"main", u"language"), language == TextLanguage::English ? u"1"_s : u"2"_s);
 }
 
 TextLanguage Settings::textLanguage(TextLanguage otherwise) const
@@ -114,27 +84,19 @@ TextLanguage Settings::textLanguage(TextLanguage otherwise) const
     return orvanta::textLanguage(languageNumber(), otherwise);
 }
 
-TextLanguage Settings::exactTextLanguage(TextLanguage otherwise, TextLanguage absent) const
+TextLanguage Settings::exactTextLanguage(TextLanguage otherwise,
+                                         std::optional<TextLanguage> absent) const
 {
-    const QString text = read(kLanguage);
-    if (text.isEmpty()) {
-        return absent;
-    }
-    return text == u"1" || text == u"2" ? orvanta::textLanguage(text.toInt(), otherwise)
-                                        : otherwise;
-}
-
-Int16 Settings::typeCount() const
-{
-    return countValue(read(kTypeCount));
+    const QString text = read(iniKey(u"main", u"language"));
+    const int number = text == u"1" ? 1 : text == u"2" ? 2 : 0;
+    return orvanta::textLanguage(number, text.isEmpty() ? absent.value_or(otherwise) : otherwise);
 }
 
 QStringList Settings::firstTypes(int count) const
 {
-    const IniSnapshot settings(m_iniPath);
     QStringList types;
     for (int i = 0; i < count; ++i) {
-        types.append(settings.read(sectionOf(kType), keyText(kType, QString::number(i))));
+        types.append(read(iniKey(u"types", u"file#"), i));
     }
     return types;
 }
@@ -144,11 +106,6 @@ static QString patternOf(const QStringList& types)
     return types.isEmpty() ? QString() : u"*."_s + types.join(u";*."_s);
 }
 
-QStringList Settings::types() const
-{
-    return firstTypes(typeCount().value());
-}
-
 QString Settings::typePattern() const
 {
     return patternOf(firstTypes(std::max(typeCount().value(), 1)));
@@ -156,24 +113,24 @@ QString Settings::typePattern() const
 
 QString Settings::clipPattern() const
 {
-    const Int16 count = roundToInt16(std::floor(decimalValue(read(kTypeCount))));
-    return patternOf(firstTypes(count.value()));
+    const double count = decimalValue(read(iniKey(u"types", u"num")));
+    return patternOf(firstTypes(roundToInt16(std::floor(count)).value()));
 }
 
 void Settings::appendType(const QString& type) const
 {
     const Int16 count = typeCount();
     const Int16 more = count + Int16(1);
-    writeTogether(
-        {change(kTypeCount, QString::number(more.value())), change(kType, type, count.value())});
+    writeTogether({change(iniKey(u"types", u"num"), QString::number(more.value())),
+                   change(iniKey(u"types", u"file#"), type, QString::number(count.value()))});
 }
 
 void Settings::storeRemainingTypes(const QStringList& remaining) const
 {
     const Int16 count = typeCount() - Int16(1);
-    std::vector<IniChange> changes = {change(kTypeCount, QString::number(count.value()))};
+    std::vector changes = {change(iniKey(u"types", u"num"), QString::number(count.value()))};
     for (int i = 0; i < remaining.size(); ++i) {
-        changes.push_back(change(kType, remaining[i], i));
+        changes.push_back(change(iniKey(u"types", u"file#"), remaining[i], QString::number(i)));
     }
     writeTogether(std::move(changes));
 }
@@ -182,45 +139,16 @@ void Settings::saveOwners(const QMap<int, QString>& owners) const
 {
     std::vector<IniChange> changes;
     for (auto owner = owners.cbegin(); owner != owners.cend(); ++owner) {
-        changes.push_back(change(kTypeOwner, owner.value(), owner.key()));
+        changes.push_back(
+            change(iniKey(u"types", u"#reg"), owner.value(), QString::number(owner.key())));
     }
     writeTogether(std::move(changes));
 }
 
-void Settings::setVolume(double volume) const
+QString Settings::addInCaption(int i, TextLanguage language) const
 {
-    write(settingKey(u"save", u"volume"), decimalText(volume));
-}
-
-Int16 Settings::balance() const
-{
-    return roundToInt16(number(settingKey(u"save", u"balance")));
-}
-
-void Settings::setBalance(Int16 balance) const
-{
-    write(settingKey(u"save", u"balance"), decimalText(balance.value()));
-}
-
-void Settings::setPosition(const QString& text, const QString& position) const
-{
-    write(kPosition, position, text);
-}
-
-Int16 Settings::addInCount() const
-{
-    return roundToInt16(number(settingKey(u"add-ins", u"num")));
-}
-
-QString Settings::addInCaption(int number, TextLanguage language) const
-{
-    return language == TextLanguage::English ? read(settingKey(u"add-ins", u"namee#"), number)
-                                             : read(settingKey(u"add-ins", u"namer#"), number);
-}
-
-QString Settings::addInPath(int number) const
-{
-    return read(settingKey(u"add-ins", u"path#"), number);
+    const bool isEnglish = language == TextLanguage::English;
+    return read(isEnglish ? iniKey(u"add-ins", u"namee#") : iniKey(u"add-ins", u"namer#"), i);
 }
 
 } // namespace orvanta

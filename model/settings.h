@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/ini.h"
-#include "core/int16.h"
+#include "core/numbers.h"
 #include "model/texts.h"
 
 #include <QMap>
@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -67,17 +68,22 @@ inline constexpr std::array kSettings = {
     SettingKey{u"text", u"codepage", nullptr},  // of old files; in platform.ini
 };
 
-/// A line of the table. What is not in it does not compile.
-consteval const SettingKey& settingKey(std::u16string_view section, std::u16string_view key)
+/// A row of the table. What is not there does not compile.
+consteval const SettingKey& iniKey(std::u16string_view section, std::u16string_view key)
 {
-    const auto* const row = std::ranges::find_if(kSettings, [&](const SettingKey& candidate) {
-        return candidate.section == section && candidate.key == key;
-    });
-    return row == kSettings.end() ? throw "no such setting" : *row;
+    return *std::ranges::find_if(
+        kSettings, [&](const SettingKey& row) { return row.section == section && row.key == key; });
+}
+constexpr const SettingKey& iniKey(Option option)
+{
+    return kSettings[std::size_t(option)];
 }
 
 /// The language of a number. What anything but 1 and 2 is differs from window to window.
-[[nodiscard]] TextLanguage textLanguage(double number, TextLanguage otherwise);
+[[nodiscard]] constexpr TextLanguage textLanguage(double number, TextLanguage otherwise)
+{
+    return number == 1 ? TextLanguage::English : number == 2 ? TextLanguage::Russian : otherwise;
+}
 
 /// The settings in one file. Each call goes to the file; an absent text is empty.
 class Settings
@@ -88,7 +94,7 @@ public:
     {}
 
     /// On is exactly "1"; an option that is absent is off.
-    [[nodiscard]] bool isOn(Option option) const { return read(keyOf(option)) == u"1"; }
+    [[nodiscard]] bool isOn(Option option) const { return read(iniKey(option)) == u"1"; }
     /// What the options dialog shows: there any text of the number 1 is on.
     [[nodiscard]] bool isOne(Option option) const;
     /// All of them in one replacement of the file. A failure is logged, as with the types below.
@@ -96,21 +102,18 @@ public:
 
     /// The interface language: 1 English, 2 Russian, 0 when none is stored or what is stored is no
     /// number. The integer part counts. Raises 6 outside 16 bits.
-    [[nodiscard]] Int16 language() const;
+    [[nodiscard]] Int16 language() const { return roundToInt16(languageNumber()); }
     void setLanguage(TextLanguage language) const;
     /// For windows that look afresh at each showing.
     [[nodiscard]] TextLanguage textLanguage(TextLanguage otherwise) const;
-    /// The same where the texts "1" and "2" alone count: "1.0" is neither.
-    [[nodiscard]] TextLanguage exactTextLanguage(TextLanguage otherwise) const
-    {
-        return exactTextLanguage(otherwise, otherwise);
-    }
-    /// absent: when there is no text at all.
-    [[nodiscard]] TextLanguage exactTextLanguage(TextLanguage otherwise, TextLanguage absent) const;
+    /// The same where the texts "1" and "2" alone count: "1.0" is neither. absent: when there is
+    /// no text at all, unless that is like any other.
+    [[nodiscard]] TextLanguage exactTextLanguage(TextLanguage otherwise,
+                                                 std::optional<TextLanguage> absent = {}) const;
 
     /// The types of playable files, without the dot. Raises 13 when the count is absent or no
     /// number, as everything about types down to storeRemainingTypes.
-    [[nodiscard]] QStringList types() const;
+    [[nodiscard]] QStringList types() const { return firstTypes(typeCount().value()); }
     /// "*.avi;*.mpg;*.wav". The first type is always there.
     [[nodiscard]] QString typePattern() const;
     /// The pattern of the packet editor's lists: empty without types, and a fraction of the count
@@ -122,52 +125,58 @@ public:
     void storeRemainingTypes(const QStringList& remaining) const;
     /// The owners that rows of the options dialog had before. Rows count from 0.
     void saveOwners(const QMap<int, QString>& owners) const;
-    [[nodiscard]] QString savedOwner(int row) const { return read(kTypeOwner, row); }
+    [[nodiscard]] QString savedOwner(int row) const { return read(iniKey(u"types", u"#reg"), row); }
 
     /// Hundredths of a decibel. Raises 13 when it is no number.
-    [[nodiscard]] double volume() const { return number(settingKey(u"save", u"volume")); }
-    void setVolume(double volume) const;
+    [[nodiscard]] double volume() const { return number(iniKey(u"save", u"volume")); }
+    void setVolume(double to) const { write(iniKey(u"save", u"volume"), decimalText(to)); }
     /// 0 to 100, unless edited by hand. Raises 13 or 6.
-    [[nodiscard]] Int16 balance() const;
-    void setBalance(Int16 balance) const;
+    [[nodiscard]] Int16 balance() const
+    {
+        return roundToInt16(number(iniKey(u"save", u"balance")));
+    }
+    void setBalance(Int16 to) const { write(iniKey(u"save", u"balance"), decimalText(to.value())); }
     /// Where pickers and editors were last.
-    [[nodiscard]] QString folder() const { return read(kFolder); }
-    void setFolder(const QString& folder) const { write(kFolder, folder); }
-
+    [[nodiscard]] QString folder() const { return read(iniKey(u"save", u"open")); }
+    void setFolder(const QString& folder) const { write(iniKey(u"save", u"open"), folder); }
     /// The saved position of a clip or brake, by its text: seconds, decimal text.
-    [[nodiscard]] QString position(const QString& text) const { return read(kPosition, text); }
-    void setPosition(const QString& text, const QString& position) const;
+    [[nodiscard]] QString position(const QString& text) const
+    {
+        return read(iniKey(u"pos", u"#"), text);
+    }
+    void setPosition(const QString& text, const QString& to) const
+    {
+        write(iniKey(u"pos", u"#"), to, text);
+    }
 
     /// Raises 13 or 6.
-    [[nodiscard]] Int16 addInCount() const;
+    [[nodiscard]] Int16 addInCount() const
+    {
+        return roundToInt16(number(iniKey(u"add-ins", u"num")));
+    }
     /// Of an add-in, from 1.
-    [[nodiscard]] QString addInCaption(int number, TextLanguage language) const;
-    [[nodiscard]] QString addInPath(int number) const;
+    [[nodiscard]] QString addInCaption(int i, TextLanguage language) const;
+    [[nodiscard]] QString addInPath(int i) const { return read(iniKey(u"add-ins", u"path#"), i); }
 
     /// The file that installed the program.
-    [[nodiscard]] QString setupSource() const { return read(settingKey(u"main", u"screxe")); }
+    [[nodiscard]] QString setupSource() const { return read(iniKey(u"main", u"screxe")); }
     /// Of platform.ini: the code page of old files, "windows-1251"; empty: by the user's locale.
-    [[nodiscard]] QString codePage() const { return read(settingKey(u"text", u"codepage")); }
+    [[nodiscard]] QString codePage() const { return read(iniKey(u"text", u"codepage")); }
 
 private:
-    static constexpr const SettingKey& kTypeOwner = settingKey(u"types", u"#reg");
-    static constexpr const SettingKey& kFolder = settingKey(u"save", u"open");
-    static constexpr const SettingKey& kPosition = settingKey(u"pos", u"#");
-
-    [[nodiscard]] static const SettingKey& keyOf(Option option)
-    {
-        return kSettings[std::size_t(option)];
-    }
     /// name: what stands for the "#".
     [[nodiscard]] QString read(const SettingKey& key, const QString& name = {}) const;
-    [[nodiscard]] QString read(const SettingKey& key, int number) const;
+    [[nodiscard]] QString read(const SettingKey& key, int i) const
+    {
+        return read(key, QString::number(i));
+    }
     /// What is absent counts as in a new file.
     [[nodiscard]] double number(const SettingKey& key) const;
     void write(const SettingKey& key, const QString& value, const QString& name = {}) const;
-    [[nodiscard]] double languageNumber() const;
-    [[nodiscard]] Int16 typeCount() const;
-    [[nodiscard]] QStringList firstTypes(int count) const;
     void writeTogether(std::vector<IniChange> changes) const;
+    [[nodiscard]] double languageNumber() const;
+    [[nodiscard]] Int16 typeCount() const { return countValue(read(iniKey(u"types", u"num"))); }
+    [[nodiscard]] QStringList firstTypes(int count) const;
 
     QString m_iniPath;
 };

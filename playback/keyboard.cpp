@@ -315,6 +315,7 @@ void MainWindowKeys::stepVolume(int step)
 
 void MainWindowKeys::setBookmark()
 {
+    (void)currentText(); // without a clip there is no sign either
     m_engine.keepPosition();
 }
 

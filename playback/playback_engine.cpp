@@ -45,8 +45,7 @@ public:
     void start(Int16 p, Int16 q);
     void begin();
     void goOnAfterDrop(bool groupDropped);
-    void writePosition(const QString& position) const;
-    void showPositionKept(const QString& position);
+    void keepPosition();
 
     EngineContext context;
     PositionSlider slider{context};
@@ -62,7 +61,6 @@ public:
 private:
     void showVideoWindowWithMainWindow();
     void display();
-    void keepBookmark();
     [[nodiscard]] bool moveOnAfterEnd();
     [[nodiscard]] bool moveOnAfterFailure();
     void serveTray();
@@ -83,7 +81,11 @@ void PlaybackEngine::Private::tick()
     resumeNext("buttons", [&] { transport.reconcile(); });
     resumeNext("volume", [&] { volume.takeVolumeOfVideoWindow(); });
     resumeNext("display", [&] { display(); });
-    resumeNext("bookmark", [&] { keepBookmark(); });
+    resumeNext("bookmark", [&] {
+        if (context.operations.TakeBookmarkChanged()) {
+            keepPosition();
+        }
+    });
     if (!moveOnAfterEnd() && !moveOnAfterFailure()) {
         resumeNext("tray", [&] { serveTray(); });
     }
@@ -111,24 +113,13 @@ void PlaybackEngine::Private::display()
     brakes.run();
 }
 
-void PlaybackEngine::Private::keepBookmark()
+void PlaybackEngine::Private::keepPosition()
 {
-    if (!context.operations.TakeBookmarkChanged()) {
-        return;
-    }
     const QString position = context.operations.GetPlayerPosition();
-    resumeNext("saved position", [&] { writePosition(position); });
-    showPositionKept(position);
-}
-
-void PlaybackEngine::Private::writePosition(const QString& position) const
-{
-    const ClipEntry& entry = context.currentPacket().clip(context.cursor().clip);
-    context.module.settings().setPosition(entry.Text, position);
-}
-
-void PlaybackEngine::Private::showPositionKept(const QString& position)
-{
+    resumeNext("saved position", [&] {
+        const ClipEntry& entry = context.currentPacket().clip(context.cursor().clip);
+        context.module.settings().setPosition(entry.Text, position);
+    });
     context.view->showBookmarkSign();
     context.operations.SetBookmark(position);
 }
@@ -283,9 +274,7 @@ const TransportLooks& PlaybackEngine::transport() const
 
 void PlaybackEngine::keepPosition()
 {
-    const QString position = m_private->context.operations.GetPlayerPosition();
-    m_private->writePosition(position);
-    m_private->showPositionKept(position);
+    m_private->keepPosition();
 }
 
 void PlaybackEngine::startCurrent()

@@ -70,7 +70,7 @@ public:
     void seekTo(double seconds);
 
     /// Where the player is becomes the saved position of the current clip: in the settings, for the
-    /// video window's "l", with the sign. Raises 9 without a clip.
+    /// video window's "l", with the sign.
     void keepPosition();
 
     /// Plays the current clip or brake when nothing is loaded: a person asked for playing.
