@@ -71,8 +71,9 @@ inline constexpr std::array kSettings = {
 /// A row of the table. What is not there does not compile.
 consteval const SettingKey& iniKey(std::u16string_view section, std::u16string_view key)
 {
-    return *std::ranges::find_if(
+    const auto* const found = std::ranges::find_if(
         kSettings, [&](const SettingKey& row) { return row.section == section && row.key == key; });
+    return found == kSettings.end() ? throw "no such setting" : *found;
 }
 constexpr const SettingKey& iniKey(Option option)
 {

@@ -121,9 +121,10 @@ QStringList settingsNamedIn(const QString& document)
 QString productSources()
 {
     QString all;
-    for (const char* folder : {"core", "platform", "playback", "player", "editors", "system"}) {
+    for (const char* folder :
+         {"core", "platform", "model", "playback", "window", "editors", "system"}) {
         QDirIterator files(QStringLiteral(ORVANTA_SOURCE_DIR "/") + QString::fromLatin1(folder),
-                           {u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
+                           {u"*.cpp"_s, u"*.h"_s}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
             QFile file(files.next());
             all += file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
