@@ -2,6 +2,7 @@
 
 #include "core/log.h"
 #include "core/version.h"
+#include "model/texts.h"
 #include "platform/process/hand_over_queue.h"
 
 #include <QDir>
@@ -38,29 +39,10 @@ QStringList argumentTexts(int count, const char* const* arguments)
     return texts;
 }
 
-static QString helpText()
-{
-    return u"Usage: orvanta [FILE...]\n"
-           "       orvanta /fFOLDER\n"
-           "       orvanta /auto\n"
-           "\n"
-           "Plays packets (.vxl), groups of packets (.vxg) and clips. A program that is\n"
-           "already running opens the files.\n"
-           "\n"
-           "  FILE       a packet, a group, a media file or a folder of clips\n"
-           "  /fFOLDER   the clips of a folder, too\n"
-           "  /auto      starts without showing the main window\n"
-           "  --help     shows this text\n"
-           "  --version  shows the version\n"
-           "\n"
-           "Settings are kept in orvanta.ini in $ORVANTA_HOME, beside the program when it lies\n"
-           "there, or in ~/.local/share/orvanta.\n"_s;
-}
-
 std::optional<QString> answerForTerminal(const QStringList& arguments)
 {
     if (arguments == QStringList(u"--help"_s)) {
-        return helpText();
+        return interfaceText(u"CommandLine", u"--help", TextLanguage::English);
     }
     if (arguments == QStringList(u"--version"_s)) {
         return u"Orvanta %1\n"_s.arg(kVersion);

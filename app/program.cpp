@@ -4,7 +4,6 @@
 #include "app/shown_watch.h"
 #include "core/log.h"
 #include "editors/editor_services.h"
-#include "model/type_pattern.h"
 #include "platform/screen/desktop_tray.h"
 #include "platform/screen/idle_inhibition.h"
 #include "playback/form13_video_window.h"
@@ -72,7 +71,7 @@ void Program::makeEditors()
 /// A program that starts with the session may be there before the tray.
 void Program::openTrayWindow()
 {
-    if (!m_surroundings.module.optionIsOn(u"si"_s)) {
+    if (!m_surroundings.module.optionIsOn(Option::TrayIcon)) {
         return;
     }
     m_desktopTray = std::make_unique<DesktopTray>(m_surroundings.bus);
@@ -88,7 +87,7 @@ void Program::openTrayWindow()
 void Program::loadTrayWindow()
 {
     Module1& module = m_surroundings.module;
-    if (module.optionIsOn(u"si"_s) && !m_trayWindow && !m_engine->isClosing()) {
+    if (module.optionIsOn(Option::TrayIcon) && !m_trayWindow && !m_engine->isClosing()) {
         m_trayWindow = std::make_unique<Form12>(module);
     }
 }
@@ -123,8 +122,8 @@ void Program::changeOptions()
                              m_surroundings.boundary};
     const bool isAccepted = showOptions(services, m_mainWindow.get());
     resumeNext("types after the options",
-               [&] { module.TypePattern = typePattern(module.IniPath); });
-    if (isAccepted && module.optionIsOn(u"si"_s) != (m_trayWindow != nullptr)) {
+               [&] { module.TypePattern = module.settings().typePattern(); });
+    if (isAccepted && module.optionIsOn(Option::TrayIcon) != (m_trayWindow != nullptr)) {
         m_trayWindow.reset();
         openTrayWindow();
     }

@@ -6,7 +6,6 @@
 #include "core/ini.h"
 #include "core/log.h"
 #include "core/paths.h"
-#include "model/type_pattern.h"
 #include "platform/media/media_library.h"
 #include "platform/process/application_folder.h"
 #include "platform/process/end_signals.h"
@@ -59,7 +58,7 @@ bool StartUp::Main()
     showSplash();
     repairSetupCopy(m_module.ApplicationFolder);
     checkMediaLibrary();
-    m_module.TypePattern = typePattern(m_module.IniPath);
+    m_module.TypePattern = m_module.settings().typePattern();
     letEventsRun();
     makeProgram();
     m_program->openTrayWindow();
@@ -80,15 +79,15 @@ void StartUp::buildIniPath()
     m_module.IniPath = programFile(m_module.ApplicationFolder, u"\\orvanta.ini"_s);
     m_registry.emplace(m_module.ApplicationFolder);
     const QString platformIni = programFile(m_module.ApplicationFolder, u"\\platform.ini"_s);
-    setLegacyCodePage(ReadIni(u"text"_s, u"codepage"_s, platformIni));
+    setLegacyCodePage(Settings(platformIni).codePage());
 }
 
 void StartUp::chooseLanguage()
 {
-    m_module.Language = storedLanguage(m_module.IniPath);
+    m_module.Language = m_module.settings().language();
     if (m_module.Language == 0) {
         Form11(m_module.IniPath).exec();
-        m_module.Language = storedLanguage(m_module.IniPath);
+        m_module.Language = m_module.settings().language();
     }
 }
 

@@ -1,26 +1,14 @@
 #include "app/start_up_steps.h"
 
-#include "core/error_boundary.h"
-#include "core/ini.h"
-#include "core/numbers.h"
 #include "core/paths.h"
+#include "core/run_time_error.h"
+#include "model/settings.h"
 
 #include <QFile>
-
-#include <cmath>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
-
-Int16 storedLanguage(const QString& iniPath)
-{
-    double language = 0;
-    resumeNext("reading the language", [&] {
-        language = decimalValue(ReadIni(u"main"_s, u"language"_s, iniPath, u"0"_s));
-    });
-    return roundToInt16(std::trunc(language));
-}
 
 static void copySetup(const QString& source, const QString& target)
 {
@@ -39,7 +27,7 @@ void repairSetupCopy(const QString& applicationFolder)
         return;
     }
     const QString iniPath = programFile(applicationFolder, u"\\orvanta.ini"_s);
-    const QString original = ReadIni(u"main"_s, u"screxe"_s, iniPath);
+    const QString original = Settings(iniPath).setupSource();
     if (!folderOfPath(original).isEmpty()) {
         copySetup(programFile(applicationFolder, u"\\setup\\"_s + fileNameOfPath(original)),
                   target);

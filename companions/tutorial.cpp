@@ -1,7 +1,7 @@
 // The tutorial: hands the lessons in the interface language to the player and ends.
 
-#include "core/ini.h"
 #include "core/paths.h"
+#include "model/settings.h"
 #include "platform/process/application_folder.h"
 
 #include <QCoreApplication>
@@ -40,9 +40,11 @@ static QString firstFile(const QStringList& names)
 static bool isEnglish()
 {
     const QString settings = programFile(applicationFolder(), u"\\orvanta.ini"_s);
-    const QString chosen = ReadIni(u"main"_s, u"language"_s, settings);
-    const bool isSessionRussian = QLocale::system().uiLanguages().value(0).startsWith(u"ru");
-    return chosen.isEmpty() ? !isSessionRussian : chosen == u"1";
+    const auto session = QLocale::system().uiLanguages().value(0).startsWith(u"ru")
+                             ? TextLanguage::Russian
+                             : TextLanguage::English;
+    return Settings(settings).exactTextLanguage(TextLanguage::Russian, session) ==
+           TextLanguage::English;
 }
 
 /// Beside the installed programs, or beside the build folder of a checkout.

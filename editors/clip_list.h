@@ -14,8 +14,4 @@ void addClip(EntryList& list, const QString& folder, const QString& name);
 /// stay.
 void loadClips(EntryList& list, const QString& packet);
 
-/// The pattern of both file lists from section "types": "*.avi;*.mpg". A count that is absent or
-/// no number raises 13.
-[[nodiscard]] QString clipPattern(const QString& iniPath);
-
 } // namespace orvanta

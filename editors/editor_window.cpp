@@ -1,6 +1,5 @@
 #include "editors/editor_window.h"
 
-#include "core/ini.h"
 #include "core/paths.h"
 #include "editors/file_list_box.h"
 #include "editors/folder_names.h"
@@ -147,7 +146,7 @@ void EditorWindow::connectMoves(EntryListView* list, QPushButton* up, QPushButto
 
 void EditorWindow::showStoredFolder(FolderTree* tree)
 {
-    tree->setFolder(startFolder(ReadIni(u"save"_s, u"open"_s, m_services.module.IniPath)));
+    tree->setFolder(startFolder(m_services.module.settings().folder()));
 }
 
 void EditorWindow::FolderTreeview1_FolderClick(const QString& folder)
@@ -229,7 +228,7 @@ void EditorWindow::closeEvent(QCloseEvent* event)
 
 void EditorWindow::done(int result)
 {
-    WriteIni(u"save"_s, u"open"_s, File1->folder(), m_services.module.IniPath);
+    m_services.module.settings().setFolder(File1->folder());
     QDialog::done(result);
 }
 

@@ -74,7 +74,7 @@ void Form5::connectBrakeMode()
 void Form5::Form5_Form_Load()
 {
     QString pattern;
-    resumeNext("Form5_Form_Load", [&] { pattern = clipPattern(services().module.IniPath); });
+    resumeNext("Form5_Form_Load", [&] { pattern = services().module.settings().clipPattern(); });
     File1->setPattern(pattern);
     File2->setPattern(pattern);
     showStoredFolder(FolderTreeview1);

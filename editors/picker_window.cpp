@@ -1,7 +1,5 @@
 #include "editors/picker_window.h"
 
-#include "core/ini.h"
-#include "core/numbers.h"
 #include "editors/file_list_box.h"
 #include "editors/folder_names.h"
 #include "editors/folder_tree.h"
@@ -15,30 +13,18 @@
 #include <QPushButton>
 #include <QSplitter>
 
-#include <cmath>
 #include <utility>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-/// Read afresh at each showing, and Russian for anything but 1: the editors see it the other way
-/// round, and both stay as they are.
-static TextLanguage storedLanguage(const QString& iniPath)
-{
-    double language = 0;
-    resumeNext("picker language", [&] {
-        language = std::trunc(decimalValue(ReadIni(u"main"_s, u"language"_s, iniPath)));
-    });
-    return language == 1 ? TextLanguage::English : TextLanguage::Russian;
-}
-
 PickerWindow::PickerWindow(Module1& module, HandlerBoundary boundary, QStringView name,
                            const QString& pattern, QWidget* parent)
     : QDialog(parent),
       m_module(module),
       m_boundary(std::move(boundary)),
-      m_texts(name, storedLanguage(module.IniPath)),
+      m_texts(name, module.settings().textLanguage(TextLanguage::Russian)),
       m_pattern(pattern)
 {
     setObjectName(name.toString());
@@ -114,13 +100,13 @@ void PickerWindow::connectHandlers()
 
 void PickerWindow::showStoredFolder()
 {
-    FolderTreeview1->setFolder(startFolder(ReadIni(u"save"_s, u"open"_s, m_module.IniPath)));
+    FolderTreeview1->setFolder(startFolder(m_module.settings().folder()));
     File1->setFocus();
 }
 
 void PickerWindow::storeFolder()
 {
-    WriteIni(u"save"_s, u"open"_s, File1->folder(), m_module.IniPath);
+    m_module.settings().setFolder(File1->folder());
 }
 
 void PickerWindow::FolderTreeview1_FolderClick(const QString& folder)

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 TextLanguage editorLanguage(const Module1& module)
 {
-    return module.Language == 2 ? TextLanguage::Russian : TextLanguage::English;
+    return textLanguage(module.Language.value(), TextLanguage::English);
 }
 
 LineBox::LineBox(QWidget* parent)

@@ -1,17 +1,12 @@
 #include "model/module1.h"
 
-#include "core/ini.h"
+#include <utility>
 
 namespace orvanta {
 
-using namespace Qt::StringLiterals;
-
 PlaylistEntry& PlaylistState::packet(Int16 p)
 {
-    if (p < 1 || p.index() > Playlist.size()) {
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    }
-    return Playlist[p.index() - 1];
+    return const_cast<PlaylistEntry&>(std::as_const(*this).packet(p));
 }
 
 const PlaylistEntry& PlaylistState::packet(Int16 p) const
@@ -29,11 +24,6 @@ qsizetype PlaylistState::entryCount() const
         count += entry.ClipCount.value();
     }
     return count;
-}
-
-bool Module1::optionIsOn(const QString& key) const
-{
-    return ReadIni(u"options"_s, key, IniPath) == u"1";
 }
 
 } // namespace orvanta

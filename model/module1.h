@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/playlist_entry.h"
+#include "model/settings.h"
 
 #include <QString>
 #include <QStringList>
@@ -89,8 +90,8 @@ struct Module1
     Flag16 EditorDone;
     Int16 SliderValue; // position slider, percent of the clip
 
-    /// An option of section "options" is on when its text is exactly "1"; read at every use.
-    [[nodiscard]] bool optionIsOn(const QString& key) const;
+    [[nodiscard]] Settings settings() const { return Settings(IniPath); }
+    [[nodiscard]] bool optionIsOn(Option option) const { return settings().isOn(option); }
 };
 
 } // namespace orvanta

@@ -7,9 +7,29 @@ namespace orvanta {
 
 namespace {
 
+// Whoever asks at a terminal has not started the program: no settings say which language.
+constexpr QStringView kHelp =
+    u"Usage: orvanta [FILE...]\n"
+    u"       orvanta /fFOLDER\n"
+    u"       orvanta /auto\n"
+    u"\n"
+    u"Plays packets (.vxl), groups of packets (.vxg) and clips. A program that is\n"
+    u"already running opens the files.\n"
+    u"\n"
+    u"  FILE       a packet, a group, a media file or a folder of clips\n"
+    u"  /fFOLDER   the clips of a folder, too\n"
+    u"  /auto      starts without showing the main window\n"
+    u"  --help     shows this text\n"
+    u"  --version  shows the version\n"
+    u"\n"
+    u"Settings are kept in orvanta.ini in $ORVANTA_HOME, beside the program when it lies\n"
+    u"there, or in ~/.local/share/orvanta.\n";
+
 // A window's own caption stands under the window's name. "X.name" is what assistive technology
 // calls a control that has no tool tip.
 constexpr std::array kTexts{
+    InterfaceText{u"CommandLine", u"--help", kHelp, kHelp},
+
     InterfaceText{u"Form1", u"Form1", u"!Orvanta!", u"!Orvanta!"},
 
     // The single-instance search of older launchers goes by this caption: the same in both.
@@ -60,6 +80,7 @@ constexpr std::array kTexts{
     InterfaceText{u"Form12", u"nex", u"&Next clip", u"&Следующий клип"},
     InterfaceText{u"Form12", u"pr", u"&Previous clip", u"&Предыдущий клип"},
     InterfaceText{u"Form12", u"closeapp", u"&Exit", u"&Закрыть"},
+    InterfaceText{u"Form12", u"IconTray1.tip", u"!orvanta! %1", u"!orvanta! %1"}, // the version
 
     InterfaceText{u"Form7", u"Form7", u"!Orvanta!", u"!Orvanta!"},
     InterfaceText{u"Form7", u"FolderTreeview1", u"Select folder", u"Выберите папку"},

@@ -17,9 +17,9 @@ AdvanceStep::AdvanceStep(EngineContext& context, TransportButtons& transport, Cl
 AdvanceDecision AdvanceStep::decide(Cursor from) const
 {
     const Module1& module = m_context.module;
-    const AdvanceOptions options = {.nextClip = module.optionIsOn(u"agnc"_s),
-                                    .nextPacket = module.optionIsOn(u"agnp"_s),
-                                    .replay = module.optionIsOn(u"ar"_s)};
+    const AdvanceOptions options = {.nextClip = module.optionIsOn(Option::NextClip),
+                                    .nextPacket = module.optionIsOn(Option::NextPacket),
+                                    .replay = module.optionIsOn(Option::Replay)};
     return nextAfterClip(options, shapeOf(module.playlist, *m_context.view), from);
 }
 
@@ -72,7 +72,8 @@ void AdvanceStep::playbackIsOver(Cursor rest)
     m_context.setCursor(rest);
     m_context.view->setListIndex(-1);
     forgetFailures();
-    if (m_context.module.playlist.OpenedFromExplorer && m_context.module.optionIsOn(u"acp"_s)) {
+    if (m_context.module.playlist.OpenedFromExplorer &&
+        m_context.module.optionIsOn(Option::CloseWhenOver)) {
         closeAfterPlaying();
     }
 }

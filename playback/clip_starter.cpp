@@ -2,7 +2,6 @@
 
 #include "core/error_boundary.h"
 #include "core/group_file.h"
-#include "core/ini.h"
 #include "core/paths.h"
 #include "platform/process/media_locator.h"
 #include "playback/event_wait.h"
@@ -53,7 +52,7 @@ void ClipStarter::showPicture(Int16 p)
 void ClipStarter::handBookmarkOver()
 {
     const ClipEntry& entry = m_context.currentPacket().clip(m_context.cursor().clip);
-    m_context.operations.SetBookmark(ReadIni(u"pos"_s, entry.Text, m_context.module.IniPath));
+    m_context.operations.SetBookmark(m_context.module.settings().position(entry.Text));
 }
 
 bool ClipStarter::startMedia(Cursor place)
@@ -142,7 +141,8 @@ static QString copied(const QString& file, const QString& target)
 QString ClipStarter::playableFile(const QString& text, const QString& file) const
 {
     const Module1& module = m_context.module;
-    const bool copies = (isOnDriveA(text) || isOnDriveA(file)) && module.optionIsOn(u"r"_s);
+    const bool copies =
+        (isOnDriveA(text) || isOnDriveA(file)) && module.optionIsOn(Option::CopyFromDriveA);
     return copies ? copied(file, programFile(module.ApplicationFolder, u"\\temp.vxc"_s)) : file;
 }
 

@@ -25,7 +25,7 @@ CloseSequence::CloseSequence(EngineContext& context, TransportButtons& transport
 
 void CloseSequence::press()
 {
-    if (m_context.module.optionIsOn(u"nc"_s)) {
+    if (m_context.module.optionIsOn(Option::KeepRunning)) {
         hideProgram();
     } else {
         request();

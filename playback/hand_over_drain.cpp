@@ -44,7 +44,7 @@ void HandOverDrain::replacePlaylist(const QStringList& lines)
 
 void HandOverDrain::showProgram()
 {
-    if (m_context.module.optionIsOn(u"nc"_s)) {
+    if (m_context.module.optionIsOn(Option::KeepRunning)) {
         m_context.view->showMainWindow();
         m_context.view->enableTimer3();
     }
@@ -112,7 +112,8 @@ void HandOverDrain::appendLooseClip(const QString& file)
 
 void HandOverDrain::playOrRest()
 {
-    if (m_context.module.optionIsOn(u"as"_s) && m_context.module.playlist.entryCount() > 0) {
+    if (m_context.module.optionIsOn(Option::StartPlaying) &&
+        m_context.module.playlist.entryCount() > 0) {
         m_starter.ListClick(1, 1);
         return;
     }

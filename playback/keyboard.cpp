@@ -1,7 +1,6 @@
 #include "playback/keyboard.h"
 
 #include "core/error_boundary.h"
-#include "core/ini.h"
 #include "core/numbers.h"
 #include "playback/volume.h"
 
@@ -316,10 +315,8 @@ void MainWindowKeys::stepVolume(int step)
 
 void MainWindowKeys::setBookmark()
 {
-    const QString position = m_engine.operations().GetPlayerPosition();
-    WriteIni(u"pos"_s, currentText(), position, m_module.IniPath);
-    m_view.showBookmarkSign();
-    m_engine.operations().SetBookmark(position);
+    (void)currentText(); // without a clip there is no sign either
+    m_engine.keepPosition();
 }
 
 void MainWindowKeys::goToBookmark()
@@ -338,7 +335,7 @@ void MainWindowKeys::goToBookmark()
 void MainWindowKeys::seekToSavedPosition()
 {
     resumeNext("saved position", [this] {
-        m_engine.seekTo(decimalValue(ReadIni(u"pos"_s, currentText(), m_module.IniPath)));
+        m_engine.seekTo(decimalValue(m_module.settings().position(currentText())));
     });
 }
 

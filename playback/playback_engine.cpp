@@ -1,7 +1,6 @@
 #include "playback/playback_engine.h"
 
 #include "core/error_boundary.h"
-#include "core/ini.h"
 #include "model/loaders.h"
 #include "playback/advance_step.h"
 #include "playback/brake_step.h"
@@ -46,6 +45,7 @@ public:
     void start(Int16 p, Int16 q);
     void begin();
     void goOnAfterDrop(bool groupDropped);
+    void keepPosition();
 
     EngineContext context;
     PositionSlider slider{context};
@@ -61,7 +61,6 @@ public:
 private:
     void showVideoWindowWithMainWindow();
     void display();
-    void keepBookmark();
     [[nodiscard]] bool moveOnAfterEnd();
     [[nodiscard]] bool moveOnAfterFailure();
     void serveTray();
@@ -82,7 +81,11 @@ void PlaybackEngine::Private::tick()
     resumeNext("buttons", [&] { transport.reconcile(); });
     resumeNext("volume", [&] { volume.takeVolumeOfVideoWindow(); });
     resumeNext("display", [&] { display(); });
-    resumeNext("bookmark", [&] { keepBookmark(); });
+    resumeNext("bookmark", [&] {
+        if (context.operations.TakeBookmarkChanged()) {
+            keepPosition();
+        }
+    });
     if (!moveOnAfterEnd() && !moveOnAfterFailure()) {
         resumeNext("tray", [&] { serveTray(); });
     }
@@ -110,15 +113,12 @@ void PlaybackEngine::Private::display()
     brakes.run();
 }
 
-void PlaybackEngine::Private::keepBookmark()
+void PlaybackEngine::Private::keepPosition()
 {
-    if (!context.operations.TakeBookmarkChanged()) {
-        return;
-    }
     const QString position = context.operations.GetPlayerPosition();
     resumeNext("saved position", [&] {
         const ClipEntry& entry = context.currentPacket().clip(context.cursor().clip);
-        WriteIni(u"pos"_s, entry.Text, position, context.module.IniPath);
+        context.module.settings().setPosition(entry.Text, position);
     });
     context.view->showBookmarkSign();
     context.operations.SetBookmark(position);
@@ -153,7 +153,7 @@ bool PlaybackEngine::Private::moveOnAfterFailure()
 void PlaybackEngine::Private::serveTray()
 {
     TrayRequests& tray = context.module.tray;
-    if (!context.module.optionIsOn(u"si"_s)) {
+    if (!context.module.optionIsOn(Option::TrayIcon)) {
         return;
     }
     if (tray.TrayRestoreRequest.take()) {
@@ -213,7 +213,7 @@ void PlaybackEngine::Private::goOnAfterDrop(bool groupDropped)
 {
     resumeNext("poll", [&] { context.operations.PollPlayer(); });
     logLoaded(context.module.playlist);
-    if (context.module.optionIsOn(u"as"_s)) {
+    if (context.module.optionIsOn(Option::StartPlaying)) {
         const Cursor place = context.cursor();
         const bool nothingStarted = place.packet == Int16(0) && place.clip == Int16(0);
         if (nothingStarted || groupDropped) {
@@ -270,6 +270,11 @@ PlaybackOperations& PlaybackEngine::operations()
 const TransportLooks& PlaybackEngine::transport() const
 {
     return m_private->transport.looks();
+}
+
+void PlaybackEngine::keepPosition()
+{
+    m_private->keepPosition();
 }
 
 void PlaybackEngine::startCurrent()
@@ -349,7 +354,7 @@ void PlaybackEngine::playlistReplaced()
     m_private->context.setCursor({1, 1});
     m_private->context.view->RebuildTree();
     logLoaded(m_private->context.module.playlist);
-    if (m_private->context.module.optionIsOn(u"as"_s)) {
+    if (m_private->context.module.optionIsOn(Option::StartPlaying)) {
         m_private->enter([&] { m_private->start(1, 1); });
     }
 }

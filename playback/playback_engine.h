@@ -69,6 +69,10 @@ public:
     /// current.
     void seekTo(double seconds);
 
+    /// Where the player is becomes the saved position of the current clip: in the settings, for the
+    /// video window's "l", with the sign.
+    void keepPosition();
+
     /// Plays the current clip or brake when nothing is loaded: a person asked for playing.
     void startCurrent();
     /// To the next or previous checked clip or brake, whatever the options say: a person asked.

@@ -1,18 +1,10 @@
 #include "playback/volume_sliders.h"
 
-#include "core/ini.h"
-#include "core/numbers.h"
 #include "playback/volume.h"
 
 #include <algorithm>
 
 namespace orvanta {
-
-using namespace Qt::StringLiterals;
-
-static const QString kSaved = u"save"_s;
-static const QString kVolume = u"volume"_s;
-static const QString kBalance = u"balance"_s;
 
 static Int16 onTheScale(Int16 value)
 {
@@ -22,11 +14,6 @@ static Int16 onTheScale(Int16 value)
 VolumeSliders::VolumeSliders(EngineContext& context)
     : m_context(context)
 {}
-
-void VolumeSliders::write(const QString& key, const QString& value) const
-{
-    WriteIni(kSaved, key, value, m_context.module.IniPath);
-}
 
 /// Video window and cache hold the same value, so that the poll sees no change.
 void VolumeSliders::share(Int16 value)
@@ -42,7 +29,7 @@ void VolumeSliders::volumeMoved(Int16 value)
     const double volume = volumeOfSlider(place);
     m_context.control.setVolume(controlVolume(volume));
     share(place);
-    write(kVolume, decimalText(volume));
+    m_context.module.settings().setVolume(volume);
 }
 
 void VolumeSliders::takeVolumeOfVideoWindow()
@@ -56,7 +43,7 @@ void VolumeSliders::takeVolumeOfVideoWindow()
 
 Int16 VolumeSliders::applyStoredVolume()
 {
-    const double stored = decimalValue(ReadIni(kSaved, kVolume, m_context.module.IniPath, u"0"_s));
+    const double stored = m_context.module.settings().volume();
     const Int16 place = sliderOfVolume(stored);
     m_context.control.setVolume(controlVolume(stored));
     share(place);
@@ -65,12 +52,12 @@ Int16 VolumeSliders::applyStoredVolume()
 
 void VolumeSliders::balanceMoved(Int16 value)
 {
-    write(kBalance, decimalText(value.value()));
+    m_context.module.settings().setBalance(value);
 }
 
 Int16 VolumeSliders::storedBalance() const
 {
-    return roundToInt16(decimalValue(ReadIni(kSaved, kBalance, m_context.module.IniPath, u"50"_s)));
+    return m_context.module.settings().balance();
 }
 
 } // namespace orvanta

@@ -24,7 +24,6 @@ public:
 
 private:
     void share(Int16 value);
-    void write(const QString& key, const QString& value) const;
 
     EngineContext& m_context;
 };

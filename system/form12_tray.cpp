@@ -1,31 +1,12 @@
 #include "system/form12_tray.h"
 
-#include "core/error_boundary.h"
-#include "core/ini.h"
-#include "core/numbers.h"
-#include "core/paths.h"
+#include "core/version.h"
 #include "model/texts.h"
 #include "system/drawn_picture.h"
-
-#include <cmath>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The stored language decides, not the one that the program started with.
-TextLanguage trayLanguage(const QString& applicationFolder)
-{
-    const QString file = programFile(applicationFolder, u"\\orvanta.ini"_s);
-    const bool russian = conditionHolds("tray language", [&] {
-        return std::trunc(decimalValue(ReadIni(u"main"_s, u"language"_s, file, u"0"_s))) == 2;
-    });
-    return russian ? TextLanguage::Russian : TextLanguage::English;
-}
-
-} // namespace
 
 Form12::Form12(Module1& module)
     : m_module(module)
@@ -35,7 +16,8 @@ Form12::Form12(Module1& module)
     applyTexts();
     connectHandlers();
     IconTray1.setIcon(drawnIcon(u":/orvanta/tray.svg"_s));
-    IconTray1.setToolTip(u"!orvanta! 3.3"_s);
+    IconTray1.setToolTip(
+        interfaceText(u"Form12", u"IconTray1.tip", TextLanguage::English).arg(kVersion));
     IconTray1.setContextMenu(&tray);
     IconTray1.show();
 }
@@ -66,7 +48,7 @@ void Form12::buildMenu()
 
 void Form12::applyTexts()
 {
-    const TextLanguage language = trayLanguage(m_module.ApplicationFolder);
+    const TextLanguage language = m_module.settings().textLanguage(TextLanguage::English);
     for (QAction* action : {st, pa, pl, nex, pr, closeapp}) {
         action->setText(interfaceText(u"Form12", action->objectName(), language));
     }

@@ -54,7 +54,7 @@ void Form8::buildPageButtons()
 
 void Form8::buildBoxes()
 {
-    for (const Option& option : options()) {
+    for (const OptionRow& option : options()) {
         this->*option.box = new OptionBox(this);
     }
 }

@@ -1,13 +1,10 @@
 #include "system/form8_options_dialog.h"
 
-#include "core/ini.h"
-#include "core/numbers.h"
 #include "core/paths.h"
 #include "platform/file_types/desktop_files.h"
 #include "platform/file_types/type_icons.h"
 #include "system/icon_preview.h"
 #include "system/option_box.h"
-#include "system/stored_types.h"
 #include "system/type_list.h"
 
 #include <QFileInfo>
@@ -28,23 +25,20 @@ using namespace Qt::StringLiterals;
 
 constexpr int kFixedRows = 2; // packets and groups
 
-/// The stored language decides, and only its first value is English.
-static TextLanguage optionsLanguage(const QString& iniPath)
+std::span<const Form8::OptionRow> Form8::options()
 {
-    const bool isEnglish = ReadIni(u"main"_s, u"language"_s, iniPath) == u"1";
-    return isEnglish ? TextLanguage::English : TextLanguage::Russian;
-}
-
-std::span<const Form8::Option> Form8::options()
-{
-    static constexpr std::array kOptions = {
-        Option{&Form8::Check1, u"as"},   Option{&Form8::Check2, u"agnc"},
-        Option{&Form8::Check3, u"agnp"}, Option{&Form8::Check4, u"acp"},
-        Option{&Form8::Check5, u"ar"},   Option{&Form8::Check6, u"si"},
-        Option{&Form8::Check7, u"nc"},   Option{&Form8::Check8, u"r"},
-        Option{&Form8::Check9, u"ws"},
+    static constexpr std::array kRows = {
+        OptionRow{&Form8::Check1, Option::StartPlaying},
+        OptionRow{&Form8::Check2, Option::NextClip},
+        OptionRow{&Form8::Check3, Option::NextPacket},
+        OptionRow{&Form8::Check4, Option::CloseWhenOver},
+        OptionRow{&Form8::Check5, Option::Replay},
+        OptionRow{&Form8::Check6, Option::TrayIcon},
+        OptionRow{&Form8::Check7, Option::KeepRunning},
+        OptionRow{&Form8::Check8, Option::CopyFromDriveA},
+        OptionRow{&Form8::Check9, Option::StartWithSession},
     };
-    return kOptions;
+    return kRows;
 }
 
 Form8::Form8(OptionsServices& services)
@@ -63,7 +57,7 @@ Form8::~Form8() = default;
 
 void Form8::Form8_Form_Load()
 {
-    applyTexts(optionsLanguage(m_services.module.IniPath));
+    applyTexts(m_services.module.settings().exactTextLanguage(TextLanguage::Russian));
     loadOptions();
     trapped("list of types", [this] { fillTypes(); });
     markRegisteredTypes();
@@ -74,13 +68,8 @@ void Form8::Form8_Form_Load()
 
 void Form8::loadOptions()
 {
-    const IniSnapshot settings(m_services.module.IniPath);
-    for (const Option& option : options()) {
-        const QString text = settings.read(u"options"_s, option.key.toString(), u"0"_s);
-        // What is no number is off, as everywhere.
-        (this->*option.box)->setChecked(conditionHolds("option", [&] {
-            return decimalValue(text) == 1;
-        }));
+    for (const OptionRow& option : options()) {
+        (this->*option.box)->setChecked(m_services.module.settings().isOne(option.key));
     }
     Form8_Check7_Click();
 }
@@ -90,7 +79,7 @@ void Form8::fillTypes()
     List1->clear();
     List1->addRow(u"vxl"_s);
     List1->addRow(u"vxg"_s);
-    for (const QString& type : storedTypes(m_services.module.IniPath)) {
+    for (const QString& type : m_services.module.settings().types()) {
         List1->addRow(type);
     }
 }
@@ -110,7 +99,7 @@ void Form8::markRegisteredTypes()
             owners.insert(row, owner);
         }
     }
-    saveOwners(m_services.module.IniPath, owners);
+    m_services.module.settings().saveOwners(owners);
 }
 
 void Form8::showPage(int page)
@@ -171,7 +160,7 @@ void Form8::Form8_Command1_Click()
     List1->addRow(type);
     List1->scrollToBottom();
     Text1->selectAll();
-    trapped("adding a type", [&] { appendStoredType(m_services.module.IniPath, type); });
+    trapped("adding a type", [&] { m_services.module.settings().appendType(type); });
 }
 
 void Form8::Form8_Command2_Click()
@@ -183,7 +172,7 @@ void Form8::Form8_Command2_Click()
     List1->setCurrentRow(-1);
     Form8_List1_Click();
     trapped("removing a type", [this] {
-        storeRemainingTypes(m_services.module.IniPath, List1->extensions().mid(kFixedRows));
+        m_services.module.settings().storeRemainingTypes(List1->extensions().mid(kFixedRows));
     });
 }
 
@@ -229,14 +218,11 @@ void Form8::useIcon(const QString& icoFile)
 
 void Form8::storeOptions() const
 {
-    std::vector<IniChange> changes;
-    for (const Option& option : options()) {
-        const QString value = (this->*option.box)->isChecked() ? u"1"_s : u"0"_s;
-        changes.push_back({u"options"_s, option.key.toString(), value});
+    std::vector<std::pair<Option, bool>> states;
+    for (const OptionRow& option : options()) {
+        states.emplace_back(option.key, (this->*option.box)->isChecked());
     }
-    if (!changeIniAtOnce(m_services.module.IniPath, [&](const auto&) { return changes; })) {
-        qCInfo(logErrors, "the options cannot be stored");
-    }
+    m_services.module.settings().storeOptions(states);
 }
 
 void Form8::registerTypes()
@@ -247,7 +233,7 @@ void Form8::registerTypes()
         if (List1->isRowSelected(row)) {
             m_registration.registerType(extension);
         } else {
-            m_registration.unregisterType(extension, savedOwner(m_services.module.IniPath, row));
+            m_registration.unregisterType(extension, m_services.module.settings().savedOwner(row));
         }
     }
 }
@@ -256,7 +242,7 @@ void Form8::Form8_Image2_Click()
 {
     storeOptions();
     registerTypes();
-    m_registration.setAutorun(m_services.module.optionIsOn(u"ws"_s));
+    m_registration.setAutorun(m_services.module.optionIsOn(Option::StartWithSession));
     accept();
 }
 

@@ -82,13 +82,12 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// A check box and its key in section "options".
-    struct Option
+    struct OptionRow
     {
         OptionBox* Form8::*box;
-        QStringView key;
+        Option key;
     };
-    [[nodiscard]] static std::span<const Option> options();
+    [[nodiscard]] static std::span<const OptionRow> options();
 
     // Building: form8_layout.cpp
     void buildControls();

@@ -1,6 +1,5 @@
 #include "system/form9_about.h"
 
-#include "core/ini.h"
 #include "core/version.h"
 #include "platform/media/media_library.h"
 #include "platform/process/application_folder.h"
@@ -28,13 +27,6 @@ namespace {
 constexpr QSize kPictureSize(400, 300);
 constexpr QSize kHandbookSize(48, 64);
 constexpr int kTextWidth = 380; // a line of about sixty letters
-
-/// The stored language decides, not the one that the program started with.
-TextLanguage aboutLanguage(const Module1& module)
-{
-    const QString stored = ReadIni(u"main"_s, u"language"_s, module.IniPath);
-    return stored == u"2" ? TextLanguage::Russian : TextLanguage::English;
-}
 
 QLabel* selectableLabel(QWidget* parent)
 {
@@ -163,7 +155,7 @@ void Form9::connectHandlers()
 
 void Form9::Form9_Form_Load()
 {
-    const TextLanguage language = aboutLanguage(m_module);
+    const TextLanguage language = m_module.settings().exactTextLanguage(TextLanguage::English);
     const auto text = [&](QStringView control) {
         return interfaceText(u"Form9", control, language);
     };

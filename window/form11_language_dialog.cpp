@@ -1,6 +1,6 @@
 #include "window/form11_language_dialog.h"
 
-#include "core/ini.h"
+#include "model/settings.h"
 #include "window/picture_sign.h"
 #include "window/skin.h"
 
@@ -115,7 +115,8 @@ void Form11::Form11_Option2_Click()
 
 void Form11::Form11_Command1_Click()
 {
-    WriteIni(u"main"_s, u"language"_s, Option1->isChecked() ? u"1"_s : u"2"_s, m_iniPath);
+    Settings(m_iniPath).setLanguage(Option1->isChecked() ? TextLanguage::English
+                                                         : TextLanguage::Russian);
     accept();
 }
 

@@ -46,8 +46,7 @@ void Form2::Form2_cdc_Click()
 
 void Form2::Form2_add_Click(int entry)
 {
-    const QString key = u"path"_s + QString::number(entry + 1);
-    const QString path = ReadIni(u"add-ins"_s, key, m_services.module.IniPath);
+    const QString path = m_services.module.settings().addInPath(entry + 1);
     minimiseFirstWindow(startCompanion(m_services.module.ApplicationFolder, u'\\' + path));
 }
 

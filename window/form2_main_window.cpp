@@ -1,7 +1,5 @@
 #include "window/form2_main_window.h"
 
-#include "core/ini.h"
-#include "core/numbers.h"
 #include "window/clip_line.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
@@ -45,7 +43,7 @@ Form2::~Form2() = default;
 void Form2::Form2_Form_Load()
 {
     const TextLanguage language =
-        m_services.module.Language == Int16(1) ? TextLanguage::English : TextLanguage::Russian;
+        textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
     applyTexts(language);
     applyMenuTexts(language);
     resumeNext("main window load, add-ins", [&] { buildAddInsMenu(language); });
@@ -94,15 +92,11 @@ void Form2::applyMenuTexts(TextLanguage language)
 // The first entry takes the first add-in's caption even when there is none, and is empty then.
 void Form2::buildAddInsMenu(TextLanguage language)
 {
-    const QString& settings = m_services.module.IniPath;
-    const QString word = language == TextLanguage::English ? u"namee"_s : u"namer"_s;
-    const auto caption = [&](int i) {
-        return ReadIni(u"add-ins"_s, word + QString::number(i), settings);
-    };
-    add.front()->setText(caption(1));
-    const Int16 count = countValue(ReadIni(u"add-ins"_s, u"num"_s, settings, u"0"_s));
+    const Settings settings = m_services.module.settings();
+    add.front()->setText(settings.addInCaption(1, language));
+    const Int16 count = settings.addInCount();
     for (int i = 2; i <= count.value(); ++i) {
-        QAction* entry = ai->addAction(caption(i));
+        QAction* entry = ai->addAction(settings.addInCaption(i, language));
         entry->setObjectName(add.front()->objectName());
         add.push_back(entry);
     }

@@ -13,12 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Int16 languageOf(const QByteArray& settings)
-{
-    const SettingsFolder folder(settings);
-    return storedLanguage(folder.ini());
-}
-
 struct SetupCopy : testing::Test
 {
     explicit SetupCopy() { QDir(folder.path()).mkdir(u"setup"_s); }
@@ -34,31 +28,6 @@ struct SetupCopy : testing::Test
 };
 
 } // namespace
-
-TEST(StoredLanguage, IsTheStoredNumber)
-{
-    EXPECT_EQ(languageOf("[main]\nlanguage=1\n"), Int16(1));
-    EXPECT_EQ(languageOf("[main]\nlanguage=2\n"), Int16(2));
-}
-
-TEST(StoredLanguage, IsZeroWhenNoneIsStored)
-{
-    EXPECT_EQ(languageOf("[main]\n"), Int16(0));
-    EXPECT_EQ(languageOf("[main]\nlanguage=\n"), Int16(0));
-    EXPECT_EQ(storedLanguage(u"/no/such/file.ini"_s), Int16(0));
-}
-
-TEST(StoredLanguage, AHandEditedNumberIsKept)
-{
-    EXPECT_EQ(languageOf("[main]\nlanguage=3\n"), Int16(3));
-    EXPECT_EQ(languageOf("[main]\nlanguage=2.9\n"), Int16(2));
-    EXPECT_EQ(languageOf("[main]\nlanguage=-1\n"), Int16(-1));
-}
-
-TEST(StoredLanguage, ATextThatIsNoNumberCountsAsNotChosen)
-{
-    EXPECT_EQ(languageOf("[main]\nlanguage=English\n"), Int16(0));
-}
 
 TEST_F(SetupCopy, TheNamedFileOfTheSetupFolderIsCopied)
 {

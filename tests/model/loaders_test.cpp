@@ -288,16 +288,4 @@ TEST(Playlist, APacketOutsideItRaises)
     EXPECT_THROW((void)playlist.packet(-1), RuntimeError);
 }
 
-TEST(Options, AreOnOnlyWhenTheTextIsExactlyOne)
-{
-    SettingsFolder folder;
-    Module1 module;
-    module.IniPath = folder.ini();
-    EXPECT_FALSE(module.optionIsOn(u"as"_s));
-    for (const QString& text : {u"0"_s, u"01"_s, u"true"_s, u"-1"_s, u"1"_s}) {
-        WriteIni(u"options"_s, u"as"_s, text, module.IniPath);
-        EXPECT_EQ(module.optionIsOn(u"as"_s), text == u"1") << text.toStdString();
-    }
-}
-
 } // namespace orvanta::test

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "app/program.h"
-#include "model/type_pattern.h"
 #include "playback/form13_video_window.h"
 #include "system/form12_tray.h"
 #include "system/form9_about.h"
@@ -47,7 +46,7 @@ struct ProgramRun
         Module1 module;
         module.ApplicationFolder = home.path();
         module.IniPath = home.ini();
-        module.TypePattern = typePattern(module.IniPath);
+        module.TypePattern = module.settings().typePattern();
         module.Language = 1;
         return module;
     }

@@ -21,7 +21,7 @@ protected:
 
     Form12& form()
     {
-        module.ApplicationFolder = home.path();
+        module.IniPath = home.ini();
         loaded = std::make_unique<Form12>(module);
         return *loaded;
     }

@@ -1,0 +1,154 @@
+#include "model/settings.h"
+
+#include "core/error_boundary.h"
+
+#include <cmath>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+static_assert(std::ranges::all_of(kSettings, [](const SettingKey& row) {
+    const auto place = std::size_t(&row - kSettings.data());
+    return (row.section == u"options") == (place <= std::size_t(Option::StartWithSession));
+}));
+
+static IniChange change(const SettingKey& key, const QString& value, const QString& name = {})
+{
+    return {QStringView(key.section).toString(),
+            QStringView(key.key).toString().replace(u'#', name), value};
+}
+
+QString Settings::read(const SettingKey& key, const QString& name) const
+{
+    const IniChange place = change(key, {}, name);
+    return ReadIni(place.section, place.key, m_iniPath);
+}
+
+double Settings::number(const SettingKey& key) const
+{
+    const QString text = read(key);
+    return decimalValue(text.isEmpty() ? QString::fromUtf16(key.byDefault) : text);
+}
+
+void Settings::write(const SettingKey& key, const QString& value, const QString& name) const
+{
+    const IniChange place = change(key, value, name);
+    WriteIni(place.section, place.key, value, m_iniPath);
+}
+
+/// Nothing is written when nothing changes.
+void Settings::writeTogether(std::vector<IniChange> changes) const
+{
+    const IniSnapshot settings(m_iniPath);
+    std::erase_if(changes, [&](const IniChange& change) {
+        return settings.read(change.section, change.key) == change.value;
+    });
+    if (!changes.empty() && !changeIniAtOnce(m_iniPath, [&](const auto&) { return changes; })) {
+        qCInfo(logErrors, "%ls cannot be written", qUtf16Printable(m_iniPath));
+    }
+}
+
+bool Settings::isOne(Option option) const
+{
+    const QString text = read(iniKey(option));
+    return !text.isEmpty() && conditionHolds("option", [&] { return decimalValue(text) == 1; });
+}
+
+void Settings::storeOptions(const std::vector<std::pair<Option, bool>>& options) const
+{
+    std::vector<IniChange> changes;
+    for (const auto& [option, isOn] : options) {
+        changes.push_back(change(iniKey(option), isOn ? u"1"_s : u"0"_s));
+    }
+    writeTogether(std::move(changes));
+}
+
+double Settings::languageNumber() const
+{
+    const QString text = read(iniKey(u"main", u"language"));
+    double language = 0;
+    if (!text.isEmpty()) {
+        resumeNext("reading the language", [&] { language = std::trunc(decimalValue(text)); });
+    }
+    return language;
+}
+
+void Settings::setLanguage(TextLanguage language) const
+{
+    write(iniKey(u"main", u"language"), language == TextLanguage::English ? u"1"_s : u"2"_s);
+}
+
+TextLanguage Settings::textLanguage(TextLanguage otherwise) const
+{
+    return orvanta::textLanguage(languageNumber(), otherwise);
+}
+
+TextLanguage Settings::exactTextLanguage(TextLanguage otherwise,
+                                         std::optional<TextLanguage> absent) const
+{
+    const QString text = read(iniKey(u"main", u"language"));
+    const int number = text == u"1" ? 1 : text == u"2" ? 2 : 0;
+    return orvanta::textLanguage(number, text.isEmpty() ? absent.value_or(otherwise) : otherwise);
+}
+
+QStringList Settings::firstTypes(int count) const
+{
+    QStringList types;
+    for (int i = 0; i < count; ++i) {
+        types.append(read(iniKey(u"types", u"file#"), i));
+    }
+    return types;
+}
+
+static QString patternOf(const QStringList& types)
+{
+    return types.isEmpty() ? QString() : u"*."_s + types.join(u";*."_s);
+}
+
+QString Settings::typePattern() const
+{
+    return patternOf(firstTypes(std::max(typeCount().value(), 1)));
+}
+
+QString Settings::clipPattern() const
+{
+    const double count = decimalValue(read(iniKey(u"types", u"num")));
+    return patternOf(firstTypes(roundToInt16(std::floor(count)).value()));
+}
+
+void Settings::appendType(const QString& type) const
+{
+    const Int16 count = typeCount();
+    const Int16 more = count + Int16(1);
+    writeTogether({change(iniKey(u"types", u"num"), QString::number(more.value())),
+                   change(iniKey(u"types", u"file#"), type, QString::number(count.value()))});
+}
+
+void Settings::storeRemainingTypes(const QStringList& remaining) const
+{
+    const Int16 count = typeCount() - Int16(1);
+    std::vector changes = {change(iniKey(u"types", u"num"), QString::number(count.value()))};
+    for (int i = 0; i < remaining.size(); ++i) {
+        changes.push_back(change(iniKey(u"types", u"file#"), remaining[i], QString::number(i)));
+    }
+    writeTogether(std::move(changes));
+}
+
+void Settings::saveOwners(const QMap<int, QString>& owners) const
+{
+    std::vector<IniChange> changes;
+    for (auto owner = owners.cbegin(); owner != owners.cend(); ++owner) {
+        changes.push_back(
+            change(iniKey(u"types", u"#reg"), owner.value(), QString::number(owner.key())));
+    }
+    writeTogether(std::move(changes));
+}
+
+QString Settings::addInCaption(int i, TextLanguage language) const
+{
+    const bool isEnglish = language == TextLanguage::English;
+    return read(isEnglish ? iniKey(u"add-ins", u"namee#") : iniKey(u"add-ins", u"namer#"), i);
+}
+
+} // namespace orvanta
