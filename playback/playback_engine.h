@@ -44,7 +44,7 @@ public:
     /// Ends the program whatever "nc" says (end of session, SIGTERM, tray).
     void closeProgram();
 
-    /// What an opening (button, editor, drop) does after its loader: cursor to 1, tree, "as".
+    /// What an opening (button, editor) does after its loader: cursor to 1, tree, "as".
     void playlistReplaced();
 
     /// Replaces the playlist with a file or folder and plays it: somebody asked for just that.
@@ -57,7 +57,6 @@ public:
     /// Position slider: the user moves it (value 0 to 100), commits, lets go.
     void sliderMoved(double value);
     void sliderCommitted();
-    void resetPositionDisplay(); // slider to 0
     /// Volume slider moved by the user: control, mirror, cache and settings.
     void volumeMoved(Int16 value);
     /// Places the volume at load from the settings; writes nothing. Returns the slider's place.

@@ -2,6 +2,8 @@
 
 #include "core/numbers.h"
 
+#include <algorithm>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -18,7 +20,13 @@ void PlaybackOperations::PollPlayer()
     pollState();
     pollPosition();
     pollVolume();
+    look();
     pollEnd();
+}
+
+void PlaybackOperations::look()
+{
+    m_player = snapshotOf(m_control, m_module.playback);
 }
 
 void PlaybackOperations::pollBookmark()
@@ -66,6 +74,7 @@ void PlaybackOperations::pollVolume()
     }
 }
 
+/// The clip is gone, but for the steps that serve its end it stands stopped.
 void PlaybackOperations::pollEnd()
 {
     if (!m_video.mirror().VideoEnded.take()) {
@@ -73,14 +82,17 @@ void PlaybackOperations::pollEnd()
     }
     m_module.playback.ClipEnded = true;
     (void)GetPlayerDuration(); // still known
+    const MediaControl::State atEnd = std::min(m_player.state, MediaControl::Stopped);
     m_control.Stop();
     m_control.setFileName({});
     m_video.moveOutOfSight();
+    look();
+    m_player.state = atEnd;
 }
 
 QString PlaybackOperations::GetPlayerPosition() const
 {
-    return m_module.playback.CachedPosition;
+    return m_player.position;
 }
 
 QString PlaybackOperations::GetPlayerDuration()
@@ -91,7 +103,7 @@ QString PlaybackOperations::GetPlayerDuration()
 
 int PlaybackOperations::GetPlayerState() const
 {
-    return m_module.playback.CachedState;
+    return m_player.state;
 }
 
 Int16 PlaybackOperations::GetPlayerVolume() const
@@ -112,12 +124,14 @@ void PlaybackOperations::SetPlayerPosition(const QString& seconds)
     m_control.setCurrentPosition(target);
     // The next poll would bring the position before the seek back: a player that stands sends none.
     m_video.mirror().VideoPosition = decimalText(m_control.CurrentPosition());
+    look();
 }
 
 void PlaybackOperations::PauseIfRunning()
 {
     if (m_control.CurrentState() == MediaControl::Running) {
         m_control.Pause();
+        look();
     }
 }
 
@@ -125,6 +139,7 @@ void PlaybackOperations::StopIfRunning()
 {
     if (m_control.CurrentState() == MediaControl::Running) {
         m_control.Stop();
+        look();
     }
 }
 
@@ -133,6 +148,7 @@ void PlaybackOperations::PlayerRun()
     const MediaControl::State state = m_control.CurrentState();
     if (state != MediaControl::Running && state != MediaControl::NotLoaded) {
         m_control.Run();
+        look();
     }
 }
 
@@ -148,6 +164,16 @@ void PlaybackOperations::OpenMedia(const QString& fileName)
     ForgetEnd();
     m_video.prepareForMedia();
     m_control.setFileName(fileName);
+    look();
+}
+
+void PlaybackOperations::UnloadMedia()
+{
+    StopIfRunning();
+    ForgetEnd();
+    m_control.setFileName({});
+    m_video.moveOutOfSight();
+    look();
 }
 
 void PlaybackOperations::ForgetEnd()

@@ -46,7 +46,7 @@ void TransportButtons::showIdle()
 
 void TransportButtons::pressPlay()
 {
-    if (m_context.operations.GetPlayerState() == MediaControl::NotLoaded) {
+    if (!m_context.player().isLoaded()) {
         return;
     }
     m_context.operations.PlayerRun();
@@ -57,7 +57,7 @@ void TransportButtons::pressPlay()
 
 void TransportButtons::pressPause()
 {
-    if (m_context.operations.GetPlayerState() == MediaControl::NotLoaded) {
+    if (!m_context.player().isLoaded()) {
         return;
     }
     m_context.operations.PauseIfRunning();
@@ -68,7 +68,7 @@ void TransportButtons::pressPause()
 
 void TransportButtons::pressStop()
 {
-    if (m_context.operations.GetPlayerState() == MediaControl::NotLoaded) {
+    if (!m_context.player().isLoaded()) {
         return;
     }
     stopPlayer();
@@ -112,11 +112,11 @@ void TransportButtons::stopPlayer()
 
 void TransportButtons::reconcile()
 {
-    const bool settled = !m_context.control.isOpening() && !m_context.module.playback.ClipEnded;
+    const bool settled = !m_context.player().opening && !m_context.module.playback.ClipEnded;
     if (!settled || !m_context.module.playback.StateChanged.take()) {
         return;
     }
-    const int state = m_context.operations.GetPlayerState();
+    const MediaControl::State state = m_context.player().state;
     if (state == MediaControl::Running) {
         showPlaying();
         m_context.log.running();

@@ -5,6 +5,7 @@
 #include "playback/volume.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orvanta {
 
@@ -19,8 +20,9 @@ static Int16 onTheScale(Int16 value)
     return std::clamp(value, Int16(0), Int16(100));
 }
 
-VolumeSliders::VolumeSliders(EngineContext& context)
-    : m_context(context)
+VolumeSliders::VolumeSliders(EngineContext& context, std::function<void()> onMoved)
+    : m_context(context),
+      m_onMoved(std::move(onMoved))
 {}
 
 void VolumeSliders::write(const QString& key, const QString& value) const
@@ -33,14 +35,14 @@ void VolumeSliders::share(Int16 value)
 {
     m_context.video.mirror().VideoVolume = value;
     m_context.module.playback.CachedVolume = value;
-    m_context.onVolumeMoved();
+    m_onMoved();
 }
 
 void VolumeSliders::volumeMoved(Int16 value)
 {
     const Int16 place = onTheScale(value);
     const double volume = volumeOfSlider(place);
-    m_context.control.setVolume(controlVolume(volume));
+    m_context.operations.SetControlVolume(controlVolume(volume));
     share(place);
     write(kVolume, decimalText(volume));
 }
@@ -58,7 +60,7 @@ Int16 VolumeSliders::applyStoredVolume()
 {
     const double stored = decimalValue(ReadIni(kSaved, kVolume, m_context.module.IniPath, u"0"_s));
     const Int16 place = sliderOfVolume(stored);
-    m_context.control.setVolume(controlVolume(stored));
+    m_context.operations.SetControlVolume(controlVolume(stored));
     share(place);
     return place;
 }

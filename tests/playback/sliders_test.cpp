@@ -109,10 +109,10 @@ TEST_F(PositionSliderOfTheWindow, InABrakePacketPreviewsAndSeeksWithinTheBrake)
     EXPECT_EQ(clip(), 1);
 }
 
-TEST_F(PositionSliderOfTheWindow, IsResetToZero)
+TEST_F(PositionSliderOfTheWindow, IsResetToZeroByAStop)
 {
     playClipAt(10);
-    engine->resetPositionDisplay();
+    engine->pressStop();
     EXPECT_EQ(view.slider, 0);
     EXPECT_EQ(module.SliderValue, 0);
 }

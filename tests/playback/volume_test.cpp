@@ -58,11 +58,4 @@ TEST(Volume, OfTheControlStaysWithinItsRange)
     EXPECT_EQ(controlVolume(12), 0);
 }
 
-TEST(Balance, GoesFromTheLeftMostToTheRightMost)
-{
-    EXPECT_EQ(balanceOfSlider(0), -9616);
-    EXPECT_EQ(balanceOfSlider(50), 0);
-    EXPECT_EQ(balanceOfSlider(100), 9615);
-}
-
 } // namespace orvanta
