@@ -12,8 +12,8 @@
 namespace orvanta {
 
 /// Drives the playlist through the control and the view. Interface thread only. Handlers below may
-/// be entered while an outer one waits in the event loop; each checks afterwards that the playlist
-/// and the cursor are still those it began with.
+/// be entered while an outer one waits in the event loop; who waited leaves when it was superseded.
+/// Each goes by one snapshot of the player, taken as it begins and again after a wait.
 class PlaybackEngine : public QObject
 {
     Q_OBJECT
@@ -54,7 +54,7 @@ public:
     /// nothing has been started or a group came; without, it stops what plays.
     void playlistExtended(bool groupDropped);
 
-    /// Position slider: the user moves it (value 0 to 100), commits, lets go.
+    /// Position slider: the user moves it (value 0 to 100), lets go of it.
     void sliderMoved(double value);
     void sliderCommitted();
     /// Volume slider moved by the user: control, mirror, cache and settings.

@@ -48,8 +48,8 @@ protected:
 TEST(Keys, EveryKeyOfTheTableIsKnownToTheMainWindowInBothCases)
 {
     for (const KeyRow& row : playbackKeys()) {
-        EXPECT_EQ(mainWindowKey(row.character), row.key);
-        EXPECT_EQ(mainWindowKey(QChar(row.character).toUpper()), row.key);
+        EXPECT_EQ(mainWindowKey(row.character), row);
+        EXPECT_EQ(mainWindowKey(QChar(row.character).toUpper()), row);
     }
 }
 
@@ -75,6 +75,32 @@ TEST(Keys, EveryOtherCharacterIsIgnored)
         if (character != 0) {
             EXPECT_FALSE(mainWindowKey(character).has_value());
         }
+    }
+}
+
+/// Whether some physical key stands for this letter under a layout without Latin letters.
+bool isOnAPhysicalKey(QChar letter)
+{
+    for (quint32 scanCode = 0; scanCode < 256; ++scanCode) {
+        if (latinLetter(u'и', scanCode) == letter) {
+            return true;
+        }
+    }
+    return false;
+}
+
+TEST(Keys, EveryLetterHasAPhysicalKeyUnderOtherLayouts)
+{
+    QString wanted;
+    for (const KeyRow& row : playbackKeys()) {
+        wanted += QChar(row.character);
+    }
+    for (const CommonKeyRow& row : commonKeys()) {
+        wanted += row.modifiers != 0 ? QChar(row.key).toLower() : QChar(u'+');
+    }
+    for (const QChar letter : wanted) {
+        const bool typedAlikeEverywhere = letter == u'+' || letter == u'-';
+        EXPECT_TRUE(typedAlikeEverywhere || isOnAPhysicalKey(letter)) << qPrintable(QString(letter));
     }
 }
 
