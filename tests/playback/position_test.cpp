@@ -1,9 +1,10 @@
 #include "platform/media/media_control.h"
 #include "playback/position.h"
+#include "tests/support/error_of.h"
 
 #include <gtest/gtest.h>
 
-namespace orvanta {
+namespace orvanta::test {
 
 constexpr BrakeSpan kWholeClip = {.begin = 0, .end = 40};
 
@@ -22,22 +23,13 @@ TEST(SliderOfPosition, RoundsHalfToEven)
 
 TEST(SliderOfPosition, OfAnEmptySpanRaisesDivisionByZero)
 {
-    try {
-        (void)sliderOfPosition(3, {.begin = 5, .end = 5});
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.number(), ErrorNumber::DivisionByZero);
-    }
+    EXPECT_EQ(errorOf([] { (void)sliderOfPosition(3, {.begin = 5, .end = 5}); }),
+              ErrorNumber::DivisionByZero);
 }
 
 TEST(SliderOfPosition, OutOf16BitsRaisesOverflow)
 {
-    try {
-        (void)sliderOfPosition(1e9, kWholeClip);
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.number(), ErrorNumber::Overflow);
-    }
+    EXPECT_EQ(errorOf([] { (void)sliderOfPosition(1e9, kWholeClip); }), ErrorNumber::Overflow);
 }
 
 TEST(PositionOfSlider, IsThePartOfTheSpan)
@@ -46,42 +38,28 @@ TEST(PositionOfSlider, IsThePartOfTheSpan)
     EXPECT_EQ(positionOfSlider(50, {.begin = 5, .end = 9}), 7);
 }
 
-TEST(SeekOnCommit, OfARunningClipSeeks)
+TEST(SeekOnCommit, GoesByTheStateAndWhetherTheHandleWasMoved)
 {
-    const SeekDecision decision = seekOnCommit(MediaControl::Running, 12, 10);
-    EXPECT_TRUE(decision.seek);
-    EXPECT_FALSE(decision.restoreSlider);
+    struct Row
+    {
+        const char* says;
+        MediaControl::State state;
+        double target, position;
+        bool seek, restoreSlider;
+    };
+    const Row rows[] = {
+        {"a running clip seeks", MediaControl::Running, 12, 10, true, false},
+        {"not to where it is", MediaControl::Running, 10, 10, false, false},
+        {"a paused clip does nothing", MediaControl::Paused, 12, 10, false, false},
+        {"a stopped clip seeks", MediaControl::Stopped, 12, 0, true, false},
+        {"unmoved, its slider is set back", MediaControl::Stopped, 0, 0, false, true},
+        {"without a clip nothing happens", MediaControl::NotLoaded, 12, 0, false, false},
+    };
+    for (const Row& row : rows) {
+        const SeekDecision decision = seekOnCommit(row.state, row.target, row.position);
+        EXPECT_EQ(decision.seek, row.seek) << row.says;
+        EXPECT_EQ(decision.restoreSlider, row.restoreSlider) << row.says;
+    }
 }
 
-TEST(SeekOnCommit, AtTheExactPositionOfARunningClipDoesNothing)
-{
-    const SeekDecision decision = seekOnCommit(MediaControl::Running, 10, 10);
-    EXPECT_FALSE(decision.seek);
-    EXPECT_FALSE(decision.restoreSlider);
-}
-
-TEST(SeekOnCommit, OfAPausedClipDoesNothing)
-{
-    const SeekDecision decision = seekOnCommit(MediaControl::Paused, 12, 10);
-    EXPECT_FALSE(decision.seek);
-    EXPECT_FALSE(decision.restoreSlider);
-}
-
-TEST(SeekOnCommit, OfAStoppedClipSeeks)
-{
-    EXPECT_TRUE(seekOnCommit(MediaControl::Stopped, 12, 0).seek);
-}
-
-TEST(SeekOnCommit, AtTheExactPositionOfAStoppedClipSetsTheSliderBack)
-{
-    const SeekDecision decision = seekOnCommit(MediaControl::Stopped, 0, 0);
-    EXPECT_FALSE(decision.seek);
-    EXPECT_TRUE(decision.restoreSlider);
-}
-
-TEST(SeekOnCommit, WithoutAClipDoesNothing)
-{
-    EXPECT_FALSE(seekOnCommit(MediaControl::NotLoaded, 12, 0).seek);
-}
-
-} // namespace orvanta
+} // namespace orvanta::test

@@ -9,6 +9,13 @@ constexpr TransportLooks kPlayingLooks = {
 class Transport : public EngineTest
 {
 protected:
+    void playAt7()
+    {
+        playClips({u"one"_s});
+        control.playTo(7);
+        engine->tick();
+    }
+
     void playAndPoll()
     {
         addClips({u"one"_s});
@@ -83,8 +90,7 @@ TEST_F(Transport, StopOfAPausedClipKeepsThePairedLooks)
 TEST_F(Transport, StopInABrakePacketWaitsAtTheCurrentBrake)
 {
     control.duration = 40;
-    addBrakes({u"5"_s, u"12"_s});
-    play(1, 2);
+    playBrakes({u"5"_s, u"12"_s}, 2);
     control.playTo(12);
     engine->tick();
     control.playTo(14);
@@ -96,26 +102,18 @@ TEST_F(Transport, StopInABrakePacketWaitsAtTheCurrentBrake)
     EXPECT_EQ(view.looks, kIdleLooks);
 }
 
-TEST_F(Transport, StopBeforeTheFirstBrakeOnlyPauses)
+TEST_F(Transport, StopWithoutABrakeToGoBackToOnlyPauses)
 {
-    control.duration = 40;
-    addBrakes({u"5"_s});
-    play(1, 1);
-    engine->tick();
-    module.playlist.CurrentClip = 0;
-    control.playTo(2);
-    engine->pressStop();
-    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
-    EXPECT_EQ(control.CurrentPosition(), 2);
-}
-
-TEST_F(Transport, StopAtABrakeWhoseTimeIsNoNumberOnlyPauses)
-{
-    addBrakes({u"soon"_s});
-    play(1, 1);
-    engine->tick();
-    engine->pressStop();
-    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    addBrakes({u"5"_s, u"soon"_s});
+    for (const int brake : {0, 2}) { // before the first, at one whose time is no number
+        play(1, 1);
+        engine->tick();
+        module.playlist.CurrentClip = brake;
+        control.playTo(6);
+        engine->pressStop();
+        EXPECT_EQ(control.CurrentState(), MediaControl::Paused) << brake;
+        EXPECT_EQ(control.CurrentPosition(), 6) << brake;
+    }
 }
 
 TEST_F(Transport, TheTickSetsTheLooksFromTheState)
@@ -162,10 +160,7 @@ TEST_F(Transport, AStopOfTheUserIsLoggedOnce)
 
 TEST_F(Transport, AStopByKeyShowsTheBeginning)
 {
-    addClips({u"one"_s});
-    play(1, 1);
-    control.playTo(7);
-    engine->tick();
+    playAt7();
     ASSERT_NE(view.slider, 0);
     engine->operations().StopIfRunning();
     video.mirror().VideoState = MediaControl::Stopped;
@@ -176,10 +171,7 @@ TEST_F(Transport, AStopByKeyShowsTheBeginning)
 
 TEST_F(Transport, APauseKeepsTheTimeThatIsShown)
 {
-    addClips({u"one"_s});
-    play(1, 1);
-    control.playTo(7);
-    engine->tick();
+    playAt7();
     const int before = view.slider;
     engine->pressPause();
     engine->tick();
@@ -189,10 +181,7 @@ TEST_F(Transport, APauseKeepsTheTimeThatIsShown)
 
 TEST_F(Transport, TheEndOfTheLastClipLeavesNoTimeBehind)
 {
-    addClips({u"one"_s});
-    play(1, 1);
-    control.playTo(7);
-    engine->tick();
+    playAt7();
     endClip();
     engine->tick();
     EXPECT_EQ(view.currentTime, u"0.00");
@@ -219,8 +208,7 @@ TEST_F(Opening, SetsTheCursorAndRebuildsTheTree)
     module.playlist.OpenedFromExplorer = true;
     const int rebuilt = view.rebuilt;
     engine->playlistReplaced();
-    EXPECT_EQ(packet(), 1);
-    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(place(), at(1, 1));
     EXPECT_EQ(view.rebuilt, rebuilt + 1);
     EXPECT_FALSE(module.playlist.OpenedFromExplorer);
     EXPECT_EQ(loads(), 1);
@@ -231,8 +219,7 @@ TEST_F(Opening, WithAutoStartPlaysTheFirstClip)
     option("as");
     addClips({u"one"_s});
     engine->playlistReplaced();
-    waitUntilRunning();
-    EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
+    EXPECT_EQ(runningFile(), path(u"one.avi"_s));
 }
 
 TEST_F(Opening, IsLogged)

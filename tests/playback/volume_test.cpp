@@ -1,9 +1,10 @@
 #include "core/numbers.h"
 #include "playback/volume.h"
+#include "tests/support/error_of.h"
 
 #include <gtest/gtest.h>
 
-namespace orvanta {
+namespace orvanta::test {
 
 TEST(Volume, OfTheSliderPlacesSetsTheControl)
 {
@@ -44,12 +45,7 @@ TEST(Volume, ReadBackStaysOnTheScale)
 
 TEST(Volume, StoredOutside16BitsRaisesOverflow)
 {
-    try {
-        (void)sliderOfVolume(-40000);
-        FAIL() << "no error";
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.number(), ErrorNumber::Overflow);
-    }
+    EXPECT_EQ(errorOf([] { (void)sliderOfVolume(-40000); }), ErrorNumber::Overflow);
 }
 
 TEST(Volume, OfTheControlStaysWithinItsRange)
@@ -58,4 +54,4 @@ TEST(Volume, OfTheControlStaysWithinItsRange)
     EXPECT_EQ(controlVolume(12), 0);
 }
 
-} // namespace orvanta
+} // namespace orvanta::test

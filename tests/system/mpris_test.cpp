@@ -2,6 +2,7 @@
 #include "model/loaders.h"
 #include "system/mpris_service.h"
 #include "tests/playback/engine_fixture.h"
+#include "tests/support/plain_screen.h"
 #include "tests/support/private_bus.h"
 
 #include <QDBusArgument>
@@ -18,13 +19,6 @@ constexpr auto kPath = "/org/mpris/MediaPlayer2";
 constexpr auto kRoot = "org.mpris.MediaPlayer2";
 constexpr auto kPlayer = "org.mpris.MediaPlayer2.Player";
 constexpr auto kTrackList = "org.mpris.MediaPlayer2.TrackList";
-
-struct PlainScreen : FullScreenControl
-{
-    bool on = false;
-    [[nodiscard]] bool isFullScreen() const override { return on; }
-    void setFullScreen(bool wanted) override { on = wanted; }
-};
 
 /// Keeps what PropertiesChanged announced.
 class Announcements : public QObject

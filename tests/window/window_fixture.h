@@ -3,6 +3,7 @@
 
 #include "core/ini.h"
 #include "tests/support/log_capture.h"
+#include "tests/support/plain_screen.h"
 #include "tests/support/plain_video_window.h"
 #include "tests/support/scripted_media_control.h"
 #include "tests/support/settings_folder.h"
@@ -54,14 +55,6 @@ public:
 
 private:
     Module1& m_module;
-};
-
-/// Only remembers whether it is full.
-struct PlainScreen : FullScreenControl
-{
-    bool on = false;
-    [[nodiscard]] bool isFullScreen() const override { return on; }
-    void setFullScreen(bool wanted) override { on = wanted; }
 };
 
 class Form2Test : public testing::Test
