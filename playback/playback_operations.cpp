@@ -24,11 +24,6 @@ void PlaybackOperations::PollPlayer()
     pollEnd();
 }
 
-void PlaybackOperations::look()
-{
-    m_player = snapshotOf(m_control, m_module.playback);
-}
-
 void PlaybackOperations::pollBookmark()
 {
     PlaybackRecord& record = m_module.playback;
@@ -90,33 +85,17 @@ void PlaybackOperations::pollEnd()
     m_player.state = atEnd;
 }
 
-QString PlaybackOperations::GetPlayerPosition() const
-{
-    return m_player.position;
-}
-
 QString PlaybackOperations::GetPlayerDuration()
 {
     m_module.playback.CachedDuration = decimalText(m_control.Duration());
     return m_module.playback.CachedDuration;
 }
 
-int PlaybackOperations::GetPlayerState() const
-{
-    return m_player.state;
-}
-
-Int16 PlaybackOperations::GetPlayerVolume() const
-{
-    return m_module.playback.CachedVolume;
-}
-
 void PlaybackOperations::SetPlayerPosition(const QString& seconds)
 {
     const double target = decimalValue(seconds);
     m_module.playback.CachedPosition = seconds;
-    const bool wasRunning = m_control.CurrentState() == MediaControl::Running;
-    if (wasRunning) {
+    if (m_control.CurrentState() == MediaControl::Running) {
         m_control.Pause();
         m_control.setCurrentPosition(target);
         m_control.Run();

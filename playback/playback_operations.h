@@ -17,14 +17,15 @@ public:
     void PollPlayer();
     /// Takes the snapshot anew without serving what the video window noted: at the entry of a
     /// handler and after a wait in the event loop.
-    void look();
+    void look() { m_player = snapshotOf(m_control, m_module.playback); }
     /// The player as the last poll, look or operation left it.
     [[nodiscard]] const PlayerSnapshot& player() const { return m_player; }
 
-    [[nodiscard]] QString GetPlayerPosition() const; // seconds, decimal text
-    QString GetPlayerDuration();                     // seconds, decimal text
-    [[nodiscard]] int GetPlayerState() const;
-    [[nodiscard]] Int16 GetPlayerVolume() const;
+    [[nodiscard]] QString GetPlayerPosition() const { return m_player.position; }
+    [[nodiscard]] int GetPlayerState() const { return m_player.state; }
+    [[nodiscard]] Int16 GetPlayerVolume() const { return m_module.playback.CachedVolume; }
+    /// Seconds, decimal text, from the control; kept for the steps that serve a clip's end.
+    QString GetPlayerDuration();
     /// Raises 13 when the text is no number.
     void SetPlayerPosition(const QString& seconds);
     void PauseIfRunning();

@@ -1,6 +1,7 @@
 // The player at one moment, in values: what the rules and steps of the engine go by.
 #pragma once
 
+#include "core/numbers.h"
 #include "model/module1.h"
 #include "platform/media/media_control.h"
 
@@ -24,6 +25,15 @@ struct PlayerSnapshot
 };
 
 /// The one place where the control is looked at.
-[[nodiscard]] PlayerSnapshot snapshotOf(const MediaControl& control, const PlaybackRecord& record);
+[[nodiscard]] inline PlayerSnapshot snapshotOf(const MediaControl& control,
+                                               const PlaybackRecord& record)
+{
+    return {.state = control.CurrentState(),
+            .position = record.CachedPosition,
+            .duration = decimalText(control.Duration()),
+            .file = control.FileName(),
+            .ready = control.isReady(),
+            .opening = control.isOpening()};
+}
 
 } // namespace orvanta

@@ -46,24 +46,22 @@ void TransportButtons::showIdle()
 
 void TransportButtons::pressPlay()
 {
-    if (!m_context.player().isLoaded()) {
-        return;
+    if (m_context.player().isLoaded()) {
+        m_context.operations.PlayerRun();
+        setPause(true);
+        setPlay(false);
+        show(m_looks);
     }
-    m_context.operations.PlayerRun();
-    setPause(true);
-    setPlay(false);
-    show(m_looks);
 }
 
 void TransportButtons::pressPause()
 {
-    if (!m_context.player().isLoaded()) {
-        return;
+    if (m_context.player().isLoaded()) {
+        m_context.operations.PauseIfRunning();
+        setPlay(true);
+        setPause(false);
+        show(m_looks);
     }
-    m_context.operations.PauseIfRunning();
-    setPlay(true);
-    setPause(false);
-    show(m_looks);
 }
 
 void TransportButtons::pressStop()

@@ -253,8 +253,6 @@ TEST_F(BrakeWait, IsLeftWithoutMovingOnWhenTheClipNoLongerRuns)
 TEST_F(BrakeWait, IsLeftWhenTheProgramCloses)
 {
     playLesson();
-    QElapsedTimer timer;
-    timer.start();
     tickWith([&] { engine->closeProgram(); });
     EXPECT_EQ(view.unloaded, 1);
     EXPECT_EQ(clip(), 1);

@@ -36,22 +36,16 @@ TEST_F(HandOver, AnEmptyQueueChangesNothing)
     EXPECT_FALSE(module.playlist.OpenedFromExplorer);
 }
 
-TEST_F(HandOver, IsServedWhetherOrNotTheTrayOptionIsOn)
+TEST_F(HandOver, IsServedAndResetWhetherOrNotTheTrayOptionIsOn)
 {
     for (const QString& tray : {u"0"_s, u"1"_s}) {
         option("si", tray);
         serve({file(u"clip.avi"_s)});
         EXPECT_EQ(home.value("ftl", "num"), u"0") << tray.toStdString();
+        EXPECT_EQ(home.value("ftl", "wr"), u"0") << tray.toStdString();
         EXPECT_EQ(packets(), 1);
         emptyPlaylist();
     }
-}
-
-TEST_F(HandOver, ResetsTheQueueAndItsLock)
-{
-    serve({file(u"clip.avi"_s)});
-    EXPECT_EQ(home.value("ftl", "num"), u"0");
-    EXPECT_EQ(home.value("ftl", "wr"), u"0");
 }
 
 TEST_F(HandOver, NotesThatTheShellOpenedTheFiles)
@@ -190,6 +184,7 @@ TEST_F(HandOver, ACountThatIsNoNumberIsResetAndPassedOver)
     engine->tick();
     EXPECT_EQ(home.value("ftl", "num"), u"0");
     EXPECT_EQ(home.value("ftl", "wr"), u"0");
+    EXPECT_FALSE(module.playlist.OpenedFromExplorer);
 }
 
 TEST_F(HandOver, AKeptProgramIsShownAndBroughtToTheFront)
@@ -216,13 +211,6 @@ TEST_F(HandOver, LaterLinesAreMeantBelowTheFolderOfTheFirst)
     serve({first, u"second.vxl"_s});
     ASSERT_EQ(packets(), 2);
     EXPECT_EQ(entry(2).clip(1).Text, u"two");
-}
-
-TEST_F(HandOver, AQueueThatCannotBeReadIsNoOpeningByTheShell)
-{
-    WriteIni(u"ftl"_s, u"num"_s, u"abc"_s, module.IniPath);
-    engine->tick();
-    EXPECT_FALSE(module.playlist.OpenedFromExplorer);
 }
 
 } // namespace orvanta::test

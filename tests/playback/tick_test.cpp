@@ -24,24 +24,17 @@ TEST_F(Tick, ShowsPositionLengthAndSliderOfARunningClip)
     EXPECT_EQ(module.SliderValue, 25);
 }
 
-TEST_F(Tick, ShowsNothingWhileTheClipStands)
+TEST_F(Tick, LeavesLabelAndSliderAloneWhileTheClipStandsOrTheUserHoldsTheSlider)
 {
     playAt(10);
-    control.Pause();
     view.currentTime = u"as it was"_s;
-    engine->tick();
-    EXPECT_EQ(view.currentTime, u"as it was");
-    EXPECT_EQ(view.slider, -1);
-}
-
-TEST_F(Tick, LeavesLabelAndSliderAloneWhileTheUserHoldsTheSlider)
-{
-    playAt(5);
-    view.sliderHeld = true;
-    view.currentTime = u"preview"_s;
-    engine->tick();
-    EXPECT_EQ(view.currentTime, u"preview");
-    EXPECT_EQ(view.slider, -1);
+    for (const bool held : {true, false}) {
+        view.sliderHeld = held;
+        control.forceState(held ? MediaControl::Running : MediaControl::Paused);
+        engine->tick();
+        EXPECT_EQ(view.currentTime, u"as it was") << held;
+        EXPECT_EQ(view.slider, -1) << held;
+    }
 }
 
 TEST_F(Tick, AClipOfLengthZeroLeavesTheSliderWhereItIs)

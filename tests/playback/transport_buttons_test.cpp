@@ -39,18 +39,12 @@ TEST_F(Transport, IsIgnoredWhileNoClipIsLoaded)
     EXPECT_EQ(view.currentTime, QString());
 }
 
-TEST_F(Transport, AfterPauseOnlyPlayIsEnabled)
+TEST_F(Transport, AfterPauseOnlyPlayIsEnabledAndAfterPlayOnlyPause)
 {
     playAndPoll();
     engine->pressPause();
     EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
     EXPECT_EQ(view.looks, kIdleLooks);
-}
-
-TEST_F(Transport, AfterPlayOnlyPauseIsEnabled)
-{
-    playAndPoll();
-    engine->pressPause();
     engine->tick();
     engine->pressPlay();
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
@@ -140,14 +134,6 @@ TEST_F(Transport, TheTickLeavesTheLooksAloneWhileAFileIsBeingOpened)
     EXPECT_EQ(view.looks, kPlayingLooks);
 }
 
-TEST_F(Transport, AnEndWithoutAdvanceLeavesTheIdleLooks)
-{
-    playAndPoll();
-    endClip();
-    engine->tick();
-    EXPECT_EQ(view.looks, kIdleLooks);
-}
-
 TEST_F(Transport, AStopOfTheUserIsLoggedOnce)
 {
     playAndPoll();
@@ -158,15 +144,17 @@ TEST_F(Transport, AStopOfTheUserIsLoggedOnce)
     EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
 }
 
-TEST_F(Transport, AStopByKeyShowsTheBeginning)
+TEST_F(Transport, AStopByKeyShowsTheBeginningAndIsLogged)
 {
     playAt7();
     ASSERT_NE(view.slider, 0);
+    const LogCapture log("orvanta.playback");
     engine->operations().StopIfRunning();
     video.mirror().VideoState = MediaControl::Stopped;
     engine->tick();
     EXPECT_EQ(view.currentTime, u"0.00");
     EXPECT_EQ(view.slider, 0);
+    EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
 }
 
 TEST_F(Transport, APauseKeepsTheTimeThatIsShown)
@@ -179,22 +167,14 @@ TEST_F(Transport, APauseKeepsTheTimeThatIsShown)
     EXPECT_EQ(view.currentTime, u"7.000");
 }
 
-TEST_F(Transport, TheEndOfTheLastClipLeavesNoTimeBehind)
+TEST_F(Transport, TheEndOfTheLastClipLeavesTheIdleLooksAndNoTimeBehind)
 {
     playAt7();
     endClip();
     engine->tick();
     EXPECT_EQ(view.currentTime, u"0.00");
     EXPECT_EQ(view.slider, 0);
-}
-
-TEST_F(Transport, AStopByKeyIsLogged)
-{
-    playAndPoll();
-    const LogCapture log("orvanta.playback");
-    engine->operations().StopIfRunning();
-    engine->tick();
-    EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
+    EXPECT_EQ(view.looks, kIdleLooks);
 }
 
 class Opening : public EngineTest
