@@ -25,6 +25,7 @@ void BrakeStep::run()
 void BrakeStep::clipEnded()
 {
     const PlaylistState& playlist = m_context.module.playlist;
+    // Kept from the clip: in the snapshot it is unloaded already.
     const double duration = decimalValue(m_context.module.playback.CachedDuration);
     if (m_context.areBrakesLoaded() && endPassesLastBrake(m_context.currentPacket(), duration)) {
         const bool isLast = playlist.CurrentPacket == playlist.PlaylistCount;
