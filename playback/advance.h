@@ -8,7 +8,8 @@
 
 namespace orvanta {
 
-/// A place in the playlist: packet and clip, both from 1.
+/// A place in the playlist: packet and clip, both from 1; 0 for none, clip 0 also before the first
+/// brake.
 struct Cursor
 {
     Int16 packet;

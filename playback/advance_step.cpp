@@ -2,6 +2,8 @@
 
 #include "playback/playlist_marks.h"
 
+#include <utility>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -38,29 +40,29 @@ std::pair<int, int> AdvanceStep::mediaAt(Cursor place) const
 void AdvanceStep::runAfterFailure()
 {
     Cursor from = m_context.cursor();
-    m_context.failedMedia.insert(mediaAt(from));
+    FailedMedia failed = m_context.failedMedia;
+    failed.insert(mediaAt(from));
     if (m_context.currentPacket().HasBrakes) {
         from.clip = m_context.currentPacket().ClipCount;
     }
     AdvanceDecision decision = decide(from);
-    if (decision.what == AdvanceDecision::Start &&
-        m_context.failedMedia.contains(mediaAt(decision.cursor))) {
+    if (decision.what == AdvanceDecision::Start && failed.contains(mediaAt(decision.cursor))) {
         decision = {AdvanceDecision::Over, {1, 1}};
     }
-    apply(decision);
+    apply(decision, std::move(failed));
 }
 
-void AdvanceStep::apply(const AdvanceDecision& decision)
+void AdvanceStep::apply(const AdvanceDecision& decision, FailedMedia failed)
 {
-    if (decision.what != AdvanceDecision::Start && m_context.isPlayerEmpty()) {
+    const Cursor place = decision.cursor;
+    if (decision.what == AdvanceDecision::Start) {
+        return m_starter.ListClick(place.packet, place.clip, std::move(failed));
+    }
+    if (m_context.player().isEmpty()) {
         m_transport.showBeginning();
     }
-    if (decision.what == AdvanceDecision::Start) {
-        m_starter.ListClick(decision.cursor.packet, decision.cursor.clip);
-    } else if (decision.what == AdvanceDecision::Over) {
-        playbackIsOver(decision.cursor);
-    } else {
-        forgetFailures();
+    if (decision.what == AdvanceDecision::Over) {
+        playbackIsOver(place);
     }
 }
 
@@ -71,7 +73,6 @@ void AdvanceStep::playbackIsOver(Cursor rest)
     m_context.log.stopped();
     m_context.setCursor(rest);
     m_context.view->setListIndex(-1);
-    forgetFailures();
     if (m_context.module.playlist.OpenedFromExplorer &&
         m_context.module.optionIsOn(Option::CloseWhenOver)) {
         closeAfterPlaying();
@@ -94,7 +95,7 @@ void AdvanceStep::closeIfFree()
     }
     m_context.closeWhenFree = false;
     // Play may have been pressed meanwhile.
-    if (m_context.control.CurrentState() != MediaControl::Running) {
+    if (!m_context.player().isRunning()) {
         m_close.press();
     }
 }

@@ -4,9 +4,6 @@
 #include "playback/clip_starter.h"
 #include "playback/close_sequence.h"
 
-#include <set>
-#include <utility>
-
 namespace orvanta {
 
 class AdvanceStep
@@ -28,12 +25,10 @@ public:
     /// Playback is over and was to end the program, but a window waited for an answer: ends it once
     /// none does.
     void closeIfFree();
-    /// A clip was opened, or another playlist: failures begin to count anew.
-    void forgetFailures() { m_context.failedMedia.clear(); }
 
 private:
     [[nodiscard]] AdvanceDecision decide(Cursor from) const;
-    void apply(const AdvanceDecision& decision);
+    void apply(const AdvanceDecision& decision, FailedMedia failed = {});
     void playbackIsOver(Cursor rest);
     void closeAfterPlaying();
     [[nodiscard]] std::pair<int, int> mediaAt(Cursor place) const;

@@ -25,6 +25,7 @@ void BrakeStep::run()
 void BrakeStep::clipEnded()
 {
     const PlaylistState& playlist = m_context.module.playlist;
+    // Kept from the clip: in the snapshot it is unloaded already.
     const double duration = decimalValue(m_context.module.playback.CachedDuration);
     if (m_context.areBrakesLoaded() && endPassesLastBrake(m_context.currentPacket(), duration)) {
         const bool isLast = playlist.CurrentPacket == playlist.PlaylistCount;
@@ -34,7 +35,7 @@ void BrakeStep::clipEnded()
 
 double BrakeStep::positionSeconds() const
 {
-    return decimalValue(m_context.operations.GetPlayerPosition());
+    return decimalValue(m_context.player().position);
 }
 
 bool BrakeStep::isPastNext() const
@@ -48,18 +49,15 @@ bool BrakeStep::staysAfterMoving()
 {
     const Superseded superseded(m_context);
     const Cursor before = m_context.cursor();
-    const QString position = m_context.operations.GetPlayerPosition();
-    const auto isRunning = [&] {
-        return m_context.control.CurrentState() == MediaControl::Running;
-    };
+    const QString position = m_context.player().position;
     waitInEventLoop(
         [&] {
             m_context.operations.PollPlayer();
-            return superseded() || !isRunning() ||
-                   m_context.operations.GetPlayerPosition() != position;
+            return superseded() || !m_context.player().isRunning() ||
+                   m_context.player().position != position;
         },
         QDeadlineTimer(kLongestWaitMs));
-    return !superseded() && isRunning() && m_context.cursor() == before &&
+    return !superseded() && m_context.player().isRunning() && m_context.cursor() == before &&
            m_context.areBrakesPlaying();
 }
 
@@ -94,20 +92,12 @@ void BrakeStep::goToNextPacket()
     const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);
     const auto place = firstPlaceFrom(shape, m_context.cursor().packet + 1);
     if (place) {
-        unloadClip();
+        // It may have no media that can be opened: this one must not play past its end mark.
+        m_context.operations.UnloadMedia();
         m_starter.ListClick(place->packet, place->clip);
     } else {
         finalStop();
     }
-}
-
-/// The next packet may have no media that can be opened: this one must not play past its end mark.
-void BrakeStep::unloadClip()
-{
-    m_context.operations.StopIfRunning();
-    m_context.operations.ForgetEnd();
-    m_context.control.setFileName({});
-    m_context.video.moveOutOfSight();
 }
 
 /// Before the first brake again, so that Play begins the lesson anew.

@@ -24,7 +24,6 @@ private:
     [[nodiscard]] BrakeDecision decide() const;
     void apply(BrakeDecision decision);
     void goToNextPacket();
-    void unloadClip();
     void finalStop();
 
     EngineContext& m_context;

@@ -22,7 +22,7 @@ struct BrakeDecision
     {
         Nothing,
         NextBrake,  // move to brake + 1 of this packet
-        NextPacket, // the last brake is passed: packet + 1, brake 1
+        NextPacket, // the last brake is passed: on to the packets behind
         Stop,       // the last brake of the last packet is passed
     };
     What what = Nothing;

@@ -8,6 +8,8 @@
 
 #include <QFile>
 
+#include <utility>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -17,11 +19,10 @@ ClipStarter::ClipStarter(EngineContext& context, TransportButtons& transport)
       m_transport(transport)
 {}
 
-void ClipStarter::ListClick(Int16 p, Int16 q)
+void ClipStarter::ListClick(Int16 p, Int16 q, FailedMedia failed)
 {
-    m_context.supersede();
+    m_context.supersede(std::move(failed));
     const Superseded superseded(m_context);
-    m_context.startFailed = false;
     m_context.log.running();
     m_transport.showPlaying();
     // A clip that is unloaded before any tick has seen it run leaves no other trace.
@@ -77,7 +78,7 @@ bool ClipStarter::startClip(Cursor place)
     const QString file = existing(m_context.locate(text, packet));
     open(playableFile(text, file), text, packet.Folder);
     m_context.operations.PlayerRun();
-    return !m_context.isPlayerEmpty();
+    return !m_context.player().isEmpty();
 }
 
 bool ClipStarter::startBrake(Cursor place)
@@ -104,26 +105,29 @@ bool ClipStarter::startBrake(Cursor place)
 
 bool ClipStarter::mustLoad(const QString& file, Int16 p) const
 {
-    const bool isLoaded = m_context.control.FileName() == file && !m_context.isPlayerEmpty();
-    return !isLoaded || p != m_context.cursor().packet;
+    const PlayerSnapshot& player = m_context.player();
+    return player.file != file || player.isEmpty() || p != m_context.cursor().packet;
 }
 
 bool ClipStarter::waitUntilReady()
 {
     const Superseded superseded(m_context);
-    ++m_context.waitingStarts;
-    waitInEventLoop([&] { return superseded() || !m_context.control.isOpening(); });
-    --m_context.waitingStarts;
-    if (m_context.isPlayerEmpty() && !m_context.openingFailed) {
+    ++m_waiting;
+    waitInEventLoop([&] {
+        m_context.operations.look();
+        return superseded() || !m_context.player().opening;
+    });
+    --m_waiting;
+    if (m_context.player().isEmpty() && !m_openingFailed) {
         m_context.supersede(); // unloaded by the user, who closed the video window: no failure
     }
-    return m_context.control.isReady();
+    return m_context.player().ready;
 }
 
 void ClipStarter::open(const QString& file, const QString& text, const QString& folder)
 {
     m_context.loaded = {file, text, folder};
-    m_context.openingFailed = false;
+    m_openingFailed = false;
     m_context.operations.OpenMedia(file);
 }
 
@@ -166,9 +170,19 @@ void ClipStarter::logStart(Cursor place)
     });
 }
 
+void ClipStarter::openingFailed()
+{
+    m_openingFailed = true;
+    if (m_context.view != nullptr) {
+        noteFailure();
+    }
+}
+
+/// A player that still has its earlier clip plays on; an empty one goes on to the next clip with
+/// the next tick.
 void ClipStarter::noteFailure()
 {
-    if (m_context.isPlayerEmpty()) {
+    if (m_context.player().isEmpty()) {
         m_context.startFailed = true;
         m_transport.showIdle();
     } else {

@@ -14,13 +14,16 @@ public:
     /// Clip or brake q of packet p. Errors are passed over: cursor, indices and text move even when
     /// nothing can be opened. May wait in the event loop for the media of a brake packet; a start
     /// that is superseded meanwhile leaves everything to its successor.
-    void ListClick(Int16 p, Int16 q);
+    /// failed: what could not be opened before, when this start is the next try.
+    void ListClick(Int16 p, Int16 q, FailedMedia failed = {});
 
-    /// Nothing could be opened. A player that still has its earlier clip plays on; an empty one
-    /// goes on to the next clip with the next tick.
-    void noteFailure();
+    /// The player could not open what it was given.
+    void openingFailed();
+    /// A start waits in the event loop for its media.
+    [[nodiscard]] bool isWaiting() const { return m_waiting > 0; }
 
 private:
+    void noteFailure();
     void showPicture(Int16 p);
     void handBookmarkOver();
     [[nodiscard]] bool startMedia(Cursor place);
@@ -35,6 +38,8 @@ private:
 
     EngineContext& m_context;
     TransportButtons& m_transport;
+    int m_waiting = 0;            // one start may come while another waits
+    bool m_openingFailed = false; // of what was loaded last
 };
 
 } // namespace orvanta

@@ -53,14 +53,10 @@ void CloseSequence::hideProgram()
 
 void CloseSequence::unloadClip()
 {
-    if (!m_context.isPlayerEmpty()) {
+    if (!m_context.player().isEmpty()) {
         m_context.log.stopped();
     }
-    m_context.operations.StopIfRunning();
-    m_context.operations.ForgetEnd();
-    m_context.startFailed = false;
-    m_context.control.setFileName({});
-    m_context.video.moveOutOfSight();
+    m_context.operations.UnloadMedia();
     resumeNext("position", [&] { m_context.operations.SetPlayerPosition(u"0"_s); });
     m_slider.reset();
     m_transport.showIdle();
@@ -90,7 +86,8 @@ void CloseSequence::carryOut()
 /// Stop button, which in a brake packet only pauses and would make this play again, for ever.
 void CloseSequence::stopPlaying()
 {
-    m_context.control.setVolume(kSilent);
+    m_context.operations.look();
+    m_context.operations.SetControlVolume(kSilent);
     for (int round = 0; round < kMostStopRounds && isStillRunning(); ++round) {
         m_context.operations.StopIfRunning();
     }
@@ -98,12 +95,12 @@ void CloseSequence::stopPlaying()
 
 bool CloseSequence::isStillRunning()
 {
-    if (m_context.operations.GetPlayerState() == MediaControl::Paused) {
+    if (m_context.player().state == MediaControl::Paused) {
         m_transport.pressPlay();
     }
     yieldToHandlers();
     m_context.operations.PollPlayer();
-    return m_context.operations.GetPlayerState() == MediaControl::Running;
+    return m_context.player().isRunning();
 }
 
 void CloseSequence::deleteScratchCopy() const

@@ -4,13 +4,20 @@
 
 namespace orvanta {
 
-EngineContext::EngineContext(Module1& sharedState, MediaControl& player, VideoWindow& videoWindow)
+EngineContext::EngineContext(Module1& sharedState, MediaControl& control, VideoWindow& videoWindow)
     : module(sharedState),
-      control(player),
       video(videoWindow),
-      operations(sharedState, player, videoWindow),
+      operations(sharedState, control, videoWindow),
       findFile(locateFile)
 {}
+
+void EngineContext::supersede(FailedMedia takenAlong)
+{
+    ++m_generation;
+    failedMedia = std::move(takenAlong);
+    startFailed = false;
+    closeWhenFree = false;
+}
 
 Cursor EngineContext::cursor() const
 {
@@ -39,7 +46,7 @@ bool EngineContext::isCurrentPacketBraked() const
 
 bool EngineContext::areBrakesPlaying() const
 {
-    return areBrakesLoaded() && control.FileName() == loaded.file;
+    return areBrakesLoaded() && player().file == loaded.file;
 }
 
 bool EngineContext::areBrakesLoaded() const
@@ -49,11 +56,6 @@ bool EngineContext::areBrakesLoaded() const
     }
     const PlaylistEntry& packet = currentPacket();
     return packet.MediaFile == loaded.text && packet.Folder == loaded.folder;
-}
-
-bool EngineContext::isPlayerEmpty() const
-{
-    return !control.isReady() && !control.isOpening();
 }
 
 QString EngineContext::locate(const QString& pathText, const PlaylistEntry& packet) const

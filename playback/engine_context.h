@@ -21,13 +21,16 @@ struct LoadedMedia
     QString folder; // of the packet
 };
 
-/// Interface thread only. The view is attached before the first handler runs.
+/// Packet and clip of what could not be opened; clip 0: the one file of a brake packet.
+using FailedMedia = std::set<std::pair<int, int>>;
+
+/// Interface thread only. The view is attached before the first handler runs. The player is known
+/// by its snapshot and changed through the operations, never otherwise.
 struct EngineContext
 {
-    EngineContext(Module1& sharedState, MediaControl& player, VideoWindow& videoWindow);
+    EngineContext(Module1& sharedState, MediaControl& control, VideoWindow& videoWindow);
 
     Module1& module;
-    MediaControl& control;
     VideoWindow& video;
     PlaybackOperations operations;
     PlaybackView* view = nullptr;
@@ -35,26 +38,20 @@ struct EngineContext
     LoadedMedia loaded;
     /// Looks for the file that a path text means in a packet's folder.
     std::function<QString(const QString& pathText, const QString& folder)> findFile;
-    /// For who shows the current clip or the volume elsewhere.
+    /// For who shows the current clip elsewhere.
     std::function<void()> onCursorMoved = [] {};
-    std::function<void()> onVolumeMoved = [] {};
-    int waitingStarts = 0; // starts that wait in the event loop for their media
-    /// Packet and clip of what could not be opened since something could; clip 0: the one file of a
-    /// brake packet.
-    std::set<std::pair<int, int>> failedMedia;
-    bool openingFailed = false; // the player said so of the clip that was loaded last
+    FailedMedia failedMedia;    // in this generation
     bool startFailed = false;   // the last start left the player empty: the tick advances again
     bool closeWhenFree = false; // playback is over: the program ends once no window waits
     bool closing = false;       // the program ends; no handler begins anything
 
-    /// Every start of a clip, change of the playlist and close makes what waits outdated.
-    void supersede()
-    {
-        ++m_generation;
-        startFailed = false;
-        closeWhenFree = false;
-    }
+    /// Every start of a clip, change of the playlist and close begins a generation: what waits is
+    /// outdated, and nothing has failed but what a start takes along from the one that failed
+    /// before it.
+    void supersede(FailedMedia takenAlong = {});
     [[nodiscard]] quint64 generation() const { return m_generation; }
+
+    [[nodiscard]] const PlayerSnapshot& player() const { return operations.player(); }
 
     [[nodiscard]] Cursor cursor() const;
     void setCursor(Cursor cursor);
@@ -65,8 +62,6 @@ struct EngineContext
     [[nodiscard]] bool areBrakesLoaded() const;
     /// The same, and the player still has it.
     [[nodiscard]] bool areBrakesPlaying() const;
-    /// Neither a clip is open nor is one being opened.
-    [[nodiscard]] bool isPlayerEmpty() const;
     /// Below the packet's folder, then below the folder of what was opened last; empty when there
     /// is no such file.
     [[nodiscard]] QString locate(const QString& pathText, const PlaylistEntry& packet) const;

@@ -54,7 +54,6 @@ void HandOverDrain::showProgram()
 void HandOverDrain::open(const QStringList& lines)
 {
     m_context.supersede();
-    m_context.failedMedia.clear();
     makeFolderOfFirstCurrent(lines);
     clearPlaylist(m_context.module.playlist);
     m_loosePacket = 0;
@@ -117,7 +116,7 @@ void HandOverDrain::playOrRest()
         m_starter.ListClick(1, 1);
         return;
     }
-    if (m_context.control.CurrentState() != MediaControl::NotLoaded) {
+    if (m_context.player().ready) { // not a clip that this tick has seen end
         rest();
     }
     m_context.view->setFindText({});

@@ -17,67 +17,61 @@ namespace {
 constexpr double kMinute = 60.0; // seconds
 constexpr int kVolumeStep = 5;   // on the volume slider's scale
 
-constexpr std::array kKeys{
-    KeyRow{u'+', PlaybackKey::VolumeUp, true},      KeyRow{u'-', PlaybackKey::VolumeDown, true},
-    KeyRow{u'b', PlaybackKey::MinuteBack, true},    KeyRow{u'f', PlaybackKey::FullScreenOn, true},
-    KeyRow{u'k', PlaybackKey::SetBookmark, true},   KeyRow{u'l', PlaybackKey::GoToBookmark, true},
-    KeyRow{u'm', PlaybackKey::MinuteForward, true}, KeyRow{u'n', PlaybackKey::FullScreenOff, true},
-    KeyRow{u'p', PlaybackKey::Pause, true},         KeyRow{u'r', PlaybackKey::Run, true},
-    KeyRow{u's', PlaybackKey::Stop, true},          KeyRow{u't', PlaybackKey::AlwaysOnTop, false},
-};
-
-/// Scan codes of the keys that act, where a Latin keyboard has these letters.
-struct PhysicalKey
+template <typename Action> constexpr KeyRow inBoth(char16_t character, Action action)
 {
-    quint32 scanCode;
-    char16_t letter;
-};
-constexpr std::array kPhysicalKeys{
-    PhysicalKey{24, u'q'}, PhysicalKey{27, u'r'}, PhysicalKey{28, u't'}, PhysicalKey{32, u'o'},
-    PhysicalKey{33, u'p'}, PhysicalKey{39, u's'}, PhysicalKey{41, u'f'}, PhysicalKey{45, u'k'},
-    PhysicalKey{46, u'l'}, PhysicalKey{56, u'b'}, PhysicalKey{57, u'n'}, PhysicalKey{58, u'm'},
-};
-
-std::optional<KeyRow> rowOf(QChar character)
-{
-    const auto row = std::ranges::find(kKeys, character.unicode(), &KeyRow::character);
-    return row == kKeys.end() ? std::nullopt : std::optional(*row);
-}
-
-Int16 clampedVolume(Int16 volume)
-{
-    return std::clamp(volume.value(), 0, 100);
+    return {character, action, action};
 }
 
 } // namespace
 
+/// What the keys of both windows do. A friend of theirs: a key that needs no more than they have is
+/// one line here.
+struct KeyTable
+{
+    using Main = MainWindowKeys;
+    using Video = VideoWindowKeys;
+
+    static constexpr std::array rows{
+        inBoth(u'+', [](auto& keys) { keys.stepVolume(kVolumeStep); }),
+        inBoth(u'-', [](auto& keys) { keys.stepVolume(-kVolumeStep); }),
+        inBoth(u'b', [](auto& keys) { keys.seekBy(-kMinute); }),
+        inBoth(u'f', [](auto& keys) { keys.switchFullScreenWhileRunning(true); }),
+        inBoth(u'k', [](auto& keys) { keys.setBookmark(); }),
+        inBoth(u'l', [](auto& keys) { keys.goToBookmark(); }),
+        inBoth(u'm', [](auto& keys) { keys.seekBy(kMinute); }),
+        inBoth(u'n', [](auto& keys) { keys.switchFullScreenWhileRunning(false); }),
+        KeyRow{u'p', [](Main& keys) { keys.m_engine.operations().PauseIfRunning(); },
+               [](Video& keys) { keys.requestState(MediaControl::Paused); }},
+        KeyRow{u'r', [](Main& keys) { keys.m_engine.operations().PlayerRun(); },
+               [](Video& keys) { keys.requestState(MediaControl::Running); }},
+        KeyRow{u's', [](Main& keys) { keys.m_engine.operations().StopIfRunning(); },
+               [](Video& keys) { keys.requestState(MediaControl::Stopped); }},
+        KeyRow{u't', nullptr, nullptr}, // always on top
+    };
+};
+
+static Int16 clampedVolume(Int16 volume)
+{
+    return std::clamp(volume.value(), 0, 100);
+}
+
 std::span<const KeyRow> playbackKeys()
 {
-    return kKeys;
+    return KeyTable::rows;
 }
 
-std::optional<PlaybackKey> mainWindowKey(QChar typed)
+std::optional<KeyRow> mainWindowKey(QChar typed)
 {
-    const auto row = rowOf(typed.toLower());
-    return row ? std::optional(row->key) : std::nullopt;
+    const char16_t character = typed.toLower().unicode();
+    const auto row = std::ranges::find(KeyTable::rows, character, &KeyRow::character);
+    return row == KeyTable::rows.end() ? std::nullopt : std::optional(*row);
 }
 
-std::optional<PlaybackKey> videoWindowKey(QChar typed)
+std::optional<KeyRow> videoWindowKey(QChar typed)
 {
-    const auto row = rowOf(typed);
-    return row && row->inVideoWindow ? std::optional(row->key) : std::nullopt;
-}
-
-QChar latinLetter(QChar typed, quint32 scanCode)
-{
-    if (typed.unicode() < 128) {
-        return typed;
-    }
-    const auto key = std::ranges::find(kPhysicalKeys, scanCode, &PhysicalKey::scanCode);
-    if (key == kPhysicalKeys.end()) {
-        return typed;
-    }
-    return typed.isUpper() ? QChar(key->letter).toUpper() : QChar(key->letter);
+    const auto row = mainWindowKey(typed);
+    const bool known = row && row->character == typed.unicode() && row->inVideoWindow != nullptr;
+    return known ? row : std::nullopt;
 }
 
 VideoWindowKeys::VideoWindowKeys(MediaControl& control, VideoMirror& mirror,
@@ -88,34 +82,10 @@ VideoWindowKeys::VideoWindowKeys(MediaControl& control, VideoMirror& mirror,
       m_seek(std::move(seek))
 {}
 
-void VideoWindowKeys::press(PlaybackKey key)
+void VideoWindowKeys::press(const KeyRow& key)
 {
-    switch (key) {
-    case PlaybackKey::VolumeUp:
-        return stepVolume(kVolumeStep);
-    case PlaybackKey::VolumeDown:
-        return stepVolume(-kVolumeStep);
-    case PlaybackKey::MinuteBack:
-        return seekBy(-kMinute);
-    case PlaybackKey::MinuteForward:
-        return seekBy(kMinute);
-    case PlaybackKey::FullScreenOn:
-        return switchFullScreenWhileRunning(true);
-    case PlaybackKey::FullScreenOff:
-        return switchFullScreenWhileRunning(false);
-    case PlaybackKey::SetBookmark:
-        m_mirror.VideoBookmark = decimalText(m_control.CurrentPosition());
-        return;
-    case PlaybackKey::GoToBookmark:
-        return trapped("video window, go to bookmark", [this] { goToBookmark(); });
-    case PlaybackKey::Pause:
-        return requestState(MediaControl::Paused);
-    case PlaybackKey::Run:
-        return requestState(MediaControl::Running);
-    case PlaybackKey::Stop:
-        return requestState(MediaControl::Stopped);
-    case PlaybackKey::AlwaysOnTop:
-        return;
+    if (key.inVideoWindow != nullptr) {
+        key.inVideoWindow(*this);
     }
 }
 
@@ -182,13 +152,12 @@ void VideoWindowKeys::stepVolume(int step)
     m_mirror.RequestPending = true;
 }
 
-void VideoWindowKeys::requestState(int state)
+void VideoWindowKeys::requestState(MediaControl::State state)
 {
-    if (m_control.CurrentState() == MediaControl::NotLoaded) {
-        return;
+    if (m_control.CurrentState() != MediaControl::NotLoaded) {
+        m_mirror.VideoState = state;
+        m_mirror.RequestPending = true;
     }
-    m_mirror.VideoState = state;
-    m_mirror.RequestPending = true;
 }
 
 void VideoWindowKeys::seekBy(double seconds)
@@ -200,16 +169,23 @@ void VideoWindowKeys::seekBy(double seconds)
     });
 }
 
+void VideoWindowKeys::setBookmark()
+{
+    m_mirror.VideoBookmark = decimalText(m_control.CurrentPosition());
+}
+
 void VideoWindowKeys::goToBookmark()
 {
     if (m_control.CurrentState() != MediaControl::Running) {
         return;
     }
-    const double bookmark = decimalValue(m_mirror.VideoBookmark);
-    m_control.Pause();
-    m_seek(bookmark);
-    m_control.Run();
-    m_seek(bookmark);
+    trapped("video window, go to bookmark", [this] {
+        const double bookmark = decimalValue(m_mirror.VideoBookmark);
+        m_control.Pause();
+        m_seek(bookmark);
+        m_control.Run();
+        m_seek(bookmark);
+    });
 }
 
 void VideoWindowKeys::switchFullScreenWhileRunning(bool on)
@@ -247,45 +223,13 @@ void MainWindowKeys::poll()
     trapped("poll for a key", [this] { m_engine.operations().PollPlayer(); });
 }
 
-bool MainWindowKeys::press(PlaybackKey key)
+bool MainWindowKeys::press(const KeyRow& key)
 {
     poll();
-    switch (key) {
-    case PlaybackKey::VolumeUp:
-        stepVolume(kVolumeStep);
-        return true;
-    case PlaybackKey::VolumeDown:
-        stepVolume(-kVolumeStep);
-        return true;
-    case PlaybackKey::MinuteBack:
-        seekBy(-kMinute);
-        return true;
-    case PlaybackKey::MinuteForward:
-        seekBy(kMinute);
-        return true;
-    case PlaybackKey::FullScreenOn:
-    case PlaybackKey::FullScreenOff:
-        m_videoKeys.press(key);
-        return true;
-    case PlaybackKey::SetBookmark:
-        trapped("bookmark key", [this] { setBookmark(); });
-        return true;
-    case PlaybackKey::GoToBookmark:
-        trapped("go to bookmark key", [this] { goToBookmark(); });
-        return true;
-    case PlaybackKey::Pause:
-        m_engine.operations().PauseIfRunning();
-        return true;
-    case PlaybackKey::Run:
-        m_engine.operations().PlayerRun();
-        return true;
-    case PlaybackKey::Stop:
-        m_engine.operations().StopIfRunning();
-        return true;
-    case PlaybackKey::AlwaysOnTop:
-        return false;
+    if (key.inMainWindow != nullptr) {
+        key.inMainWindow(*this);
     }
-    return false;
+    return key.inMainWindow != nullptr;
 }
 
 void MainWindowKeys::seekBy(double seconds)
@@ -299,7 +243,7 @@ void MainWindowKeys::seekBy(double seconds)
 void MainWindowKeys::togglePlay()
 {
     poll();
-    if (m_engine.operations().GetPlayerState() == MediaControl::Running) {
+    if (m_engine.operations().player().isRunning()) {
         m_engine.pressPause();
     } else {
         m_engine.pressPlay();
@@ -315,21 +259,26 @@ void MainWindowKeys::stepVolume(int step)
 
 void MainWindowKeys::setBookmark()
 {
-    (void)currentText(); // without a clip there is no sign either
-    m_engine.keepPosition();
+    trapped("bookmark key", [this] {
+        (void)currentText(); // without a clip there is no sign either
+        m_engine.keepPosition();
+    });
 }
 
 void MainWindowKeys::goToBookmark()
 {
     auto& operations = m_engine.operations();
-    if (operations.GetPlayerState() == MediaControl::Running) {
-        operations.PauseIfRunning();
-        seekToSavedPosition();
-        operations.PlayerRun();
-    } else {
-        operations.PlayerRun();
-        seekToSavedPosition();
-    }
+    const bool wasRunning = operations.player().isRunning();
+    trapped("go to bookmark key", [&] {
+        if (wasRunning) {
+            operations.PauseIfRunning();
+            seekToSavedPosition();
+            operations.PlayerRun();
+        } else {
+            operations.PlayerRun();
+            seekToSavedPosition();
+        }
+    });
 }
 
 void MainWindowKeys::seekToSavedPosition()

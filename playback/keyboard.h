@@ -13,42 +13,26 @@
 
 namespace orvanta {
 
-enum class PlaybackKey
-{
-    VolumeUp,
-    VolumeDown,
-    MinuteBack,
-    FullScreenOn,
-    SetBookmark,
-    GoToBookmark,
-    MinuteForward,
-    FullScreenOff,
-    Pause,
-    Run,
-    Stop,
-    AlwaysOnTop,
-};
+class MainWindowKeys;
+class VideoWindowKeys;
 
-/// One key: its character, lower case, and whether the video window knows it too.
+/// One key: its character, lower case, and what it does in each window.
 struct KeyRow
 {
     char16_t character;
-    PlaybackKey key;
-    bool inVideoWindow;
+    void (*inMainWindow)(MainWindowKeys& keys);   // null: the window's own affair
+    void (*inVideoWindow)(VideoWindowKeys& keys); // null: no key there
+
+    friend bool operator==(const KeyRow&, const KeyRow&) = default;
 };
 
 /// The whole table, for dispatch, help and tests.
 [[nodiscard]] std::span<const KeyRow> playbackKeys();
 
 /// The main window's reading of a typed character: upper case acts like lower case.
-[[nodiscard]] std::optional<PlaybackKey> mainWindowKey(QChar typed);
+[[nodiscard]] std::optional<KeyRow> mainWindowKey(QChar typed);
 /// The video window's reading: lower case only, and no always-on-top.
-[[nodiscard]] std::optional<PlaybackKey> videoWindowKey(QChar typed);
-
-/// The Latin letter on the physical key, for keyboard layouts that type no Latin letters: typed is
-/// kept when it is ASCII; scanCode as X11 and Wayland count them (evdev + 8). upperCase: the case
-/// that the typed letter had.
-[[nodiscard]] QChar latinLetter(QChar typed, quint32 scanCode);
+[[nodiscard]] std::optional<KeyRow> videoWindowKey(QChar typed);
 
 /// What the keys do that are the same in every window: Quit, Stop, NextClip and PreviousClip. False
 /// for the others.
@@ -75,7 +59,7 @@ public:
                     Seek seek);
 
     /// Raises 6 when a volume step leaves 16 bits. Seeks that fail are passed over.
-    void press(PlaybackKey key);
+    void press(const KeyRow& key);
     /// Seconds, for the arrow keys.
     void seekBy(double seconds);
     /// Asks for a pause when running, else for a run.
@@ -83,14 +67,17 @@ public:
     /// Leaves full screen in any state of the player, enters it with any clip.
     void toggleFullScreen();
     void leaveFullScreen();
+    /// Does nothing in any other state of the player.
+    void switchFullScreenWhileRunning(bool on);
     /// Serves the request flag: hands VideoState and VideoVolume to the player and clears it.
     void serveRequest();
 
 private:
+    friend struct KeyTable;
     void stepVolume(int step);
-    void requestState(int state);
+    void requestState(MediaControl::State state);
+    void setBookmark();
     void goToBookmark();
-    void switchFullScreenWhileRunning(bool on);
     void switchFullScreen(bool on);
     void handOverState();
     void handOverVolume();
@@ -109,17 +96,18 @@ public:
     MainWindowKeys(Module1& module, PlaybackEngine& engine, PlaybackView& view,
                    VideoWindowKeys& videoKeys);
 
-    /// Seeks that fail are passed over. AlwaysOnTop is the window's own affair: returns false for
-    /// it, true for every key that was served here.
-    bool press(PlaybackKey key);
+    /// Seeks that fail are passed over. False when the key is the window's own affair.
+    bool press(const KeyRow& key);
     /// Seconds, for the arrow keys.
     void seekBy(double seconds);
     /// Play when paused or stopped, pause when running.
     void togglePlay();
 
 private:
+    friend struct KeyTable;
     void poll();
     void stepVolume(int step);
+    void switchFullScreenWhileRunning(bool on) { m_videoKeys.switchFullScreenWhileRunning(on); }
     void setBookmark();
     void goToBookmark();
     void seekToSavedPosition();

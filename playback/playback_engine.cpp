@@ -23,9 +23,12 @@ using namespace Qt::StringLiterals;
 class PlaybackEngine::Private
 {
 public:
-    Private(Module1& module, MediaControl& control, VideoWindow& video)
-        : context(module, control, video)
-    {}
+    Private(Module1& module, MediaControl& control, VideoWindow& video, PlaybackEngine& engine)
+        : context(module, control, video),
+          volume(context, [&engine] { Q_EMIT engine.volumeChanged(); })
+    {
+        context.onCursorMoved = [&engine] { Q_EMIT engine.cursorChanged(); };
+    }
 
     /// Runs one entry into the engine. A program end that is asked for inside waits until the
     /// outermost entry has returned: windows must not go while a handler of theirs still runs.
@@ -33,6 +36,7 @@ public:
     template <typename Action> void enter(Action&& action)
     {
         ++m_depth;
+        context.operations.look();
         trapped("playback engine", std::forward<Action>(action));
         --m_depth;
         if (m_depth == 0 && close.isPending()) {
@@ -50,7 +54,7 @@ public:
     EngineContext context;
     PositionSlider slider{context};
     TransportButtons transport{context, slider};
-    VolumeSliders volume{context};
+    VolumeSliders volume;
     ClipStarter starter{context, transport};
     CloseSequence close{context, transport, slider};
     AdvanceStep advance{context, transport, starter, close};
@@ -105,17 +109,15 @@ void PlaybackEngine::Private::showVideoWindowWithMainWindow()
 
 void PlaybackEngine::Private::display()
 {
-    const bool running = context.control.CurrentState() == MediaControl::Running;
-    if (!running || context.view->isSliderHeld()) {
-        return;
+    if (context.player().isRunning() && !context.view->isSliderHeld()) {
+        slider.display();
+        brakes.run();
     }
-    slider.display();
-    brakes.run();
 }
 
 void PlaybackEngine::Private::keepPosition()
 {
-    const QString position = context.operations.GetPlayerPosition();
+    const QString position = context.player().position;
     resumeNext("saved position", [&] {
         const ClipEntry& entry = context.currentPacket().clip(context.cursor().clip);
         context.module.settings().setPosition(entry.Text, position);
@@ -141,7 +143,7 @@ bool PlaybackEngine::Private::moveOnAfterEnd()
 
 bool PlaybackEngine::Private::moveOnAfterFailure()
 {
-    const bool settled = context.waitingStarts == 0 && context.isPlayerEmpty();
+    const bool settled = !starter.isWaiting() && context.player().isEmpty();
     if (!context.startFailed || !settled) {
         return false;
     }
@@ -203,7 +205,7 @@ void PlaybackEngine::Private::start(Int16 p, Int16 q)
 
 void PlaybackEngine::Private::begin()
 {
-    if (!context.closing && context.isPlayerEmpty()) {
+    if (!context.closing && context.player().isEmpty()) {
         advance.begin();
     }
 }
@@ -211,16 +213,15 @@ void PlaybackEngine::Private::begin()
 // A clip that began since the last tick is loaded all the same.
 void PlaybackEngine::Private::goOnAfterDrop(bool groupDropped)
 {
-    resumeNext("poll", [&] { context.operations.PollPlayer(); });
+    poll();
     logLoaded(context.module.playlist);
     if (context.module.optionIsOn(Option::StartPlaying)) {
         const Cursor place = context.cursor();
         const bool nothingStarted = place.packet == Int16(0) && place.clip == Int16(0);
         if (nothingStarted || groupDropped) {
-            advance.forgetFailures();
             start(1, 1);
         }
-    } else if (context.module.playback.CachedState != MediaControl::NotLoaded) {
+    } else if (context.player().isLoaded()) {
         context.operations.StopIfRunning();
         slider.reset();
         context.view->setCurrentTime(u"0.00"_s);
@@ -231,10 +232,8 @@ void PlaybackEngine::Private::goOnAfterDrop(bool groupDropped)
 PlaybackEngine::PlaybackEngine(Module1& module, MediaControl& control, VideoWindow& video,
                                QObject* parent)
     : QObject(parent),
-      m_private(std::make_unique<Private>(module, control, video))
+      m_private(std::make_unique<Private>(module, control, video, *this))
 {
-    m_private->context.onCursorMoved = [this] { Q_EMIT cursorChanged(); };
-    m_private->context.onVolumeMoved = [this] { Q_EMIT volumeChanged(); };
     // The next clip does not wait for the timer. Queued: the video window notes the end first.
     connect(
         &control, &MediaControl::positionChange, this,
@@ -244,13 +243,9 @@ PlaybackEngine::PlaybackEngine(Module1& module, MediaControl& control, VideoWind
             }
         },
         Qt::QueuedConnection);
-    connect(&control, &MediaControl::openComplete, this,
-            [this] { m_private->advance.forgetFailures(); });
     connect(&control, &MediaControl::openFailed, this, [this] {
-        m_private->context.openingFailed = true;
-        if (m_private->context.view != nullptr) {
-            m_private->starter.noteFailure();
-        }
+        m_private->context.operations.look();
+        m_private->starter.openingFailed();
     });
 }
 
@@ -279,19 +274,16 @@ void PlaybackEngine::keepPosition()
 
 void PlaybackEngine::startCurrent()
 {
-    m_private->advance.forgetFailures();
     m_private->enter([&] { m_private->begin(); });
 }
 
 void PlaybackEngine::nextChecked()
 {
-    m_private->advance.forgetFailures();
     m_private->enter([&] { m_private->advance.next(); });
 }
 
 void PlaybackEngine::previousChecked()
 {
-    m_private->advance.forgetFailures();
     m_private->enter([&] { m_private->advance.previous(); });
 }
 
@@ -313,7 +305,6 @@ void PlaybackEngine::tick()
 
 void PlaybackEngine::ListClick(Int16 p, Int16 q)
 {
-    m_private->advance.forgetFailures();
     m_private->enter([&] { m_private->start(p, q); });
 }
 
@@ -349,7 +340,6 @@ void PlaybackEngine::closeProgram()
 void PlaybackEngine::playlistReplaced()
 {
     m_private->context.supersede();
-    m_private->advance.forgetFailures();
     m_private->context.module.playlist.OpenedFromExplorer = false;
     m_private->context.setCursor({1, 1});
     m_private->context.view->RebuildTree();
@@ -376,17 +366,14 @@ void PlaybackEngine::playlistExtended(bool groupDropped)
 
 void PlaybackEngine::sliderMoved(double value)
 {
+    m_private->context.operations.look();
     m_private->slider.moved(value);
 }
 
 void PlaybackEngine::sliderCommitted()
 {
+    m_private->context.operations.look();
     m_private->slider.committed();
-}
-
-void PlaybackEngine::resetPositionDisplay()
-{
-    m_private->slider.reset();
 }
 
 void PlaybackEngine::volumeMoved(Int16 value)
@@ -411,6 +398,7 @@ Int16 PlaybackEngine::storedBalance() const
 
 void PlaybackEngine::seekTo(double seconds)
 {
+    m_private->context.operations.look();
     m_private->slider.seekTo(seconds);
 }
 

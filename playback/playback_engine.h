@@ -12,8 +12,8 @@
 namespace orvanta {
 
 /// Drives the playlist through the control and the view. Interface thread only. Handlers below may
-/// be entered while an outer one waits in the event loop; each checks afterwards that the playlist
-/// and the cursor are still those it began with.
+/// be entered while an outer one waits in the event loop; who waited leaves when it was superseded.
+/// Each goes by one snapshot of the player, taken as it begins and again after a wait.
 class PlaybackEngine : public QObject
 {
     Q_OBJECT
@@ -44,7 +44,7 @@ public:
     /// Ends the program whatever "nc" says (end of session, SIGTERM, tray).
     void closeProgram();
 
-    /// What an opening (button, editor, drop) does after its loader: cursor to 1, tree, "as".
+    /// What an opening (button, editor) does after its loader: cursor to 1, tree, "as".
     void playlistReplaced();
 
     /// Replaces the playlist with a file or folder and plays it: somebody asked for just that.
@@ -54,10 +54,9 @@ public:
     /// nothing has been started or a group came; without, it stops what plays.
     void playlistExtended(bool groupDropped);
 
-    /// Position slider: the user moves it (value 0 to 100), commits, lets go.
+    /// Position slider: the user moves it (value 0 to 100), lets go of it.
     void sliderMoved(double value);
     void sliderCommitted();
-    void resetPositionDisplay(); // slider to 0
     /// Volume slider moved by the user: control, mirror, cache and settings.
     void volumeMoved(Int16 value);
     /// Places the volume at load from the settings; writes nothing. Returns the slider's place.

@@ -2,6 +2,8 @@
 
 #include "core/numbers.h"
 
+#include <algorithm>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -18,6 +20,7 @@ void PlaybackOperations::PollPlayer()
     pollState();
     pollPosition();
     pollVolume();
+    look();
     pollEnd();
 }
 
@@ -66,6 +69,7 @@ void PlaybackOperations::pollVolume()
     }
 }
 
+/// The clip is gone, but for the steps that serve its end it stands stopped.
 void PlaybackOperations::pollEnd()
 {
     if (!m_video.mirror().VideoEnded.take()) {
@@ -73,14 +77,12 @@ void PlaybackOperations::pollEnd()
     }
     m_module.playback.ClipEnded = true;
     (void)GetPlayerDuration(); // still known
+    const MediaControl::State atEnd = std::min(m_player.state, MediaControl::Stopped);
     m_control.Stop();
     m_control.setFileName({});
     m_video.moveOutOfSight();
-}
-
-QString PlaybackOperations::GetPlayerPosition() const
-{
-    return m_module.playback.CachedPosition;
+    look();
+    m_player.state = atEnd;
 }
 
 QString PlaybackOperations::GetPlayerDuration()
@@ -89,22 +91,11 @@ QString PlaybackOperations::GetPlayerDuration()
     return m_module.playback.CachedDuration;
 }
 
-int PlaybackOperations::GetPlayerState() const
-{
-    return m_module.playback.CachedState;
-}
-
-Int16 PlaybackOperations::GetPlayerVolume() const
-{
-    return m_module.playback.CachedVolume;
-}
-
 void PlaybackOperations::SetPlayerPosition(const QString& seconds)
 {
     const double target = decimalValue(seconds);
     m_module.playback.CachedPosition = seconds;
-    const bool wasRunning = m_control.CurrentState() == MediaControl::Running;
-    if (wasRunning) {
+    if (m_control.CurrentState() == MediaControl::Running) {
         m_control.Pause();
         m_control.setCurrentPosition(target);
         m_control.Run();
@@ -112,12 +103,14 @@ void PlaybackOperations::SetPlayerPosition(const QString& seconds)
     m_control.setCurrentPosition(target);
     // The next poll would bring the position before the seek back: a player that stands sends none.
     m_video.mirror().VideoPosition = decimalText(m_control.CurrentPosition());
+    look();
 }
 
 void PlaybackOperations::PauseIfRunning()
 {
     if (m_control.CurrentState() == MediaControl::Running) {
         m_control.Pause();
+        look();
     }
 }
 
@@ -125,6 +118,7 @@ void PlaybackOperations::StopIfRunning()
 {
     if (m_control.CurrentState() == MediaControl::Running) {
         m_control.Stop();
+        look();
     }
 }
 
@@ -133,6 +127,7 @@ void PlaybackOperations::PlayerRun()
     const MediaControl::State state = m_control.CurrentState();
     if (state != MediaControl::Running && state != MediaControl::NotLoaded) {
         m_control.Run();
+        look();
     }
 }
 
@@ -148,6 +143,16 @@ void PlaybackOperations::OpenMedia(const QString& fileName)
     ForgetEnd();
     m_video.prepareForMedia();
     m_control.setFileName(fileName);
+    look();
+}
+
+void PlaybackOperations::UnloadMedia()
+{
+    StopIfRunning();
+    ForgetEnd();
+    m_control.setFileName({});
+    m_video.moveOutOfSight();
+    look();
 }
 
 void PlaybackOperations::ForgetEnd()

@@ -1,7 +1,8 @@
 // The playback operations of the main module: every window but the video window works through them.
+// An operation acts on the control as it is; what follows goes by the snapshot that it leaves.
 #pragma once
 
-#include "platform/media/media_control.h"
+#include "playback/player_snapshot.h"
 #include "playback/video_window.h"
 
 namespace orvanta {
@@ -11,12 +12,20 @@ class PlaybackOperations
 public:
     PlaybackOperations(Module1& module, MediaControl& control, VideoWindow& video);
 
-    /// Synchronises the shared record with the video window. A quiet poll is a few field reads.
+    /// Synchronises the shared record with the video window and takes the snapshot anew. A quiet
+    /// poll is a few field reads.
     void PollPlayer();
-    [[nodiscard]] QString GetPlayerPosition() const; // seconds, decimal text
-    QString GetPlayerDuration();                     // seconds, decimal text
-    [[nodiscard]] int GetPlayerState() const;
-    [[nodiscard]] Int16 GetPlayerVolume() const;
+    /// Takes the snapshot anew without serving what the video window noted: at the entry of a
+    /// handler and after a wait in the event loop.
+    void look() { m_player = snapshotOf(m_control, m_module.playback); }
+    /// The player as the last poll, look or operation left it.
+    [[nodiscard]] const PlayerSnapshot& player() const { return m_player; }
+
+    [[nodiscard]] QString GetPlayerPosition() const { return m_player.position; }
+    [[nodiscard]] int GetPlayerState() const { return m_player.state; }
+    [[nodiscard]] Int16 GetPlayerVolume() const { return m_module.playback.CachedVolume; }
+    /// Seconds, decimal text, from the control; kept for the steps that serve a clip's end.
+    QString GetPlayerDuration();
     /// Raises 13 when the text is no number.
     void SetPlayerPosition(const QString& seconds);
     void PauseIfRunning();
@@ -25,6 +34,10 @@ public:
     void SetBookmark(const QString& seconds);
     /// Loads a located file straight into the control.
     void OpenMedia(const QString& fileName);
+    /// Stops and empties the player.
+    void UnloadMedia();
+    /// Hundredths of a decibel, straight to the control.
+    void SetControlVolume(int hundredthsOfDecibel) { m_control.setVolume(hundredthsOfDecibel); }
     /// An end that was not yet served belongs to a clip that is being replaced or begun again.
     void ForgetEnd();
     void ShowVideoWindow(bool show);
@@ -43,6 +56,7 @@ private:
     Module1& m_module;
     MediaControl& m_control;
     VideoWindow& m_video;
+    PlayerSnapshot m_player;
 };
 
 } // namespace orvanta

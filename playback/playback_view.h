@@ -1,4 +1,4 @@
-// What the playback engine needs of the main window, and nothing else.
+// What the playback engine, the keys and the media controls need of the main window.
 #pragma once
 
 #include "core/int16.h"
@@ -19,7 +19,7 @@ struct TransportLooks
     friend bool operator==(const TransportLooks&, const TransportLooks&) = default;
 };
 
-/// The main window as the engine sees it. Interface thread only.
+/// The main window as they see it. Interface thread only.
 class PlaybackView
 {
 public:

@@ -22,11 +22,9 @@ double positionOfSlider(double sliderValue, const BrakeSpan& span)
 SeekDecision seekOnCommit(int state, double targetSeconds, double positionSeconds)
 {
     const bool unmoved = targetSeconds == positionSeconds;
-    SeekDecision decision;
-    decision.targetSeconds = targetSeconds;
-    decision.seek = !unmoved && (state == MediaControl::Running || state == MediaControl::Stopped);
-    decision.restoreSlider = unmoved && state == MediaControl::Stopped;
-    return decision;
+    const bool stopped = state == MediaControl::Stopped;
+    return {.seek = !unmoved && (stopped || state == MediaControl::Running),
+            .restoreSlider = unmoved && stopped};
 }
 
 } // namespace orvanta

@@ -14,9 +14,8 @@ namespace orvanta {
 
 struct SeekDecision
 {
-    bool seek = false;          // SetPlayerPosition with target, Label1 shows it
+    bool seek = false;          // SetPlayerPosition with the target, Label1 shows it
     bool restoreSlider = false; // the slider is set back from the position
-    double targetSeconds = 0;
 };
 
 /// Decides what a committed slider value does. state as MediaControl::State.

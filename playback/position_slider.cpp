@@ -12,12 +12,12 @@ PositionSlider::PositionSlider(EngineContext& context)
     : m_context(context)
 {}
 
-double PositionSlider::durationSeconds()
+double PositionSlider::durationSeconds() const
 {
-    return decimalValue(m_context.operations.GetPlayerDuration());
+    return decimalValue(m_context.player().duration);
 }
 
-BrakeSpan PositionSlider::span()
+BrakeSpan PositionSlider::span() const
 {
     const double duration = durationSeconds();
     if (!m_context.areBrakesPlaying()) {
@@ -33,7 +33,7 @@ void PositionSlider::showTime(double seconds)
 
 void PositionSlider::display()
 {
-    const QString position = m_context.operations.GetPlayerPosition();
+    const QString position = m_context.player().position;
     resumeNext("current time", [&] { showTime(decimalValue(position)); });
     if (position.isEmpty()) {
         return;
@@ -74,8 +74,8 @@ void PositionSlider::commit()
 {
     const BrakeSpan part = span();
     const double target = positionOfSlider(m_context.module.SliderValue.value(), part);
-    const double position = decimalValue(m_context.operations.GetPlayerPosition());
-    const SeekDecision decision = seekOnCommit(m_context.control.CurrentState(), target, position);
+    const double position = decimalValue(m_context.player().position);
+    const SeekDecision decision = seekOnCommit(m_context.player().state, target, position);
     if (decision.seek) {
         m_context.operations.SetPlayerPosition(decimalText(target));
         showTime(target);
@@ -97,14 +97,14 @@ void PositionSlider::seekTo(double seconds)
     });
 }
 
-/// A clip that stands has no tick that would show where a key has taken it.
+/// A clip that stands has no tick that would show where a key has taken it: the video window's
+/// mirror knows it, the snapshot only where it was to go.
 void PositionSlider::showReached()
 {
-    if (m_context.control.CurrentState() == MediaControl::NotLoaded ||
-        m_context.view->isSliderHeld()) {
+    if (!m_context.player().isLoaded() || m_context.view->isSliderHeld()) {
         return;
     }
-    const double position = m_context.control.CurrentPosition();
+    const double position = decimalValue(m_context.video.mirror().VideoPosition);
     showTime(position);
     SetValue(sliderOfPosition(position, span()));
 }

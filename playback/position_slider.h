@@ -27,8 +27,8 @@ public:
     void seekTo(double seconds);
 
 private:
-    [[nodiscard]] BrakeSpan span();
-    [[nodiscard]] double durationSeconds();
+    [[nodiscard]] BrakeSpan span() const;
+    [[nodiscard]] double durationSeconds() const;
     void showTime(double seconds);
     void commit();
     void followSeek(double seconds);

@@ -46,29 +46,27 @@ void TransportButtons::showIdle()
 
 void TransportButtons::pressPlay()
 {
-    if (m_context.operations.GetPlayerState() == MediaControl::NotLoaded) {
-        return;
+    if (m_context.player().isLoaded()) {
+        m_context.operations.PlayerRun();
+        setPause(true);
+        setPlay(false);
+        show(m_looks);
     }
-    m_context.operations.PlayerRun();
-    setPause(true);
-    setPlay(false);
-    show(m_looks);
 }
 
 void TransportButtons::pressPause()
 {
-    if (m_context.operations.GetPlayerState() == MediaControl::NotLoaded) {
-        return;
+    if (m_context.player().isLoaded()) {
+        m_context.operations.PauseIfRunning();
+        setPlay(true);
+        setPause(false);
+        show(m_looks);
     }
-    m_context.operations.PauseIfRunning();
-    setPlay(true);
-    setPause(false);
-    show(m_looks);
 }
 
 void TransportButtons::pressStop()
 {
-    if (m_context.operations.GetPlayerState() == MediaControl::NotLoaded) {
+    if (!m_context.player().isLoaded()) {
         return;
     }
     stopPlayer();
@@ -112,11 +110,11 @@ void TransportButtons::stopPlayer()
 
 void TransportButtons::reconcile()
 {
-    const bool settled = !m_context.control.isOpening() && !m_context.module.playback.ClipEnded;
+    const bool settled = !m_context.player().opening && !m_context.module.playback.ClipEnded;
     if (!settled || !m_context.module.playback.StateChanged.take()) {
         return;
     }
-    const int state = m_context.operations.GetPlayerState();
+    const MediaControl::State state = m_context.player().state;
     if (state == MediaControl::Running) {
         showPlaying();
         m_context.log.running();

@@ -37,7 +37,7 @@ private:
     EngineContext& m_context;
     PositionSlider& m_slider;
     TransportLooks m_looks;
-    int m_knownState = MediaControl::NotLoaded;
+    MediaControl::State m_knownState = MediaControl::NotLoaded;
 };
 
 } // namespace orvanta

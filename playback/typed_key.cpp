@@ -1,11 +1,10 @@
 #include "playback/typed_key.h"
 
-#include "playback/keyboard.h"
-
 #include <QKeyEvent>
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace orvanta {
 
@@ -30,6 +29,16 @@ constexpr std::array kCommonKeys{
     CommonKeyRow{Qt::Key_MediaPrevious, Qt::NoModifier, CommonKey::PreviousClip},
 };
 
+/// Letters that lie side by side on a Latin keyboard, with the scan code of the first.
+struct LetterRow
+{
+    quint32 firstCode;
+    std::u16string_view letters;
+};
+
+constexpr std::array kLetterRows{LetterRow{24, u"qwertyuiop"}, LetterRow{38, u"asdfghjkl"},
+                                 LetterRow{52, u"zxcvbnm"}};
+
 constexpr Qt::KeyboardModifiers kCommandModifiers =
     Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
@@ -49,6 +58,18 @@ int latinKey(const QKeyEvent& event)
 }
 
 } // namespace
+
+QChar latinLetter(QChar typed, quint32 scanCode)
+{
+    const auto row = std::ranges::find_if(kLetterRows, [&](const LetterRow& candidate) {
+        return scanCode - candidate.firstCode < candidate.letters.size();
+    });
+    if (typed.unicode() < 128 || row == kLetterRows.end()) {
+        return typed;
+    }
+    const QChar letter = row->letters[scanCode - row->firstCode];
+    return typed.isUpper() ? letter.toUpper() : letter;
+}
 
 std::span<const CommonKeyRow> commonKeys()
 {

@@ -45,6 +45,11 @@ struct CommonKeyRow
 /// that is held down counts once.
 [[nodiscard]] std::optional<CommonKey> commonKey(const QKeyEvent& event);
 
+/// The Latin letter on the physical key, for keyboard layouts that type no Latin letters: typed is
+/// kept when it is ASCII; scanCode as X11 and Wayland count them (evdev + 8). It keeps the case of
+/// the typed letter.
+[[nodiscard]] QChar latinLetter(QChar typed, quint32 scanCode);
+
 /// The character that a key types, as the key tables read it: the Latin letter of the physical
 /// key under other layouts. Null for keys that type nothing or are held with Ctrl, Alt or Meta.
 [[nodiscard]] QChar typedCharacter(const QKeyEvent& event);

@@ -26,10 +26,4 @@ Int16 sliderOfVolume(double stored)
     return std::clamp(100 - 5 * fifths.value(), 0, 100);
 }
 
-int balanceOfSlider(Int16 p)
-{
-    const double x = p.value() - 50;
-    return static_cast<int>(std::floor(x * x * x / 13));
-}
-
 } // namespace orvanta

@@ -1,4 +1,4 @@
-// Volume and balance slider formulas.
+// Volume slider formulas.
 #pragma once
 
 #include "core/int16.h"
@@ -11,7 +11,5 @@ namespace orvanta {
 [[nodiscard]] int controlVolume(double v);
 /// Slider place of a stored volume: 100 - 5 * round(cube root of -w), at most 100, at least 0.
 [[nodiscard]] Int16 sliderOfVolume(double stored);
-/// Int((p - 50)^3 / 13): computed as the slider moves, never sent to the player.
-[[nodiscard]] int balanceOfSlider(Int16 p);
 
 } // namespace orvanta

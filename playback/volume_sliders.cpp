@@ -3,6 +3,7 @@
 #include "playback/volume.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orvanta {
 
@@ -11,8 +12,9 @@ static Int16 onTheScale(Int16 value)
     return std::clamp(value, Int16(0), Int16(100));
 }
 
-VolumeSliders::VolumeSliders(EngineContext& context)
-    : m_context(context)
+VolumeSliders::VolumeSliders(EngineContext& context, std::function<void()> onMoved)
+    : m_context(context),
+      m_onMoved(std::move(onMoved))
 {}
 
 /// Video window and cache hold the same value, so that the poll sees no change.
@@ -20,14 +22,14 @@ void VolumeSliders::share(Int16 value)
 {
     m_context.video.mirror().VideoVolume = value;
     m_context.module.playback.CachedVolume = value;
-    m_context.onVolumeMoved();
+    m_onMoved();
 }
 
 void VolumeSliders::volumeMoved(Int16 value)
 {
     const Int16 place = onTheScale(value);
     const double volume = volumeOfSlider(place);
-    m_context.control.setVolume(controlVolume(volume));
+    m_context.operations.SetControlVolume(controlVolume(volume));
     share(place);
     m_context.module.settings().setVolume(volume);
 }
@@ -45,7 +47,7 @@ Int16 VolumeSliders::applyStoredVolume()
 {
     const double stored = m_context.module.settings().volume();
     const Int16 place = sliderOfVolume(stored);
-    m_context.control.setVolume(controlVolume(stored));
+    m_context.operations.SetControlVolume(controlVolume(stored));
     share(place);
     return place;
 }

@@ -3,12 +3,14 @@
 
 #include "playback/engine_context.h"
 
+#include <functional>
+
 namespace orvanta {
 
 class VolumeSliders
 {
 public:
-    explicit VolumeSliders(EngineContext& context);
+    VolumeSliders(EngineContext& context, std::function<void()> onMoved);
 
     /// Moved by the user, 0 to 100: control, video window, cache and settings.
     void volumeMoved(Int16 value);
@@ -26,6 +28,7 @@ private:
     void share(Int16 value);
 
     EngineContext& m_context;
+    std::function<void()> m_onMoved; // for who shows the volume elsewhere
 };
 
 } // namespace orvanta

@@ -25,85 +25,84 @@ protected:
     }
 };
 
-TEST_F(EndOfClip, StartsTheNextClip)
+struct Advance
 {
-    allOn();
-    addClips({u"one"_s, u"two"_s});
-    play(1, 1);
-    endClip();
-    EXPECT_EQ(clip(), 2);
-    EXPECT_EQ(control.FileName(), path(u"two.avi"_s));
-    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
-}
+    const char* name;
+    std::vector<const char*> options;
+    std::vector<QStringList> packets;
+    std::pair<int, int> from, to;
+    QString file; // that plays then; empty: none
+    std::vector<std::size_t> uncheckedLines = {};
+};
 
-TEST_F(EndOfClip, AdvancesExactlyOnce)
+class EndOfClipBy : public EndOfClip, public testing::WithParamInterface<Advance>
+{};
+
+TEST_P(EndOfClipBy, AdvancesExactlyOnce)
 {
-    allOn();
-    addClips({u"one"_s, u"two"_s, u"three"_s});
-    play(1, 1);
+    for (const char* key : GetParam().options) {
+        option(key);
+    }
+    for (const QStringList& clips : GetParam().packets) {
+        addClips(clips);
+    }
+    for (const std::size_t line : GetParam().uncheckedLines) {
+        view.checked[line] = false;
+    }
+    play(GetParam().from.first, GetParam().from.second);
     endClip();
+    EXPECT_EQ(place(), GetParam().to);
     engine->tick();
     engine->tick();
-    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(place(), GetParam().to);
+    const bool plays = !GetParam().file.isEmpty();
+    EXPECT_EQ(control.FileName(), plays ? path(GetParam().file) : QString());
+    EXPECT_EQ(control.CurrentState(), plays ? MediaControl::Running : MediaControl::NotLoaded);
+    EXPECT_EQ(loads(), plays ? 2 : 1);
 }
 
-TEST_F(EndOfClip, StartsTheFirstClipOfTheNextPacket)
-{
-    allOn();
-    addClips({u"one"_s});
-    addClips({u"two"_s});
-    play(1, 1);
-    endClip();
-    EXPECT_EQ(packet(), 2);
-    EXPECT_EQ(clip(), 1);
-}
+const std::vector<const char*> kAllOptions = {"agnc", "agnp", "ar"};
+const QStringList kOne(u"one"_s);
+const QStringList kTwo(u"two"_s);
 
-TEST_F(EndOfClip, OfTheLastClipOfTheLastPacketStartsTheFirstOfTheFirst)
-{
-    allOn();
-    addClips({u"one"_s, u"two"_s});
-    addClips({u"three"_s});
-    play(2, 1);
-    endClip();
-    EXPECT_EQ(packet(), 1);
-    EXPECT_EQ(clip(), 1);
-    EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
-}
-
-TEST_F(EndOfClip, WithoutAutoNextClipLeavesTheCursorOnTheClipThatEnded)
-{
-    addClips({u"one"_s, u"two"_s});
-    play(1, 1);
-    endClip();
-    EXPECT_EQ(clip(), 1);
-    EXPECT_EQ(control.CurrentState(), MediaControl::NotLoaded);
-    EXPECT_EQ(loads(), 1);
-}
-
-TEST_F(EndOfClip, WithoutAutoNextPacketLeavesTheCursorOnTheClipThatEnded)
-{
-    option("agnc");
-    addClips({u"one"_s});
-    addClips({u"two"_s});
-    play(1, 1);
-    endClip();
-    EXPECT_EQ(packet(), 1);
-    EXPECT_EQ(clip(), 1);
-    EXPECT_EQ(loads(), 1);
-}
+INSTANTIATE_TEST_SUITE_P(
+    OptionsAndMarks, EndOfClipBy,
+    testing::Values(
+        Advance{"NextClip", kAllOptions, {{u"one"_s, u"two"_s}}, {1, 1}, {1, 2}, u"two.avi"_s},
+        Advance{"NextPacket", kAllOptions, {kOne, kTwo}, {1, 1}, {2, 1}, u"two.avi"_s},
+        Advance{"Replay",
+                kAllOptions,
+                {{u"one"_s, u"two"_s}, {u"three"_s}},
+                {2, 1},
+                {1, 1},
+                u"one.avi"_s},
+        Advance{"WithoutNextClip", {}, {{u"one"_s, u"two"_s}}, {1, 1}, {1, 1}, {}},
+        Advance{"WithoutNextPacket", {"agnc"}, {kOne, kTwo}, {1, 1}, {1, 1}, {}},
+        Advance{"OverUncheckedLines",
+                kAllOptions,
+                {{u"one"_s, u"two"_s, u"three"_s}},
+                {1, 1},
+                {1, 3},
+                u"three.avi"_s,
+                {3}},
+        Advance{"OverAnUncheckedHeader",
+                kAllOptions,
+                {kOne, kTwo, {u"three"_s}},
+                {1, 1},
+                {3, 1},
+                u"three.avi"_s,
+                {3}}),
+    [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(EndOfClip, WithoutReplayPlaybackIsOver)
 {
-    option("agnc");
-    option("agnp");
-    addClips({u"one"_s});
-    play(1, 1);
+    turnOn({"agnc", "agnp"});
+    playClips({u"one"_s});
     endClip();
     EXPECT_EQ(view.listIndex, -1);
     EXPECT_EQ(view.currentTime, u"0.00");
     EXPECT_EQ(view.slider, 0);
-    EXPECT_TRUE(view.looks.playEnabled);
-    EXPECT_FALSE(view.looks.pauseEnabled);
+    EXPECT_TRUE(view.looks.playEnabled && !view.looks.pauseEnabled);
     EXPECT_EQ(control.CurrentState(), MediaControl::NotLoaded);
 }
 
@@ -115,8 +114,7 @@ TEST_F(EndOfClip, ClosesTheProgramThatTheShellStartedWhenTheOptionSaysSo)
         QString option;
         int closed;
     };
-    option("agnc");
-    option("agnp");
+    turnOn({"agnc", "agnp"});
     addClips({u"one"_s});
     for (const Row& row : {Row{false, u"1"_s, 0}, Row{true, u"0"_s, 0}, Row{true, u"1"_s, 1}}) {
         option("acp", row.option);
@@ -171,10 +169,7 @@ TEST_F(EndOfLastClipBehindAnEditor, KeepsTheProgramWhenTheEditorGaveSomethingToO
 
 TEST_F(EndOfClip, ClosingAfterTheLastFileHidesTheProgramThatIsKept)
 {
-    option("agnc");
-    option("agnp");
-    option("acp");
-    option("nc");
+    turnOn({"agnc", "agnp", "acp", "nc"});
     addClips({u"one"_s});
     module.playlist.OpenedFromExplorer = true;
     play(1, 1);
@@ -186,10 +181,8 @@ TEST_F(EndOfClip, ClosingAfterTheLastFileHidesTheProgramThatIsKept)
 
 TEST_F(EndOfClip, IsLogged)
 {
-    option("agnc");
-    option("agnp");
-    addClips({u"one"_s, u"two"_s});
-    play(1, 1);
+    turnOn({"agnc", "agnp"});
+    playClips({u"one"_s, u"two"_s});
     const LogCapture log("orvanta.playback");
     endClip();
     endClip();
@@ -197,33 +190,10 @@ TEST_F(EndOfClip, IsLogged)
               (QStringList{u"ended 1 1"_s, u"start 1 2 two"_s, u"ended 1 2"_s, u"stopped"_s}));
 }
 
-TEST_F(EndOfClip, PassesOverUncheckedLines)
-{
-    allOn();
-    addClips({u"one"_s, u"two"_s, u"three"_s});
-    view.checked[3] = false;
-    play(1, 1);
-    endClip();
-    EXPECT_EQ(clip(), 3);
-}
-
-TEST_F(EndOfClip, PassesOverAPacketWhoseHeaderIsUnchecked)
-{
-    allOn();
-    addClips({u"one"_s});
-    addClips({u"two"_s});
-    addClips({u"three"_s});
-    view.checked[3] = false;
-    play(1, 1);
-    endClip();
-    EXPECT_EQ(packet(), 3);
-}
-
 TEST_F(EndOfClip, WithNothingCheckedPlaybackIsOver)
 {
     allOn();
-    addClips({u"one"_s, u"two"_s});
-    play(1, 1);
+    playClips({u"one"_s, u"two"_s});
     view.checked.assign(view.checked.size(), false);
     endClip();
     EXPECT_EQ(view.listIndex, -1);
@@ -233,8 +203,7 @@ TEST_F(EndOfClip, WithNothingCheckedPlaybackIsOver)
 TEST_F(EndOfClip, ByAStopOfTheUserNeverAdvances)
 {
     allOn();
-    addClips({u"one"_s, u"two"_s});
-    play(1, 1);
+    playClips({u"one"_s, u"two"_s});
     engine->tick();
     control.playTo(9.9);
     engine->pressStop();
@@ -246,10 +215,8 @@ TEST_F(EndOfClip, ByAStopOfTheUserNeverAdvances)
 TEST_F(EndOfClip, ServesTheQueueInTheSameTick)
 {
     allOn();
-    addClips({u"one"_s, u"two"_s});
-    play(1, 1);
-    WriteIni(u"ftl"_s, u"num"_s, u"1"_s, module.IniPath);
-    WriteIni(u"ftl"_s, u"1"_s, file(u"queued.avi"_s), module.IniPath);
+    playClips({u"one"_s, u"two"_s});
+    queue({file(u"queued.avi"_s)});
     control.reachEnd();
     engine->tick();
     EXPECT_EQ(home.value("ftl", "num"), u"0");
@@ -370,15 +337,12 @@ TEST_F(BadFiles, AnOpenedClipLetsTheNextPassBeginAnew)
 
 TEST_F(BadFiles, OfAnEarlierPlaylistAreForgottenByTheNext)
 {
-    option("as");
-    option("agnc");
+    turnOn({"as", "agnc"});
     addMissingClips({u"one"_s, u"two"_s});
     engine->ListClick(1, 1);
     engine->tick();
     engine->tick();
-    WriteIni(u"ftl"_s, u"1"_s, path(u"bad.gone"_s), module.IniPath);
-    WriteIni(u"ftl"_s, u"2"_s, file(u"good.avi"_s), module.IniPath);
-    WriteIni(u"ftl"_s, u"num"_s, u"2"_s, module.IniPath);
+    queue({path(u"bad.gone"_s), file(u"good.avi"_s)});
     engine->tick();
     engine->tick();
     waitUntilRunning();
@@ -390,8 +354,7 @@ TEST_F(BadFiles, OfAnEarlierPlaylistStartNothingInTheNext)
     option("agnc");
     addMissingClips({u"one"_s, u"two"_s});
     engine->ListClick(1, 1);
-    module.playlist.Playlist.clear();
-    module.playlist.PlaylistCount = 0;
+    emptyPlaylist();
     addClips({u"three"_s, u"four"_s});
     engine->playlistReplaced();
     engine->tick();

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace orvanta {
+namespace orvanta::test {
 
 namespace {
 
@@ -33,183 +33,103 @@ constexpr AdvanceOptions kAll = {.nextClip = true, .nextPacket = true, .replay =
 constexpr AdvanceOptions kNoReplay = {.nextClip = true, .nextPacket = true, .replay = false};
 constexpr AdvanceOptions kClipsOnly = {.nextClip = true, .nextPacket = false, .replay = true};
 
-AdvanceDecision after(const AdvanceOptions& options, const Shape& shape, Cursor ended)
-{
-    return nextAfterClip(options, shape.rules(), ended);
-}
-
-void expectStart(const AdvanceDecision& decision, Cursor place)
-{
-    EXPECT_EQ(decision.what, AdvanceDecision::Start);
-    EXPECT_EQ(decision.cursor, place);
-}
-
-void expectStay(const AdvanceDecision& decision, Cursor place)
-{
-    EXPECT_EQ(decision.what, AdvanceDecision::Stay);
-    EXPECT_EQ(decision.cursor, place);
-}
-
 } // namespace
 
-TEST(Advance, GoesToTheNextClipOfThePacket)
+TEST(Advance, GoesByOptionsPlaylistAndTheClipThatEnded)
 {
-    expectStart(after(kAll, {{3}}, {1, 1}), {1, 2});
-}
-
-TEST(Advance, WithoutNextClipTheCursorStaysOnTheClipThatEnded)
-{
-    const AdvanceOptions options = {.nextClip = false, .nextPacket = true, .replay = true};
-    expectStay(after(options, {{3}}, {1, 1}), {1, 1});
-}
-
-TEST(Advance, GoesToTheFirstClipOfTheNextPacketAfterTheLastOne)
-{
-    expectStart(after(kAll, {{2, 2}}, {1, 2}), {2, 1});
-}
-
-TEST(Advance, WithoutNextPacketTheCursorStaysOnTheLastClipOfItsPacket)
-{
-    expectStay(after(kClipsOnly, {{2, 2}}, {1, 2}), {1, 2});
-}
-
-TEST(Advance, WithoutNextPacketReplayDoesNotBeginAgain)
-{
-    expectStay(after(kClipsOnly, {{2}}, {1, 2}), {1, 2});
-}
-
-TEST(Advance, ReplayBeginsAtTheFirstClipOfTheFirstPacket)
-{
-    expectStart(after(kAll, {{2, 2}}, {2, 2}), {1, 1});
-}
-
-TEST(Advance, WithoutReplayPlaybackIsOverAfterTheLastClipOfTheLastPacket)
-{
-    const AdvanceDecision decision = after(kNoReplay, {{2, 2}}, {2, 2});
-    EXPECT_EQ(decision.what, AdvanceDecision::Over);
-    EXPECT_EQ(decision.cursor, (Cursor{1, 1}));
-}
-
-TEST(Advance, ReplayOfAnEmptyPlaylistIsOverAfterOnePass)
-{
-    EXPECT_EQ(after(kAll, {{0, 0}}, {1, 0}).what, AdvanceDecision::Over);
-}
-
-TEST(Advance, PassesOverPacketsWithoutClips)
-{
-    expectStart(after(kAll, {{1, 0, 2}}, {1, 1}), {3, 1});
-}
-
-TEST(Advance, ReplayPassesOverAnEmptyFirstPacket)
-{
-    expectStart(after(kAll, {{0, 2}}, {2, 2}), {2, 1});
-}
-
-TEST(Advance, PassesOverUncheckedClips)
-{
-    expectStart(after(kAll, {{4}, {{1, 2}, {1, 3}}}, {1, 1}), {1, 4});
-}
-
-TEST(Advance, PassesOverAPacketWhoseHeaderIsUnchecked)
-{
-    expectStart(after(kAll, {{1, 3, 1}, {{2, 0}}}, {1, 1}), {3, 1});
-}
-
-TEST(Advance, LeavesAPacketWhoseHeaderIsUnchecked)
-{
-    expectStart(after(kAll, {{3, 1}, {{1, 0}}}, {1, 1}), {2, 1});
-}
-
-TEST(Advance, WithNothingCheckedPlaybackIsOverEvenWithReplay)
-{
-    const Shape shape = {{2, 1}, {{1, 1}, {1, 2}, {2, 0}}};
-    EXPECT_EQ(after(kAll, shape, {1, 1}).what, AdvanceDecision::Over);
-}
-
-TEST(Advance, ReplayOfOneSingleCheckedClipStartsItAgain)
-{
-    expectStart(after(kAll, {{2}, {{1, 1}}}, {1, 2}), {1, 2});
+    struct Row
+    {
+        const char* says;
+        AdvanceOptions options;
+        Shape shape;
+        Cursor ended;
+        AdvanceDecision::What what;
+        Cursor cursor;
+    };
+    using D = AdvanceDecision;
+    constexpr AdvanceOptions packetsOnly = {.nextClip = false, .nextPacket = true, .replay = true};
+    const Row rows[] = {
+        {"the next clip of the packet", kAll, {{3}}, {1, 1}, D::Start, {1, 2}},
+        {"without next clip it stays", packetsOnly, {{3}}, {1, 1}, D::Stay, {1, 1}},
+        {"the first of the next packet", kAll, {{2, 2}}, {1, 2}, D::Start, {2, 1}},
+        {"without next packet it stays", kClipsOnly, {{2, 2}}, {1, 2}, D::Stay, {1, 2}},
+        {"then replay does not begin again", kClipsOnly, {{2}}, {1, 2}, D::Stay, {1, 2}},
+        {"replay begins at the very first", kAll, {{2, 2}}, {2, 2}, D::Start, {1, 1}},
+        {"without replay it is over", kNoReplay, {{2, 2}}, {2, 2}, D::Over, {1, 1}},
+        {"replay of nothing: over", kAll, {{0, 0}}, {1, 0}, D::Over, {1, 1}},
+        {"over packets without clips", kAll, {{1, 0, 2}}, {1, 1}, D::Start, {3, 1}},
+        {"replay over an empty packet", kAll, {{0, 2}}, {2, 2}, D::Start, {2, 1}},
+        {"over unchecked clips", kAll, {{4}, {{1, 2}, {1, 3}}}, {1, 1}, D::Start, {1, 4}},
+        {"over an unchecked header", kAll, {{1, 3, 1}, {{2, 0}}}, {1, 1}, D::Start, {3, 1}},
+        {"out of an unchecked header", kAll, {{3, 1}, {{1, 0}}}, {1, 1}, D::Start, {2, 1}},
+        {"nothing checked: over in spite of replay",
+         kAll,
+         {{2, 1}, {{1, 1}, {1, 2}, {2, 0}}},
+         {1, 1},
+         D::Over,
+         {1, 1}},
+        {"replay of one checked clip", kAll, {{2}, {{1, 1}}}, {1, 2}, D::Start, {1, 2}},
+    };
+    for (const Row& row : rows) {
+        const D decision = nextAfterClip(row.options, row.shape.rules(), row.ended);
+        EXPECT_EQ(decision.what, row.what) << row.says;
+        EXPECT_EQ(decision.cursor, row.cursor) << row.says;
+    }
 }
 
 TEST(Advance, PastTheLastIndexOf16BitsRaisesOverflow)
 {
-    EXPECT_EQ(errorOf([] { (void)after(kAll, {{1}}, {1, 32767}); }), 6);
+    const Shape shape = {{1}};
+    EXPECT_EQ(errorOf([&] { (void)nextAfterClip(kAll, shape.rules(), {1, 32767}); }), 6);
 }
 
 TEST(FirstPlace, IsTheFirstCheckedClipFromThePacketOn)
 {
     const Shape shape = {{2, 2, 2}, {{2, 0}, {3, 1}}};
     EXPECT_EQ(firstPlaceFrom(shape.rules(), 2), (Cursor{3, 2}));
+    EXPECT_FALSE(firstPlaceFrom(Shape{{2}}.rules(), 2).has_value()) << "past the last packet";
 }
 
-TEST(FirstPlace, IsNonePastTheLastPacket)
+struct PlaceRow
 {
-    EXPECT_FALSE(firstPlaceFrom(Shape{{2}}.rules(), 2).has_value());
-}
+    const char* says;
+    Shape shape;
+    Cursor current;
+    std::optional<Cursor> wanted;
+};
 
-TEST(Previous, IsTheClipBefore)
+TEST(Previous, IsTheCheckedClipBefore)
 {
-    EXPECT_EQ(previousClip(Shape{{3}}.rules(), {1, 3}), (Cursor{1, 2}));
+    const PlaceRow rows[] = {
+        {"the clip before", {{3}}, {1, 3}, Cursor{1, 2}},
+        {"the last of the packet before", {{3, 2}}, {2, 1}, Cursor{1, 3}},
+        {"the very first is its own", {{3, 2}}, {1, 1}, Cursor{1, 1}},
+        {"over what is unchecked", {{2, 3, 2}, {{1, 2}, {2, 0}}}, {3, 1}, Cursor{1, 1}},
+        {"over a packet without clips", {{2, 0, 1}}, {3, 1}, Cursor{1, 2}},
+        {"before the first brake: the first", {{3}}, {1, 0}, Cursor{1, 1}},
+        {"nothing current: no packet", {{}}, {0, 0}, Cursor{0, 1}},
+    };
+    for (const PlaceRow& row : rows) {
+        EXPECT_EQ(previousClip(row.shape.rules(), row.current), row.wanted) << row.says;
+    }
 }
 
-TEST(Previous, OfTheFirstClipIsTheLastOfThePacketBefore)
+TEST(PlaceToBegin, IsTheFirstCheckedOneFromTheCurrentOn)
 {
-    EXPECT_EQ(previousClip(Shape{{3, 2}}.rules(), {2, 1}), (Cursor{1, 3}));
+    const PlaceRow rows[] = {
+        {"the current one", {{3, 2}}, {1, 1}, Cursor{1, 1}},
+        {"the current one, further on", {{3, 2}}, {2, 2}, Cursor{2, 2}},
+        {"the next checked", {{3, 2}, {{1, 1}}}, {1, 1}, Cursor{1, 2}},
+        {"the next checked, next packet", {{3, 2}, {{1, 3}}}, {1, 3}, Cursor{2, 1}},
+        {"round to the beginning", {{3, 2}, {{2, 2}}}, {2, 2}, Cursor{1, 1}},
+        {"nothing started: the first", {{0, 2}}, {0, 0}, Cursor{2, 1}},
+        {"no clip started: the first", {{2}}, {1, 0}, Cursor{1, 1}},
+        {"nothing checked: none", {{2}, {{1, 0}}}, {1, 1}, std::nullopt},
+        {"nothing open: none", {{}}, {0, 0}, std::nullopt},
+    };
+    for (const PlaceRow& row : rows) {
+        EXPECT_EQ(placeToBegin(row.shape.rules(), row.current), row.wanted) << row.says;
+    }
 }
 
-TEST(Previous, OfTheVeryFirstClipIsThatClip)
-{
-    EXPECT_EQ(previousClip(Shape{{3, 2}}.rules(), {1, 1}), (Cursor{1, 1}));
-}
-
-TEST(Previous, PassesOverUncheckedClipsAndPackets)
-{
-    const Shape shape = {{2, 3, 2}, {{1, 2}, {2, 0}}};
-    EXPECT_EQ(previousClip(shape.rules(), {3, 1}), (Cursor{1, 1}));
-}
-
-TEST(Previous, PassesOverAPacketWithoutClips)
-{
-    EXPECT_EQ(previousClip(Shape{{2, 0, 1}}.rules(), {3, 1}), (Cursor{1, 2}));
-}
-
-TEST(Previous, BeforeTheFirstBrakeIsTheFirst)
-{
-    EXPECT_EQ(previousClip(Shape{{3}}.rules(), {1, 0}), (Cursor{1, 1}));
-}
-
-TEST(Previous, WithNothingCurrentThereIsNone)
-{
-    EXPECT_LT(previousClip(Shape{{}}.rules(), {0, 0}).packet, 1);
-}
-
-TEST(PlaceToBegin, IsTheCurrentPlaceWhenItIsChecked)
-{
-    EXPECT_EQ(placeToBegin(Shape{{3, 2}}.rules(), {1, 1}), (Cursor{1, 1}));
-    EXPECT_EQ(placeToBegin(Shape{{3, 2}}.rules(), {2, 2}), (Cursor{2, 2}));
-}
-
-TEST(PlaceToBegin, IsTheNextCheckedOneWhenTheCurrentIsNot)
-{
-    EXPECT_EQ(placeToBegin(Shape{{3, 2}, {{1, 1}}}.rules(), {1, 1}), (Cursor{1, 2}));
-    EXPECT_EQ(placeToBegin(Shape{{3, 2}, {{1, 3}}}.rules(), {1, 3}), (Cursor{2, 1}));
-}
-
-TEST(PlaceToBegin, ComesRoundToTheBeginning)
-{
-    EXPECT_EQ(placeToBegin(Shape{{3, 2}, {{2, 2}}}.rules(), {2, 2}), (Cursor{1, 1}));
-}
-
-TEST(PlaceToBegin, IsTheFirstWhenNothingHasBeenStarted)
-{
-    EXPECT_EQ(placeToBegin(Shape{{0, 2}}.rules(), {0, 0}), (Cursor{2, 1}));
-    EXPECT_EQ(placeToBegin(Shape{{2}}.rules(), {1, 0}), (Cursor{1, 1}));
-}
-
-TEST(PlaceToBegin, IsNoneWhenNothingIsCheckedOrOpen)
-{
-    EXPECT_EQ(placeToBegin(Shape{{2}, {{1, 0}}}.rules(), {1, 1}), std::nullopt);
-    EXPECT_EQ(placeToBegin(Shape{{}}.rules(), {0, 0}), std::nullopt);
-}
-
-} // namespace orvanta
+} // namespace orvanta::test

@@ -60,13 +60,10 @@ TEST_F(Brakes, TheLastBrakeMovesOnToTheNextPacket)
     addClips({u"next"_s});
     tickAt(20.1);
     tickAt(20.1);
-    EXPECT_EQ(packet(), 1);
-    EXPECT_EQ(clip(), 3);
+    EXPECT_EQ(place(), at(1, 3));
     tickAt(20.3);
-    EXPECT_EQ(packet(), 2);
-    EXPECT_EQ(clip(), 1);
-    waitUntilRunning();
-    EXPECT_EQ(control.FileName(), path(u"next.avi"_s));
+    EXPECT_EQ(place(), at(2, 1));
+    EXPECT_EQ(runningFile(), path(u"next.avi"_s));
 }
 
 TEST_F(Brakes, TheLastBrakeMovesOnWhateverTheAdvanceOptionsSay)
@@ -102,8 +99,7 @@ TEST_F(Brakes, AfterTheFinalStopPlayBeginsAgain)
 {
     playLesson(3);
     tickAt(20.3);
-    EXPECT_EQ(packet(), 1);
-    EXPECT_EQ(clip(), 0);
+    EXPECT_EQ(place(), at(1, 0));
     engine->tick();
     engine->pressPlay();
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
@@ -113,8 +109,7 @@ TEST_F(Brakes, AfterTheFinalStopPlayBeginsAgain)
 
 TEST_F(Brakes, TheEndOfTheClipDoesNotAdvance)
 {
-    option("agnc");
-    option("agnp");
+    turnOn({"agnc", "agnp"});
     playLesson();
     addClips({u"next"_s});
     endClip();
@@ -141,16 +136,14 @@ TEST_P(LastBrakeAtTheEnd, IsPassedByTheEndOfTheClip)
     addClips({u"next"_s});
     endClip();
     EXPECT_EQ(packet(), 2);
-    waitUntilRunning();
-    EXPECT_EQ(control.FileName(), path(u"next.avi"_s));
+    EXPECT_EQ(runningFile(), path(u"next.avi"_s));
 }
 
 TEST_P(LastBrakeAtTheEnd, StopsWhenNoPacketFollows)
 {
     playLastPart(3);
     endClip();
-    EXPECT_EQ(packet(), 1);
-    EXPECT_EQ(clip(), 0);
+    EXPECT_EQ(place(), at(1, 0));
     engine->tick();
     EXPECT_EQ(control.CurrentState(), MediaControl::NotLoaded);
     EXPECT_EQ(view.currentTime, u"0.00");
@@ -164,16 +157,13 @@ TEST_F(Brakes, TheEndOfTheClipDoesNotPassALastBrakeBehindIt)
     addClips({u"next"_s});
     play(1, 1);
     endClip();
-    EXPECT_EQ(packet(), 1);
-    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(place(), at(1, 1));
 }
 
 TEST_F(Brakes, AreFollowedOnlyWhileTheMediaOfTheirPacketIsLoaded)
 {
-    addClips({u"one"_s});
-    play(1, 1);
-    module.playlist.Playlist.clear();
-    module.playlist.PlaylistCount = 0;
+    playClips({u"one"_s});
+    emptyPlaylist();
     addBrakes({u"5"_s, u"12"_s});
     engine->playlistReplaced(); // without "as" the earlier clip plays on
     tickAt(30);
@@ -192,16 +182,11 @@ TEST_F(Brakes, AreNotFollowedWhileAnotherFileIsInThePlayer)
     EXPECT_EQ(control.FileName(), path(u"other.avi"_s));
 }
 
-TEST_F(Brakes, TheSliderSpansTheCurrentBrake)
+TEST_F(Brakes, TheSliderSpansTheCurrentBrakeOrTheTimeBeforeTheFirst)
 {
     playLesson(); // 5 to 12
     tickAt(8.5);
     EXPECT_EQ(view.slider, 50);
-}
-
-TEST_F(Brakes, TheSliderSpansTheTimeBeforeTheFirstBrake)
-{
-    playLesson();
     module.playlist.CurrentClip = 0;
     tickAt(1);
     EXPECT_EQ(view.slider, 20);
@@ -217,8 +202,7 @@ TEST_F(Brakes, TheLengthShownIsThatOfTheClip)
 TEST_F(Brakes, ATimeThatIsNoNumberIsPassedOver)
 {
     option("si");
-    addBrakes({u"5"_s, u"soon"_s});
-    play(1, 1);
+    playBrakes({u"5"_s, u"soon"_s});
     module.tray.TrayRestoreRequest = true;
     tickAt(39);
     EXPECT_EQ(clip(), 1);
@@ -248,35 +232,27 @@ protected:
     }
 };
 
-TEST_F(BrakeWait, IsLeftOnPauseWithoutMovingOn)
+TEST_F(BrakeWait, IsLeftWithoutMovingOnWhenTheClipNoLongerRuns)
 {
-    playLesson();
-    tickWith([&] { control.Pause(); });
-    EXPECT_EQ(clip(), 1);
-    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
-}
-
-TEST_F(BrakeWait, IsLeftOnStopWithoutMovingOn)
-{
-    playLesson();
-    tickWith([&] { control.Stop(); });
-    EXPECT_EQ(clip(), 1);
-    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
-}
-
-TEST_F(BrakeWait, IsLeftAtTheEndOfTheClipWithoutMovingOn)
-{
-    playLesson();
-    tickWith([&] { control.reachEnd(); });
-    EXPECT_EQ(clip(), 1);
-    EXPECT_EQ(control.CurrentState(), MediaControl::NotLoaded);
+    struct Row
+    {
+        void (*happens)(ScriptedMediaControl& control);
+        MediaControl::State state;
+    };
+    for (const Row& row : {Row{[](auto& player) { player.Pause(); }, MediaControl::Paused},
+                           Row{[](auto& player) { player.Stop(); }, MediaControl::Stopped},
+                           Row{[](auto& player) { player.reachEnd(); }, MediaControl::NotLoaded}}) {
+        emptyPlaylist();
+        playLesson();
+        tickWith([&] { row.happens(control); });
+        EXPECT_EQ(clip(), 1) << row.state;
+        EXPECT_EQ(control.CurrentState(), row.state);
+    }
 }
 
 TEST_F(BrakeWait, IsLeftWhenTheProgramCloses)
 {
     playLesson();
-    QElapsedTimer timer;
-    timer.start();
     tickWith([&] { engine->closeProgram(); });
     EXPECT_EQ(view.unloaded, 1);
     EXPECT_EQ(clip(), 1);
@@ -287,8 +263,7 @@ TEST_F(BrakeWait, IsSupersededByAnotherStart)
     playLesson();
     addClips({u"next"_s});
     tickWith([&] { engine->ListClick(2, 1); });
-    EXPECT_EQ(packet(), 2);
-    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(place(), at(2, 1));
     EXPECT_EQ(view.clipText, u"next");
 }
 
@@ -296,8 +271,7 @@ TEST_F(BrakeWait, IsSupersededByAnotherPlaylistOfTheSameMedia)
 {
     playLesson();
     tickWith([&] {
-        module.playlist.Playlist.clear();
-        module.playlist.PlaylistCount = 0;
+        emptyPlaylist();
         addBrakes({u"5"_s, u"12"_s});
         engine->playlistReplaced();
     });
@@ -336,12 +310,9 @@ TEST_F(BrakeWait, SleepsInsteadOfSpinning)
 
 TEST_F(Brakes, AreServedWhenTheirMediaWasLoadedAsAClipOfItsOwn)
 {
-    addClips({u"lesson"_s});
-    play(1, 1);
-    module.playlist.Playlist.clear();
-    module.playlist.PlaylistCount = 0;
-    addBrakes({u"5"_s, u"12"_s, u"20"_s});
-    play(1, 1);
+    playClips({u"lesson"_s});
+    emptyPlaylist();
+    playBrakes({u"5"_s, u"12"_s, u"20"_s});
     ASSERT_EQ(loads(), 1);
     tickAt(12.1);
     EXPECT_EQ(clip(), 2);
@@ -349,8 +320,7 @@ TEST_F(Brakes, AreServedWhenTheirMediaWasLoadedAsAClipOfItsOwn)
 
 TEST_F(Brakes, TheLastBrakePassesOverAPacketWhoseMediaIsMissing)
 {
-    option("agnc");
-    option("agnp");
+    turnOn({"agnc", "agnp"});
     playLesson(3);
     addMissingClips({u"gone"_s});
     addClips({u"good"_s});

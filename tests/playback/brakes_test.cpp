@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <initializer_list>
 
-namespace orvanta {
+namespace orvanta::test {
 
 namespace {
 
@@ -19,33 +19,21 @@ PlaylistEntry brakes(std::initializer_list<const char*> times)
     return packet;
 }
 
-BrakeDecision::What reached(const PlaylistEntry& packet, Int16 current, double position,
-                            Int16 packetCount = 1)
-{
-    return brakeReached(packet, current, 1, packetCount, position).what;
-}
-
 } // namespace
-
-TEST(BrakeSpan, BeforeTheFirstBrakeBeginsAtZero)
-{
-    const BrakeSpan span = brakeSpan(brakes({"5", "12"}), 0, 40);
-    EXPECT_EQ(span.begin, 0);
-    EXPECT_EQ(span.end, 5);
-}
 
 TEST(BrakeSpan, GoesFromTheCurrentBrakeToTheNext)
 {
-    const BrakeSpan span = brakeSpan(brakes({"5", "12"}), 1, 40);
-    EXPECT_EQ(span.begin, 5);
-    EXPECT_EQ(span.end, 12);
-}
-
-TEST(BrakeSpan, AfterTheLastBrakeEndsWithTheClip)
-{
-    const BrakeSpan span = brakeSpan(brakes({"5", "12"}), 2, 40);
-    EXPECT_EQ(span.begin, 12);
-    EXPECT_EQ(span.end, 40);
+    struct Row
+    {
+        int current;
+        double begin, end;
+    };
+    // Before the first it begins at zero, after the last it ends with the clip.
+    for (const Row& row : {Row{0, 0, 5}, Row{1, 5, 12}, Row{2, 12, 40}}) {
+        const BrakeSpan span = brakeSpan(brakes({"5", "12"}), row.current, 40);
+        EXPECT_EQ(span.begin, row.begin) << row.current;
+        EXPECT_EQ(span.end, row.end) << row.current;
+    }
 }
 
 TEST(BrakeSpan, ATimeThatIsNoNumberRaisesTypeMismatch)
@@ -59,40 +47,38 @@ TEST(BrakeTimes, AreReadWithPointAndWithComma)
     EXPECT_EQ(brakeSpan(brakes({"000012.50"}), 0, 40).end, 12.5);
 }
 
-TEST(BrakePast, IsStrictlyGreater)
+TEST(BrakePast, IsStrictlyGreaterForTheLastBrakeTheEndMarkToo)
 {
     const PlaylistEntry packet = brakes({"5", "12"});
-    EXPECT_FALSE(isPastNextBrake(packet, 1, 12));
-    EXPECT_TRUE(isPastNextBrake(packet, 1, 12.001));
-}
-
-TEST(BrakePast, TheLastBrakeIsTheEndMarkOfThePacket)
-{
-    const PlaylistEntry packet = brakes({"5", "12"});
-    EXPECT_FALSE(isPastNextBrake(packet, 2, 12));
-    EXPECT_TRUE(isPastNextBrake(packet, 2, 12.3));
+    for (const int current : {1, 2}) {
+        EXPECT_FALSE(isPastNextBrake(packet, current, 12)) << current;
+        EXPECT_TRUE(isPastNextBrake(packet, current, 12.001)) << current;
+    }
 }
 
 TEST(BrakeReached, CountsFromTheTimeItself)
 {
-    const PlaylistEntry packet = brakes({"5", "12"});
-    EXPECT_EQ(reached(packet, 1, 11.99), BrakeDecision::Nothing);
-    EXPECT_EQ(reached(packet, 1, 12), BrakeDecision::NextBrake);
-}
-
-TEST(BrakeReached, BeforeTheFirstBrakeMovesToTheFirst)
-{
-    EXPECT_EQ(reached(brakes({"5", "12"}), 0, 5.2), BrakeDecision::NextBrake);
-}
-
-TEST(BrakeReached, PastTheLastBrakeMovesToTheNextPacket)
-{
-    EXPECT_EQ(reached(brakes({"5", "12"}), 2, 12.3, 2), BrakeDecision::NextPacket);
-}
-
-TEST(BrakeReached, PastTheLastBrakeOfTheLastPacketStops)
-{
-    EXPECT_EQ(reached(brakes({"5", "12"}), 2, 12.3, 1), BrakeDecision::Stop);
+    struct Row
+    {
+        const char* says;
+        int current;
+        double position;
+        int packetCount;
+        BrakeDecision::What wanted;
+    };
+    const Row rows[] = {
+        {"not yet", 1, 11.99, 1, BrakeDecision::Nothing},
+        {"at the time", 1, 12, 1, BrakeDecision::NextBrake},
+        {"before the first: to the first", 0, 5.2, 1, BrakeDecision::NextBrake},
+        {"past the last", 2, 12.3, 2, BrakeDecision::NextPacket},
+        {"past the last of all", 2, 12.3, 1, BrakeDecision::Stop},
+    };
+    for (const Row& row : rows) {
+        const PlaylistEntry packet = brakes({"5", "12"});
+        EXPECT_EQ(brakeReached(packet, row.current, 1, row.packetCount, row.position).what,
+                  row.wanted)
+            << row.says;
+    }
 }
 
 TEST(BrakeAt, IsTheLastBrakeAtOrBeforeThePosition)
@@ -109,4 +95,4 @@ TEST(BrakeAt, PassesOverTimesThatAreNoNumbers)
     EXPECT_EQ(brakeAt(brakes({"5", "soon"}), 100), 1);
 }
 
-} // namespace orvanta
+} // namespace orvanta::test

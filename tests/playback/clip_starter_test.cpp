@@ -22,8 +22,7 @@ TEST_F(Starting, MovesIndicesTextAndListCursorAndChecksTheLine)
     addClips({u"two"_s, u"three"_s});
     view.checked[5] = false;
     play(2, 2);
-    EXPECT_EQ(packet(), 2);
-    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(place(), at(2, 2));
     EXPECT_EQ(view.clipText, u"three");
     EXPECT_EQ(view.listIndex, 5);
     EXPECT_TRUE(view.checked[5]);
@@ -32,57 +31,41 @@ TEST_F(Starting, MovesIndicesTextAndListCursorAndChecksTheLine)
 
 TEST_F(Starting, ShowsTheLooksOfThePlayingState)
 {
-    addClips({u"one"_s});
-    play(1, 1);
+    playClips({u"one"_s});
     EXPECT_FALSE(view.looks.playEnabled);
     EXPECT_TRUE(view.looks.pauseEnabled);
     EXPECT_TRUE(view.looks.playSwapped);
     EXPECT_TRUE(view.looks.pauseSwapped);
 }
 
-TEST_F(Starting, ARelativePathIsMeantBelowThePacketsFolder)
+TEST_F(Starting, ARelativePathIsMeantBelowThePacketsFolderElseBelowTheOneOpenedLast)
 {
     QDir(home.path()).mkdir(u"lesson"_s);
-    home.write(u"lesson/one.avi"_s, "media");
-    PlaylistEntry packet;
-    packet.Folder = path(u"lesson/"_s);
-    packet.Clips.push_back({.Time = {}, .Text = {}, .Path = u"one.avi"_s});
-    addPacket(packet);
-    play(1, 1);
-    EXPECT_EQ(control.FileName(), path(u"lesson/one.avi"_s));
-}
-
-TEST_F(Starting, ARelativePathOfALooseFileIsMeantBelowTheFolderOpenedLast)
-{
+    file(u"lesson/one.avi"_s);
     file(u"one.avi"_s);
     module.playlist.PacketFolder = home.path() + u'/';
-    PlaylistEntry packet;
-    packet.Clips.push_back({.Time = {}, .Text = {}, .Path = u"one.avi"_s});
-    addPacket(packet);
-    play(1, 1);
-    EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
-}
-
-TEST_F(Starting, ShowsThePictureOfThePacket)
-{
-    addClips({u"one"_s});
-    module.playlist.packet(1).Picture = file(u"picture.png"_s);
-    play(1, 1);
-    EXPECT_EQ(video.stillPicture, path(u"picture.png"_s));
-}
-
-TEST_F(Starting, WithoutPictureItIsCleared)
-{
-    addClips({u"one"_s});
-    for (const QString& picture : {QString(), u"{No picture}"_s, path(u"gone.png"_s)}) {
-        video.stillPicture = u"earlier"_s;
-        module.playlist.packet(1).Picture = picture;
-        play(1, 1);
-        EXPECT_EQ(video.stillPicture, QString());
+    for (const QString& folder : {path(u"lesson/"_s), QString()}) {
+        PlaylistEntry packet;
+        packet.Folder = folder;
+        packet.Clips.push_back({.Time = {}, .Text = {}, .Path = u"one.avi"_s});
+        play(addPacket(packet), 1);
+        EXPECT_EQ(control.FileName(), path(folder.isEmpty() ? u"one.avi"_s : u"lesson/one.avi"_s));
     }
 }
 
-TEST_F(Starting, HandsOverTheSavedPositionOfTheEntryThatWasCurrentUntilNow)
+TEST_F(Starting, ShowsThePictureOfThePacketAndClearsItWhereThereIsNone)
+{
+    addClips({u"one"_s});
+    const QString there = file(u"picture.png"_s);
+    for (const QString& picture : {there, QString(), u"{No picture}"_s, path(u"gone.png"_s)}) {
+        video.stillPicture = u"earlier"_s;
+        module.playlist.packet(1).Picture = picture;
+        play(1, 1);
+        EXPECT_EQ(video.stillPicture, picture == there ? there : QString());
+    }
+}
+
+TEST_F(Starting, HandsOverTheSavedPositionOfTheEntryThatWasCurrentUntilNowAndSeeksNowhere)
 {
     addClips({u"one"_s, u"two"_s});
     WriteIni(u"pos"_s, u"one"_s, u"11"_s, module.IniPath);
@@ -91,14 +74,7 @@ TEST_F(Starting, HandsOverTheSavedPositionOfTheEntryThatWasCurrentUntilNow)
     EXPECT_EQ(video.mirror().VideoBookmark, QString());
     play(1, 2);
     EXPECT_EQ(video.mirror().VideoBookmark, u"11");
-}
-
-TEST_F(Starting, DoesNotSeekToTheSavedPosition)
-{
-    addClips({u"one"_s});
-    WriteIni(u"pos"_s, u"one"_s, u"5"_s, module.IniPath);
-    play(1, 1);
-    play(1, 1);
+    play(1, 2);
     EXPECT_TRUE(control.calls.filter(u"seek"_s).isEmpty());
 }
 
@@ -120,8 +96,7 @@ TEST_F(Starting, AMissingFileMovesTheCursorAndLeavesThePlayerAsItWas)
     engine->ListClick(2, 1);
     EXPECT_EQ(control.calls, QStringList());
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
-    EXPECT_EQ(packet(), 2);
-    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(place(), at(2, 1));
     EXPECT_EQ(view.clipText, u"gone");
     EXPECT_EQ(view.listIndex, 4);
     EXPECT_EQ(log.lines(), QStringList());
@@ -131,8 +106,7 @@ TEST_F(Starting, AMissingFileInAnEmptyPlayerLeavesTheIdleLooks)
 {
     addMissingClips({u"gone"_s});
     engine->ListClick(1, 1);
-    EXPECT_TRUE(view.looks.playEnabled);
-    EXPECT_FALSE(view.looks.pauseEnabled);
+    EXPECT_TRUE(view.looks.playEnabled && !view.looks.pauseEnabled);
 }
 
 TEST_F(Starting, EverySwallowedErrorIsLogged)
@@ -157,8 +131,7 @@ TEST_F(Starting, APlaceOutsideThePlaylistRaisesNothing)
 TEST_F(Starting, ABrakeSeeksToItsTimeAndRuns)
 {
     control.duration = 40;
-    addBrakes({u"5"_s, u"12.5"_s});
-    play(1, 2);
+    playBrakes({u"5"_s, u"12.5"_s}, 2);
     EXPECT_EQ(control.CurrentPosition(), 12.5);
     EXPECT_EQ(clip(), 2);
     EXPECT_EQ(view.clipText, u"brake 2");
@@ -167,8 +140,7 @@ TEST_F(Starting, ABrakeSeeksToItsTimeAndRuns)
 TEST_F(Starting, ABrakeOfLoadedMediaDoesNotReloadIt)
 {
     control.duration = 40;
-    addBrakes({u"5"_s, u"12"_s, u"20"_s});
-    play(1, 1);
+    playBrakes({u"5"_s, u"12"_s, u"20"_s});
     control.calls.clear();
     engine->ListClick(1, 3);
     EXPECT_EQ(loads(), 0);
@@ -188,8 +160,7 @@ TEST_F(Starting, ABrakeOfAnotherPacketReloadsTheSameMedia)
 TEST_F(Starting, ABrakeRunsMediaThatWasStopped)
 {
     control.duration = 40;
-    addBrakes({u"5"_s});
-    play(1, 1);
+    playBrakes({u"5"_s});
     control.Stop();
     engine->ListClick(1, 1);
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
@@ -198,8 +169,7 @@ TEST_F(Starting, ABrakeRunsMediaThatWasStopped)
 
 TEST_F(Starting, ABrakeWhoseTimeIsNoNumberPlaysWithoutSeeking)
 {
-    addBrakes({u"soon"_s});
-    play(1, 1);
+    playBrakes({u"soon"_s});
     EXPECT_EQ(control.CurrentPosition(), 0);
     EXPECT_EQ(clip(), 1);
 }
@@ -241,8 +211,7 @@ TEST_F(Starting, AStartThatWaitsEndsWhenTheProgramCloses)
 
 TEST_F(Starting, AnEndThatWasNotServedDoesNotEndTheNewClip)
 {
-    addClips({u"one"_s, u"two"_s});
-    play(1, 1);
+    playClips({u"one"_s, u"two"_s});
     control.reachEnd();
     play(1, 2);
     engine->tick();
@@ -253,8 +222,7 @@ TEST_F(Starting, AnEndThatWasNotServedDoesNotEndTheNewClip)
 TEST_F(Starting, AnEndThatWasNotServedDoesNotEndTheBrakeThatIsBegunAgain)
 {
     control.duration = 40;
-    addBrakes({u"5"_s, u"12"_s});
-    play(1, 1);
+    playBrakes({u"5"_s, u"12"_s});
     control.reachEnd();
     engine->ListClick(1, 1);
     engine->tick();
@@ -264,8 +232,7 @@ TEST_F(Starting, AnEndThatWasNotServedDoesNotEndTheBrakeThatIsBegunAgain)
 
 TEST_F(Starting, AFailureDuringTheWaitIsNotServedBeforeTheCursorHasMoved)
 {
-    option("agnc");
-    option("agnp");
+    turnOn({"agnc", "agnp"});
     addClips({u"one"_s});
     addClips({u"two"_s});
     addBrakes({u"5"_s});
@@ -282,8 +249,7 @@ TEST_F(Starting, AFailureDuringTheWaitIsNotServedBeforeTheCursorHasMoved)
 
 TEST_F(Starting, ALessonThatTheUserUnloadsWhileItOpensIsNoFailureToGoOnFrom)
 {
-    option("agnc");
-    option("agnp");
+    turnOn({"agnc", "agnp"});
     addClips({u"one"_s});
     addBrakes({u"5"_s});
     addClips({u"three"_s});
@@ -358,8 +324,7 @@ TEST_F(Starting, AMissingFileWhileThePlayerIsPausedLeavesThePausedLooks)
     engine->tick();
     engine->ListClick(2, 1);
     engine->tick();
-    EXPECT_TRUE(view.looks.playEnabled);
-    EXPECT_FALSE(view.looks.pauseEnabled);
+    EXPECT_TRUE(view.looks.playEnabled && !view.looks.pauseEnabled);
 }
 
 } // namespace orvanta::test

@@ -7,8 +7,7 @@ class Closing : public EngineTest
 
 TEST_F(Closing, StopsMutedDeletesTheScratchCopyAndUnloads)
 {
-    addClips({u"one"_s});
-    play(1, 1);
+    playClips({u"one"_s});
     engine->tick();
     file(u"temp.vxc"_s);
     QStringList callsBeforeUnload;
@@ -30,8 +29,7 @@ TEST_F(Closing, LeavesTheStoredVolumeAlone)
 
 TEST_F(Closing, APausedClipIsPlayedAndStopped)
 {
-    addClips({u"one"_s});
-    play(1, 1);
+    playClips({u"one"_s});
     engine->tick();
     engine->pressPause();
     engine->tick();
@@ -43,8 +41,7 @@ TEST_F(Closing, APausedClipIsPlayedAndStopped)
 TEST_F(Closing, InABrakePacketComesToAnEnd)
 {
     control.duration = 40;
-    addBrakes({u"5"_s, u"12"_s});
-    play(1, 1);
+    playBrakes({u"5"_s, u"12"_s});
     engine->tick();
     engine->pressStop(); // paused at the brake
     engine->tick();
@@ -57,8 +54,7 @@ TEST_F(Closing, InABrakePacketComesToAnEnd)
 
 TEST_F(Closing, APlayerThatCannotBeStoppedIsNotWaitedForForEver)
 {
-    addClips({u"one"_s});
-    play(1, 1);
+    playClips({u"one"_s});
     QObject::connect(&control, &MediaControl::stateChange, &control, [this](auto, auto state) {
         if (state == MediaControl::Stopped) {
             control.Run();
@@ -99,8 +95,7 @@ TEST_F(Closing, NothingBeginsAfterwards)
 TEST_F(Closing, AskedForInsideATickWaitsUntilTheTickIsOver)
 {
     control.duration = 40;
-    addBrakes({u"5"_s, u"12"_s});
-    play(1, 1);
+    playBrakes({u"5"_s, u"12"_s});
     control.playTo(12.5);
     int unloadedInside = -1;
     QTimer::singleShot(0, &control, [&] {
@@ -156,8 +151,7 @@ TEST_F(KeptProgram, HasAnEmptyPlaylistAndNothingLoaded)
 {
     engine->pressClose();
     EXPECT_EQ(module.playlist.PlaylistCount, 0);
-    EXPECT_EQ(packet(), 0);
-    EXPECT_EQ(clip(), 0);
+    EXPECT_EQ(place(), at(0, 0));
     EXPECT_FALSE(module.playlist.OpenedFromExplorer);
     EXPECT_TRUE(view.lines.empty());
     EXPECT_EQ(control.FileName(), QString());
@@ -169,8 +163,7 @@ TEST_F(KeptProgram, PlaysAgainWhenFilesAreHandedOver)
 {
     option("as");
     engine->pressClose();
-    WriteIni(u"ftl"_s, u"num"_s, u"1"_s, module.IniPath);
-    WriteIni(u"ftl"_s, u"1"_s, file(u"queued.avi"_s), module.IniPath);
+    queue({file(u"queued.avi"_s)});
     engine->tick();
     waitUntilRunning();
     EXPECT_EQ(view.shown, 1);

@@ -26,8 +26,7 @@ TEST_F(DropStep, WithAutoStartTheFirstDropStartsAtTheBeginning)
     addClips({u"one"_s, u"two"_s});
     engine->playlistExtended(false);
     waitUntilRunning();
-    EXPECT_EQ(module.playlist.CurrentPacket, 1);
-    EXPECT_EQ(module.playlist.CurrentClip, 1);
+    EXPECT_EQ(place(), at(1, 1));
 }
 
 TEST_F(DropStep, WithAutoStartADroppedPacketDoesNotDisturbWhatPlays)
@@ -51,14 +50,12 @@ TEST_F(DropStep, WithAutoStartADroppedGroupStartsAtTheBeginningAgain)
     addClips({u"three"_s});
     engine->playlistExtended(true);
     waitUntilRunning();
-    EXPECT_EQ(module.playlist.CurrentPacket, 1);
-    EXPECT_EQ(module.playlist.CurrentClip, 1);
+    EXPECT_EQ(place(), at(1, 1));
 }
 
 TEST_F(DropStep, WithoutAutoStartAnyDropStopsTheClipAndClearsTimeAndText)
 {
-    addClips({u"one"_s});
-    play(1, 1);
+    playClips({u"one"_s});
     engine->operations().PollPlayer();
     expectRestAfterDrop(false);
     expectRestAfterDrop(true);
@@ -66,8 +63,7 @@ TEST_F(DropStep, WithoutAutoStartAnyDropStopsTheClipAndClearsTimeAndText)
 
 TEST_F(DropStep, WithoutAutoStartAClipThatNoTickHasSeenRunningIsStoppedToo)
 {
-    addClips({u"one"_s});
-    play(1, 1);
+    playClips({u"one"_s});
     module.playback.CachedState = MediaControl::NotLoaded;
     expectRestAfterDrop(false);
 }
@@ -87,8 +83,7 @@ TEST_F(DropStep, AFileThatIsAskedForReplacesThePlaylistAndPlaysWithoutTheOption)
     play(1, 2);
     const QString wanted = file(u"wanted.avi"_s);
     engine->openAndPlay(wanted);
-    waitUntilRunning();
-    EXPECT_EQ(control.FileName(), wanted);
+    EXPECT_EQ(runningFile(), wanted);
     EXPECT_EQ(module.playlist.entryCount(), 1);
     EXPECT_FALSE(module.playlist.OpenedFromExplorer);
 }

@@ -16,7 +16,9 @@
 #include <QTimer>
 
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <memory>
+#include <utility>
 
 namespace orvanta::test {
 
@@ -37,6 +39,23 @@ protected:
     void option(const char* key, const QString& value = u"1"_s)
     {
         WriteIni(u"options"_s, QString::fromLatin1(key), value, module.IniPath);
+    }
+
+    void turnOn(std::initializer_list<const char*> options)
+    {
+        for (const char* key : options) {
+            option(key);
+        }
+    }
+
+    /// Hands these lines over as a later start of the program does.
+    void queue(const QStringList& lines)
+    {
+        WriteIni(u"ftl"_s, u"wr"_s, u"0"_s, module.IniPath);
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            WriteIni(u"ftl"_s, QString::number(i + 1), lines[i], module.IniPath);
+        }
+        WriteIni(u"ftl"_s, u"num"_s, QString::number(lines.size()), module.IniPath);
     }
 
     /// A file of this name beside the settings.
@@ -86,6 +105,17 @@ protected:
         return module.playlist.PlaylistCount;
     }
 
+    void emptyPlaylist()
+    {
+        module.playlist.Playlist.clear();
+        module.playlist.PlaylistCount = 0;
+    }
+
+    /// Adds a packet of these clips and plays its first.
+    void playClips(const QStringList& names) { play(addClips(names), 1); }
+    /// Adds a packet of brakes at these times and plays one.
+    void playBrakes(const QStringList& times, Int16 brake = 1) { play(addBrakes(times), brake); }
+
     /// Starts and waits until it runs.
     void play(Int16 p, Int16 q)
     {
@@ -96,6 +126,13 @@ protected:
     void waitUntilRunning()
     {
         ASSERT_TRUE(QTest::qWaitFor([&] { return control.CurrentState() == control.Running; }));
+    }
+
+    /// The file in the player once it runs.
+    QString runningFile()
+    {
+        waitUntilRunning();
+        return control.FileName();
     }
 
     void waitUntilOpened()
@@ -123,6 +160,9 @@ protected:
         engine->tick();
     }
 
+    /// Packet and clip that are current.
+    [[nodiscard]] std::pair<int, int> place() const { return {packet(), clip()}; }
+    static std::pair<int, int> at(int packet, int clip) { return {packet, clip}; }
     [[nodiscard]] int packet() const { return module.playlist.CurrentPacket.value(); }
     [[nodiscard]] int clip() const { return module.playlist.CurrentClip.value(); }
     [[nodiscard]] qsizetype countOf(const QString& call) const { return control.calls.count(call); }

@@ -10,15 +10,6 @@ protected:
     // A drain makes a folder of the test's own the current one, and that folder goes.
     ~HandOver() override { QDir::setCurrent(QDir::rootPath()); }
 
-    void queue(const QStringList& lines)
-    {
-        WriteIni(u"ftl"_s, u"wr"_s, u"0"_s, module.IniPath);
-        for (qsizetype i = 0; i < lines.size(); ++i) {
-            WriteIni(u"ftl"_s, QString::number(i + 1), lines[i], module.IniPath);
-        }
-        WriteIni(u"ftl"_s, u"num"_s, QString::number(lines.size()), module.IniPath);
-    }
-
     void serve(const QStringList& lines)
     {
         queue(lines);
@@ -45,23 +36,16 @@ TEST_F(HandOver, AnEmptyQueueChangesNothing)
     EXPECT_FALSE(module.playlist.OpenedFromExplorer);
 }
 
-TEST_F(HandOver, IsServedWhetherOrNotTheTrayOptionIsOn)
+TEST_F(HandOver, IsServedAndResetWhetherOrNotTheTrayOptionIsOn)
 {
     for (const QString& tray : {u"0"_s, u"1"_s}) {
         option("si", tray);
         serve({file(u"clip.avi"_s)});
         EXPECT_EQ(home.value("ftl", "num"), u"0") << tray.toStdString();
+        EXPECT_EQ(home.value("ftl", "wr"), u"0") << tray.toStdString();
         EXPECT_EQ(packets(), 1);
-        module.playlist.Playlist.clear();
-        module.playlist.PlaylistCount = 0;
+        emptyPlaylist();
     }
-}
-
-TEST_F(HandOver, ResetsTheQueueAndItsLock)
-{
-    serve({file(u"clip.avi"_s)});
-    EXPECT_EQ(home.value("ftl", "num"), u"0");
-    EXPECT_EQ(home.value("ftl", "wr"), u"0");
 }
 
 TEST_F(HandOver, NotesThatTheShellOpenedTheFiles)
@@ -148,16 +132,13 @@ TEST_F(HandOver, WithAutoStartTheFirstClipPlays)
 {
     option("as");
     serve({file(u"intro.avi"_s)});
-    waitUntilRunning();
-    EXPECT_EQ(control.FileName(), path(u"intro.avi"_s));
-    EXPECT_EQ(packet(), 1);
-    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(runningFile(), path(u"intro.avi"_s));
+    EXPECT_EQ(place(), at(1, 1));
 }
 
 TEST_F(HandOver, WithoutAutoStartThePlayerIsStoppedAndTheDisplayReset)
 {
-    addClips({u"old"_s});
-    play(1, 1);
+    playClips({u"old"_s});
     view.findText = u"searched"_s;
     serve({file(u"intro.avi"_s)});
     EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
@@ -203,6 +184,7 @@ TEST_F(HandOver, ACountThatIsNoNumberIsResetAndPassedOver)
     engine->tick();
     EXPECT_EQ(home.value("ftl", "num"), u"0");
     EXPECT_EQ(home.value("ftl", "wr"), u"0");
+    EXPECT_FALSE(module.playlist.OpenedFromExplorer);
 }
 
 TEST_F(HandOver, AKeptProgramIsShownAndBroughtToTheFront)
@@ -229,13 +211,6 @@ TEST_F(HandOver, LaterLinesAreMeantBelowTheFolderOfTheFirst)
     serve({first, u"second.vxl"_s});
     ASSERT_EQ(packets(), 2);
     EXPECT_EQ(entry(2).clip(1).Text, u"two");
-}
-
-TEST_F(HandOver, AQueueThatCannotBeReadIsNoOpeningByTheShell)
-{
-    WriteIni(u"ftl"_s, u"num"_s, u"abc"_s, module.IniPath);
-    engine->tick();
-    EXPECT_FALSE(module.playlist.OpenedFromExplorer);
 }
 
 } // namespace orvanta::test

@@ -14,10 +14,10 @@ protected:
         control.duration = 600.0;
         addClips({u"one"_s});
         play(1, 1);
-        at(100.0);
+        playOnTo(100.0);
     }
 
-    void at(double seconds)
+    void playOnTo(double seconds)
     {
         control.playTo(seconds);
         engine->tick();
@@ -33,21 +33,25 @@ protected:
     MainWindowKeys keys{module, *engine, view, videoKeys};
 };
 
-TEST_F(MainKeys, BAndUpperCaseBSeekAMinuteBack)
+TEST_F(MainKeys, BAndMSeekAMinuteInBothCases)
 {
+    struct Row
+    {
+        const char* says;
+        double from;
+        char16_t key;
+        double to;
+        bool refused = false;
+    };
     playLongClip();
-    type(u'b');
-    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 40.0);
-    at(100.0);
-    type(u'B');
-    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 40.0);
-}
-
-TEST_F(MainKeys, MSeeksAMinuteForward)
-{
-    playLongClip();
-    type(u'm');
-    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 160.0);
+    for (const Row& row :
+         {Row{"b back", 100, u'b', 40}, Row{"B back", 100, u'B', 40}, Row{"m on", 100, u'm', 160},
+          Row{"not before the beginning", 10, u'b', 0}, Row{"refused", 100, u'm', 100, true}}) {
+        playOnTo(row.from);
+        control.failSeeks = row.refused;
+        type(row.key);
+        EXPECT_DOUBLE_EQ(control.CurrentPosition(), row.to) << row.says;
+    }
 }
 
 TEST_F(MainKeys, ASeekOfAPausedClipShowsWhereItHasGone)
@@ -82,22 +86,6 @@ TEST_F(MainKeys, KeysThatComeFasterThanTicksAddUp)
     EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
     keys.togglePlay();
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
-}
-
-TEST_F(MainKeys, ASeekBeforeTheBeginningGoesToTheBeginning)
-{
-    playLongClip();
-    at(10.0);
-    type(u'b');
-    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 0.0);
-}
-
-TEST_F(MainKeys, ARefusedSeekLeavesThePositionAsItIs)
-{
-    playLongClip();
-    control.failSeeks = true;
-    type(u'm');
-    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
 }
 
 TEST_F(MainKeys, PlusAndMinusMoveTheVolumeSliderByFive)
@@ -136,30 +124,19 @@ TEST_F(MainKeys, KWithoutAClipDoesNothing)
 TEST_F(MainKeys, LGoesToTheSavedPositionAndTheClipRunsOn)
 {
     playLongClip();
+    type(u'l');
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0) << "nothing is saved";
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
     type(u'k');
-    at(300.0);
-    type(u'l');
-    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
-    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
-}
-
-TEST_F(MainKeys, LStartsAPausedClipAtTheSavedPosition)
-{
-    playLongClip();
-    type(u'k');
-    control.Pause();
-    at(300.0);
-    type(u'l');
-    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
-    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
-}
-
-TEST_F(MainKeys, LWithoutASavedPositionLeavesThePosition)
-{
-    playLongClip();
-    type(u'l');
-    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0);
-    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    for (const bool paused : {false, true}) {
+        if (paused) {
+            control.Pause();
+        }
+        playOnTo(300.0);
+        type(u'l');
+        EXPECT_DOUBLE_EQ(control.CurrentPosition(), 100.0) << paused;
+        EXPECT_EQ(control.CurrentState(), MediaControl::Running) << paused;
+    }
 }
 
 TEST_F(MainKeys, PRAndSPauseRunAndStop)
@@ -191,9 +168,8 @@ TEST_F(MainKeys, AlwaysOnTopIsLeftToTheWindow)
 TEST_F(MainKeys, ASeekBeyondTheBrakeMakesTheBrakeThereCurrent)
 {
     control.duration = 100.0;
-    addBrakes({u"0"_s, u"20"_s, u"40"_s, u"90"_s});
-    play(1, 1);
-    at(5.0);
+    playBrakes({u"0"_s, u"20"_s, u"40"_s, u"90"_s});
+    playOnTo(5.0);
     type(u'm');
     EXPECT_DOUBLE_EQ(control.CurrentPosition(), 65.0);
     EXPECT_EQ(clip(), 3);

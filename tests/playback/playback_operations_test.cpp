@@ -1,7 +1,5 @@
 #include "tests/playback/engine_fixture.h"
 
-#include <QSignalBlocker>
-
 namespace orvanta::test {
 
 class Operations : public EngineTest
@@ -75,12 +73,8 @@ TEST_F(Operations, ABookmarkHandedInReachesTheWindowAndIsNoChange)
     operations().PollPlayer();
     EXPECT_FALSE(record().BookmarkPending);
     EXPECT_FALSE(operations().TakeBookmarkChanged());
-}
-
-TEST_F(Operations, APendingBookmarkIsPushedIntoTheWindow)
-{
     operations().SetBookmark(u"12.5"_s);
-    video.mirror().VideoBookmark = u"3"_s;
+    video.mirror().VideoBookmark = u"3"_s; // overtaken by the one that is pending
     operations().PollPlayer();
     EXPECT_EQ(video.mirror().VideoBookmark, u"12.5");
 }
@@ -134,37 +128,21 @@ TEST_F(Operations, SeekingARunningClipPausesItAndWritesThePositionTwice)
     EXPECT_EQ(operations().GetPlayerPosition(), u"4.5");
 }
 
-TEST_F(Operations, SeekingAStandingClipWritesThePositionOnce)
+TEST_F(Operations, SeekingAStandingClipWritesThePositionOnceAndThePollKeepsIt)
 {
     load();
     operations().PauseIfRunning();
-    control.calls.clear();
-    operations().SetPlayerPosition(u"4,5"_s);
-    EXPECT_EQ(control.calls, QStringList(u"seek 4.5"_s));
-}
-
-TEST_F(Operations, AnAskedForPositionSurvivesTheNextPoll)
-{
-    load();
-    control.playTo(8);
-    operations().PollPlayer();
-    operations().PauseIfRunning();
-    operations().SetPlayerPosition(u"2"_s);
-    operations().PollPlayer();
-    EXPECT_EQ(operations().GetPlayerPosition(), u"2");
-}
-
-TEST_F(Operations, AnAskedForPositionSurvivesThePollEvenWhenThePlayerReportsNone)
-{
-    load();
-    control.playTo(8);
-    operations().PauseIfRunning();
-    {
-        const QSignalBlocker silent(control);
-        operations().SetPlayerPosition(u"2"_s);
+    for (const bool reported : {true, false}) {
+        control.playTo(8);
+        operations().PollPlayer();
+        control.calls.clear();
+        const bool before = control.blockSignals(!reported);
+        operations().SetPlayerPosition(u"2,5"_s);
+        control.blockSignals(before);
+        EXPECT_EQ(control.calls, QStringList(u"seek 2.5"_s)) << reported;
+        operations().PollPlayer();
+        EXPECT_EQ(operations().GetPlayerPosition(), u"2.5") << reported;
     }
-    operations().PollPlayer();
-    EXPECT_EQ(operations().GetPlayerPosition(), u"2");
 }
 
 TEST_F(Operations, ARefusedSeekLeavesThePosition)
@@ -189,29 +167,23 @@ TEST_F(Operations, RunPauseAndStopActByTheStateOfTheControl)
     struct Row
     {
         MediaControl::State state;
-        QStringList calls;
+        QStringList run, pause, stop;
     };
     load();
-    for (const Row& row : {Row{MediaControl::NotLoaded, {}}, Row{MediaControl::Stopped, {u"Run"_s}},
-                           Row{MediaControl::Paused, {u"Run"_s}}, Row{MediaControl::Running, {}}}) {
+    const auto callsOf = [this](const Row& row, void (PlaybackOperations::*operation)()) {
         control.forceState(row.state);
         control.calls.clear();
-        operations().PlayerRun();
-        EXPECT_EQ(control.calls, row.calls) << row.state;
+        (operations().*operation)();
+        return QStringList(control.calls);
+    };
+    for (const Row& row :
+         {Row{MediaControl::NotLoaded, {}, {}, {}}, Row{MediaControl::Stopped, {u"Run"_s}, {}, {}},
+          Row{MediaControl::Paused, {u"Run"_s}, {}, {}},
+          Row{MediaControl::Running, {}, {u"Pause"_s}, {u"Stop"_s}}}) {
+        EXPECT_EQ(callsOf(row, &PlaybackOperations::PlayerRun), row.run) << row.state;
+        EXPECT_EQ(callsOf(row, &PlaybackOperations::PauseIfRunning), row.pause) << row.state;
+        EXPECT_EQ(callsOf(row, &PlaybackOperations::StopIfRunning), row.stop) << row.state;
     }
-    for (const auto state :
-         {MediaControl::NotLoaded, MediaControl::Stopped, MediaControl::Paused}) {
-        control.forceState(state);
-        control.calls.clear();
-        operations().PauseIfRunning();
-        operations().StopIfRunning();
-        EXPECT_EQ(control.calls, QStringList()) << state;
-    }
-    control.forceState(MediaControl::Running);
-    operations().PauseIfRunning();
-    control.forceState(MediaControl::Running);
-    operations().StopIfRunning();
-    EXPECT_EQ(control.calls, (QStringList{u"Pause"_s, u"Stop"_s}));
 }
 
 TEST_F(Operations, TheDurationIsReadFromTheControlAndKept)

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace orvanta {
+namespace orvanta::test {
 
 constexpr BrakeSpan kWholeClip = {.begin = 0, .end = 40};
 
@@ -37,43 +37,28 @@ TEST(PositionOfSlider, IsThePartOfTheSpan)
     EXPECT_EQ(positionOfSlider(50, {.begin = 5, .end = 9}), 7);
 }
 
-TEST(SeekOnCommit, OfARunningClipSeeks)
+TEST(SeekOnCommit, GoesByTheStateAndWhetherTheHandleWasMoved)
 {
-    const SeekDecision decision = seekOnCommit(MediaControl::Running, 12, 10);
-    EXPECT_TRUE(decision.seek);
-    EXPECT_FALSE(decision.restoreSlider);
-    EXPECT_EQ(decision.targetSeconds, 12);
+    struct Row
+    {
+        const char* says;
+        MediaControl::State state;
+        double target, position;
+        bool seek, restoreSlider;
+    };
+    const Row rows[] = {
+        {"a running clip seeks", MediaControl::Running, 12, 10, true, false},
+        {"not to where it is", MediaControl::Running, 10, 10, false, false},
+        {"a paused clip does nothing", MediaControl::Paused, 12, 10, false, false},
+        {"a stopped clip seeks", MediaControl::Stopped, 12, 0, true, false},
+        {"unmoved, its slider is set back", MediaControl::Stopped, 0, 0, false, true},
+        {"without a clip nothing happens", MediaControl::NotLoaded, 12, 0, false, false},
+    };
+    for (const Row& row : rows) {
+        const SeekDecision decision = seekOnCommit(row.state, row.target, row.position);
+        EXPECT_EQ(decision.seek, row.seek) << row.says;
+        EXPECT_EQ(decision.restoreSlider, row.restoreSlider) << row.says;
+    }
 }
 
-TEST(SeekOnCommit, AtTheExactPositionOfARunningClipDoesNothing)
-{
-    const SeekDecision decision = seekOnCommit(MediaControl::Running, 10, 10);
-    EXPECT_FALSE(decision.seek);
-    EXPECT_FALSE(decision.restoreSlider);
-}
-
-TEST(SeekOnCommit, OfAPausedClipDoesNothing)
-{
-    const SeekDecision decision = seekOnCommit(MediaControl::Paused, 12, 10);
-    EXPECT_FALSE(decision.seek);
-    EXPECT_FALSE(decision.restoreSlider);
-}
-
-TEST(SeekOnCommit, OfAStoppedClipSeeks)
-{
-    EXPECT_TRUE(seekOnCommit(MediaControl::Stopped, 12, 0).seek);
-}
-
-TEST(SeekOnCommit, AtTheExactPositionOfAStoppedClipSetsTheSliderBack)
-{
-    const SeekDecision decision = seekOnCommit(MediaControl::Stopped, 0, 0);
-    EXPECT_FALSE(decision.seek);
-    EXPECT_TRUE(decision.restoreSlider);
-}
-
-TEST(SeekOnCommit, WithoutAClipDoesNothing)
-{
-    EXPECT_FALSE(seekOnCommit(MediaControl::NotLoaded, 12, 0).seek);
-}
-
-} // namespace orvanta
+} // namespace orvanta::test

@@ -49,32 +49,26 @@ TEST_F(PositionSliderOfTheWindow, SeeksOnceOnCommit)
     EXPECT_EQ(view.currentTime, formatPicture(30, kPositionPicture));
 }
 
-TEST_F(PositionSliderOfTheWindow, OfAPausedClipPreviewsButDoesNotSeek)
+TEST_F(PositionSliderOfTheWindow, LetGoSeeksUnlessTheClipIsPausedOrTheHandleUnmoved)
 {
-    playClipAt(10);
-    control.Pause();
-    engine->sliderMoved(75);
-    engine->sliderCommitted();
-    EXPECT_EQ(view.currentTime, formatPicture(30, kPositionPicture));
-    EXPECT_EQ(control.CurrentPosition(), 10);
-}
-
-TEST_F(PositionSliderOfTheWindow, LetGoAtTheExactPositionDoesNotSeek)
-{
-    playClipAt(10);
-    engine->sliderMoved(25);
-    engine->sliderCommitted();
-    EXPECT_EQ(control.calls, QStringList());
-}
-
-TEST_F(PositionSliderOfTheWindow, OfAStoppedClipSeeks)
-{
-    playClipAt(10);
-    control.Stop();
-    engine->tick();
-    engine->sliderMoved(75);
-    engine->sliderCommitted();
-    EXPECT_EQ(control.CurrentPosition(), 30);
+    struct Row
+    {
+        const char* says;
+        MediaControl::State state;
+        double handle, shown, position;
+    };
+    for (const Row& row : {Row{"paused", MediaControl::Paused, 75, 30, 10},
+                           Row{"at the exact position", MediaControl::Running, 25, 10, 10},
+                           Row{"stopped", MediaControl::Stopped, 75, 30, 30}}) {
+        emptyPlaylist();
+        playClipAt(10);
+        control.forceState(row.state);
+        engine->sliderMoved(row.handle);
+        engine->sliderCommitted();
+        EXPECT_EQ(view.currentTime, formatPicture(row.shown, kPositionPicture)) << row.says;
+        EXPECT_EQ(control.CurrentPosition(), row.position) << row.says;
+        EXPECT_EQ(control.calls.isEmpty(), row.position == 10) << row.says;
+    }
 }
 
 TEST_F(PositionSliderOfTheWindow, AtThePositionOfAStoppedClipIsSetBack)
@@ -109,10 +103,10 @@ TEST_F(PositionSliderOfTheWindow, InABrakePacketPreviewsAndSeeksWithinTheBrake)
     EXPECT_EQ(clip(), 1);
 }
 
-TEST_F(PositionSliderOfTheWindow, IsResetToZero)
+TEST_F(PositionSliderOfTheWindow, IsResetToZeroByAStop)
 {
     playClipAt(10);
-    engine->resetPositionDisplay();
+    engine->pressStop();
     EXPECT_EQ(view.slider, 0);
     EXPECT_EQ(module.SliderValue, 0);
 }
@@ -135,40 +129,27 @@ TEST_F(SeekByKey, BeforeTheBeginningGoesToTheBeginning)
     EXPECT_EQ(control.CurrentPosition(), 0);
 }
 
-TEST_F(SeekByKey, OutsideTheBrakeMakesTheBrakeThereCurrentWithoutASecondSeek)
+TEST_F(SeekByKey, MakesTheBrakeThereCurrentWithoutASecondSeek)
 {
+    struct Row
+    {
+        const char* says;
+        double seconds;
+        int brake, line;
+        QString text;
+    };
     playBrakeAt(6);
-    engine->seekTo(15);
-    EXPECT_EQ(clip(), 2);
-    EXPECT_EQ(view.clipText, u"brake 2");
-    EXPECT_EQ(view.listIndex, 3);
-    EXPECT_EQ(control.CurrentPosition(), 15);
+    for (const Row& row : {Row{"within the brake", 11, 1, 2, u"brake 1"_s},
+                           Row{"outside of it", 15, 2, 3, u"brake 2"_s},
+                           Row{"back out of the brake", 7, 1, 2, u"brake 1"_s},
+                           Row{"before the first: the packet's header", 2, 0, 1, {}}}) {
+        engine->seekTo(row.seconds);
+        EXPECT_EQ(clip(), row.brake) << row.says;
+        EXPECT_EQ(view.clipText, row.text) << row.says;
+        EXPECT_EQ(view.listIndex, row.line) << row.says;
+        EXPECT_EQ(control.CurrentPosition(), row.seconds) << row.says;
+    }
     EXPECT_EQ(countOf(u"seek 12"_s), 0);
-}
-
-TEST_F(SeekByKey, BackOutOfTheBrakeMakesTheEarlierBrakeCurrent)
-{
-    playBrakeAt(6);
-    engine->seekTo(15);
-    engine->seekTo(7);
-    EXPECT_EQ(clip(), 1);
-    EXPECT_EQ(view.clipText, u"brake 1");
-}
-
-TEST_F(SeekByKey, BeforeTheFirstBrakeLeavesNoBrakeCurrent)
-{
-    playBrakeAt(6);
-    engine->seekTo(2);
-    EXPECT_EQ(clip(), 0);
-    EXPECT_EQ(view.listIndex, 1); // the packet's header
-    EXPECT_EQ(view.clipText, QString());
-}
-
-TEST_F(SeekByKey, WithinTheBrakeLeavesItCurrent)
-{
-    playBrakeAt(6);
-    engine->seekTo(11);
-    EXPECT_EQ(clip(), 1);
 }
 
 TEST_F(SeekByKey, IsFollowedByTheNextTickWithoutJumpingAgain)

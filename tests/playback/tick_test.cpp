@@ -24,24 +24,17 @@ TEST_F(Tick, ShowsPositionLengthAndSliderOfARunningClip)
     EXPECT_EQ(module.SliderValue, 25);
 }
 
-TEST_F(Tick, ShowsNothingWhileTheClipStands)
+TEST_F(Tick, LeavesLabelAndSliderAloneWhileTheClipStandsOrTheUserHoldsTheSlider)
 {
     playAt(10);
-    control.Pause();
     view.currentTime = u"as it was"_s;
-    engine->tick();
-    EXPECT_EQ(view.currentTime, u"as it was");
-    EXPECT_EQ(view.slider, -1);
-}
-
-TEST_F(Tick, LeavesLabelAndSliderAloneWhileTheUserHoldsTheSlider)
-{
-    playAt(5);
-    view.sliderHeld = true;
-    view.currentTime = u"preview"_s;
-    engine->tick();
-    EXPECT_EQ(view.currentTime, u"preview");
-    EXPECT_EQ(view.slider, -1);
+    for (const bool held : {true, false}) {
+        view.sliderHeld = held;
+        control.forceState(held ? MediaControl::Running : MediaControl::Paused);
+        engine->tick();
+        EXPECT_EQ(view.currentTime, u"as it was") << held;
+        EXPECT_EQ(view.slider, -1) << held;
+    }
 }
 
 TEST_F(Tick, AClipOfLengthZeroLeavesTheSliderWhereItIs)
@@ -89,20 +82,18 @@ TEST_F(Tick, TheVideoWindowFollowsTheMainWindow)
 
 TEST_F(Tick, AVolumeSetInTheVideoWindowMovesTheSliderAndReachesTheControl)
 {
-    video.mirror().VideoVolume = 50;
-    engine->tick();
-    EXPECT_EQ(view.volume, 50);
-    EXPECT_EQ(control.Volume(), -1000);
-    EXPECT_EQ(home.value("save", "volume"), u"-1000");
-}
-
-TEST_F(Tick, AVolumeOffTheScaleIsBroughtBackOntoIt)
-{
-    video.mirror().VideoVolume = 105;
-    engine->tick();
-    EXPECT_EQ(view.volume, 100);
-    EXPECT_EQ(video.mirror().VideoVolume, 100);
-    EXPECT_EQ(control.Volume(), 0);
+    struct Row
+    {
+        int set, shown, control; // off the scale is brought back onto it
+    };
+    for (const Row& row : {Row{50, 50, -1000}, Row{105, 100, 0}}) {
+        video.mirror().VideoVolume = row.set;
+        engine->tick();
+        EXPECT_EQ(view.volume, row.shown) << row.set;
+        EXPECT_EQ(video.mirror().VideoVolume, row.shown) << row.set;
+        EXPECT_EQ(control.Volume(), row.control) << row.set;
+        EXPECT_EQ(home.value("save", "volume"), QString::number(row.control)) << row.set;
+    }
 }
 
 TEST_F(Tick, ABookmarkSetInTheVideoWindowIsStoredUnderTheClipsText)
@@ -121,14 +112,12 @@ TEST_F(Tick, ABookmarkSetInTheVideoWindowIsStoredUnderTheClipsText)
 TEST_F(Tick, DoesNotReEnterItself)
 {
     control.duration = 40;
-    addBrakes({u"0"_s, u"5"_s, u"10"_s});
-    play(1, 1);
+    playBrakes({u"0"_s, u"5"_s, u"10"_s});
     control.playTo(5.2);
     int nested = 0;
     QTimer::singleShot(0, &control, [&] { // inside the brake wait
         option("nc");
-        WriteIni(u"ftl"_s, u"num"_s, u"1"_s, module.IniPath);
-        WriteIni(u"ftl"_s, u"1"_s, path(u"lesson.avi"_s), module.IniPath);
+        queue({path(u"lesson.avi"_s)});
         engine->tick();
         nested = view.shown;
     });
@@ -147,8 +136,7 @@ TEST_F(Tick, WithoutAMainWindowDoesNothing)
 TEST_F(Tick, AnEndQueuesAnExtraTickAtOnce)
 {
     option("agnc");
-    addClips({u"one"_s, u"two"_s});
-    play(1, 1);
+    playClips({u"one"_s, u"two"_s});
     control.reachEnd();
     EXPECT_TRUE(QTest::qWaitFor([&] { return control.FileName() == path(u"two.avi"_s); }));
 }
@@ -171,6 +159,12 @@ protected:
         addClips({u"one"_s, u"two"_s});
     }
 
+    void tickWith(Flag16& request)
+    {
+        request = true;
+        engine->tick();
+    }
+
     void playAndPoll(Int16 q)
     {
         play(1, q);
@@ -182,8 +176,7 @@ TEST_F(TrayRequestsInTheTick, StayPendingUntilTheOptionIsTurnedOn)
 {
     option("si", u"0"_s);
     playAndPoll(1);
-    module.tray.TrayPauseRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayPauseRequest);
     EXPECT_TRUE(module.tray.TrayPauseRequest);
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
     option("si");
@@ -194,8 +187,7 @@ TEST_F(TrayRequestsInTheTick, StayPendingUntilTheOptionIsTurnedOn)
 
 TEST_F(TrayRequestsInTheTick, RestoreShowsTheMainWindowAndBringsItToTheFront)
 {
-    module.tray.TrayRestoreRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayRestoreRequest);
     EXPECT_EQ(view.shown, 1);
     EXPECT_EQ(view.timer3Enabled, 1);
     EXPECT_FALSE(module.tray.TrayRestoreRequest);
@@ -204,14 +196,11 @@ TEST_F(TrayRequestsInTheTick, RestoreShowsTheMainWindowAndBringsItToTheFront)
 TEST_F(TrayRequestsInTheTick, PausePlayAndStopPressTheButtons)
 {
     playAndPoll(1);
-    module.tray.TrayPauseRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayPauseRequest);
     EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
-    module.tray.TrayPlayRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayPlayRequest);
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
-    module.tray.TrayStopRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayStopRequest);
     EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
     EXPECT_EQ(view.currentTime, u"0.00");
 }
@@ -222,20 +211,17 @@ TEST_F(TrayRequestsInTheTick, RaisedTogetherAreServedInTheTicksOrder)
     control.calls.clear();
     module.tray.TrayStopRequest = true;
     module.tray.TrayPlayRequest = true;
-    module.tray.TrayPauseRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayPauseRequest);
     EXPECT_EQ(control.calls, (QStringList{u"Pause"_s, u"Run"_s, u"Stop"_s}));
 }
 
 TEST_F(TrayRequestsInTheTick, PauseOfAPausedClipLeavesNoWrongLooks)
 {
     playAndPoll(1);
-    module.tray.TrayPauseRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayPauseRequest);
     engine->tick();
     const TransportLooks paused = view.looks;
-    module.tray.TrayPauseRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayPauseRequest);
     engine->tick();
     EXPECT_EQ(view.looks, paused);
     EXPECT_TRUE(paused.playEnabled);
@@ -246,8 +232,7 @@ TEST_F(TrayRequestsInTheTick, NextRunsTheAdvance)
 {
     option("agnc");
     playAndPoll(1);
-    module.tray.TrayNextRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayNextRequest);
     EXPECT_EQ(clip(), 2);
     EXPECT_EQ(control.FileName(), path(u"two.avi"_s));
 }
@@ -257,16 +242,14 @@ TEST_F(TrayRequestsInTheTick, NextEndsTheTrayStep)
     option("agnc");
     playAndPoll(1);
     module.tray.TrayNextRequest = true;
-    module.tray.TrayPauseRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayPauseRequest);
     EXPECT_TRUE(module.tray.TrayPauseRequest);
 }
 
 TEST_F(TrayRequestsInTheTick, PreviousGoesOneClipBack)
 {
     playAndPoll(2);
-    module.tray.TrayPreviousRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayPreviousRequest);
     EXPECT_EQ(clip(), 1);
     EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
 }
@@ -274,30 +257,19 @@ TEST_F(TrayRequestsInTheTick, PreviousGoesOneClipBack)
 TEST_F(TrayRequestsInTheTick, PreviousAtTheVeryFirstClipStartsItAgain)
 {
     playAndPoll(1);
-    module.tray.TrayPreviousRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayPreviousRequest);
     EXPECT_EQ(clip(), 1);
     EXPECT_EQ(loads(), 2);
 }
 
-TEST_F(TrayRequestsInTheTick, PreviousWithoutAPlaylistStartsNothing)
+TEST_F(TrayRequestsInTheTick, NextAndPreviousWithoutAPlaylistStartNothing)
 {
-    module.playlist.Playlist.clear();
-    module.playlist.PlaylistCount = 0;
-    module.tray.TrayPreviousRequest = true;
-    engine->tick();
+    turnOn({"agnc", "agnp"});
+    emptyPlaylist();
+    tickWith(module.tray.TrayPreviousRequest);
     EXPECT_EQ(loads(), 0);
     EXPECT_EQ(packet(), 0);
-}
-
-TEST_F(TrayRequestsInTheTick, NextWithoutAPlaylistRaisesNothing)
-{
-    option("agnc");
-    option("agnp");
-    module.playlist.Playlist.clear();
-    module.playlist.PlaylistCount = 0;
-    module.tray.TrayNextRequest = true;
-    engine->tick();
+    tickWith(module.tray.TrayNextRequest);
     EXPECT_EQ(clip(), 0);
 }
 
@@ -328,8 +300,7 @@ TEST_F(Tick, AStepOutsideSixteenBitsIsPassedOverAndTheQueueIsServed)
     module.playlist.CurrentPacket = 1;
     module.playlist.CurrentClip = 32767;
     module.tray.TrayNextRequest = true;
-    WriteIni(u"ftl"_s, u"1"_s, file(u"queued.avi"_s), module.IniPath);
-    WriteIni(u"ftl"_s, u"num"_s, u"1"_s, module.IniPath);
+    queue({file(u"queued.avi"_s)});
     engine->tick();
     EXPECT_EQ(module.playlist.packet(1).clip(1).Text, u"queued");
 }

@@ -9,6 +9,13 @@ constexpr TransportLooks kPlayingLooks = {
 class Transport : public EngineTest
 {
 protected:
+    void playAt7()
+    {
+        playClips({u"one"_s});
+        control.playTo(7);
+        engine->tick();
+    }
+
     void playAndPoll()
     {
         addClips({u"one"_s});
@@ -32,18 +39,12 @@ TEST_F(Transport, IsIgnoredWhileNoClipIsLoaded)
     EXPECT_EQ(view.currentTime, QString());
 }
 
-TEST_F(Transport, AfterPauseOnlyPlayIsEnabled)
+TEST_F(Transport, AfterPauseOnlyPlayIsEnabledAndAfterPlayOnlyPause)
 {
     playAndPoll();
     engine->pressPause();
     EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
     EXPECT_EQ(view.looks, kIdleLooks);
-}
-
-TEST_F(Transport, AfterPlayOnlyPauseIsEnabled)
-{
-    playAndPoll();
-    engine->pressPause();
     engine->tick();
     engine->pressPlay();
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
@@ -83,8 +84,7 @@ TEST_F(Transport, StopOfAPausedClipKeepsThePairedLooks)
 TEST_F(Transport, StopInABrakePacketWaitsAtTheCurrentBrake)
 {
     control.duration = 40;
-    addBrakes({u"5"_s, u"12"_s});
-    play(1, 2);
+    playBrakes({u"5"_s, u"12"_s}, 2);
     control.playTo(12);
     engine->tick();
     control.playTo(14);
@@ -96,26 +96,18 @@ TEST_F(Transport, StopInABrakePacketWaitsAtTheCurrentBrake)
     EXPECT_EQ(view.looks, kIdleLooks);
 }
 
-TEST_F(Transport, StopBeforeTheFirstBrakeOnlyPauses)
+TEST_F(Transport, StopWithoutABrakeToGoBackToOnlyPauses)
 {
-    control.duration = 40;
-    addBrakes({u"5"_s});
-    play(1, 1);
-    engine->tick();
-    module.playlist.CurrentClip = 0;
-    control.playTo(2);
-    engine->pressStop();
-    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
-    EXPECT_EQ(control.CurrentPosition(), 2);
-}
-
-TEST_F(Transport, StopAtABrakeWhoseTimeIsNoNumberOnlyPauses)
-{
-    addBrakes({u"soon"_s});
-    play(1, 1);
-    engine->tick();
-    engine->pressStop();
-    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    addBrakes({u"5"_s, u"soon"_s});
+    for (const int brake : {0, 2}) { // before the first, at one whose time is no number
+        play(1, 1);
+        engine->tick();
+        module.playlist.CurrentClip = brake;
+        control.playTo(6);
+        engine->pressStop();
+        EXPECT_EQ(control.CurrentState(), MediaControl::Paused) << brake;
+        EXPECT_EQ(control.CurrentPosition(), 6) << brake;
+    }
 }
 
 TEST_F(Transport, TheTickSetsTheLooksFromTheState)
@@ -142,14 +134,6 @@ TEST_F(Transport, TheTickLeavesTheLooksAloneWhileAFileIsBeingOpened)
     EXPECT_EQ(view.looks, kPlayingLooks);
 }
 
-TEST_F(Transport, AnEndWithoutAdvanceLeavesTheIdleLooks)
-{
-    playAndPoll();
-    endClip();
-    engine->tick();
-    EXPECT_EQ(view.looks, kIdleLooks);
-}
-
 TEST_F(Transport, AStopOfTheUserIsLoggedOnce)
 {
     playAndPoll();
@@ -160,26 +144,22 @@ TEST_F(Transport, AStopOfTheUserIsLoggedOnce)
     EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
 }
 
-TEST_F(Transport, AStopByKeyShowsTheBeginning)
+TEST_F(Transport, AStopByKeyShowsTheBeginningAndIsLogged)
 {
-    addClips({u"one"_s});
-    play(1, 1);
-    control.playTo(7);
-    engine->tick();
+    playAt7();
     ASSERT_NE(view.slider, 0);
+    const LogCapture log("orvanta.playback");
     engine->operations().StopIfRunning();
     video.mirror().VideoState = MediaControl::Stopped;
     engine->tick();
     EXPECT_EQ(view.currentTime, u"0.00");
     EXPECT_EQ(view.slider, 0);
+    EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
 }
 
 TEST_F(Transport, APauseKeepsTheTimeThatIsShown)
 {
-    addClips({u"one"_s});
-    play(1, 1);
-    control.playTo(7);
-    engine->tick();
+    playAt7();
     const int before = view.slider;
     engine->pressPause();
     engine->tick();
@@ -187,25 +167,14 @@ TEST_F(Transport, APauseKeepsTheTimeThatIsShown)
     EXPECT_EQ(view.currentTime, u"7.000");
 }
 
-TEST_F(Transport, TheEndOfTheLastClipLeavesNoTimeBehind)
+TEST_F(Transport, TheEndOfTheLastClipLeavesTheIdleLooksAndNoTimeBehind)
 {
-    addClips({u"one"_s});
-    play(1, 1);
-    control.playTo(7);
-    engine->tick();
+    playAt7();
     endClip();
     engine->tick();
     EXPECT_EQ(view.currentTime, u"0.00");
     EXPECT_EQ(view.slider, 0);
-}
-
-TEST_F(Transport, AStopByKeyIsLogged)
-{
-    playAndPoll();
-    const LogCapture log("orvanta.playback");
-    engine->operations().StopIfRunning();
-    engine->tick();
-    EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
+    EXPECT_EQ(view.looks, kIdleLooks);
 }
 
 class Opening : public EngineTest
@@ -219,8 +188,7 @@ TEST_F(Opening, SetsTheCursorAndRebuildsTheTree)
     module.playlist.OpenedFromExplorer = true;
     const int rebuilt = view.rebuilt;
     engine->playlistReplaced();
-    EXPECT_EQ(packet(), 1);
-    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(place(), at(1, 1));
     EXPECT_EQ(view.rebuilt, rebuilt + 1);
     EXPECT_FALSE(module.playlist.OpenedFromExplorer);
     EXPECT_EQ(loads(), 1);
@@ -231,8 +199,7 @@ TEST_F(Opening, WithAutoStartPlaysTheFirstClip)
     option("as");
     addClips({u"one"_s});
     engine->playlistReplaced();
-    waitUntilRunning();
-    EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
+    EXPECT_EQ(runningFile(), path(u"one.avi"_s));
 }
 
 TEST_F(Opening, IsLogged)

@@ -73,12 +73,14 @@ TEST_F(VideoWindowKeysTest, ABookmarkIsKeptAndFoundAgain)
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
 }
 
-TEST_F(VideoWindowKeysTest, SpaceAndTheArrowsActAsInEveryPlayer)
+TEST_F(VideoWindowKeysTest, SpaceTheMediaKeyAndTheArrowsActAsInEveryPlayer)
 {
-    QTest::keyClick(&form, Qt::Key_Space);
-    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
-    QTest::keyClick(&form, Qt::Key_Space);
-    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_MediaPlay}) {
+        QTest::keyClick(&form, key);
+        EXPECT_EQ(control.CurrentState(), MediaControl::Paused) << key;
+        QTest::keyClick(&form, key);
+        EXPECT_EQ(control.CurrentState(), MediaControl::Running) << key;
+    }
     control.playTo(100.0);
     QTest::keyClick(&form, Qt::Key_Right);
     EXPECT_DOUBLE_EQ(control.CurrentPosition(), 105.0);
@@ -95,14 +97,6 @@ TEST_F(VideoWindowKeysTest, TheQuitKeyAndTheMediaKeysAskThePlayer)
     QTest::keyClick(&form, Qt::Key_MediaPrevious);
     EXPECT_EQ(askedKeys, (QList{CommonKey::Quit, CommonKey::Stop, CommonKey::NextClip,
                                 CommonKey::PreviousClip}));
-}
-
-TEST_F(VideoWindowKeysTest, TheMediaKeyPlaysAndPauses)
-{
-    QTest::keyClick(&form, Qt::Key_MediaPlay);
-    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
-    QTest::keyClick(&form, Qt::Key_MediaPlay);
-    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
 }
 
 TEST_F(VideoWindowKeysTest, ALetterHeldWithControlIsNoCommand)

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace orvanta {
+namespace orvanta::test {
 
 TEST(Volume, OfTheSliderPlacesSetsTheControl)
 {
@@ -54,11 +54,4 @@ TEST(Volume, OfTheControlStaysWithinItsRange)
     EXPECT_EQ(controlVolume(12), 0);
 }
 
-TEST(Balance, GoesFromTheLeftMostToTheRightMost)
-{
-    EXPECT_EQ(balanceOfSlider(0), -9616);
-    EXPECT_EQ(balanceOfSlider(50), 0);
-    EXPECT_EQ(balanceOfSlider(100), 9615);
-}
-
-} // namespace orvanta
+} // namespace orvanta::test
