@@ -4,7 +4,6 @@
 #include "core/ini.h"
 #include "core/numbers.h"
 #include "core/paths.h"
-#include "model/texts.h"
 #include "system/drawn_picture.h"
 
 #include <cmath>
@@ -30,9 +29,9 @@ TextLanguage trayLanguage(const QString& applicationFolder)
 Form12::Form12(Module1& module)
     : m_module(module)
 {
-    setObjectName(u"Form12"_s);
     buildMenu();
-    applyTexts();
+    nameControls(controls());
+    applyTexts(controls(), trayLanguage(m_module.ApplicationFolder));
     connectHandlers();
     IconTray1.setIcon(drawnIcon(u":/orvanta/tray.svg"_s));
     IconTray1.setToolTip(u"!orvanta! 3.3"_s);
@@ -47,29 +46,29 @@ Form12::~Form12()
 
 void Form12::buildMenu()
 {
-    const auto add = [this](const QString& name) {
-        QAction* action = tray.addAction(QString());
-        action->setObjectName(name);
-        return action;
-    };
-    tray.setObjectName(u"tray"_s);
-    IconTray1.setObjectName(u"IconTray1"_s);
-    st = add(u"st"_s);
-    pa = add(u"pa"_s);
-    pl = add(u"pl"_s);
+    st = tray.addAction(QString());
+    pa = tray.addAction(QString());
+    pl = tray.addAction(QString());
     tray.addSeparator()->setObjectName(u"l1"_s);
-    nex = add(u"nex"_s);
-    pr = add(u"pr"_s);
+    nex = tray.addAction(QString());
+    pr = tray.addAction(QString());
     tray.addSeparator()->setObjectName(u"l2"_s);
-    closeapp = add(u"closeapp"_s);
+    closeapp = tray.addAction(QString());
 }
 
-void Form12::applyTexts()
+ControlRows Form12::controls()
 {
-    const TextLanguage language = trayLanguage(m_module.ApplicationFolder);
-    for (QAction* action : {st, pa, pl, nex, pr, closeapp}) {
-        action->setText(interfaceText(u"Form12", action->objectName(), language));
-    }
+    return {
+        {this, u"Form12"},
+        {&IconTray1, u"IconTray1"},
+        {&tray, u"tray"},
+        {st, u"st"},
+        {pa, u"pa"},
+        {pl, u"pl"},
+        {nex, u"nex"},
+        {pr, u"pr"},
+        {closeapp, u"closeapp"},
+    };
 }
 
 void Form12::connectHandlers()

@@ -6,6 +6,7 @@
 // It never acts on the player: each command raises a one-shot request that the tick serves.
 #pragma once
 
+#include "model/control_rows.h"
 #include "model/module1.h"
 
 #include <QAction>
@@ -34,8 +35,8 @@ public:
     QAction* closeapp;         // Exit
 
 private:
+    [[nodiscard]] ControlRows controls();
     void buildMenu();
-    void applyTexts();
     void connectHandlers();
     void Form12_IconTray1_event9(QSystemTrayIcon::ActivationReason reason);
     void Form12_st_Click();

@@ -35,26 +35,14 @@ static TextLanguage optionsLanguage(const QString& iniPath)
     return isEnglish ? TextLanguage::English : TextLanguage::Russian;
 }
 
-std::span<const Form8::Option> Form8::options()
-{
-    static constexpr std::array kOptions = {
-        Option{&Form8::Check1, u"as"},   Option{&Form8::Check2, u"agnc"},
-        Option{&Form8::Check3, u"agnp"}, Option{&Form8::Check4, u"acp"},
-        Option{&Form8::Check5, u"ar"},   Option{&Form8::Check6, u"si"},
-        Option{&Form8::Check7, u"nc"},   Option{&Form8::Check8, u"r"},
-        Option{&Form8::Check9, u"ws"},
-    };
-    return kOptions;
-}
-
 Form8::Form8(OptionsServices& services)
     : m_services(services),
       m_registration(services.registry, services.module.ApplicationFolder)
 {
     buildControls();
-    nameControls();
+    nameControls(controls());
     layOut();
-    orderTabs();
+    orderTabs(controls());
     connectHandlers();
     Form8_Form_Load();
 }
@@ -63,7 +51,7 @@ Form8::~Form8() = default;
 
 void Form8::Form8_Form_Load()
 {
-    applyTexts(optionsLanguage(m_services.module.IniPath));
+    showTexts(optionsLanguage(m_services.module.IniPath));
     loadOptions();
     trapped("list of types", [this] { fillTypes(); });
     markRegisteredTypes();
@@ -75,7 +63,7 @@ void Form8::Form8_Form_Load()
 void Form8::loadOptions()
 {
     const IniSnapshot settings(m_services.module.IniPath);
-    for (const Option& option : options()) {
+    for (const OptionRow& option : kOptionRows) {
         const QString text = settings.read(u"options"_s, option.key.toString(), u"0"_s);
         // What is no number is off, as everywhere.
         (this->*option.box)->setChecked(conditionHolds("option", [&] {
@@ -230,7 +218,7 @@ void Form8::useIcon(const QString& icoFile)
 void Form8::storeOptions() const
 {
     std::vector<IniChange> changes;
-    for (const Option& option : options()) {
+    for (const OptionRow& option : kOptionRows) {
         const QString value = (this->*option.box)->isChecked() ? u"1"_s : u"0"_s;
         changes.push_back({u"options"_s, option.key.toString(), value});
     }

@@ -14,16 +14,17 @@
 #pragma once
 
 #include "core/error_boundary.h"
+#include "model/control_rows.h"
 #include "model/module1.h"
 #include "model/pickers.h"
-#include "model/texts.h"
 #include "system/file_type_registration.h"
 
 #include <QDialog>
 
-#include <span>
+#include <array>
 
 class QBoxLayout;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QStackedWidget;
@@ -82,29 +83,19 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// A check box and its key in section "options".
-    struct Option
-    {
-        OptionBox* Form8::*box;
-        QStringView key;
-    };
-    [[nodiscard]] static std::span<const Option> options();
-
     // Building: form8_layout.cpp
     void buildControls();
     void buildPageButtons();
-    void buildBoxes();
     void buildTypeControls();
-    void nameControls();
+    [[nodiscard]] ControlRows controls();
     void layOut();
     [[nodiscard]] QWidget* pageButtons();
-    [[nodiscard]] QWidget* pageOfBoxes(std::initializer_list<OptionBox*> boxes);
+    [[nodiscard]] QWidget* pageOfBoxes(int page);
     [[nodiscard]] QWidget* pageOfTypes();
     [[nodiscard]] QBoxLayout* typeColumn();
     [[nodiscard]] QBoxLayout* iconColumn();
     [[nodiscard]] QBoxLayout* closingButtons();
-    void orderTabs();
-    void applyTexts(TextLanguage language);
+    void showTexts(TextLanguage language);
     void connectHandlers();
 
     // Handlers: form8_options_dialog.cpp
@@ -132,8 +123,34 @@ private:
 
     OptionsServices& m_services;
     FileTypeRegistration m_registration;
+    QLabel* m_listLabel = nullptr; // of List1
+    QLabel* m_boxLabel = nullptr;  // of Text1
     QStackedWidget* m_pages = nullptr;
     int m_page = 0; // the visible one
+};
+
+/// One option: its check box, the box's name, the key in section "options", the page, and whether
+/// it depends on the one before it, below which it then stands a step further in.
+struct OptionRow
+{
+    OptionBox* Form8::*box;
+    QStringView name;
+    QStringView key;
+    int page; // counted from 0
+    bool isDependent = false;
+};
+
+/// In the order in which they stand on their pages.
+inline constexpr std::array kOptionRows = {
+    OptionRow{&Form8::Check1, u"Check1", u"as", 0},
+    OptionRow{&Form8::Check2, u"Check2", u"agnc", 0},
+    OptionRow{&Form8::Check3, u"Check3", u"agnp", 0},
+    OptionRow{&Form8::Check5, u"Check5", u"ar", 0},
+    OptionRow{&Form8::Check4, u"Check4", u"acp", 0},
+    OptionRow{&Form8::Check6, u"Check6", u"si", 1},
+    OptionRow{&Form8::Check7, u"Check7", u"nc", 1},
+    OptionRow{&Form8::Check9, u"Check9", u"ws", 1, true},
+    OptionRow{&Form8::Check8, u"Check8", u"r", 1},
 };
 
 /// Shows the dialog modally in front of a window. Returns whether it was closed by OK.

@@ -8,8 +8,8 @@
 //   Command1  closes the window
 #pragma once
 
+#include "model/control_rows.h"
 #include "model/module1.h"
-#include "model/texts.h"
 
 #include <QWidget>
 
@@ -50,7 +50,7 @@ public:
     [[nodiscard]] Form3* pictureWindow() const { return m_pictureWindow.get(); }
 
 private:
-    void nameControls();
+    [[nodiscard]] ControlRows controls();
     void layOut();
     [[nodiscard]] QBoxLayout* textColumn();
     void connectHandlers();
