@@ -1,7 +1,6 @@
 // The nine boxes and the three pages of the Options dialog.
 
 #include "system/option_pictures.h"
-#include "tests/support/windows_page.h"
 #include "tests/system/options_room.h"
 
 #include <QApplication>
@@ -360,11 +359,6 @@ TEST_F(OptionsBoxes, PicturesFollowTheDesktopsColours)
         EXPECT_LT(lightnessOf(optionPicture(name)), 120) << qPrintable(name);
     }
     QApplication::setPalette(before);
-}
-
-TEST_F(OptionsBoxes, ThePageOfWindowsAgreesWithTheDialog)
-{
-    expectOnWindowsPage(open());
 }
 
 } // namespace orvanta::test
