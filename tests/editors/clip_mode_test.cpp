@@ -250,42 +250,6 @@ TEST_F(ClipMode, AddAllAppendsEveryFileInTheListsOrder)
                                       room(u"a10.avi"_s) + u"{}a10"_s}));
 }
 
-TEST_F(ClipMode, RemoveTakesTheSelectedEntryAndRemoveAllEveryOne)
-{
-    openWith({u"a{}1"_s, u"b{}2"_s, u"c{}3"_s});
-    press(editor->Command5);
-    EXPECT_EQ(entries().size(), 3);
-    clickRow(editor->List1, 1);
-    press(editor->Command5);
-    EXPECT_EQ(entries(), QStringList({u"a{}1"_s, u"c{}3"_s}));
-    press(editor->Command6);
-    EXPECT_EQ(entries(), QStringList());
-}
-
-TEST_F(ClipMode, MovesStopAtTheEnds)
-{
-    openWith({u"a{}1"_s, u"b{}2"_s});
-    clickRow(editor->List1, 0);
-    press(editor->Command9);
-    EXPECT_EQ(entries(), QStringList({u"a{}1"_s, u"b{}2"_s}));
-    press(editor->Command10);
-    EXPECT_EQ(entries(), QStringList({u"b{}2"_s, u"a{}1"_s}));
-    EXPECT_EQ(selected(), 1);
-    press(editor->Command10);
-    EXPECT_EQ(entries(), QStringList({u"b{}2"_s, u"a{}1"_s}));
-}
-
-TEST_F(ClipMode, KeysRemoveAndMoveEntries)
-{
-    openWith({u"a{}1"_s, u"b{}2"_s, u"c{}3"_s});
-    clickRow(editor->List1, 2);
-    QTest::keyClick(editor->List1, Qt::Key_Up, Qt::ControlModifier);
-    EXPECT_EQ(entries(), QStringList({u"a{}1"_s, u"c{}3"_s, u"b{}2"_s}));
-    QTest::keyClick(editor->List1, Qt::Key_Down, Qt::ControlModifier);
-    QTest::keyClick(editor->List1, Qt::Key_Delete);
-    EXPECT_EQ(entries(), QStringList({u"a{}1"_s, u"b{}2"_s}));
-}
-
 TEST_F(ClipMode, SavesExactBytesInBothDecimalMarks)
 {
     for (const QLocale::Language language : {QLocale::English, QLocale::Russian}) {
@@ -313,24 +277,6 @@ TEST_F(ClipMode, SavingReplacesAnOlderFileEntirely)
               QByteArray("[main]\r\nfiles=1\r\n[file1]\r\npath=/a.avi\r\ntext=a\r\n"));
 }
 
-TEST_F(ClipMode, SavingAnEmptyListWritesZeroFiles)
-{
-    open();
-    pickers.saveAnswer = room(u"out.vxl"_s);
-    press(editor->Command4);
-    EXPECT_EQ(bytesOf(room(u"out.vxl"_s)), QByteArray("[main]\r\nfiles=0\r\n"));
-}
-
-TEST_F(ClipMode, ACancelledPickerWritesAndLoadsNothing)
-{
-    openWith({u"a{}1"_s}, 0);
-    press(editor->Command4);
-    press(editor->Command3);
-    EXPECT_EQ(entries(), QStringList({u"a{}1"_s}));
-    EXPECT_EQ(QDir(room()).entryList(QDir::Files), QStringList());
-    EXPECT_EQ(pickers.calls, QStringList({u"save *.vxl"_s, u"open *.vxl"_s}));
-}
-
 TEST_F(ClipMode, LoadsAPacketInPlaceOfTheList)
 {
     pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=/a.avi\ntext=A\n"
@@ -351,18 +297,6 @@ TEST_F(ClipMode, LoadsABrakePacketAsItsOneClip)
     EXPECT_EQ(entries(), QStringList({u"/a.avi{}/a.avi"_s}));
 }
 
-TEST_F(ClipMode, LoadingEndsSilentlyAtABadCount)
-{
-    for (const QByteArray count : {"abc", "-1", "99999", ""}) {
-        pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfiles=" + count + "\n");
-        openWith({u"old{}old"_s});
-        press(editor->Command3);
-        EXPECT_EQ(entries(), QStringList()) << count.constData();
-        EXPECT_EQ(untrapped, QStringList());
-        EXPECT_TRUE(editor->isVisible());
-    }
-}
-
 TEST_F(ClipMode, CountsLargerThanTheSectionsGiveEmptyEntries)
 {
     pickers.openAnswer =
@@ -381,15 +315,6 @@ TEST_F(ClipMode, LoadingAFileThatIsGoneShowsNoMessage)
     EXPECT_EQ(untrapped, QStringList());
 }
 
-TEST_F(ClipMode, CreateWithAnEmptyListClosesWithoutResult)
-{
-    open();
-    press(editor->Command1);
-    EXPECT_FALSE(editor->isVisible());
-    EXPECT_FALSE(module.EditorDone);
-    EXPECT_FALSE(QFile::exists(temporaryPacket()));
-}
-
 TEST_F(ClipMode, CreateWritesTheTemporaryPacketAndCloses)
 {
     openWith({u"/a.avi{}A"_s});
@@ -398,19 +323,6 @@ TEST_F(ClipMode, CreateWritesTheTemporaryPacketAndCloses)
     EXPECT_TRUE(module.EditorDone);
     EXPECT_EQ(bytesOf(temporaryPacket()),
               QByteArray("[main]\r\nfiles=1\r\n[file1]\r\npath=/a.avi\r\ntext=A\r\n"));
-}
-
-TEST_F(ClipMode, CancelWritesNothingAndLeavesEditorDone)
-{
-    openWith({u"/a.avi{}A"_s});
-    press(editor->Command2);
-    EXPECT_FALSE(editor->isVisible());
-    EXPECT_FALSE(module.EditorDone);
-    EXPECT_FALSE(QFile::exists(temporaryPacket()));
-    module.EditorDone = true;
-    openWith({u"/a.avi{}A"_s});
-    press(editor->Command2);
-    EXPECT_TRUE(module.EditorDone);
 }
 
 TEST_F(ClipMode, EscClosesOnlyWhileThereIsNothingToLose)
@@ -429,21 +341,6 @@ TEST_F(ClipMode, EnterInATextBoxClosesNothing)
     QTest::keyClick(editor->Text2, Qt::Key_Return);
     EXPECT_TRUE(editor->isVisible());
     EXPECT_FALSE(QFile::exists(temporaryPacket()));
-}
-
-TEST_F(ClipMode, EveryWayOfClosingStoresTheFolder)
-{
-    QDir(room()).mkdir(u"sub"_s);
-    const auto ways = {+[](Form5& form) { QTest::mouseClick(form.Command2, Qt::LeftButton); },
-                       +[](Form5& form) { QTest::mouseClick(form.Command1, Qt::LeftButton); },
-                       +[](Form5& form) { form.close(); }};
-    for (const auto leave : ways) {
-        set(u"save"_s, u"open"_s, room());
-        open();
-        editor->FolderTreeview1->setFolder(room(u"sub"_s));
-        leave(*editor);
-        EXPECT_EQ(stored(u"save"_s, u"open"_s), room(u"sub"_s));
-    }
 }
 
 TEST_F(ClipMode, TheFoldersOfTheTwoModesAreIndependent)

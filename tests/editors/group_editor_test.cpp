@@ -184,34 +184,6 @@ TEST_F(GroupEditor, APictureThatIsNoneShowsNothing)
     EXPECT_TRUE(editor->Image1->pixmap().isNull());
 }
 
-TEST_F(GroupEditor, RemovesAndMovesLikeThePacketEditor)
-{
-    openWith({u"a"_s, u"b"_s, u"c"_s});
-    press(editor->Command5);
-    EXPECT_EQ(entries().size(), 3);
-    clickRow(editor->List1, 0);
-    press(editor->Command9);
-    EXPECT_EQ(entries(), QStringList({u"a"_s, u"b"_s, u"c"_s}));
-    press(editor->Command10);
-    press(editor->Command10);
-    press(editor->Command10);
-    EXPECT_EQ(entries(), QStringList({u"b"_s, u"c"_s, u"a"_s}));
-    press(editor->Command5);
-    EXPECT_EQ(entries(), QStringList({u"b"_s, u"c"_s}));
-    press(editor->Command6);
-    EXPECT_EQ(entries(), QStringList());
-}
-
-TEST_F(GroupEditor, KeysRemoveAndMoveMembers)
-{
-    openWith({u"a"_s, u"b"_s, u"c"_s});
-    clickRow(editor->List1, 2);
-    QTest::keyClick(editor->List1, Qt::Key_Up, Qt::ControlModifier);
-    EXPECT_EQ(entries(), QStringList({u"a"_s, u"c"_s, u"b"_s}));
-    QTest::keyClick(editor->List1, Qt::Key_Delete);
-    EXPECT_EQ(entries(), QStringList({u"a"_s, u"b"_s}));
-}
-
 TEST_F(GroupEditor, LoadsMembersWithoutTheirPictures)
 {
     pickers.openAnswer =
@@ -279,15 +251,6 @@ TEST_F(GroupEditor, SavesExactBytesInBothDecimalMarks)
     }
 }
 
-TEST_F(GroupEditor, SavingAnEmptyListWritesZeroFiles)
-{
-    open();
-    pickers.saveAnswer = room(u"out.vxg"_s);
-    press(editor->Command4);
-    EXPECT_EQ(bytesOf(room(u"out.vxg"_s)), QByteArray("[main]\r\nfiles=0\r\n"));
-    EXPECT_EQ(pickers.calls, QStringList({u"save *.vxg"_s}));
-}
-
 TEST_F(GroupEditor, SavingReplacesAnOlderGroupEntirely)
 {
     put(u"out.vxg"_s, "[main]\nfiles=7\n[file7]\npath=old\n");
@@ -295,33 +258,6 @@ TEST_F(GroupEditor, SavingReplacesAnOlderGroupEntirely)
     pickers.saveAnswer = room(u"out.vxg"_s);
     press(editor->Command4);
     EXPECT_FALSE(bytesOf(room(u"out.vxg"_s)).contains("old"));
-}
-
-TEST_F(GroupEditor, ACancelledPickerWritesAndLoadsNothing)
-{
-    openWith({u"a"_s});
-    press(editor->Command3);
-    press(editor->Command4);
-    EXPECT_EQ(entries(), QStringList({u"a"_s}));
-    EXPECT_EQ(QDir(room()).entryList(QDir::Files), QStringList());
-}
-
-TEST_F(GroupEditor, LoadingEndsSilentlyAtABadCount)
-{
-    pickers.openAnswer = put(u"in.vxg"_s, "[main]\nfiles=some\n");
-    openWith({u"old"_s});
-    press(editor->Command3);
-    EXPECT_EQ(entries(), QStringList());
-    EXPECT_EQ(untrapped, QStringList());
-}
-
-TEST_F(GroupEditor, CreateWithAnEmptyListClosesWithoutResult)
-{
-    open();
-    press(editor->Command1);
-    EXPECT_FALSE(editor->isVisible());
-    EXPECT_FALSE(module.EditorDone);
-    EXPECT_FALSE(QFile::exists(temporaryGroup()));
 }
 
 TEST_F(GroupEditor, CreateWritesTheTemporaryGroupAndCloses)
@@ -333,23 +269,6 @@ TEST_F(GroupEditor, CreateWritesTheTemporaryGroupAndCloses)
     EXPECT_EQ(bytesOf(temporaryGroup()),
               QByteArray("[main]\r\nfiles=1\r\n"
                          "[file1]\r\npath=/a.vxl\r\ntext=A\r\npicture={No picture}\r\n"));
-}
-
-TEST_F(GroupEditor, CancelWritesNothing)
-{
-    openWith({u"/a.vxl{}A{}{No picture}"_s});
-    press(editor->Command2);
-    EXPECT_FALSE(module.EditorDone);
-    EXPECT_FALSE(QFile::exists(temporaryGroup()));
-}
-
-TEST_F(GroupEditor, ClosingStoresTheFolder)
-{
-    QDir(room()).mkdir(u"sub"_s);
-    open();
-    editor->FolderTreeview1->setFolder(room(u"sub"_s));
-    editor->close();
-    EXPECT_EQ(stored(u"save"_s, u"open"_s), room(u"sub"_s));
 }
 
 } // namespace orvanta::test
