@@ -60,7 +60,8 @@ TEST(Tree, ShowsPacketsAndTheirClips)
          {u"|-- p1"_s, u"|-- p2"_s, u"   |- p2c1"_s}},
     };
     for (const Row& row : rows) {
-        EXPECT_EQ(texts(treeLines(playlist(row.clipCounts))), u"!Orvanta!"_s + row.lines)
+        EXPECT_EQ(texts(treeLines(playlist(row.clipCounts))),
+                  QStringList(u"!Orvanta!"_s) + row.lines)
             << row.rule;
     }
 }
@@ -79,8 +80,8 @@ TEST(PlaceOfLine, IsPacketAndClip)
 {
     // The root, headers with clip 0, clips; outside the list there is none.
     const std::vector<TreeLine> lines = treeLines(playlist({2, 2}));
-    const std::vector<std::pair<int, int>> places = {{0, 0}, {0, 0}, {1, 0}, {1, 1}, {1, 2},
-                                                     {2, 0}, {2, 1}, {2, 2}, {0, 0}};
+    const QList<std::pair<int, int>> places = {{0, 0}, {0, 0}, {1, 0}, {1, 1}, {1, 2},
+                                               {2, 0}, {2, 1}, {2, 2}, {0, 0}};
     for (int line = -1; line < 8; ++line) {
         const TreePlace place = placeOfLine(lines, line);
         EXPECT_EQ(std::pair(place.packet.value(), place.clip.value()), places.at(line + 1)) << line;
@@ -90,7 +91,7 @@ TEST(PlaceOfLine, IsPacketAndClip)
 TEST(HeaderLine, IsTheFirstLineOfAPacketThatIsShown)
 {
     const std::vector<TreeLine> lines = treeLines(playlist({2, 0, 1}));
-    const std::vector<int> headers = {1, 4, 5, -1};
+    const QList<int> headers = {1, 4, 5, -1};
     for (int packet = 1; packet <= 4; ++packet) {
         EXPECT_EQ(headerLine(lines, packet), headers.at(packet - 1)) << packet;
     }
