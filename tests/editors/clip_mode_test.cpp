@@ -24,9 +24,7 @@ protected:
 
 TEST_F(ClipMode, BeginsWithThePacketFrameTheStoredFolderAndTheRegisteredTypes)
 {
-    put(u"a.avi"_s);
-    put(u"b.MP3"_s);
-    put(u"c.txt"_s);
+    putAll({u"a.avi"_s, u"b.MP3"_s, u"c.txt"_s});
     open();
     EXPECT_TRUE(editor->Option1->isChecked());
     EXPECT_TRUE(editor->Frame1->isVisible());
@@ -99,8 +97,7 @@ TEST_F(ClipMode, ArrowKeysSwitchTheMode)
 
 TEST_F(ClipMode, ClickingFilesAddsThemOneAfterTheOther)
 {
-    put(u"a.b.avi"_s);
-    put(u"c.avi"_s);
+    putAll({u"a.b.avi"_s, u"c.avi"_s});
     open();
     clickRow(editor->File1, 0);
     EXPECT_EQ(editor->Text1->text(), room(u"a.b.avi"_s));
@@ -152,8 +149,7 @@ TEST_F(ClipMode, AClickWithControlAddsTheFileLikeAnyOther)
 
 TEST_F(ClipMode, ABlankWithinATypedNameAddsNoFile)
 {
-    put(u"my clip.avi"_s);
-    put(u"my song.avi"_s);
+    putAll({u"my clip.avi"_s, u"my song.avi"_s});
     open();
     QTest::keyClicks(editor->File1, u"my s"_s);
     EXPECT_EQ(entries(), QStringList());
@@ -203,13 +199,10 @@ TEST_F(ClipMode, TheToolTipShowsMarkupAndEntitiesAsTheyAreTyped)
 TEST_F(ClipMode, CreateFindsClipsThatTheLoadedPacketNamesBesideItself)
 {
     put(u"near.avi"_s);
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=near.avi\ntext=A\n"
-                                          "[file2]\npath=gone.avi\ntext=B\n");
     open();
-    press(editor->Command3);
-    pickers.saveAnswer = room(u"out.vxl"_s);
-    press(editor->Command4);
-    EXPECT_TRUE(bytesOf(room(u"out.vxl"_s)).contains("path=near.avi\r\n"));
+    load(editor->Command3, "[main]\nfiles=2\n[file1]\npath=near.avi\ntext=A\n"
+                           "[file2]\npath=gone.avi\ntext=B\n");
+    EXPECT_TRUE(savedBy(editor->Command4).contains("path=near.avi\r\n"));
     press(editor->Command1);
     EXPECT_EQ(bytesOf(temporaryPacket()),
               "[main]\r\nfiles=2\r\n[file1]\r\npath=" + room(u"near.avi"_s).toUtf8() +
@@ -220,9 +213,8 @@ TEST_F(ClipMode, CreateFindsClipsThatTheLoadedPacketNamesBesideItself)
 TEST_F(ClipMode, APacketThatIsSavedInAnotherFolderStillFindsItsClips)
 {
     put(u"near.avi"_s);
-    pickers.openAnswer = put(u"in.vxl"_s, "[main]\nfiles=1\n[file1]\npath=near.avi\ntext=A\n");
     open();
-    press(editor->Command3);
+    load(editor->Command3, "[main]\nfiles=1\n[file1]\npath=near.avi\ntext=A\n");
     pickers.saveAnswer = module.ApplicationFolder + u"/out.vxl"_s;
     press(editor->Command4);
     EXPECT_EQ(bytesOf(pickers.saveAnswer), "[main]\r\nfiles=1\r\n[file1]\r\npath=" +
@@ -242,8 +234,7 @@ TEST_F(ClipMode, PastedLineBreaksBecomeBlanks)
 
 TEST_F(ClipMode, AddAllAppendsEveryFileInTheListsOrder)
 {
-    put(u"a10.avi"_s);
-    put(u"a2.avi"_s);
+    putAll({u"a10.avi"_s, u"a2.avi"_s});
     openWith({u"x{}y"_s});
     press(editor->Command8);
     EXPECT_EQ(entries(), QStringList({u"x{}y"_s, room(u"a2.avi"_s) + u"{}a2"_s,
@@ -255,9 +246,7 @@ TEST_F(ClipMode, SavesExactBytesInBothDecimalMarks)
     for (const QLocale::Language language : {QLocale::English, QLocale::Russian}) {
         const UserLocale locale{QLocale(language)};
         openWith({u"/c/intro.avi{}Введение {} 1"_s, u"/c/{}x.avi{}part"_s, u"no marker"_s});
-        pickers.saveAnswer = room(u"out.vxl"_s);
-        press(editor->Command4);
-        EXPECT_EQ(bytesOf(room(u"out.vxl"_s)),
+        EXPECT_EQ(savedBy(editor->Command4),
                   QByteArray("[main]\r\nfiles=3\r\n"
                              "[file1]\r\npath=/c/intro.avi\r\ntext=Введение {} 1\r\n"
                              "[file2]\r\npath=/c/\r\ntext=x.avi{}part\r\n"
@@ -269,11 +258,9 @@ TEST_F(ClipMode, SavesExactBytesInBothDecimalMarks)
 
 TEST_F(ClipMode, SavingReplacesAnOlderFileEntirely)
 {
-    put(u"out.vxl"_s, "[main]\r\nfiles=1\r\nbrakes=3\r\n[file9]\r\npath=old\r\n");
+    put(u"out"_s, "[main]\r\nfiles=1\r\nbrakes=3\r\n[file9]\r\npath=old\r\n");
     openWith({u"/a.avi{}a"_s});
-    pickers.saveAnswer = room(u"out.vxl"_s);
-    press(editor->Command4);
-    EXPECT_EQ(bytesOf(room(u"out.vxl"_s)),
+    EXPECT_EQ(savedBy(editor->Command4),
               QByteArray("[main]\r\nfiles=1\r\n[file1]\r\npath=/a.avi\r\ntext=a\r\n"));
 }
 
@@ -289,20 +276,16 @@ TEST_F(ClipMode, LoadsAPacketInPlaceOfTheList)
 
 TEST_F(ClipMode, LoadsABrakePacketAsItsOneClip)
 {
-    pickers.openAnswer =
-        put(u"in.vxl"_s, "[main]\nfiles=1\nfile=/a.avi\nbrakes=1\n"
-                         "[file1]\npath=/a.avi\ntext=/a.avi\n[brake1]\ntime=1\ntext=T\n");
     open();
-    press(editor->Command3);
+    load(editor->Command3, "[main]\nfiles=1\nfile=/a.avi\nbrakes=1\n"
+                           "[file1]\npath=/a.avi\ntext=/a.avi\n[brake1]\ntime=1\ntext=T\n");
     EXPECT_EQ(entries(), QStringList({u"/a.avi{}/a.avi"_s}));
 }
 
 TEST_F(ClipMode, CountsLargerThanTheSectionsGiveEmptyEntries)
 {
-    pickers.openAnswer =
-        put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=/a.avi\ntext=A\n[file3]\npath=/c.avi\n");
     open();
-    press(editor->Command3);
+    load(editor->Command3, "[main]\nfiles=2\n[file1]\npath=/a.avi\ntext=A\n[file3]\npath=/c.avi\n");
     EXPECT_EQ(entries(), QStringList({u"/a.avi{}A"_s, u"{}"_s}));
 }
 

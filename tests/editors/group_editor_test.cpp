@@ -23,9 +23,7 @@ protected:
 
 TEST_F(GroupEditor, ListsThePacketsOfTheStoredFolder)
 {
-    put(u"a.vxl"_s);
-    put(u"b.VXL"_s);
-    put(u"c.avi"_s);
+    putAll({u"a.vxl"_s, u"b.VXL"_s, u"c.avi"_s});
     open();
     EXPECT_EQ(editor->File1->names(), QStringList({u"a.vxl"_s, u"b.VXL"_s}));
     EXPECT_EQ(editor->FolderTreeview1->folder(), room());
@@ -198,9 +196,8 @@ TEST_F(GroupEditor, LoadsMembersWithoutTheirPictures)
 TEST_F(GroupEditor, CreateFindsPacketsThatTheLoadedGroupNamesBesideItself)
 {
     put(u"near.vxl"_s);
-    pickers.openAnswer = put(u"in.vxg"_s, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n");
     open();
-    press(editor->Command3);
+    load(editor->Command3, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n");
     press(editor->Command1);
     EXPECT_TRUE(
         bytesOf(temporaryGroup()).contains("\r\npath=" + room(u"near.vxl"_s).toUtf8() + "\r\n"))
@@ -210,9 +207,8 @@ TEST_F(GroupEditor, CreateFindsPacketsThatTheLoadedGroupNamesBesideItself)
 TEST_F(GroupEditor, AGroupThatIsSavedInAnotherFolderStillFindsItsPackets)
 {
     put(u"near.vxl"_s);
-    pickers.openAnswer = put(u"in.vxg"_s, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n");
     open();
-    press(editor->Command3);
+    load(editor->Command3, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n");
     pickers.saveAnswer = module.ApplicationFolder + u"/out.vxg"_s;
     press(editor->Command4);
     EXPECT_TRUE(
@@ -222,14 +218,10 @@ TEST_F(GroupEditor, AGroupThatIsSavedInAnotherFolderStillFindsItsPackets)
 
 TEST_F(GroupEditor, LoadedAndSavedAgainItLosesPicturesAndShiftsTexts)
 {
-    pickers.openAnswer =
-        put(u"in.vxg"_s, "[main]\nfiles=2\n[file1]\npath=/a.vxl\ntext=A\npicture=/p.jpg\n"
-                         "[file2]\npath=/b.vxl\ntext=B\npicture=/q.jpg\n");
     open();
-    press(editor->Command3);
-    pickers.saveAnswer = room(u"out.vxg"_s);
-    press(editor->Command4);
-    EXPECT_EQ(bytesOf(room(u"out.vxg"_s)),
+    load(editor->Command3, "[main]\nfiles=2\n[file1]\npath=/a.vxl\ntext=A\npicture=/p.jpg\n"
+                           "[file2]\npath=/b.vxl\ntext=B\npicture=/q.jpg\n");
+    EXPECT_EQ(savedBy(editor->Command4),
               QByteArray("[main]\r\nfiles=2\r\n"
                          "[file1]\r\npath=/a.vxl\r\ntext=\r\npicture=\r\n"
                          "[file2]\r\npath=/b.vxl\r\ntext=\r\npicture=\r\n"));
@@ -241,9 +233,7 @@ TEST_F(GroupEditor, SavesExactBytesInBothDecimalMarks)
         const UserLocale locale{QLocale(language)};
         openWith({u"/w1.vxl{}Неделя {} 1{}/w1.jpg"_s, u"/w2.vxl{}two"_s,
                   u"/w3.vxl{}three{}{No picture}"_s});
-        pickers.saveAnswer = room(u"out.vxg"_s);
-        press(editor->Command4);
-        EXPECT_EQ(bytesOf(room(u"out.vxg"_s)),
+        EXPECT_EQ(savedBy(editor->Command4),
                   QByteArray("[main]\r\nfiles=3\r\n"
                              "[file1]\r\npath=/w1.vxl\r\ntext=Неделя {} 1\r\npicture=/w1.jpg\r\n"
                              "[file2]\r\npath=/w2.vxl\r\ntext=Неделя {} 1\r\npicture=/w1.jpg\r\n"
@@ -253,11 +243,9 @@ TEST_F(GroupEditor, SavesExactBytesInBothDecimalMarks)
 
 TEST_F(GroupEditor, SavingReplacesAnOlderGroupEntirely)
 {
-    put(u"out.vxg"_s, "[main]\nfiles=7\n[file7]\npath=old\n");
+    put(u"out"_s, "[main]\nfiles=7\n[file7]\npath=old\n");
     openWith({u"/a.vxl{}A{}p"_s});
-    pickers.saveAnswer = room(u"out.vxg"_s);
-    press(editor->Command4);
-    EXPECT_FALSE(bytesOf(room(u"out.vxg"_s)).contains("old"));
+    EXPECT_FALSE(savedBy(editor->Command4).contains("old"));
 }
 
 TEST_F(GroupEditor, CreateWritesTheTemporaryGroupAndCloses)
