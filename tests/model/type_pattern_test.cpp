@@ -8,28 +8,22 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-TEST(TypePattern, JoinsTheTypesInTheirOrder)
+TEST(TypePattern, JoinsTheTypes)
 {
-    const SettingsFolder folder("[types]\nnum=3\nfile0=avi\nfile1=mpg\nfile2=wav\n");
-    EXPECT_EQ(typePattern(folder.ini()), u"*.avi;*.mpg;*.wav");
-}
-
-TEST(TypePattern, HoldsTheFirstTypeAloneWithOneType)
-{
-    const SettingsFolder folder("[types]\nnum=1\nfile0=avi\nfile1=mpg\n");
-    EXPECT_EQ(typePattern(folder.ini()), u"*.avi");
-}
-
-TEST(TypePattern, HoldsTheFirstTypeEvenWithoutTypes)
-{
-    const SettingsFolder folder("[types]\nnum=0\nfile0=avi\n");
-    EXPECT_EQ(typePattern(folder.ini()), u"*.avi");
-}
-
-TEST(TypePattern, AnEmptyTypeIsAStarAndADot)
-{
-    const SettingsFolder folder("[types]\nnum=2\nfile0=avi\nfile1=\n");
-    EXPECT_EQ(typePattern(folder.ini()), u"*.avi;*.");
+    struct Row
+    {
+        const char* rule;
+        QByteArray types;
+        QString pattern;
+    };
+    for (const Row& row :
+         {Row{"in their order", "num=3\nfile0=avi\nfile1=mpg\nfile2=wav\n", u"*.avi;*.mpg;*.wav"_s},
+          Row{"no more than there are", "num=1\nfile0=avi\nfile1=mpg\n", u"*.avi"_s},
+          Row{"the first even without types", "num=0\nfile0=avi\n", u"*.avi"_s},
+          Row{"an empty one as a star and a dot", "num=2\nfile0=avi\nfile1=\n", u"*.avi;*."_s}}) {
+        const SettingsFolder folder("[types]\n" + row.types);
+        EXPECT_EQ(typePattern(folder.ini()), row.pattern) << row.rule;
+    }
 }
 
 TEST(TypePattern, ACountThatIsAbsentOrNoNumberIsATypeMismatch)
