@@ -1,7 +1,6 @@
 #include "model/control_rows.h"
 
 #include <QLabel>
-#include <QMetaObject>
 #include <QVariant>
 #include <QWidget>
 
@@ -14,15 +13,14 @@ void nameControls(const ControlRows& rows)
     }
 }
 
-/// A frame and a menu bear a title, everything else that has a caption a text.
+/// The property that holds the caption.
 static const char* captionOf(const QObject& control)
 {
-    const auto* widget = qobject_cast<const QWidget*>(&control);
-    const bool isMenu = control.inherits("QMenu");
-    if (widget != nullptr && widget->isWindow() && !isMenu) {
-        return "windowTitle";
+    if (control.inherits("QMenu") || control.inherits("QGroupBox")) {
+        return "title";
     }
-    return isMenu || control.inherits("QGroupBox") ? "title" : "text";
+    const auto* widget = qobject_cast<const QWidget*>(&control);
+    return widget != nullptr && widget->isWindow() ? "windowTitle" : "text";
 }
 
 /// what: what follows the control's name in the table of texts.

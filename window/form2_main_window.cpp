@@ -2,16 +2,12 @@
 
 #include "core/ini.h"
 #include "core/numbers.h"
-#include "window/clip_line.h"
-#include "window/file_list.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
-#include "window/skin_button.h"
 #include "window/skin_slider.h"
 #include "window/window_frame.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 
