@@ -21,10 +21,7 @@ EditorWindow::EditorWindow(EditorServices& services, QStringView name, QWidget* 
     : QDialog(parent),
       m_services(services),
       m_texts(name, editorLanguage(services.module))
-{
-    setObjectName(name.toString());
-    setWindowTitle(m_texts(name));
-}
+{}
 
 void EditorWindow::buildListControls(QWidget* frame, EntryListView::Look look)
 {
@@ -34,39 +31,22 @@ void EditorWindow::buildListControls(QWidget* frame, EntryListView::Look look)
     List1 = new EntryListView(std::move(look), frame);
     Text1 = new LineBox(frame);
     Text2 = new LineBox(frame);
-    nameControl(FolderTreeview1, u"FolderTreeview1"_s, m_texts(u"FolderTreeview1.name"));
-    nameControl(File1, u"File1"_s, m_texts(u"File1.name"));
-    nameControl(List1, u"List1"_s, m_texts(u"List1.name"));
-    nameControl(Text1, u"Text1"_s);
-    nameControl(Text2, u"Text2"_s);
 }
 
 void EditorWindow::buildListButtons()
 {
-    Command3 = button(u"Command3");
-    Command4 = button(u"Command4");
-    Command5 = button(u"Command5");
-    Command6 = button(u"Command6");
-    Command8 = button(u"Command8");
-    Command9 = button(u"Command9");
-    Command10 = button(u"Command10");
-    Command2 = button(u"Command2");
-    Command1 = createButton(u"Command1");
+    for (QPushButton** button : {&Command3, &Command4, &Command5, &Command6, &Command8, &Command9,
+                                 &Command10, &Command2}) {
+        *button = captionButton(this);
+    }
+    Command1 = pictureButton(ButtonPicture::Create, this);
 }
 
-QPushButton* EditorWindow::button(QStringView control)
+void EditorWindow::setUpControls()
 {
-    QPushButton* made = captionButton(m_texts(control), this);
-    nameControl(made, control.toString());
-    return made;
-}
-
-QPushButton* EditorWindow::createButton(QStringView control)
-{
-    const QString name = m_texts(QString(control.toString() + u".name"_s));
-    QPushButton* made = pictureButton(ButtonPicture::Create, name, this);
-    nameControl(made, control.toString());
-    return made;
+    nameControls(controls());
+    applyTexts(controls(), m_texts.language());
+    giveRoomAtTheSides(*this);
 }
 
 QBoxLayout* EditorWindow::editRow()
@@ -104,11 +84,9 @@ QBoxLayout* EditorWindow::buttonRow(const std::vector<Place>& left, const Place&
     return row;
 }
 
-void EditorWindow::finishLayout(QSize firstSize, const std::vector<QWidget*>& tabOrder)
+void EditorWindow::finishLayout(QSize firstSize)
 {
-    for (std::size_t i = 1; i < tabOrder.size(); ++i) {
-        setTabOrder(tabOrder[i - 1], tabOrder[i]);
-    }
+    orderTabs(controls());
     setSizeGripEnabled(true);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     resize(firstSizeOn(*screen(), firstSize));

@@ -54,15 +54,16 @@ protected:
     /// list: the folder tree, the file list, the list and its boxes are made inside it.
     void buildListControls(QWidget* frame, EntryListView::Look look);
     void buildListButtons();
-    [[nodiscard]] QPushButton* button(QStringView control);
-    [[nodiscard]] QPushButton* createButton(QStringView control);
+    [[nodiscard]] virtual ControlRows controls() = 0;
+    /// Names and texts. Called when every control is there.
+    void setUpControls();
     /// Add, remove and move, below the list.
     [[nodiscard]] QBoxLayout* editRow();
     /// Buttons that lie over each other: a mode shows one of them.
     using Place = std::vector<QPushButton*>;
     /// These at the left; Cancel and the create buttons at the right.
     [[nodiscard]] QBoxLayout* buttonRow(const std::vector<Place>& left, const Place& create);
-    void finishLayout(QSize firstSize, const std::vector<QWidget*>& tabOrder);
+    void finishLayout(QSize firstSize);
 
     // Handlers
     template <typename Sender, typename Signal, typename Handler>

@@ -4,6 +4,7 @@
 #include "editors/entry_list.h"
 #include "editors/file_list_box.h"
 #include "editors/folder_names.h"
+#include "editors/folder_tree.h"
 
 #include <QBoxLayout>
 #include <QFile>
@@ -21,6 +22,7 @@ Form10::Form10(Module1& module, const HandlerBoundary& boundary, const QString& 
 {
     module.picker.SaveFileName.clear();
     buildNameRow();
+    setUpControls();
     connectHandlers();
     connect(File1, &FileListBox::fileChosen, this,
             this->boundary()([this] { Form10_File1_Click(); }));
@@ -33,10 +35,7 @@ Form10::Form10(Module1& module, const HandlerBoundary& boundary, const QString& 
 void Form10::buildNameRow()
 {
     Text1 = new LineBox(this);
-    Text1->setText(texts()(u"Text1"));
-    nameControl(Text1, u"Text1"_s);
     Label1 = new QLabel(this);
-    nameControl(Label1, u"Label1"_s);
     Label1->setForegroundRole(QPalette::PlaceholderText);
     auto* row = new QHBoxLayout;
     row->addWidget(boxLabel(texts()(u"Text1.label"), Text1));
@@ -44,8 +43,13 @@ void Form10::buildNameRow()
     row->addWidget(new QLabel(pattern().mid(1), this));
     lowerPart()->addLayout(row);
     lowerPart()->addWidget(Label1);
-    setTabOrder(File1, Text1);
-    setTabOrder(Text1, Command2);
+}
+
+ControlRows Form10::controls()
+{
+    return {{this, u"Form10"},       {PathBox, u"PathBox"},  {FolderTreeview1, u"FolderTreeview1"},
+            {File1, u"File1"},       {Text1, u"Text1"},      {Label1, u"Label1"},
+            {Command2, u"Command2"}, {Command1, u"Command1"}};
 }
 
 QString Form10::target() const
@@ -70,7 +74,7 @@ void Form10::showOutlook()
         if (!canBeSaved(target())) {
             outlook = texts()(u"Label1.denied");
         } else if (QFileInfo::exists(target())) {
-            outlook = texts()(u"Label1");
+            outlook = texts()(u"Label1.replaced");
         }
     }
     Label1->setText(outlook);

@@ -24,6 +24,7 @@ public:
     QLabel* Label1 = nullptr; // a quiet line: the file will be replaced, or cannot be saved there
 
 protected:
+    [[nodiscard]] ControlRows controls() override;
     void Command1_Click() override { Form10_Command1_Click(); }
     void Command2_Click() override { Form10_Command2_Click(); }
     void takeTypedName(const QString& name) override;

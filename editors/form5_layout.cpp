@@ -33,15 +33,15 @@ static EntryLook lookOfBrake(const QString& entry)
 
 void Form5::buildControls()
 {
-    Option1 = new QRadioButton(texts()(u"Option1"), this);
-    Option2 = new QRadioButton(texts()(u"Option2"), this);
-    Frame1 = new QGroupBox(texts()(u"Frame1"), this);
-    Frame5 = new QGroupBox(texts()(u"Frame5"), this);
+    Option1 = new QRadioButton(this);
+    Option2 = new QRadioButton(this);
+    Frame1 = new QGroupBox(this);
+    Frame5 = new QGroupBox(this);
     Option1->setChecked(true);
     buildListControls(Frame1, lookOfClip);
     buildBrakeControls();
     buildButtons();
-    nameControls();
+    setUpControls();
 }
 
 void Form5::buildBrakeControls()
@@ -61,31 +61,49 @@ void Form5::buildBrakeControls()
 void Form5::buildButtons()
 {
     buildListButtons();
-    Command15 = button(u"Command15");
-    Command11 = button(u"Command11");
-    Command7 = button(u"Command7");
-    Command16 = button(u"Command16");
-    Command12 = createButton(u"Command12");
+    for (QPushButton** button : {&Command15, &Command11, &Command7, &Command16}) {
+        *button = captionButton(this);
+    }
+    Command12 = pictureButton(ButtonPicture::Create, this);
 }
 
-void Form5::nameControls()
+ControlRows Form5::controls()
 {
-    nameControl(Option1, u"Option1"_s);
-    nameControl(Option2, u"Option2"_s);
-    nameControl(Frame1, u"Frame1"_s);
-    nameControl(Frame5, u"Frame5"_s);
-    nameControl(FolderTreeview2, u"FolderTreeview2"_s, texts()(u"FolderTreeview1.name"));
-    nameControl(File2, u"File2"_s, texts()(u"File1.name"));
-    nameControl(Text3, u"Text3"_s);
-    nameControl(ActiveMovie1, u"ActiveMovie1"_s, texts()(u"ActiveMovie1.name"));
-    nameControl(Slider1, u"Slider1"_s, texts()(u"Slider1.name"));
-    nameControl(Label1, u"Label1"_s);
-    nameControl(Label2, u"Label2"_s);
-    // A label's own text is what is read out; the tool tip describes it.
-    Label1->setToolTip(texts()(u"Slider1.name"));
-    Label2->setToolTip(texts()(u"Label2.name"));
-    nameControl(List2, u"List2"_s, texts()(u"List2.name"));
-    nameControl(Text4, u"Text4"_s);
+    return {
+        {this, u"Form5"},
+        {Option1, u"Option1"},
+        {Option2, u"Option2"},
+        {Frame1, u"Frame1"},
+        {FolderTreeview1, u"FolderTreeview1"},
+        {File1, u"File1"},
+        {List1, u"List1"},
+        {Command8, u"Command8"},
+        {Command5, u"Command5"},
+        {Command6, u"Command6"},
+        {Command9, u"Command9"},
+        {Command10, u"Command10"},
+        {Text1, u"Text1"},
+        {Text2, u"Text2"},
+        {Frame5, u"Frame5"},
+        {FolderTreeview2, u"FolderTreeview2"},
+        {File2, u"File2"},
+        {Text3, u"Text3"},
+        {ActiveMovie1, u"ActiveMovie1"},
+        {Label1, u"Label1"},
+        {Slider1, u"Slider1"},
+        {Label2, u"Label2"},
+        {List2, u"List2"},
+        {Text4, u"Text4"},
+        {Command15, u"Command15"},
+        {Command11, u"Command11"},
+        {Command3, u"Command3"},
+        {Command7, u"Command7"},
+        {Command4, u"Command4"},
+        {Command16, u"Command16"},
+        {Command2, u"Command2"},
+        {Command1, u"Command1"},
+        {Command12, u"Command12"},
+    };
 }
 
 void Form5::layOut()
@@ -104,7 +122,7 @@ void Form5::layOut()
     all->addLayout(modes);
     all->addLayout(frames, 1);
     all->addLayout(buttonRow({{Command3, Command7}, {Command4, Command16}}, {Command1, Command12}));
-    finishLayout({980, 640}, tabOrder());
+    finishLayout({980, 640});
 }
 
 static void layOutSideBySide(QGroupBox* frame, QWidget* chooser, QWidget* part)
@@ -193,14 +211,6 @@ QWidget* Form5::brakeListPart()
     layout->addWidget(List2, 1);
     layout->addLayout(edits);
     return part;
-}
-
-std::vector<QWidget*> Form5::tabOrder() const
-{
-    return {Option1,  Option2,  FolderTreeview1, File1,    List1,     Command8,        Command5,
-            Command6, Command9, Command10,       Text1,    Text2,     FolderTreeview2, File2,
-            Text3,    Slider1,  List2,           Text4,    Command15, Command11,       Command3,
-            Command7, Command4, Command16,       Command2, Command1,  Command12};
 }
 
 } // namespace orvanta

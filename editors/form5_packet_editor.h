@@ -64,6 +64,7 @@ public:
     [[nodiscard]] bool hasPausedPlayer() const { return m_hasPausedPlayer; }
 
 protected:
+    [[nodiscard]] ControlRows controls() override;
     [[nodiscard]] bool isEmpty() const override;
 
 private:
@@ -71,14 +72,12 @@ private:
     void buildControls();
     void buildBrakeControls();
     void buildButtons();
-    void nameControls();
     void layOut();
     void layOutClipMode();
     void layOutBrakeMode();
     [[nodiscard]] QWidget* clipListPart();
     [[nodiscard]] QWidget* previewPart();
     [[nodiscard]] QWidget* brakeListPart();
-    [[nodiscard]] std::vector<QWidget*> tabOrder() const;
 
     // Loading and closing: form5_packet_editor.cpp
     void connectHandlers();

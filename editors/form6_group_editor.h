@@ -30,13 +30,15 @@ public:
     QPushButton* Command7 = nullptr; // chooses a picture
     QLabel* Image1 = nullptr;        // the picture, small
 
+protected:
+    [[nodiscard]] ControlRows controls() override;
+
 private:
     // Building: form6_layout.cpp
     void buildControls();
     void layOut();
     [[nodiscard]] QWidget* memberPart();
     [[nodiscard]] QGridLayout* fieldRows();
-    [[nodiscard]] std::vector<QWidget*> tabOrder() const;
 
     // Handlers: form6_group_editor.cpp
     void connectHandlers();

@@ -9,8 +9,6 @@
 #include <QPushButton>
 #include <QSplitter>
 
-#include <vector>
-
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -33,11 +31,24 @@ void Form6::buildControls()
     Image1->setFrameShape(QFrame::StyledPanel);
     Image1->setAlignment(Qt::AlignCenter);
     buildListButtons();
-    Command7 = button(u"Command7");
-    Command7->setToolTip(texts()(u"Command7.name"));
-    nameControl(Command7, u"Command7"_s, texts()(u"Command7.name"));
-    nameControl(Text3, u"Text3"_s);
-    nameControl(Image1, u"Image1"_s, texts()(u"Text3.label"));
+    Command7 = captionButton(this);
+    setUpControls();
+    Image1->setAccessibleName(texts()(u"Text3.label"));
+}
+
+ControlRows Form6::controls()
+{
+    return {
+        {this, u"Form6"},          {FolderTreeview1, u"FolderTreeview1"},
+        {File1, u"File1"},         {List1, u"List1"},
+        {Command8, u"Command8"},   {Command5, u"Command5"},
+        {Command6, u"Command6"},   {Command9, u"Command9"},
+        {Command10, u"Command10"}, {Text1, u"Text1"},
+        {Text2, u"Text2"},         {Text3, u"Text3"},
+        {Image1, u"Image1"},       {Command7, u"Command7"},
+        {Command3, u"Command3"},   {Command4, u"Command4"},
+        {Command2, u"Command2"},   {Command1, u"Command1"},
+    };
 }
 
 void Form6::layOut()
@@ -51,7 +62,7 @@ void Form6::layOut()
     auto* all = new QVBoxLayout(this);
     all->addWidget(parts, 1);
     all->addLayout(buttonRow({{Command3}, {Command4}}, {Command1}));
-    finishLayout({920, 600}, tabOrder());
+    finishLayout({920, 600});
 }
 
 QWidget* Form6::memberPart()
@@ -80,12 +91,6 @@ QGridLayout* Form6::fieldRows()
     fields->addWidget(Text3, 2, 1);
     fields->addWidget(Command7, 2, 2);
     return fields;
-}
-
-std::vector<QWidget*> Form6::tabOrder() const
-{
-    return {FolderTreeview1, File1, List1, Command8, Command5, Command6, Command9, Command10,
-            Text1,           Text2, Text3, Command7, Command3, Command4, Command2, Command1};
 }
 
 } // namespace orvanta

@@ -2,6 +2,7 @@
 
 #include "editors/file_list_box.h"
 #include "editors/folder_names.h"
+#include "editors/folder_tree.h"
 
 #include <QPushButton>
 
@@ -14,8 +15,15 @@ Form7::Form7(Module1& module, const HandlerBoundary& boundary, const QString& pa
     // With one file allowed, a drag over the list must not select more than the current one.
     File1->setSelectionMode(severalFiles ? QAbstractItemView::ExtendedSelection
                                          : QAbstractItemView::SingleSelection);
+    setUpControls();
     connectHandlers();
     showStoredFolder();
+}
+
+ControlRows Form7::controls()
+{
+    return {{this, u"Form7"},  {PathBox, u"PathBox"},   {FolderTreeview1, u"FolderTreeview1"},
+            {File1, u"File1"}, {Command1, u"Command1"}, {Command2, u"Command2"}};
 }
 
 void Form7::Form7_Command1_Click()

@@ -20,6 +20,7 @@ public:
           bool severalFiles, QWidget* parent = nullptr);
 
 protected:
+    [[nodiscard]] ControlRows controls() override;
     void Command1_Click() override { Form7_Command1_Click(); }
     void Command2_Click() override { Form7_Command2_Click(); }
     /// A file that is listed is chosen, as by a double click.

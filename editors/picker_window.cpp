@@ -27,13 +27,10 @@ PickerWindow::PickerWindow(Module1& module, HandlerBoundary boundary, QStringVie
       m_texts(name, module.settings().textLanguage(TextLanguage::Russian)),
       m_pattern(pattern)
 {
-    setObjectName(name.toString());
-    setWindowTitle(m_texts(name));
     setModal(true);
     setSizeGripEnabled(true);
     buildControls();
     layOut();
-    applyTexts();
 }
 
 void PickerWindow::buildControls()
@@ -43,15 +40,10 @@ void PickerWindow::buildControls()
     FolderTreeview1 = new FolderTree(m_texts.language(), this);
     File1 = new FileListBox(this);
     File1->setPattern(m_pattern);
-    Command1 = pictureButton(ButtonPicture::Ok, m_texts(u"Command1.name"), this);
+    Command1 = pictureButton(ButtonPicture::Ok, this);
     Command1->setDefault(true);
-    Command2 = captionButton(m_texts(u"Command2"), this);
+    Command2 = captionButton(this);
     Command2->setAutoDefault(true); // Enter on it is Cancel
-    nameControl(PathBox, u"PathBox"_s);
-    nameControl(FolderTreeview1, u"FolderTreeview1"_s, m_texts(u"FolderTreeview1"));
-    nameControl(File1, u"File1"_s, m_texts(u"File1"));
-    nameControl(Command1, u"Command1"_s);
-    nameControl(Command2, u"Command2"_s);
 }
 
 void PickerWindow::layOut()
@@ -79,10 +71,12 @@ void PickerWindow::layOut()
     resize(firstSizeOn(*screen(), {720, 480}));
 }
 
-void PickerWindow::applyTexts()
+void PickerWindow::setUpControls()
 {
-    FolderTreeview1->setToolTip(m_texts(u"FolderTreeview1"));
-    File1->setToolTip(m_texts(u"File1"));
+    nameControls(controls());
+    applyTexts(controls(), m_texts.language());
+    giveRoomAtTheSides(*this);
+    orderTabs(controls());
 }
 
 void PickerWindow::connectHandlers()

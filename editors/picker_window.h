@@ -39,6 +39,9 @@ protected:
     void showStoredFolder();
     /// Stores the folder as the last one used.
     void storeFolder();
+    [[nodiscard]] virtual ControlRows controls() = 0;
+    /// Names, texts and the order of Tab. Called when every control is there.
+    void setUpControls();
     void connectHandlers();
     /// Everything below the lists, above the buttons.
     [[nodiscard]] QVBoxLayout* lowerPart() const { return m_lowerPart; }
@@ -60,7 +63,6 @@ protected:
 private:
     void buildControls();
     void layOut();
-    void applyTexts();
     void FolderTreeview1_FolderClick(const QString& folder);
     void showPath(const QString& folder);
     void pressOk();

@@ -109,24 +109,30 @@ QIcon buttonPicture(ButtonPicture picture)
     return QIcon(new PictureEngine(picture));
 }
 
-QPushButton* captionButton(const QString& caption, QWidget* parent)
+QPushButton* captionButton(QWidget* parent)
 {
-    constexpr int kRoomAtTheSides = 16; // some styles leave next to none
-    auto* button = new QPushButton(caption, parent);
-    button->setMinimumWidth(button->sizeHint().width() + kRoomAtTheSides);
+    auto* button = new QPushButton(parent);
     button->setAutoDefault(false);
     return button;
 }
 
-QPushButton* pictureButton(ButtonPicture picture, const QString& name, QWidget* parent)
+QPushButton* pictureButton(ButtonPicture picture, QWidget* parent)
 {
-    QPushButton* button = captionButton({}, parent);
+    QPushButton* button = captionButton(parent);
     button->setIcon(buttonPicture(picture));
     button->setIconSize({20, 20});
     button->setMinimumWidth(64);
-    button->setToolTip(name);
-    button->setAccessibleName(name);
     return button;
+}
+
+void giveRoomAtTheSides(QWidget& window)
+{
+    constexpr int kRoomAtTheSides = 16; // some styles leave next to none
+    for (QPushButton* button : window.findChildren<QPushButton*>()) {
+        if (button->icon().isNull()) {
+            button->setMinimumWidth(button->sizeHint().width() + kRoomAtTheSides);
+        }
+    }
 }
 
 QLabel* boxLabel(const QString& caption, QWidget* box)
@@ -143,14 +149,6 @@ QSplitter* chooserOf(QWidget* tree, QWidget* files)
     splitter->addWidget(files);
     splitter->setChildrenCollapsible(false);
     return splitter;
-}
-
-void nameControl(QWidget* control, const QString& objectName, const QString& accessibleName)
-{
-    control->setObjectName(objectName);
-    if (!accessibleName.isEmpty()) {
-        control->setAccessibleName(accessibleName);
-    }
 }
 
 } // namespace orvanta

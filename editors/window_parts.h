@@ -2,7 +2,7 @@
 #pragma once
 
 #include "model/module1.h"
-#include "model/texts.h"
+#include "playback/control_rows.h"
 
 #include <QIcon>
 #include <QLineEdit>
@@ -68,18 +68,15 @@ enum class ButtonPicture
 [[nodiscard]] QIcon buttonPicture(ButtonPicture picture);
 
 /// Buttons never become the default by themselves: Enter in a text box must not close an editor.
-[[nodiscard]] QPushButton* captionButton(const QString& caption, QWidget* parent);
-/// name: tool tip and accessible name.
-[[nodiscard]] QPushButton* pictureButton(ButtonPicture picture, const QString& name,
-                                         QWidget* parent);
+[[nodiscard]] QPushButton* captionButton(QWidget* parent);
+[[nodiscard]] QPushButton* pictureButton(ButtonPicture picture, QWidget* parent);
+/// Widens the buttons with captions. Called when they have them.
+void giveRoomAtTheSides(QWidget& window);
 
 /// A caption above or beside a box, which it names for assistive technology.
 [[nodiscard]] QLabel* boxLabel(const QString& caption, QWidget* box);
 
 /// A folder tree with its file list below it.
 [[nodiscard]] QSplitter* chooserOf(QWidget* tree, QWidget* files);
-
-/// Sets a widget's object name, and its accessible name when that is not empty.
-void nameControl(QWidget* control, const QString& objectName, const QString& accessibleName = {});
 
 } // namespace orvanta

@@ -25,8 +25,8 @@ constexpr QStringView kHelp =
     u"Settings are kept in orvanta.ini in $ORVANTA_HOME, beside the program when it lies\n"
     u"there, or in ~/.local/share/orvanta.\n";
 
-// A window's own caption stands under the window's name. "X.name" is what assistive technology
-// calls a control that has no tool tip.
+// A window's own caption stands under the window's name; playback/control_rows.h says what "X.tip"
+// and "X.name" are. "X.label" is the caption beside X; others are asked for by the window itself.
 constexpr std::array kTexts{
     InterfaceText{u"CommandLine", u"--help", kHelp, kHelp},
 
@@ -34,23 +34,23 @@ constexpr std::array kTexts{
 
     // The single-instance search of older launchers goes by this caption: the same in both.
     InterfaceText{u"Form2", u"Form2", u"!Orvanta!", u"!Orvanta!"},
-    InterfaceText{u"Form2", u"Image8", u"Open clip...", u"Открыть клип..."},
-    InterfaceText{u"Form2", u"Image14", u"Open file...", u"Открыть файл..."},
-    InterfaceText{u"Form2", u"Image9", u"New...", u"Новый..."},
-    InterfaceText{u"Form2", u"Image10", u"Tools...", u"Инструменты..."},
-    InterfaceText{u"Form2", u"Image11", u"Help...", u"Помощь..."},
-    InterfaceText{u"Form2", u"Image12", u"Minimize button", u"Кнопка свернуть"},
-    InterfaceText{u"Form2", u"Image13", u"Close button", u"Кнопка закрыть"},
-    InterfaceText{u"Form2", u"Image2", u"Find", u"Поиск"},
-    InterfaceText{u"Form2", u"Text1", u"Find text", u"Искать текст"},
-    InterfaceText{u"Form2", u"Text2", u"Current clip", u"Текущий клип"},
+    InterfaceText{u"Form2", u"Image8.tip", u"Open clip...", u"Открыть клип..."},
+    InterfaceText{u"Form2", u"Image14.tip", u"Open file...", u"Открыть файл..."},
+    InterfaceText{u"Form2", u"Image9.tip", u"New...", u"Новый..."},
+    InterfaceText{u"Form2", u"Image10.tip", u"Tools...", u"Инструменты..."},
+    InterfaceText{u"Form2", u"Image11.tip", u"Help...", u"Помощь..."},
+    InterfaceText{u"Form2", u"Image12.tip", u"Minimize button", u"Кнопка свернуть"},
+    InterfaceText{u"Form2", u"Image13.tip", u"Close button", u"Кнопка закрыть"},
+    InterfaceText{u"Form2", u"Image2.tip", u"Find", u"Поиск"},
+    InterfaceText{u"Form2", u"Text1.tip", u"Find text", u"Искать текст"},
+    InterfaceText{u"Form2", u"Text2.tip", u"Current clip", u"Текущий клип"},
     // Not translated on purpose: the pointer replaces it by the line's text anyway.
-    InterfaceText{u"Form2", u"List1", u"Playlist", u"Playlist"},
+    InterfaceText{u"Form2", u"List1.tip", u"Playlist", u"Playlist"},
     InterfaceText{u"Form2", u"List1.packet", u"Packet", u"Пакет"},
-    InterfaceText{u"Form2", u"Label1", u"Current time", u"Текущее время"},
-    InterfaceText{u"Form2", u"Label2", u"Length of clip", u"Длина клипа"},
-    InterfaceText{u"Form2", u"Slider2", u"Volume", u"Громкость"},
-    InterfaceText{u"Form2", u"Slider3", u"Balance", u"Баланс"},
+    InterfaceText{u"Form2", u"Label1.tip", u"Current time", u"Текущее время"},
+    InterfaceText{u"Form2", u"Label2.tip", u"Length of clip", u"Длина клипа"},
+    InterfaceText{u"Form2", u"Slider2.tip", u"Volume", u"Громкость"},
+    InterfaceText{u"Form2", u"Slider3.tip", u"Balance", u"Баланс"},
     InterfaceText{u"Form2", u"Image5.name", u"Play", u"Воспроизвести"},
     InterfaceText{u"Form2", u"Image3.name", u"Pause", u"Пауза"},
     InterfaceText{u"Form2", u"Image4.name", u"Stop", u"Стоп"},
@@ -83,9 +83,9 @@ constexpr std::array kTexts{
     InterfaceText{u"Form12", u"IconTray1.tip", u"!orvanta! %1", u"!orvanta! %1"}, // the version
 
     InterfaceText{u"Form7", u"Form7", u"!Orvanta!", u"!Orvanta!"},
-    InterfaceText{u"Form7", u"FolderTreeview1", u"Select folder", u"Выберите папку"},
-    InterfaceText{u"Form7", u"File1", u"Select file", u"Выберите файл"},
-    InterfaceText{u"Form7", u"Command1.name", u"OK", u"ОК"},
+    InterfaceText{u"Form7", u"FolderTreeview1.tip", u"Select folder", u"Выберите папку"},
+    InterfaceText{u"Form7", u"File1.tip", u"Select file", u"Выберите файл"},
+    InterfaceText{u"Form7", u"Command1.tip", u"OK", u"ОК"},
     InterfaceText{u"Form7", u"Command2", u"Cancel", u"Отмена"},
     InterfaceText{u"Form7", u"PathBox.label", u"Path:", u"Путь:"},
     // The misspelling is an old friend of the users. Label1: version, player library, FFmpeg, Qt.
@@ -116,18 +116,18 @@ constexpr std::array kTexts{
     InterfaceText{u"Form9", u"Label7", u"Published in magazine:",
                   u"Напечатано в справочнике «Шаг за шагом»:"},
     InterfaceText{u"Form9", u"Text1.file", u"help_eng.htm", u"help_rus.htm"},
-    InterfaceText{u"Form9", u"Image1.name", u"Show the picture enlarged", u"Увеличить картинку"},
+    InterfaceText{u"Form9", u"Image1.tip", u"Show the picture enlarged", u"Увеличить картинку"},
     InterfaceText{u"Form9", u"Command1", u"Ok", u"Ok"},
 
     InterfaceText{u"Form10", u"Form10", u"!Orvanta!", u"!Orvanta!"},
-    InterfaceText{u"Form10", u"FolderTreeview1", u"Select folder", u"Выберите папку"},
-    InterfaceText{u"Form10", u"File1", u"Select file", u"Выберите файл"},
-    InterfaceText{u"Form10", u"Command1.name", u"OK", u"ОК"},
+    InterfaceText{u"Form10", u"FolderTreeview1.tip", u"Select folder", u"Выберите папку"},
+    InterfaceText{u"Form10", u"File1.tip", u"Select file", u"Выберите файл"},
+    InterfaceText{u"Form10", u"Command1.tip", u"OK", u"ОК"},
     InterfaceText{u"Form10", u"Command2", u"Cancel", u"Отмена"},
     InterfaceText{u"Form10", u"PathBox.label", u"Path:", u"Путь:"},
     InterfaceText{u"Form10", u"Text1", u"no name", u"no name"},
     InterfaceText{u"Form10", u"Text1.label", u"Name:", u"Имя:"},
-    InterfaceText{u"Form10", u"Label1", u"This file exists and will be replaced.",
+    InterfaceText{u"Form10", u"Label1.replaced", u"This file exists and will be replaced.",
                   u"Этот файл уже есть и будет заменён."},
     InterfaceText{u"Form10", u"Label1.denied", u"Nothing can be saved here under this name.",
                   u"Под этим именем сюда сохранить нельзя."},
@@ -186,10 +186,12 @@ constexpr std::array kTexts{
     InterfaceText{u"Form5", u"Command7", u"Load brake", u"Загрузить"},
     InterfaceText{u"Form5", u"Command16", u"Save brake", u"Сохранить"},
     InterfaceText{u"Form5", u"Command2", u"Cancel", u"Отмена"},
-    InterfaceText{u"Form5", u"Command1.name", u"Create and open", u"Создать и открыть"},
-    InterfaceText{u"Form5", u"Command12.name", u"Create and open", u"Создать и открыть"},
+    InterfaceText{u"Form5", u"Command1.tip", u"Create and open", u"Создать и открыть"},
+    InterfaceText{u"Form5", u"Command12.tip", u"Create and open", u"Создать и открыть"},
     InterfaceText{u"Form5", u"FolderTreeview1.name", u"Folders", u"Папки"},
     InterfaceText{u"Form5", u"File1.name", u"Files of the folder", u"Файлы папки"},
+    InterfaceText{u"Form5", u"FolderTreeview2.name", u"Folders", u"Папки"},
+    InterfaceText{u"Form5", u"File2.name", u"Files of the folder", u"Файлы папки"},
     InterfaceText{u"Form5", u"List1.name", u"Clips of the packet", u"Клипы пакета"},
     InterfaceText{u"Form5", u"Text1.label", u"Clip:", u"Клип:"},
     InterfaceText{u"Form5", u"Text2.label", u"Text:", u"Текст:"},
@@ -197,7 +199,8 @@ constexpr std::array kTexts{
     InterfaceText{u"Form5", u"Text4.label", u"Text:", u"Текст:"},
     InterfaceText{u"Form5", u"ActiveMovie1.name", u"Preview", u"Просмотр"},
     InterfaceText{u"Form5", u"Slider1.name", u"Position", u"Позиция"},
-    InterfaceText{u"Form5", u"Label2.name", u"Length of clip", u"Длина клипа"},
+    InterfaceText{u"Form5", u"Label1.tip", u"Position", u"Позиция"},
+    InterfaceText{u"Form5", u"Label2.tip", u"Length of clip", u"Длина клипа"},
     InterfaceText{u"Form5", u"List2.name", u"Brakes of the clip", u"Разбивка клипа"},
 
     InterfaceText{u"Form6", u"Form6", u"Create group", u"Создать группу"},
@@ -210,8 +213,8 @@ constexpr std::array kTexts{
     InterfaceText{u"Form6", u"Command9", u"Move up", u"Вверх"},
     InterfaceText{u"Form6", u"Command10", u"Move down", u"Вниз"},
     InterfaceText{u"Form6", u"Command2", u"Cancel", u"Отмена"},
-    InterfaceText{u"Form6", u"Command1.name", u"Create and open", u"Создать и открыть"},
-    InterfaceText{u"Form6", u"Command7.name", u"Choose a picture", u"Выбрать картинку"},
+    InterfaceText{u"Form6", u"Command1.tip", u"Create and open", u"Создать и открыть"},
+    InterfaceText{u"Form6", u"Command7.tip", u"Choose a picture", u"Выбрать картинку"},
     InterfaceText{u"Form6", u"FolderTreeview1.name", u"Folders", u"Папки"},
     InterfaceText{u"Form6", u"File1.name", u"Packets of the folder", u"Пакеты папки"},
     InterfaceText{u"Form6", u"List1.name", u"Packets of the group", u"Пакеты группы"},
@@ -245,7 +248,7 @@ QString interfaceText(QStringView window, QStringView control, TextLanguage lang
     if (row == kTexts.end()) {
         return {};
     }
-    return (language == TextLanguage::English ? row->english : row->russian).toString();
+    return row->in(language);
 }
 
 } // namespace orvanta

@@ -20,6 +20,11 @@ struct InterfaceText
     QStringView control;
     QStringView english;
     QStringView russian;
+
+    [[nodiscard]] QString in(TextLanguage language) const
+    {
+        return (language == TextLanguage::English ? english : russian).toString();
+    }
 };
 
 /// The whole table, for tests.

@@ -2,6 +2,7 @@
 
 #include "core/numbers.h"
 #include "platform/screen/pointer_nudge.h"
+#include "playback/control_rows.h"
 #include "playback/still_picture.h"
 
 #include <QCloseEvent>
@@ -47,19 +48,19 @@ Form13::~Form13() = default;
 
 void Form13::buildControls()
 {
-    setObjectName(u"Form13"_s);
     setWindowTitle(u"Orvanta"_s);
     setAttribute(Qt::WA_ShowWithoutActivating);
     paintBlack(*this);
     ActiveMovie1 = new VideoSurface(m_control.picture(), this);
-    ActiveMovie1->setObjectName(u"ActiveMovie1"_s);
     Image1 = new QLabel(this);
-    Image1->setObjectName(u"Image1"_s);
     Image1->setAlignment(Qt::AlignCenter);
     Image1->hide();
-    Timer1.setObjectName(u"Timer1"_s);
     Timer1.setInterval(kNudgeMilliseconds);
     m_size = kSizeWithoutPicture + kFrame;
+    nameControls({{this, u"Form13"},
+                  {ActiveMovie1, u"ActiveMovie1"},
+                  {Image1, u"Image1"},
+                  {&Timer1, u"Timer1"}});
 }
 
 void Form13::connectHandlers()

@@ -29,8 +29,7 @@ struct Form13Services
     std::function<void(bool)> keepAwake;           // a clip begins to run, or no longer does
     std::function<bool(CommonKey)> pressPlayerKey; // keys not its own; says whether it served one
     VideoWindowKeys::Seek seek;
-    std::function<QWidget*()>
-        mainWindow; // beside which it opens; null: none, then it opens at the top left
+    std::function<QWidget*()> mainWindow; // beside which it opens; null: at the top left
 };
 
 /// Its logical place (Left, Width, Height in twips) follows the program; the native window is

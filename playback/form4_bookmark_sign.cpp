@@ -1,5 +1,7 @@
 #include "playback/form4_bookmark_sign.h"
 
+#include "playback/control_rows.h"
+
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
@@ -8,8 +10,6 @@
 namespace orvanta {
 
 namespace {
-
-using namespace Qt::StringLiterals;
 
 constexpr int kSide = 32; // pixels
 constexpr int kShownMilliseconds = 1000;
@@ -34,13 +34,12 @@ Form4::Form4(QWidget* parent)
     : QWidget(parent, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                           Qt::WindowDoesNotAcceptFocus | Qt::WindowTransparentForInput)
 {
-    setObjectName(u"Form4"_s);
+    nameControls({{this, u"Form4"}, {&Timer1, u"Timer1"}});
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_DeleteOnClose);
     setFocusPolicy(Qt::NoFocus);
     setFixedSize(kSide, kSide);
     move(QGuiApplication::primaryScreen()->geometry().topLeft());
-    Timer1.setObjectName(u"Timer1"_s);
     Timer1.setInterval(kShownMilliseconds);
     connect(&Timer1, &QTimer::timeout, this, [this] { Form4_Timer1_Timer(); });
 }

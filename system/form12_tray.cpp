@@ -11,9 +11,9 @@ using namespace Qt::StringLiterals;
 Form12::Form12(Module1& module)
     : m_module(module)
 {
-    setObjectName(u"Form12"_s);
     buildMenu();
-    applyTexts();
+    nameControls(controls());
+    applyTexts(controls(), m_module.settings().textLanguage(TextLanguage::English));
     connectHandlers();
     IconTray1.setIcon(drawnIcon(u":/orvanta/tray.svg"_s));
     IconTray1.setToolTip(
@@ -29,29 +29,29 @@ Form12::~Form12()
 
 void Form12::buildMenu()
 {
-    const auto add = [this](const QString& name) {
-        QAction* action = tray.addAction(QString());
-        action->setObjectName(name);
-        return action;
-    };
-    tray.setObjectName(u"tray"_s);
-    IconTray1.setObjectName(u"IconTray1"_s);
-    st = add(u"st"_s);
-    pa = add(u"pa"_s);
-    pl = add(u"pl"_s);
+    st = tray.addAction(QString());
+    pa = tray.addAction(QString());
+    pl = tray.addAction(QString());
     tray.addSeparator()->setObjectName(u"l1"_s);
-    nex = add(u"nex"_s);
-    pr = add(u"pr"_s);
+    nex = tray.addAction(QString());
+    pr = tray.addAction(QString());
     tray.addSeparator()->setObjectName(u"l2"_s);
-    closeapp = add(u"closeapp"_s);
+    closeapp = tray.addAction(QString());
 }
 
-void Form12::applyTexts()
+ControlRows Form12::controls()
 {
-    const TextLanguage language = m_module.settings().textLanguage(TextLanguage::English);
-    for (QAction* action : {st, pa, pl, nex, pr, closeapp}) {
-        action->setText(interfaceText(u"Form12", action->objectName(), language));
-    }
+    return {
+        {this, u"Form12"},
+        {&IconTray1, u"IconTray1"},
+        {&tray, u"tray"},
+        {st, u"st"},
+        {pa, u"pa"},
+        {pl, u"pl"},
+        {nex, u"nex"},
+        {pr, u"pr"},
+        {closeapp, u"closeapp"},
+    };
 }
 
 void Form12::connectHandlers()

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "model/module1.h"
+#include "playback/control_rows.h"
 
 #include <QAction>
 #include <QMenu>
@@ -34,8 +35,8 @@ public:
     QAction* closeapp;         // Exit
 
 private:
+    [[nodiscard]] ControlRows controls();
     void buildMenu();
-    void applyTexts();
     void connectHandlers();
     void Form12_IconTray1_event9(QSystemTrayIcon::ActivationReason reason);
     void Form12_st_Click();

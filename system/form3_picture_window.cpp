@@ -1,13 +1,12 @@
 #include "system/form3_picture_window.h"
 
+#include "playback/control_rows.h"
 #include "system/drawn_picture.h"
 
 #include <QShortcut>
 #include <QVBoxLayout>
 
 namespace orvanta {
-
-using namespace Qt::StringLiterals;
 
 // Twips: how much larger than its picture the window is, both ways.
 static constexpr int kMargin = 100;
@@ -22,8 +21,7 @@ Form3::Form3(const QString& title, QWidget* parent)
     : QWidget(parent, Qt::Window),
       Image1(new DrawnPicture(this))
 {
-    setObjectName(u"Form3"_s);
-    Image1->setObjectName(u"Image1"_s);
+    nameControls({{this, u"Form3"}, {Image1, u"Image1"}});
     setTitle(title);
     auto* only = new QVBoxLayout(this);
     only->setContentsMargins(0, 0, 0, 0);

@@ -26,7 +26,9 @@ constexpr QSize kLeastSize(560, 460); // at the opening
 void Form8::buildControls()
 {
     buildPageButtons();
-    buildBoxes();
+    for (const OptionRow& option : kOptionRows) {
+        this->*option.box = new OptionBox(this);
+    }
     buildTypeControls();
     Image2 = new QPushButton(optionPicture(u"ok"_s), {}, this);
     Image1 = new QPushButton(optionPicture(u"cancel"_s), {}, this);
@@ -52,13 +54,6 @@ void Form8::buildPageButtons()
     Image5 = button(u"files"_s);
 }
 
-void Form8::buildBoxes()
-{
-    for (const OptionRow& option : options()) {
-        this->*option.box = new OptionBox(this);
-    }
-}
-
 void Form8::buildTypeControls()
 {
     List1 = new TypeList(this);
@@ -68,29 +63,39 @@ void Form8::buildTypeControls()
     Command3 = new QPushButton(this);
     Command4 = new QPushButton(this);
     Image6 = new IconPreview(this);
+    m_listLabel = new QLabel(this);
+    m_listLabel->setBuddy(List1);
+    m_boxLabel = new QLabel(this);
+    m_boxLabel->setBuddy(Text1);
 }
 
-void Form8::nameControls()
+ControlRows Form8::controls()
 {
-    setObjectName(u"Form8"_s);
-    for (const auto& [control, name] : std::initializer_list<std::pair<QObject*, QStringView>>{
-             {Image1, u"Image1"},     {Image2, u"Image2"},     {Image3, u"Image3"},
-             {Image4, u"Image4"},     {Image5, u"Image5"},     {Image6, u"Image6"},
-             {Check1, u"Check1"},     {Check2, u"Check2"},     {Check3, u"Check3"},
-             {Check4, u"Check4"},     {Check5, u"Check5"},     {Check6, u"Check6"},
-             {Check7, u"Check7"},     {Check8, u"Check8"},     {Check9, u"Check9"},
-             {List1, u"List1"},       {Text1, u"Text1"},       {Command1, u"Command1"},
-             {Command2, u"Command2"}, {Command3, u"Command3"}, {Command4, u"Command4"},
-         }) {
-        control->setObjectName(name.toString());
+    ControlRows rows = {
+        {this, u"Form8"}, {Image3, u"Image3"}, {Image4, u"Image4"}, {Image5, u"Image5"}};
+    for (const OptionRow& option : kOptionRows) {
+        rows.push_back({this->*option.box, option.name});
     }
+    const ControlRows others = {{m_listLabel, u"List1.label"},
+                                {List1, u"List1"},
+                                {m_boxLabel, u"Text1.label"},
+                                {Text1, u"Text1"},
+                                {Command1, u"Command1"},
+                                {Image6, u"Image6"},
+                                {Command3, u"Command3"},
+                                {Command4, u"Command4"},
+                                {Command2, u"Command2"},
+                                {Image2, u"Image2"},
+                                {Image1, u"Image1"}};
+    rows.insert(rows.end(), others.begin(), others.end());
+    return rows;
 }
 
 void Form8::layOut()
 {
     m_pages = new QStackedWidget(this);
-    m_pages->addWidget(pageOfBoxes({Check1, Check2, Check3, Check5, Check4}));
-    m_pages->addWidget(pageOfBoxes({Check6, Check7, Check9, Check8}));
+    m_pages->addWidget(pageOfBoxes(0));
+    m_pages->addWidget(pageOfBoxes(1));
     m_pages->addWidget(pageOfTypes());
     auto* rows = new QVBoxLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
@@ -125,22 +130,22 @@ QWidget* Form8::pageButtons()
     return bar;
 }
 
-QWidget* Form8::pageOfBoxes(std::initializer_list<OptionBox*> boxes)
+QWidget* Form8::pageOfBoxes(int page)
 {
-    auto* page = new QWidget(this);
-    auto* rows = new QVBoxLayout(page);
+    auto* ground = new QWidget(this);
+    auto* rows = new QVBoxLayout(ground);
     rows->setContentsMargins(3 * kGrid, 3 * kGrid, 3 * kGrid, kGrid);
     rows->setSpacing(kGrid + kGrid / 2);
-    for (OptionBox* box : boxes) {
-        // What depends on the box above stands a step further in.
-        const int indent = box == Check9 ? 3 * kGrid : 0;
-        auto* row = new QHBoxLayout;
-        row->addSpacing(indent);
-        row->addWidget(box);
-        rows->addLayout(row);
+    for (const OptionRow& option : kOptionRows) {
+        if (option.page == page) {
+            auto* row = new QHBoxLayout;
+            row->addSpacing(option.isDependent ? 3 * kGrid : 0);
+            row->addWidget(this->*option.box);
+            rows->addLayout(row);
+        }
     }
     rows->addStretch(1);
-    return page;
+    return ground;
 }
 
 QWidget* Form8::pageOfTypes()
@@ -156,20 +161,14 @@ QWidget* Form8::pageOfTypes()
 
 QBoxLayout* Form8::typeColumn()
 {
-    auto* listLabel = new QLabel(this);
-    listLabel->setObjectName(u"List1.label"_s);
-    listLabel->setBuddy(List1);
-    auto* boxLabel = new QLabel(this);
-    boxLabel->setObjectName(u"Text1.label"_s);
-    boxLabel->setBuddy(Text1);
     auto* add = new QHBoxLayout;
     add->setSpacing(kGrid);
-    add->addWidget(boxLabel);
+    add->addWidget(m_boxLabel);
     add->addWidget(Text1, 1);
     add->addWidget(Command1);
     auto* rows = new QVBoxLayout;
     rows->setSpacing(kGrid);
-    rows->addWidget(listLabel);
+    rows->addWidget(m_listLabel);
     rows->addWidget(List1, 1);
     rows->addLayout(add);
     return rows;
@@ -201,27 +200,9 @@ QBoxLayout* Form8::closingButtons()
     return row;
 }
 
-void Form8::orderTabs()
+void Form8::showTexts(TextLanguage language)
 {
-    const QList<QWidget*> order = {Image3,   Image4,   Image5,   Check1,   Check2, Check3, Check5,
-                                   Check4,   Check6,   Check7,   Check9,   Check8, List1,  Text1,
-                                   Command1, Command3, Command4, Command2, Image2, Image1};
-    for (qsizetype i = 1; i < order.size(); ++i) {
-        setTabOrder(order[i - 1], order[i]);
-    }
-}
-
-void Form8::applyTexts(TextLanguage language)
-{
-    const auto text = [language](QStringView control) {
-        return interfaceText(u"Form8", control, language);
-    };
-    setWindowTitle(text(u"Form8"));
-    for (QAbstractButton* button : std::initializer_list<QAbstractButton*>{
-             Image1, Image2, Image3, Image4, Image5, Check1, Check2, Check3, Check4, Check5, Check6,
-             Check7, Check8, Check9, Command1, Command2, Command3, Command4}) {
-        button->setText(text(button->objectName()));
-    }
+    applyTexts(controls(), language);
     for (QPushButton* button : {Command1, Command2, Command3, Command4}) {
         button->setMinimumWidth(button->sizeHint().width() + 2 * kGrid);
     }
@@ -234,12 +215,8 @@ void Form8::applyTexts(TextLanguage language)
     Image3->setShortcut(QKeySequence(u"Alt+1"_s));
     Image4->setShortcut(QKeySequence(u"Alt+2"_s));
     Image5->setShortcut(QKeySequence(u"Alt+3"_s));
-    for (QLabel* label : findChildren<QLabel*>()) {
-        label->setText(text(label->objectName()));
-    }
-    List1->setAccessibleName(text(u"List1.label").remove(u'&').remove(u':'));
-    Text1->setAccessibleName(text(u"Text1.label").remove(u'&').remove(u':'));
-    Image6->setAccessibleName(text(u"Image6.name"));
+    List1->setAccessibleName(m_listLabel->text().remove(u'&').remove(u':'));
+    Text1->setAccessibleName(m_boxLabel->text().remove(u'&').remove(u':'));
 }
 
 void Form8::connectHandlers()

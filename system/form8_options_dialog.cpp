@@ -15,7 +15,7 @@
 #include <QToolButton>
 #include <QWindow>
 
-#include <array>
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -25,30 +25,14 @@ using namespace Qt::StringLiterals;
 
 constexpr int kFixedRows = 2; // packets and groups
 
-std::span<const Form8::OptionRow> Form8::options()
-{
-    static constexpr std::array kRows = {
-        OptionRow{&Form8::Check1, Option::StartPlaying},
-        OptionRow{&Form8::Check2, Option::NextClip},
-        OptionRow{&Form8::Check3, Option::NextPacket},
-        OptionRow{&Form8::Check4, Option::CloseWhenOver},
-        OptionRow{&Form8::Check5, Option::Replay},
-        OptionRow{&Form8::Check6, Option::TrayIcon},
-        OptionRow{&Form8::Check7, Option::KeepRunning},
-        OptionRow{&Form8::Check8, Option::CopyFromDriveA},
-        OptionRow{&Form8::Check9, Option::StartWithSession},
-    };
-    return kRows;
-}
-
 Form8::Form8(OptionsServices& services)
     : m_services(services),
       m_registration(services.registry, services.module.ApplicationFolder)
 {
     buildControls();
-    nameControls();
+    nameControls(controls());
     layOut();
-    orderTabs();
+    orderTabs(controls());
     connectHandlers();
     Form8_Form_Load();
 }
@@ -57,7 +41,7 @@ Form8::~Form8() = default;
 
 void Form8::Form8_Form_Load()
 {
-    applyTexts(m_services.module.settings().exactTextLanguage(TextLanguage::Russian));
+    showTexts(m_services.module.settings().exactTextLanguage(TextLanguage::Russian));
     loadOptions();
     trapped("list of types", [this] { fillTypes(); });
     markRegisteredTypes();
@@ -68,7 +52,7 @@ void Form8::Form8_Form_Load()
 
 void Form8::loadOptions()
 {
-    for (const OptionRow& option : options()) {
+    for (const OptionRow& option : kOptionRows) {
         (this->*option.box)->setChecked(m_services.module.settings().isOne(option.key));
     }
     Form8_Check7_Click();
@@ -219,9 +203,10 @@ void Form8::useIcon(const QString& icoFile)
 void Form8::storeOptions() const
 {
     std::vector<std::pair<Option, bool>> states;
-    for (const OptionRow& option : options()) {
+    for (const OptionRow& option : kOptionRows) {
         states.emplace_back(option.key, (this->*option.box)->isChecked());
     }
+    std::sort(states.begin(), states.end()); // as the settings file has them, not the pages
     m_services.module.settings().storeOptions(states);
 }
 

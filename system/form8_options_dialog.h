@@ -16,14 +16,15 @@
 #include "core/error_boundary.h"
 #include "model/module1.h"
 #include "model/pickers.h"
-#include "model/texts.h"
+#include "playback/control_rows.h"
 #include "system/file_type_registration.h"
 
 #include <QDialog>
 
-#include <span>
+#include <array>
 
 class QBoxLayout;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QStackedWidget;
@@ -82,28 +83,19 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    struct OptionRow
-    {
-        OptionBox* Form8::*box;
-        Option key;
-    };
-    [[nodiscard]] static std::span<const OptionRow> options();
-
     // Building: form8_layout.cpp
     void buildControls();
     void buildPageButtons();
-    void buildBoxes();
     void buildTypeControls();
-    void nameControls();
+    [[nodiscard]] ControlRows controls();
     void layOut();
     [[nodiscard]] QWidget* pageButtons();
-    [[nodiscard]] QWidget* pageOfBoxes(std::initializer_list<OptionBox*> boxes);
+    [[nodiscard]] QWidget* pageOfBoxes(int page);
     [[nodiscard]] QWidget* pageOfTypes();
     [[nodiscard]] QBoxLayout* typeColumn();
     [[nodiscard]] QBoxLayout* iconColumn();
     [[nodiscard]] QBoxLayout* closingButtons();
-    void orderTabs();
-    void applyTexts(TextLanguage language);
+    void showTexts(TextLanguage language);
     void connectHandlers();
 
     // Handlers: form8_options_dialog.cpp
@@ -131,8 +123,34 @@ private:
 
     OptionsServices& m_services;
     FileTypeRegistration m_registration;
+    QLabel* m_listLabel = nullptr; // of List1
+    QLabel* m_boxLabel = nullptr;  // of Text1
     QStackedWidget* m_pages = nullptr;
     int m_page = 0; // the visible one
+};
+
+/// One option: its check box, the box's name, the stored option, the page, and whether
+/// it depends on the one before it, below which it then stands a step further in.
+struct OptionRow
+{
+    OptionBox* Form8::*box;
+    QStringView name;
+    Option key;
+    int page; // counted from 0
+    bool isDependent = false;
+};
+
+/// In the order in which they stand on their pages.
+inline constexpr std::array kOptionRows = {
+    OptionRow{&Form8::Check1, u"Check1", Option::StartPlaying, 0},
+    OptionRow{&Form8::Check2, u"Check2", Option::NextClip, 0},
+    OptionRow{&Form8::Check3, u"Check3", Option::NextPacket, 0},
+    OptionRow{&Form8::Check5, u"Check5", Option::Replay, 0},
+    OptionRow{&Form8::Check4, u"Check4", Option::CloseWhenOver, 0},
+    OptionRow{&Form8::Check6, u"Check6", Option::TrayIcon, 1},
+    OptionRow{&Form8::Check7, u"Check7", Option::KeepRunning, 1},
+    OptionRow{&Form8::Check9, u"Check9", Option::StartWithSession, 1, true},
+    OptionRow{&Form8::Check8, u"Check8", Option::CopyFromDriveA, 1},
 };
 
 /// Shows the dialog modally in front of a window. Returns whether it was closed by OK.

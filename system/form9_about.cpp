@@ -15,9 +15,6 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
-#include <initializer_list>
-#include <utility>
-
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -63,8 +60,9 @@ Form9::Form9(const Module1& module, QWidget* parent)
       Command1(new QPushButton(this)),
       m_module(module)
 {
-    nameControls();
+    nameControls(controls());
     layOut();
+    orderTabs(controls());
     connectHandlers();
 }
 
@@ -80,16 +78,13 @@ void Form9::showAbout()
     activateWindow();
 }
 
-void Form9::nameControls()
+ControlRows Form9::controls()
 {
-    setObjectName(u"Form9"_s);
-    const std::initializer_list<std::pair<QObject*, QStringView>> names = {
-        {Image1, u"Image1"}, {Label1, u"Label1"}, {Label2, u"Label2"}, {label6, u"label6"},
-        {Label7, u"Label7"}, {Image8, u"Image8"}, {Text1, u"Text1"},   {Command1, u"Command1"},
+    return {
+        {this, u"Form9"},    {Image1, u"Image1"}, {Label1, u"Label1"},
+        {Label2, u"Label2"}, {label6, u"label6"}, {Label7, u"Label7"},
+        {Image8, u"Image8"}, {Text1, u"Text1"},   {Command1, u"Command1"},
     };
-    for (const auto& [control, name] : names) {
-        control->setObjectName(name.toString());
-    }
 }
 
 void Form9::layOut()
@@ -156,21 +151,12 @@ void Form9::connectHandlers()
 void Form9::Form9_Form_Load()
 {
     const TextLanguage language = m_module.settings().exactTextLanguage(TextLanguage::English);
-    const auto text = [&](QStringView control) {
-        return interfaceText(u"Form9", control, language);
-    };
-    setWindowTitle(text(u"Form9"));
+    applyTexts(controls(), language);
     Label1->setText(aboutText(language));
-    Label2->setText(text(u"Label2"));
-    label6->setText(text(u"label6"));
-    Label7->setText(text(u"Label7"));
     Text1->setText(handbookAddress(m_module.ApplicationFolder, language));
     Text1->setCursorPosition(0);
     Text1->setAccessibleName(Label7->text());
     Image8->setAccessibleName(Label7->text());
-    Command1->setText(text(u"Command1"));
-    Image1->setToolTip(text(u"Image1.name"));
-    Image1->setAccessibleName(Image1->toolTip());
     Image8->setVisible(language == TextLanguage::English);
     Command1->setFocus();
 }

@@ -9,7 +9,7 @@
 #pragma once
 
 #include "model/module1.h"
-#include "model/texts.h"
+#include "playback/control_rows.h"
 
 #include <QWidget>
 
@@ -50,7 +50,7 @@ public:
     [[nodiscard]] Form3* pictureWindow() const { return m_pictureWindow.get(); }
 
 private:
-    void nameControls();
+    [[nodiscard]] ControlRows controls();
     void layOut();
     [[nodiscard]] QBoxLayout* textColumn();
     void connectHandlers();

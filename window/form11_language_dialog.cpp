@@ -9,9 +9,6 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include <initializer_list>
-#include <utility>
-
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -46,28 +43,22 @@ Form11::Form11(QString iniPath)
 {
     setWindowIcon(skin::applicationIcon());
     setModal(true);
-    nameControls();
+    nameControls(controls());
     layOut();
-    // Each choice names itself in its own language, whatever the dialog's texts are.
-    Option1->setText(interfaceText(u"Form11", u"Option1", TextLanguage::English));
-    Option2->setText(interfaceText(u"Form11", u"Option2", TextLanguage::Russian));
+    orderTabs(controls());
     Option1->setChecked(true);
     Option1->setFocus();
     Command1->setDefault(true);
-    applyTexts(TextLanguage::English);
+    applyTexts(controls(), TextLanguage::English);
     connectHandlers();
 }
 
-void Form11::nameControls()
+ControlRows Form11::controls()
 {
-    setObjectName(u"Form11"_s);
-    const std::initializer_list<std::pair<QObject*, QStringView>> names = {
-        {Option1, u"Option1"}, {Option2, u"Option2"},   {Image1, u"Image1"},
-        {Image2, u"Image2"},   {Command1, u"Command1"},
+    return {
+        {this, u"Form11"},   {Image1, u"Image1"},   {Option1, u"Option1"},
+        {Image2, u"Image2"}, {Option2, u"Option2"}, {Command1, u"Command1"},
     };
-    for (const auto& [control, name] : names) {
-        control->setObjectName(name.toString());
-    }
 }
 
 void Form11::layOut()
@@ -97,20 +88,14 @@ void Form11::connectHandlers()
     connect(Command1, &QPushButton::clicked, this, [this] { Form11_Command1_Click(); });
 }
 
-void Form11::applyTexts(TextLanguage language)
-{
-    setWindowTitle(interfaceText(u"Form11", u"Form11", language));
-    Command1->setText(interfaceText(u"Form11", u"Command1", language));
-}
-
 void Form11::Form11_Option1_Click()
 {
-    applyTexts(TextLanguage::English);
+    applyTexts(controls(), TextLanguage::English);
 }
 
 void Form11::Form11_Option2_Click()
 {
-    applyTexts(TextLanguage::Russian);
+    applyTexts(controls(), TextLanguage::Russian);
 }
 
 void Form11::Form11_Command1_Click()

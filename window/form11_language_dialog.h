@@ -5,7 +5,7 @@
 //   Command1   confirms the choice
 #pragma once
 
-#include "model/texts.h"
+#include "playback/control_rows.h"
 
 #include <QDialog>
 
@@ -32,10 +32,9 @@ public:
     QPushButton* Command1; // confirms
 
 private:
+    [[nodiscard]] ControlRows controls();
     void layOut();
-    void nameControls();
     void connectHandlers();
-    void applyTexts(TextLanguage language);
 
     void Form11_Option1_Click();
     void Form11_Option2_Click();

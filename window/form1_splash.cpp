@@ -1,6 +1,6 @@
 #include "window/form1_splash.h"
 
-#include "model/texts.h"
+#include "playback/control_rows.h"
 #include "window/picture_sign.h"
 #include "window/skin.h"
 
@@ -31,11 +31,11 @@ Form1::Form1(Int16 language)
           },
           kRussianPicture.size(), this))
 {
-    setObjectName(u"Form1"_s);
-    setWindowTitle(interfaceText(u"Form1", u"Form1", TextLanguage::English));
+    const ControlRows controls = {{this, u"Form1"}, {Image1, u"Image1"}};
+    nameControls(controls);
+    applyTexts(controls, TextLanguage::English);
     setWindowIcon(skin::applicationIcon());
     setFixedSize(kArtwork);
-    Image1->setObjectName(u"Image1"_s);
     Image1->move(kRussianPicture.topLeft());
     Image1->setVisible(language == Int16(2));
     m_expiry.setTimerType(Qt::PreciseTimer);

@@ -10,9 +10,6 @@
 #include <QLineEdit>
 #include <QMenu>
 
-#include <initializer_list>
-#include <utility>
-
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -50,7 +47,9 @@ void Form2::buildControls()
     configure(Timer1, this, 300, false);
     configure(Timer2, this, 100, true);
     configure(Timer3, this, 200, true);
-    nameControls();
+    nameControls(controls());
+    // A submenu's entry is an object of its own.
+    ai->menuAction()->setObjectName(ai->objectName());
 }
 
 void Form2::buildButtons()
@@ -127,25 +126,20 @@ void Form2::buildMenus()
     ab = help->addAction(QString());
 }
 
-void Form2::nameControls()
+ControlRows Form2::controls()
 {
-    const std::initializer_list<std::pair<QObject*, QStringView>> names = {
+    return {
         {this, u"Form2"},      {Image8, u"Image8"},   {Image14, u"Image14"}, {Image9, u"Image9"},
-        {Image10, u"Image10"}, {Image11, u"Image11"}, {Image12, u"Image12"}, {Image13, u"Image13"},
-        {Image5, u"Image5"},   {Image3, u"Image3"},   {Image4, u"Image4"},   {Image2, u"Image2"},
-        {Image15, u"Image15"}, {Image17, u"Image17"}, {Image20, u"Image20"}, {Text1, u"Text1"},
-        {Text2, u"Text2"},     {List1, u"List1"},     {Label1, u"Label1"},   {Label2, u"Label2"},
-        {Slider1, u"Slider1"}, {Slider2, u"Slider2"}, {Slider3, u"Slider3"}, {create, u"create"},
+        {Image10, u"Image10"}, {Image11, u"Image11"}, {Text1, u"Text1"},     {Image2, u"Image2"},
+        {Text2, u"Text2"},     {List1, u"List1"},     {Label1, u"Label1"},   {Slider1, u"Slider1"},
+        {Label2, u"Label2"},   {Image4, u"Image4"},   {Image3, u"Image3"},   {Image5, u"Image5"},
+        {Slider2, u"Slider2"}, {Slider3, u"Slider3"}, {Image12, u"Image12"}, {Image13, u"Image13"},
+        {Image15, u"Image15"}, {Image17, u"Image17"}, {Image20, u"Image20"}, {create, u"create"},
         {cp, u"cp"},           {cg, u"cg"},           {tools, u"tools"},     {op, u"op"},
-        {cdc, u"cdc"},         {ai, u"ai"},           {help, u"help"},       {doc, u"doc"},
-        {tu, u"tu"},           {ab, u"ab"},           {&Timer1, u"Timer1"},  {&Timer2, u"Timer2"},
-        {&Timer3, u"Timer3"},  {add.front(), u"add"},
+        {cdc, u"cdc"},         {ai, u"ai"},           {add.front(), u"add"}, {help, u"help"},
+        {doc, u"doc"},         {tu, u"tu"},           {ab, u"ab"},           {&Timer1, u"Timer1"},
+        {&Timer2, u"Timer2"},  {&Timer3, u"Timer3"},
     };
-    for (const auto& [control, name] : names) {
-        control->setObjectName(name.toString());
-    }
-    // A submenu's entry is an object of its own.
-    ai->menuAction()->setObjectName(ai->objectName());
 }
 
 } // namespace orvanta

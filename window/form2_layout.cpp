@@ -102,7 +102,8 @@ void Form2::layOut()
     rows->addSpacing(skin::kGrid + skin::kGrid / 2);
     rows->addLayout(transportRow());
     List1->setMinimumHeight(6 * skin::kRowHeight);
-    orderTabs();
+    orderTabs(controls());
+    List1->setFocus();
     resize(firstSizeOn(*screen(), {520, 440}));
     move(firstPlace(size(), screen()->availableGeometry()));
 }
@@ -165,18 +166,6 @@ QBoxLayout* Form2::transportRow()
         slider->setMaximumWidth(160);
     }
     return layout;
-}
-
-// The order in which the eye goes through the window.
-void Form2::orderTabs()
-{
-    QWidget* const order[] = {Image8, Image14, Image9,  Image10, Image11, Text1,
-                              Image2, Text2,   List1,   Slider1, Image4,  Image3,
-                              Image5, Slider2, Slider3, Image12, Image13};
-    for (std::size_t i = 1; i < std::size(order); ++i) {
-        setTabOrder(order[i - 1], order[i]);
-    }
-    List1->setFocus();
 }
 
 } // namespace orvanta

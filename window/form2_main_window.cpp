@@ -3,12 +3,10 @@
 #include "window/clip_line.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
-#include "window/skin_button.h"
 #include "window/skin_slider.h"
 #include "window/window_frame.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 
@@ -44,8 +42,9 @@ void Form2::Form2_Form_Load()
 {
     const TextLanguage language =
         textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
-    applyTexts(language);
-    applyMenuTexts(language);
+    applyTexts(controls(), language);
+    List1->setPacketWord(interfaceText(u"Form2", u"List1.packet", language));
+    Text1->setPlaceholderText(Text1->toolTip());
     resumeNext("main window load, add-ins", [&] { buildAddInsMenu(language); });
     m_services.engine.attachView(*this);
     resumeNext("main window load, volume",
@@ -53,40 +52,6 @@ void Form2::Form2_Form_Load()
     resumeNext("main window load, balance",
                [&] { Slider3->setValue(m_services.engine.storedBalance().value()); });
     Timer1.start();
-}
-
-void Form2::applyTexts(TextLanguage language)
-{
-    const auto text = [&](QStringView control) {
-        return interfaceText(u"Form2", control, language);
-    };
-    setWindowTitle(text(u"Form2"));
-    for (SkinButton* button :
-         {Image8, Image14, Image9, Image10, Image11, Image12, Image13, Image2}) {
-        button->setHint(text(button->objectName()));
-    }
-    for (QWidget* control :
-         std::initializer_list<QWidget*>{Text1, Text2, List1, Slider2, Slider3}) {
-        control->setToolTip(text(control->objectName()));
-        control->setAccessibleName(control->toolTip());
-    }
-    // A label's own text is what is read out; the tool tip describes it.
-    for (QLabel* label : {Label1, Label2}) {
-        label->setToolTip(text(label->objectName()));
-    }
-    for (QWidget* control : std::initializer_list<QWidget*>{Image5, Image3, Image4, Slider1}) {
-        control->setAccessibleName(text(QString(control->objectName() + u".name"_s)));
-    }
-    List1->setPacketWord(text(u"List1.packet"));
-    Text1->setPlaceholderText(Text1->toolTip());
-}
-
-void Form2::applyMenuTexts(TextLanguage language)
-{
-    for (QAction* entry : {cp, cg, op, cdc, ai->menuAction(), doc, tu, ab}) {
-        entry->setText(interfaceText(u"Form2", entry->objectName(), language));
-    }
-    add.front()->setText(interfaceText(u"Form2", add.front()->objectName(), language));
 }
 
 // The first entry takes the first add-in's caption even when there is none, and is empty then.

@@ -19,7 +19,7 @@
 
 #include "core/error_boundary.h"
 #include "model/pickers.h"
-#include "model/texts.h"
+#include "playback/control_rows.h"
 #include "playback/keyboard.h"
 #include "playback/playback_engine.h"
 
@@ -160,19 +160,16 @@ private:
     void buildBoxes();
     void buildSliders();
     void buildMenus();
-    void nameControls();
+    [[nodiscard]] ControlRows controls();
     void layOut();
     [[nodiscard]] QBoxLayout* titleRow();
     [[nodiscard]] QBoxLayout* commandRow();
     [[nodiscard]] QBoxLayout* positionRow();
     [[nodiscard]] QBoxLayout* transportRow();
-    void orderTabs();
     void connectHandlers();
 
     // Loading: form2_main_window.cpp
     void Form2_Form_Load();
-    void applyTexts(TextLanguage language);
-    void applyMenuTexts(TextLanguage language);
     void buildAddInsMenu(TextLanguage language);
 
     // Handlers: form2_handlers.cpp
@@ -200,11 +197,15 @@ private:
     void Form2_Timer1_Timer();
     void Form2_Timer2_Timer();
     void Form2_Timer3_Timer();
-    void Form2_List1_OLEDragDrop(const QStringList& files);
+    void Form2_op_Click();
+
+    // Handlers: form2_keys.cpp
     bool Form2_Form_KeyPress(QChar typed);
+    void Form2_List1_OLEDragDrop(const QStringList& files);
+
+    // Handlers: form2_create.cpp
     void Form2_cp_Click();
     void Form2_cg_Click();
-    void Form2_op_Click();
 
     // Handlers: form2_companions.cpp
     void Form2_cdc_Click();

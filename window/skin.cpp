@@ -100,26 +100,28 @@ QString styleSheet()
     selection-background-color: %deep; selection-color: %text; }
 #Text1 { border-radius: 6px; padding: 0 10px; }
 #Text2 { border-radius: 8px; padding: 0 14px; }
-#Text1:hover, #Text2:hover { border-color: #3c4657; }
+#Text1:hover, #Text2:hover { border-color: %edge; }
 #Text1:focus, #Text2:focus, #List1:focus { border-color: %deep; }
 #List1 { background: %sunken; border: 1px solid %line; border-radius: 8px; padding: 6px 4px; }
 #List1 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
 #List1 QScrollBar::handle:vertical { background: %line; min-height: 24px; border-radius: 3px;
     margin: 0 2px; }
-#List1 QScrollBar::handle:vertical:hover { background: #465165; }
+#List1 QScrollBar::handle:vertical:hover { background: %grip; }
 #List1 QScrollBar::add-line, #List1 QScrollBar::sub-line { height: 0; }
 #List1 QScrollBar::add-page, #List1 QScrollBar::sub-page { background: transparent; }
-#create, #tools, #help, #ai { background: %raised; color: %text; border: 1px solid #3c4657;
+#create, #tools, #help, #ai { background: %raised; color: %text; border: 1px solid %edge;
     padding: 4px; }
 #create::item, #tools::item, #help::item, #ai::item { padding: 6px 28px 6px 14px;
     border-radius: 4px; }
 #create::item:selected, #tools::item:selected, #help::item:selected, #ai::item:selected {
     background: %deep; }
-QToolTip { background: %raised; color: %text; border: 1px solid #3c4657; padding: 3px; }
+QToolTip { background: %raised; color: %text; border: 1px solid %edge; padding: 3px; }
 )"_s.replace(u"%raised"_s, kRaised.name())
                                       .replace(u"%sunken"_s, kSunken.name())
                                       .replace(u"%text"_s, kText.name())
                                       .replace(u"%line"_s, kLine.name())
+                                      .replace(u"%edge"_s, kEdge.name())
+                                      .replace(u"%grip"_s, kGrip.name())
                                       .replace(u"%deep"_s, kAccentDeep.name());
     return kSheet;
 }

@@ -16,6 +16,9 @@ inline constexpr QColor kRaisedHover{0x2d, 0x35, 0x44}; // under the pointer
 inline constexpr QColor kRaisedDown{0x1f, 0x24, 0x2e};  // pressed
 inline constexpr QColor kSunken{0x17, 0x1b, 0x22};      // the list
 inline constexpr QColor kLine{0x2f, 0x37, 0x45};        // borders and grooves
+inline constexpr QColor kEdge{0x3c, 0x46, 0x57};        // around menus, boxes under the pointer
+inline constexpr QColor kGrip{0x46, 0x51, 0x65};        // a scroll bar under the pointer
+inline constexpr QColor kKnob{0xff, 0xff, 0xff};        // a slider's, under the pointer
 inline constexpr QColor kText{0xe6, 0xea, 0xf2};
 inline constexpr QColor kTextSoft{0xc3, 0xca, 0xd6};  // clips below their packet's line
 inline constexpr QColor kTextMuted{0x8e, 0x99, 0xab}; // what is off or of second rank

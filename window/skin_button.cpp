@@ -26,12 +26,6 @@ void SkinButton::setPicture(const SkinPicture& picture)
     update();
 }
 
-void SkinButton::setHint(const QString& text)
-{
-    setToolTip(text);
-    setAccessibleName(text);
-}
-
 QSize SkinButton::sizeHint() const
 {
     return {m_side, m_side};

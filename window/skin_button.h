@@ -37,8 +37,6 @@ public:
 
     [[nodiscard]] const SkinPicture& picture() const { return m_picture; }
     void setPicture(const SkinPicture& picture);
-    /// Tool tip and accessible name in one.
-    void setHint(const QString& text);
 
     [[nodiscard]] QSize sizeHint() const override;
 

@@ -263,7 +263,7 @@ void SkinSlider::paintKnob(QPainter& painter) const
     }
     const bool lively = underMouse() || m_dragging;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(lively ? QColor(Qt::white) : QColor(skin::kText));
+    painter.setBrush(lively ? skin::kKnob : skin::kText);
     const double radius = m_dragging ? kKnobRadius : lively ? kKnobRadius - 0.5 : kKnobRadius - 1;
     painter.drawEllipse(centre, radius, radius);
 }

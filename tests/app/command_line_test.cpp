@@ -39,12 +39,6 @@ TEST_F(CommandLine, ArgumentsAreJoinedWithOneBlank)
     EXPECT_EQ(commandLine({u"a"_s, u"b"_s}), u"a b");
 }
 
-TEST_F(CommandLine, AnEmptyLineQueuesNothing)
-{
-    EXPECT_TRUE(linesToQueue({}).isEmpty());
-    EXPECT_TRUE(linesToQueue({u""_s}).isEmpty());
-}
-
 TEST_F(CommandLine, AutoInAnyCaseIsTheSwitchAndQueuesNothing)
 {
     for (const QString& line : {u"/auto"_s, u"/AUTO"_s, u"/Auto"_s}) {
@@ -60,12 +54,44 @@ TEST_F(CommandLine, AutoWithABlankBehindItIsACommandLineLikeAnyOther)
     EXPECT_EQ(linesToQueue({u"/auto "_s}), QStringList(u"/auto "_s));
 }
 
-TEST_F(CommandLine, APathThatExistsIsMadeAbsolute)
+TEST_F(CommandLine, FilesAreQueuedByTheirPathsAndAnythingElseAsItIs)
 {
-    EXPECT_EQ(linesToQueue({u"a.avi"_s}), QStringList(folder.file(u"a.avi"_s)));
-    EXPECT_EQ(linesToQueue({u"./a.avi"_s}), QStringList(folder.file(u"a.avi"_s)));
-    EXPECT_EQ(linesToQueue({u"sub/../a.avi"_s}), QStringList(folder.file(u"a.avi"_s)));
-    EXPECT_EQ(linesToQueue({folder.file(u"a.avi"_s)}), QStringList(folder.file(u"a.avi"_s)));
+    struct Row
+    {
+        const char* rule;
+        QStringList arguments;
+        QStringList lines;
+    };
+    const QString a = folder.file(u"a.avi"_s);
+    const QString bc = folder.file(u"b c.vxl"_s);
+    const Row rows[] = {
+        {"no line queues nothing", {}, {}},
+        {"an empty line queues nothing", {u""_s}, {}},
+        {"a path that exists is made absolute", {u"a.avi"_s}, {a}},
+        {"also one with a dot", {u"./a.avi"_s}, {a}},
+        {"also one by way of another folder", {u"sub/../a.avi"_s}, {a}},
+        {"an absolute one stays", {a}, {a}},
+        {"an unquoted path with a blank is joined again", {u"b"_s, u"c.vxl"_s}, {bc}},
+        {"several existing files are one entry each", {u"a.avi"_s, u"b c.vxl"_s}, {a, bc}},
+        {"several arguments of which one is no file are one entry",
+         {u"a.avi"_s, u"missing.avi"_s},
+         {u"a.avi missing.avi"_s}},
+        {"a file address becomes its path",
+         {u"file:///clips/%D0%AF%201.avi"_s},
+         {u"/clips/Я 1.avi"_s}},
+        {"also one of this machine", {u"file://localhost/a.avi"_s}, {u"/a.avi"_s}},
+        {"also one in capitals", {u"FILE:/a.avi"_s}, {u"/a.avi"_s}},
+        {"several file addresses are one entry each",
+         {u"file://"_s + a, u"file://"_s + folder.file(u"b%20c.vxl"_s)},
+         {a, bc}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(linesToQueue(row.arguments), row.lines) << row.rule;
+    }
+    for (const QString& line : {u"missing.avi"_s, u"http://host/a.avi"_s, u"C:\\Clips\\a.avi"_s,
+                                u"file://host/a.avi"_s, u"--strange"_s, u"\"quoted\""_s}) {
+        EXPECT_EQ(linesToQueue({line}), QStringList(line)) << line.toStdString();
+    }
 }
 
 TEST_F(CommandLine, UpwardsFromALinkedFolderStaysTheSameFile)
@@ -77,45 +103,6 @@ TEST_F(CommandLine, UpwardsFromALinkedFolderStaysTheSameFile)
     const QStringList lines = linesToQueue({u"link/../c.avi"_s});
     ASSERT_EQ(lines.size(), 1);
     EXPECT_EQ(QFileInfo(lines.first()).canonicalFilePath(), QFileInfo(clip).canonicalFilePath());
-}
-
-TEST_F(CommandLine, AnUnquotedPathWithABlankIsJoinedAgain)
-{
-    EXPECT_EQ(linesToQueue({u"b"_s, u"c.vxl"_s}), QStringList(folder.file(u"b c.vxl"_s)));
-}
-
-TEST_F(CommandLine, SeveralExistingFilesAreOneEntryEach)
-{
-    EXPECT_EQ(linesToQueue({u"a.avi"_s, u"b c.vxl"_s}),
-              QStringList({folder.file(u"a.avi"_s), folder.file(u"b c.vxl"_s)}));
-}
-
-TEST_F(CommandLine, SeveralArgumentsOfWhichOneIsNoFileAreOneEntry)
-{
-    EXPECT_EQ(linesToQueue({u"a.avi"_s, u"missing.avi"_s}), QStringList(u"a.avi missing.avi"_s));
-}
-
-TEST_F(CommandLine, AFileAddressBecomesItsPath)
-{
-    EXPECT_EQ(linesToQueue({u"file:///clips/%D0%AF%201.avi"_s}), QStringList(u"/clips/Я 1.avi"_s));
-    EXPECT_EQ(linesToQueue({u"file://localhost/a.avi"_s}), QStringList(u"/a.avi"_s));
-    EXPECT_EQ(linesToQueue({u"FILE:/a.avi"_s}), QStringList(u"/a.avi"_s));
-}
-
-TEST_F(CommandLine, SeveralFileAddressesAreOneEntryEach)
-{
-    const QString first = u"file://"_s + folder.file(u"a.avi"_s);
-    const QString second = u"file://"_s + folder.file(u"b%20c.vxl"_s);
-    EXPECT_EQ(linesToQueue({first, second}),
-              QStringList({folder.file(u"a.avi"_s), folder.file(u"b c.vxl"_s)}));
-}
-
-TEST_F(CommandLine, AnythingElseIsQueuedAsItIs)
-{
-    for (const QString& line : {u"missing.avi"_s, u"http://host/a.avi"_s, u"C:\\Clips\\a.avi"_s,
-                                u"file://host/a.avi"_s, u"--strange"_s, u"\"quoted\""_s}) {
-        EXPECT_EQ(linesToQueue({line}), QStringList(line)) << line.toStdString();
-    }
 }
 
 TEST_F(CommandLine, TheFolderSwitchKeepsItsFormWithAnAbsoluteFolder)

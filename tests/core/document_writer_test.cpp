@@ -12,13 +12,20 @@ namespace orvanta {
 using namespace Qt::StringLiterals;
 
 class Documents : public test::FolderTest
-{};
+{
+protected:
+    /// Writes the one key of most documents here.
+    static void writeFiles(DocumentWriter& writer, const QString& files)
+    {
+        writer.write(u"main"_s, u"files"_s, files);
+    }
+};
 
 TEST_F(Documents, KeysGoToTheirSections)
 {
     const QString file = path(u"a.vxl"_s);
     DocumentWriter writer(file);
-    writer.write(u"main"_s, u"files"_s, u"1"_s);
+    writeFiles(writer, u"1"_s);
     writer.write(u"file1"_s, u"path"_s, u"/a.avi"_s);
     writer.write(u"main"_s, u"brakes"_s, u"0"_s);
     writer.finish();
@@ -29,7 +36,7 @@ TEST_F(Documents, AppearWholeAtTheEnd)
 {
     const QString file = put(u"a.vxl"_s, "[main]\r\nold=1\r\n");
     DocumentWriter writer(file);
-    writer.write(u"main"_s, u"files"_s, u"0"_s);
+    writeFiles(writer, u"0"_s);
     EXPECT_EQ(bytesOf(file), "[main]\r\nold=1\r\n");
     writer.finish();
     EXPECT_EQ(bytesOf(file), "[main]\r\nfiles=0\r\n");
@@ -41,7 +48,7 @@ TEST_F(Documents, AWriterThatIsGivenUpLeavesTheEarlierOne)
     const QString file = put(u"a.vxl"_s, "[main]\r\nold=1\r\n");
     {
         DocumentWriter writer(file);
-        writer.write(u"main"_s, u"files"_s, u"0"_s);
+        writeFiles(writer, u"0"_s);
     }
     EXPECT_EQ(bytesOf(file), "[main]\r\nold=1\r\n");
     EXPECT_EQ(names(), QStringList(u"a.vxl"_s));
@@ -52,7 +59,7 @@ TEST_F(Documents, WhereThereWasNoneWhatWasWrittenSoFarStays)
     const QString file = path(u"a.vxl"_s);
     {
         DocumentWriter writer(file);
-        writer.write(u"main"_s, u"files"_s, u"2"_s);
+        writeFiles(writer, u"2"_s);
         EXPECT_EQ(errorOf([&] { writer.write(u"main"_s, u"[no key"_s, u"1"_s); }), 75);
     }
     EXPECT_EQ(bytesOf(file), "[main]\r\nfiles=2\r\n");
@@ -64,7 +71,7 @@ TEST_F(Documents, AfterAFailingStepNothingMoreIsWritten)
     const QString file = put(u"a.vxl"_s, "[main]\r\nold=1\r\n");
     DocumentWriter writer(file);
     EXPECT_EQ(errorOf([&] { writer.write(u"main"_s, u"[no key"_s, u"1"_s); }), 75);
-    EXPECT_EQ(errorOf([&] { writer.write(u"main"_s, u"files"_s, u"0"_s); }), 75);
+    EXPECT_EQ(errorOf([&] { writeFiles(writer, u"0"_s); }), 75);
     EXPECT_EQ(errorOf([&] { writer.finish(); }), 75);
     EXPECT_EQ(bytesOf(file), "[main]\r\nold=1\r\n");
 }
@@ -73,7 +80,7 @@ TEST_F(Documents, AMissingFolderIsAnAccessErrorAtTheFirstStep)
 {
     const test::LogCapture log("orvanta.errors");
     DocumentWriter writer(path(u"missing/a.vxl"_s));
-    EXPECT_EQ(errorOf([&] { writer.write(u"main"_s, u"files"_s, u"0"_s); }), 75);
+    EXPECT_EQ(errorOf([&] { writeFiles(writer, u"0"_s); }), 75);
     EXPECT_EQ(log.lines().size(), 1);
 }
 
@@ -82,7 +89,7 @@ TEST_F(Documents, AFolderOfTheSameNameIsAnAccessError)
     ASSERT_TRUE(QDir().mkdir(path(u"a.vxl"_s)));
     DocumentWriter writer(path(u"a.vxl"_s));
     EXPECT_EQ(errorOf([&] {
-                  writer.write(u"main"_s, u"files"_s, u"0"_s);
+                  writeFiles(writer, u"0"_s);
                   writer.finish();
               }),
               75);
@@ -97,7 +104,7 @@ TEST_F(Documents, AProtectedOneIsAnAccessErrorAndStays)
     const QString file = put(u"a.vxl"_s, "[main]\r\nold=1\r\n");
     ASSERT_EQ(chmod(QFile::encodeName(file).constData(), 0444), 0);
     DocumentWriter writer(file);
-    EXPECT_EQ(errorOf([&] { writer.write(u"main"_s, u"files"_s, u"0"_s); }), 75);
+    EXPECT_EQ(errorOf([&] { writeFiles(writer, u"0"_s); }), 75);
     EXPECT_EQ(bytesOf(file), "[main]\r\nold=1\r\n");
 }
 
@@ -120,7 +127,7 @@ TEST_F(Documents, KeepModeAndSymbolicLinks)
     const QString link = path(u"link.vxl"_s);
     ASSERT_TRUE(QFile::link(real, link));
     DocumentWriter writer(link);
-    writer.write(u"main"_s, u"files"_s, u"0"_s);
+    writeFiles(writer, u"0"_s);
     writer.finish();
     EXPECT_EQ(bytesOf(real), "[main]\r\nfiles=0\r\n");
     struct stat status = {};
@@ -134,7 +141,7 @@ TEST_F(Documents, NewOnesHaveTheModeOfAnyNewFile)
 {
     const QString file = path(u"a.vxl"_s);
     DocumentWriter writer(file);
-    writer.write(u"main"_s, u"files"_s, u"0"_s);
+    writeFiles(writer, u"0"_s);
     writer.finish();
     struct stat ordinary = {};
     struct stat written = {};
@@ -147,7 +154,7 @@ TEST_F(Documents, NamesOfAnyLengthCanBeWritten)
 {
     const QString file = path(QString(120, u'ж') + u".vxl"_s);
     DocumentWriter writer(file);
-    writer.write(u"main"_s, u"files"_s, u"0"_s);
+    writeFiles(writer, u"0"_s);
     writer.finish();
     EXPECT_EQ(ReadIni(u"main"_s, u"files"_s, file), u"0"_s);
 }

@@ -10,26 +10,36 @@ using namespace Qt::StringLiterals;
 class GroupFiles : public test::FolderTest
 {};
 
-TEST_F(GroupFiles, AGroupHasTheStatedLayout)
+TEST_F(GroupFiles, AreWrittenInTheStatedLayout)
 {
-    const QString file = path(u"a.vxg"_s);
-    writeGroup(file,
-               {u"/l/week1.vxl{}week1{}/l/week1.jpg"_s, u"/l/week2.vxl{}Week two{}{No picture}"_s});
-    EXPECT_EQ(bytesOf(file),
-              "[main]\r\nfiles=2\r\n"
-              "[file1]\r\npath=/l/week1.vxl\r\ntext=week1\r\npicture=/l/week1.jpg\r\n"
-              "[file2]\r\npath=/l/week2.vxl\r\ntext=Week two\r\npicture={No picture}\r\n");
-}
-
-TEST_F(GroupFiles, EntriesWithoutAPictureCarryTextAndPictureOver)
-{
-    const QString file = path(u"a.vxg"_s);
-    writeGroup(file, {u"/1.vxl{}one"_s, u"/2.vxl{}two{}/2.jpg"_s, u"/3.vxl{}three"_s, u"none"_s});
-    EXPECT_EQ(bytesOf(file), "[main]\r\nfiles=4\r\n"
-                             "[file1]\r\npath=/1.vxl\r\ntext=\r\npicture=\r\n"
-                             "[file2]\r\npath=/2.vxl\r\ntext=two\r\npicture=/2.jpg\r\n"
-                             "[file3]\r\npath=/3.vxl\r\ntext=two\r\npicture=/2.jpg\r\n"
-                             "[file4]\r\npath=/3.vxl\r\ntext=two\r\npicture=/2.jpg\r\n");
+    struct Row
+    {
+        const char* rule;
+        QStringList entries;
+        QByteArray bytes;
+    };
+    const Row rows[] = {
+        {"members",
+         {u"/l/week1.vxl{}week1{}/l/week1.jpg"_s, u"/l/week2.vxl{}Week two{}{No picture}"_s},
+         "files=2\r\n[file1]\r\npath=/l/week1.vxl\r\ntext=week1\r\npicture=/l/week1.jpg\r\n"
+         "[file2]\r\npath=/l/week2.vxl\r\ntext=Week two\r\npicture={No picture}\r\n"},
+        {"entries without a picture carry text and picture over",
+         {u"/1.vxl{}one"_s, u"/2.vxl{}two{}/2.jpg"_s, u"/3.vxl{}three"_s, u"none"_s},
+         "files=4\r\n[file1]\r\npath=/1.vxl\r\ntext=\r\npicture=\r\n"
+         "[file2]\r\npath=/2.vxl\r\ntext=two\r\npicture=/2.jpg\r\n"
+         "[file3]\r\npath=/3.vxl\r\ntext=two\r\npicture=/2.jpg\r\n"
+         "[file4]\r\npath=/3.vxl\r\ntext=two\r\npicture=/2.jpg\r\n"},
+        {"a text with the marker survives only with a picture",
+         {u"/1.vxl{}a{}b{}/1.jpg"_s, u"/2.vxl{}c{}d"_s},
+         "files=2\r\n[file1]\r\npath=/1.vxl\r\ntext=a{}b\r\npicture=/1.jpg\r\n"
+         "[file2]\r\npath=/2.vxl\r\ntext=c\r\npicture=d\r\n"},
+        {"an empty group is zero files", {}, "files=0\r\n"},
+    };
+    for (const Row& row : rows) {
+        const QString file = put(u"a.vxg"_s, "[old]\r\nk=1\r\n"); // whose keys do not survive
+        writeGroup(file, row.entries);
+        EXPECT_EQ(bytesOf(file), "[main]\r\n" + row.bytes) << row.rule;
+    }
 }
 
 TEST_F(GroupFiles, AGroupSavedAsItWasLoadedShiftsItsTexts)
@@ -43,22 +53,6 @@ TEST_F(GroupFiles, AGroupSavedAsItWasLoadedShiftsItsTexts)
     EXPECT_EQ(bytesOf(file), "[main]\r\nfiles=2\r\n"
                              "[file1]\r\npath=/1.vxl\r\ntext=\r\npicture=\r\n"
                              "[file2]\r\npath=/2.vxl\r\ntext=\r\npicture=\r\n");
-}
-
-TEST_F(GroupFiles, ATextWithTheMarkerSurvivesOnlyWithAPicture)
-{
-    const QString file = path(u"a.vxg"_s);
-    writeGroup(file, {u"/1.vxl{}a{}b{}/1.jpg"_s, u"/2.vxl{}c{}d"_s});
-    EXPECT_EQ(bytesOf(file), "[main]\r\nfiles=2\r\n"
-                             "[file1]\r\npath=/1.vxl\r\ntext=a{}b\r\npicture=/1.jpg\r\n"
-                             "[file2]\r\npath=/2.vxl\r\ntext=c\r\npicture=d\r\n");
-}
-
-TEST_F(GroupFiles, AnEmptyGroupIsZeroFiles)
-{
-    const QString file = put(u"a.vxg"_s, "[old]\r\nk=1\r\n");
-    writeGroup(file, {});
-    EXPECT_EQ(bytesOf(file), "[main]\r\nfiles=0\r\n") << "keys of the old file do not survive";
 }
 
 TEST_F(GroupFiles, ThePlayerReadsEachMemberWithItsPacket)

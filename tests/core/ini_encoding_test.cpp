@@ -73,12 +73,40 @@ TEST_F(IniTexts, NamesInACodePageAreComparedWithoutCase)
     EXPECT_EQ(ReadIni(u"ПОЗ"_s, u"уРОК"_s, file), u"1"_s);
 }
 
-TEST_F(IniTexts, ATextThatFitsKeepsTheCodePage)
+TEST_F(IniTexts, AWriteKeepsTheEncodingAndWhatItCannotRead)
 {
+    struct Row
+    {
+        const char* rule;
+        QByteArray before;
+        IniChange change;
+        QByteArray after;
+    };
+    const QByteArray begin = utf16(u"\uFEFF; "_s + QChar(0xD800) + u"\r\n[s]\r\nk="_s);
+    const Row rows[] = {
+        {"a text that fits keeps the code page",
+         kHello1251,
+         {u"s"_s, u"l"_s, u"да"_s},
+         kHello1251 + "l=\xE4\xE0\r\n"},
+        {"undefined bytes survive a write elsewhere",
+         "[s]\nk=\x98\xCF\nl=1\n",
+         {u"s"_s, u"l"_s, u"2"_s},
+         "[s]\nk=\x98\xCF\nl=2\n"},
+        {"the mark of UTF-8 stays",
+         "\xEF\xBB\xBF[s]\nk=1\n",
+         {u"S"_s, u"k"_s, u"2"_s},
+         "\xEF\xBB\xBF[s]\nk=2\n"},
+        {"broken UTF-16 elsewhere survives a write",
+         begin + utf16(u"1\r\n"_s),
+         {u"s"_s, u"k"_s, u"22"_s},
+         begin + utf16(u"22\r\n"_s)},
+    };
     setLegacyCodePage(u"windows-1251"_s);
-    const QString file = put(u"a.ini"_s, kHello1251);
-    WriteIni(u"s"_s, u"l"_s, u"да"_s, file);
-    EXPECT_EQ(bytesOf(file), kHello1251 + "l=\xE4\xE0\r\n");
+    for (const Row& row : rows) {
+        const QString file = put(u"a.ini"_s, row.before);
+        WriteIni(row.change.section, row.change.key, row.change.value, file);
+        EXPECT_EQ(bytesOf(file), row.after) << row.rule;
+    }
 }
 
 TEST_F(IniTexts, ATextThatDoesNotFitTurnsTheFileIntoUtf8WithNothingLost)
@@ -90,21 +118,6 @@ TEST_F(IniTexts, ATextThatDoesNotFitTurnsTheFileIntoUtf8WithNothingLost)
     EXPECT_EQ(ReadIni(u"s"_s, u"k"_s, file), u"Привет"_s);
 }
 
-TEST_F(IniTexts, UndefinedBytesSurviveAWriteElsewhere)
-{
-    setLegacyCodePage(u"windows-1251"_s);
-    const QString file = put(u"a.ini"_s, "[s]\nk=\x98\xCF\nl=1\n");
-    WriteIni(u"s"_s, u"l"_s, u"2"_s, file);
-    EXPECT_EQ(bytesOf(file), "[s]\nk=\x98\xCF\nl=2\n");
-}
-
-TEST_F(IniTexts, TheUtf8MarkStays)
-{
-    const QString file = put(u"a.ini"_s, "\xEF\xBB\xBF[s]\nk=1\n");
-    WriteIni(u"S"_s, u"k"_s, u"2"_s, file);
-    EXPECT_EQ(bytesOf(file), "\xEF\xBB\xBF[s]\nk=2\n");
-}
-
 TEST_F(IniTexts, Utf16IsWrittenBackAsUtf16)
 {
     const QString file =
@@ -114,15 +127,6 @@ TEST_F(IniTexts, Utf16IsWrittenBackAsUtf16)
     EXPECT_EQ(bytesOf(file), utf16(u"\uFEFF; \U0001F600 примечание\r\n[s]\r\nk=да \U0001F600\r\n"
                                    u"l=1\r\n[t]\r\nn=новое\r\n"_s));
     EXPECT_EQ(ReadIni(u"t"_s, u"n"_s, file), u"новое"_s);
-}
-
-TEST_F(IniTexts, BrokenUtf16ElsewhereSurvivesAWrite)
-{
-    const QString lone = QString(QChar(0xD800));
-    const QByteArray begin = utf16(u"\uFEFF; "_s + lone + u"\r\n[s]\r\nk="_s);
-    const QString file = put(u"a.ini"_s, begin + utf16(u"1\r\n"_s));
-    WriteIni(u"s"_s, u"k"_s, u"22"_s, file);
-    EXPECT_EQ(bytesOf(file), begin + utf16(u"22\r\n"_s));
 }
 
 } // namespace orvanta

@@ -45,23 +45,30 @@ TEST_F(ReadingIni, AnUnreadableFileIsLogged)
     EXPECT_TRUE(log.lines().constFirst().startsWith(u"cannot read "));
 }
 
-TEST_F(ReadingIni, AValueEndsAtItsFirstNul)
+TEST_F(ReadingIni, QuotesBlanksAndEqualsSignsAreReadAsTheyAlwaysWere)
 {
-    const QString file = put(u"a.ini"_s, QByteArray("[s]\nk=one \0two\n", 15));
-    EXPECT_EQ(ReadIni(u"s"_s, u"k"_s, file), u"one"_s);
-}
-
-TEST_F(ReadingIni, BlanksInQuotesAreOnlyInTheRawValue)
-{
-    const QString file = put(u"a.ini"_s, "[s]\nk=\"  a  \"\n");
-    EXPECT_EQ(readIniRaw(u"s"_s, u"k"_s, file), u"  a  "_s);
-    EXPECT_EQ(ReadIni(u"s"_s, u"k"_s, file), u"a"_s);
-}
-
-TEST_F(ReadingIni, QuotedBlanksAreAValueThatReadsAsEmpty)
-{
-    const QString file = put(u"a.ini"_s, "[s]\nk=\"  \"\n");
-    EXPECT_EQ(ReadIni(u"s"_s, u"k"_s, file, u"default"_s), QString());
+    struct Row
+    {
+        const char* rule;
+        QByteArray bytes;
+        QString key;
+        QString value;
+    };
+    const QByteArray equals = "[s]\r\nA = b=c = 7\r\na=bcd=8\r\n";
+    const Row rows[] = {
+        {"a value ends at its first NUL", QByteArray("[s]\nk=one \0two\n", 15), u"k"_s, u"one"_s},
+        {"blanks in quotes are only in the raw value", "[s]\nk=\"  a  \"\n", u"k"_s, u"a"_s},
+        {"quoted blanks are a value that reads as empty", "[s]\nk=\"  \"\n", u"k"_s, QString()},
+        {"a lone quote is a value", "[s]\nk=\"\n", u"k"_s, u"\""_s},
+        {"a key with equals signs is found without case", equals, u"a = B=C"_s, u"7"_s},
+        {"a key with equals signs is found", equals, u"a=bcd"_s, u"8"_s},
+        {"a part of a key is none", equals, u"a=bc"_s, u"default"_s},
+    };
+    for (const Row& row : rows) {
+        const QString file = put(u"a.ini"_s, row.bytes);
+        EXPECT_EQ(ReadIni(u"s"_s, row.key, file, u"default"_s), row.value) << row.rule;
+    }
+    EXPECT_EQ(readIniRaw(u"s"_s, u"k"_s, put(u"a.ini"_s, "[s]\nk=\"  a  \"\n")), u"  a  "_s);
 }
 
 TEST_F(ReadingIni, TheLimitCountsCharactersWithoutTheQuotes)
@@ -71,26 +78,12 @@ TEST_F(ReadingIni, TheLimitCountsCharactersWithoutTheQuotes)
     EXPECT_EQ(ReadIni(u"s"_s, u"k"_s, file), QString(u"\U0001F600"_s).repeated(2047));
 }
 
-TEST_F(ReadingIni, ALoneQuoteIsAValue)
-{
-    const QString file = put(u"a.ini"_s, "[s]\nk=\"\n");
-    EXPECT_EQ(ReadIni(u"s"_s, u"k"_s, file), u"\""_s);
-}
-
 TEST_F(ReadingIni, LineBreaksInNamesReadAsTheyAreWritten)
 {
     const QString file = path(u"a.ini"_s);
     WriteIni(u"pos"_s, u"two\nlines"_s, u"12.5"_s, file);
     EXPECT_EQ(ReadIni(u"pos"_s, u"two\nlines"_s, file), u"12.5"_s);
     EXPECT_EQ(ReadIni(u"pos"_s, u"two lines"_s, file), u"12.5"_s);
-}
-
-TEST_F(ReadingIni, AKeyWithEqualsSignsIsFoundWithoutCase)
-{
-    const QString file = put(u"a.ini"_s, "[pos]\r\nA = b=c = 7\r\na=bcd=8\r\n");
-    EXPECT_EQ(ReadIni(u"pos"_s, u"a = B=C"_s, file), u"7"_s);
-    EXPECT_EQ(ReadIni(u"pos"_s, u"a=bcd"_s, file), u"8"_s);
-    EXPECT_EQ(ReadIni(u"pos"_s, u"a=bc"_s, file), QString());
 }
 
 TEST_F(ReadingIni, UnicodeNamesAreComparedWithoutCase)

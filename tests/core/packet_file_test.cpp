@@ -46,44 +46,39 @@ TEST_F(PacketFiles, AnEmptyClipListIsZeroFiles)
     EXPECT_EQ(bytesOf(path(u"a.vxl"_s)), "[main]\r\nfiles=0\r\n");
 }
 
-TEST_F(PacketFiles, ATextWithTheMarkerIsWrittenWhole)
+TEST_F(PacketFiles, EntriesAreReadBackAsTheFileCanHoldThem)
 {
-    writeClipListPacket(path(u"a.vxl"_s), {u"/a.avi{}one{}two{}"_s});
-    const PlaylistEntry entry = read(path(u"a.vxl"_s));
-    EXPECT_EQ(entry.clip(1).Path, u"/a.avi"_s);
-    EXPECT_EQ(entry.clip(1).Text, u"one{}two{}"_s);
-}
-
-TEST_F(PacketFiles, APathWithTheMarkerIsCutAtItsFirst)
-{
-    writeClipListPacket(path(u"a.vxl"_s), {u"/a{}b.avi{}text"_s});
-    const PlaylistEntry entry = read(path(u"a.vxl"_s));
-    EXPECT_EQ(entry.clip(1).Path, u"/a"_s);
-    EXPECT_EQ(entry.clip(1).Text, u"b.avi{}text"_s);
-}
-
-TEST_F(PacketFiles, AnEntryWithoutTheMarkerRepeatsThePreviousOne)
-{
-    writeClipListPacket(path(u"a.vxl"_s), {u"none"_s, u"/a.avi{}A"_s, u"none"_s});
-    const PlaylistEntry entry = read(path(u"a.vxl"_s));
-    EXPECT_EQ(entry.clip(1).Path, QString());
-    EXPECT_EQ(entry.clip(1).Text, QString());
-    EXPECT_EQ(entry.clip(3).Path, u"/a.avi"_s);
-    EXPECT_EQ(entry.clip(3).Text, u"A"_s);
-}
-
-TEST_F(PacketFiles, TextsLoseOuterBlanksAndOnePairOfQuotes)
-{
-    writeClipListPacket(path(u"a.vxl"_s), {u"/a.avi{}  A  "_s, u"/b.avi{}\"B\""_s});
-    const PlaylistEntry entry = read(path(u"a.vxl"_s));
-    EXPECT_EQ(entry.clip(1).Text, u"A"_s);
-    EXPECT_EQ(entry.clip(2).Text, u"B"_s);
-}
-
-TEST_F(PacketFiles, ALineBreakInATextBecomesABlank)
-{
-    writeClipListPacket(path(u"a.vxl"_s), {u"/a.avi{}one\r\ntwo"_s});
-    EXPECT_EQ(read(path(u"a.vxl"_s)).clip(1).Text, u"one two"_s);
+    struct Row
+    {
+        const char* rule;
+        QStringList written;
+        std::vector<std::pair<QString, QString>> clips;
+    };
+    const Row rows[] = {
+        {"a text with the marker is written whole",
+         {u"/a.avi{}one{}two{}"_s},
+         {{u"/a.avi"_s, u"one{}two{}"_s}}},
+        {"a path with the marker is cut at its first",
+         {u"/a{}b.avi{}text"_s},
+         {{u"/a"_s, u"b.avi{}text"_s}}},
+        {"an entry without the marker repeats the previous one",
+         {u"none"_s, u"/a.avi{}A"_s, u"none"_s},
+         {{{}, {}}, {u"/a.avi"_s, u"A"_s}, {u"/a.avi"_s, u"A"_s}}},
+        {"texts lose outer blanks and one pair of quotes",
+         {u"/a.avi{}  A  "_s, u"/b.avi{}\"B\""_s},
+         {{u"/a.avi"_s, u"A"_s}, {u"/b.avi"_s, u"B"_s}}},
+        {"a line break in a text becomes a blank",
+         {u"/a.avi{}one\r\ntwo"_s},
+         {{u"/a.avi"_s, u"one two"_s}}},
+    };
+    for (const Row& row : rows) {
+        writeClipListPacket(path(u"a.vxl"_s), row.written);
+        std::vector<std::pair<QString, QString>> clips;
+        for (const ClipEntry& clip : read(path(u"a.vxl"_s)).Clips) {
+            clips.emplace_back(clip.Path, clip.Text);
+        }
+        EXPECT_EQ(clips, row.clips) << row.rule;
+    }
 }
 
 TEST_F(PacketFiles, SavingReplacesAnEarlierFileEntirely)

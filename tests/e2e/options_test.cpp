@@ -113,8 +113,7 @@ TEST_F(Options, AutoCloseEndsTheProgramAfterFilesFromTheShell)
     home.setOption(u"acp"_s, true);
     ASSERT_TRUE(program.startAndShow({packetOfTwo()}));
     ASSERT_TRUE(plays(u"ended 1 2"_s));
-    EXPECT_TRUE(program.waitForEnd());
-    EXPECT_EQ(program.exitStatus(), 0);
+    EXPECT_EQ(program.statusAtEnd(), 0);
 }
 
 TEST_F(Options, AutoCloseWaitsForTheLastClipOfAll)

@@ -200,28 +200,23 @@ TEST_F(BrakeMode, LoadsABrakePacket)
 TEST_F(BrakeMode, AFileThatHasOnlyTheKeyboardsFocusIsNotTheClip)
 {
     put(u"other.avi"_s);
-    pickers.answer = {
-        put(u"in.vxl"_s, "[main]\nfile=/c/clip.avi\nbrakes=1\n[brake1]\ntime=1\ntext=A\n")};
     open();
-    press(editor->Command7);
+    load(editor->Command7, "[main]\nfile=/c/clip.avi\nbrakes=1\n[brake1]\ntime=1\ntext=A\n");
     ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
     editor->File2->setFocus(Qt::TabFocusReason);
     ASSERT_TRUE(editor->File2->currentIndex().isValid());
-    pickers.saveAnswer = room(u"out.vxl"_s);
-    press(editor->Command16);
     const QByteArray folder = room().toUtf8() + '/';
-    EXPECT_TRUE(bytesOf(room(u"out.vxl"_s))
+    EXPECT_TRUE(savedBy(editor->Command16)
                     .contains("[file1]\r\npath=" + folder + "\r\ntext=" + folder + "\r\n"))
-        << bytesOf(room(u"out.vxl"_s)).constData();
+        << bytesOf(room(u"out"_s)).constData();
 }
 
 TEST_F(BrakeMode, CreateFindsTheClipThatTheLoadedPacketNamesBesideItself)
 {
     put(u"clip.avi"_s);
-    pickers.answer = {put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=1\n"
-                                       "[brake1]\ntime=000001.00\ntext=A\n")};
     open();
-    press(editor->Command7);
+    load(editor->Command7, "[main]\nfile=clip.avi\nbrakes=1\n"
+                           "[brake1]\ntime=000001.00\ntext=A\n");
     press(editor->Command12);
     EXPECT_TRUE(
         bytesOf(temporaryPacket()).contains("\r\nfile=" + room(u"clip.avi"_s).toUtf8() + "\r\n"))
@@ -231,9 +226,8 @@ TEST_F(BrakeMode, CreateFindsTheClipThatTheLoadedPacketNamesBesideItself)
 TEST_F(BrakeMode, APacketThatIsSavedInAnotherFolderStillFindsItsClip)
 {
     put(u"clip.avi"_s);
-    pickers.answer = {put(u"in.vxl"_s, "[main]\nfile=clip.avi\nbrakes=0\n")};
     open();
-    press(editor->Command7);
+    load(editor->Command7, "[main]\nfile=clip.avi\nbrakes=0\n");
     pickers.saveAnswer = module.ApplicationFolder + u"/out.vxl"_s;
     press(editor->Command16);
     EXPECT_TRUE(
@@ -276,10 +270,8 @@ TEST_F(BrakeMode, SavesExactBytesInBothDecimalMarks)
         key(Qt::Key_PageUp);
         typeOver(editor->Text4, u"a{}b"_s);
         press(editor->Command15);
-        pickers.saveAnswer = room(u"out.vxl"_s);
-        press(editor->Command16);
         const QByteArray clip = room(u"clip.avi"_s).toUtf8();
-        EXPECT_EQ(bytesOf(room(u"out.vxl"_s)),
+        EXPECT_EQ(savedBy(editor->Command16),
                   "[main]\r\nfiles=1\r\nfile=" + clip + "\r\nbrakes=1\r\n[file1]\r\npath=" + clip +
                       "\r\ntext=" + clip + "\r\n[brake1]\r\ntime=" + row.time +
                       "\r\ntext=a{}b\r\n");
@@ -290,9 +282,7 @@ TEST_F(BrakeMode, SavesExactBytesInBothDecimalMarks)
 TEST_F(BrakeMode, SavingWithoutBrakesWritesThePacketAllTheSame)
 {
     openClip();
-    pickers.saveAnswer = room(u"out.vxl"_s);
-    press(editor->Command16);
-    EXPECT_TRUE(bytesOf(room(u"out.vxl"_s)).contains("brakes=0\r\n"));
+    EXPECT_TRUE(savedBy(editor->Command16).contains("brakes=0\r\n"));
 }
 
 TEST_F(BrakeMode, CreateWithoutBrakesClosesWithoutResult)

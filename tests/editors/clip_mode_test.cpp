@@ -24,9 +24,7 @@ protected:
 
 TEST_F(ClipMode, BeginsWithThePacketFrameTheStoredFolderAndTheRegisteredTypes)
 {
-    put(u"a.avi"_s);
-    put(u"b.MP3"_s);
-    put(u"c.txt"_s);
+    putAll({u"a.avi"_s, u"b.MP3"_s, u"c.txt"_s});
     open();
     EXPECT_TRUE(editor->Option1->isChecked());
     EXPECT_TRUE(editor->Frame1->isVisible());
@@ -99,8 +97,7 @@ TEST_F(ClipMode, ArrowKeysSwitchTheMode)
 
 TEST_F(ClipMode, ClickingFilesAddsThemOneAfterTheOther)
 {
-    put(u"a.b.avi"_s);
-    put(u"c.avi"_s);
+    putAll({u"a.b.avi"_s, u"c.avi"_s});
     open();
     clickRow(editor->File1, 0);
     EXPECT_EQ(editor->Text1->text(), room(u"a.b.avi"_s));
@@ -152,8 +149,7 @@ TEST_F(ClipMode, AClickWithControlAddsTheFileLikeAnyOther)
 
 TEST_F(ClipMode, ABlankWithinATypedNameAddsNoFile)
 {
-    put(u"my clip.avi"_s);
-    put(u"my song.avi"_s);
+    putAll({u"my clip.avi"_s, u"my song.avi"_s});
     open();
     QTest::keyClicks(editor->File1, u"my s"_s);
     EXPECT_EQ(entries(), QStringList());
@@ -203,13 +199,10 @@ TEST_F(ClipMode, TheToolTipShowsMarkupAndEntitiesAsTheyAreTyped)
 TEST_F(ClipMode, CreateFindsClipsThatTheLoadedPacketNamesBesideItself)
 {
     put(u"near.avi"_s);
-    pickers.answer = {put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=near.avi\ntext=A\n"
-                                       "[file2]\npath=gone.avi\ntext=B\n")};
     open();
-    press(editor->Command3);
-    pickers.saveAnswer = room(u"out.vxl"_s);
-    press(editor->Command4);
-    EXPECT_TRUE(bytesOf(room(u"out.vxl"_s)).contains("path=near.avi\r\n"));
+    load(editor->Command3, "[main]\nfiles=2\n[file1]\npath=near.avi\ntext=A\n"
+                           "[file2]\npath=gone.avi\ntext=B\n");
+    EXPECT_TRUE(savedBy(editor->Command4).contains("path=near.avi\r\n"));
     press(editor->Command1);
     EXPECT_EQ(bytesOf(temporaryPacket()),
               "[main]\r\nfiles=2\r\n[file1]\r\npath=" + room(u"near.avi"_s).toUtf8() +
@@ -220,9 +213,8 @@ TEST_F(ClipMode, CreateFindsClipsThatTheLoadedPacketNamesBesideItself)
 TEST_F(ClipMode, APacketThatIsSavedInAnotherFolderStillFindsItsClips)
 {
     put(u"near.avi"_s);
-    pickers.answer = {put(u"in.vxl"_s, "[main]\nfiles=1\n[file1]\npath=near.avi\ntext=A\n")};
     open();
-    press(editor->Command3);
+    load(editor->Command3, "[main]\nfiles=1\n[file1]\npath=near.avi\ntext=A\n");
     pickers.saveAnswer = module.ApplicationFolder + u"/out.vxl"_s;
     press(editor->Command4);
     EXPECT_EQ(bytesOf(pickers.saveAnswer), "[main]\r\nfiles=1\r\n[file1]\r\npath=" +
@@ -242,48 +234,11 @@ TEST_F(ClipMode, PastedLineBreaksBecomeBlanks)
 
 TEST_F(ClipMode, AddAllAppendsEveryFileInTheListsOrder)
 {
-    put(u"a10.avi"_s);
-    put(u"a2.avi"_s);
+    putAll({u"a10.avi"_s, u"a2.avi"_s});
     openWith({u"x{}y"_s});
     press(editor->Command8);
     EXPECT_EQ(entries(), QStringList({u"x{}y"_s, room(u"a2.avi"_s) + u"{}a2"_s,
                                       room(u"a10.avi"_s) + u"{}a10"_s}));
-}
-
-TEST_F(ClipMode, RemoveTakesTheSelectedEntryAndRemoveAllEveryOne)
-{
-    openWith({u"a{}1"_s, u"b{}2"_s, u"c{}3"_s});
-    press(editor->Command5);
-    EXPECT_EQ(entries().size(), 3);
-    clickRow(editor->List1, 1);
-    press(editor->Command5);
-    EXPECT_EQ(entries(), QStringList({u"a{}1"_s, u"c{}3"_s}));
-    press(editor->Command6);
-    EXPECT_EQ(entries(), QStringList());
-}
-
-TEST_F(ClipMode, MovesStopAtTheEnds)
-{
-    openWith({u"a{}1"_s, u"b{}2"_s});
-    clickRow(editor->List1, 0);
-    press(editor->Command9);
-    EXPECT_EQ(entries(), QStringList({u"a{}1"_s, u"b{}2"_s}));
-    press(editor->Command10);
-    EXPECT_EQ(entries(), QStringList({u"b{}2"_s, u"a{}1"_s}));
-    EXPECT_EQ(selected(), 1);
-    press(editor->Command10);
-    EXPECT_EQ(entries(), QStringList({u"b{}2"_s, u"a{}1"_s}));
-}
-
-TEST_F(ClipMode, KeysRemoveAndMoveEntries)
-{
-    openWith({u"a{}1"_s, u"b{}2"_s, u"c{}3"_s});
-    clickRow(editor->List1, 2);
-    QTest::keyClick(editor->List1, Qt::Key_Up, Qt::ControlModifier);
-    EXPECT_EQ(entries(), QStringList({u"a{}1"_s, u"c{}3"_s, u"b{}2"_s}));
-    QTest::keyClick(editor->List1, Qt::Key_Down, Qt::ControlModifier);
-    QTest::keyClick(editor->List1, Qt::Key_Delete);
-    EXPECT_EQ(entries(), QStringList({u"a{}1"_s, u"b{}2"_s}));
 }
 
 TEST_F(ClipMode, SavesExactBytesInBothDecimalMarks)
@@ -291,9 +246,7 @@ TEST_F(ClipMode, SavesExactBytesInBothDecimalMarks)
     for (const QLocale::Language language : {QLocale::English, QLocale::Russian}) {
         const UserLocale locale{QLocale(language)};
         openWith({u"/c/intro.avi{}Введение {} 1"_s, u"/c/{}x.avi{}part"_s, u"no marker"_s});
-        pickers.saveAnswer = room(u"out.vxl"_s);
-        press(editor->Command4);
-        EXPECT_EQ(bytesOf(room(u"out.vxl"_s)),
+        EXPECT_EQ(savedBy(editor->Command4),
                   QByteArray("[main]\r\nfiles=3\r\n"
                              "[file1]\r\npath=/c/intro.avi\r\ntext=Введение {} 1\r\n"
                              "[file2]\r\npath=/c/\r\ntext=x.avi{}part\r\n"
@@ -305,30 +258,10 @@ TEST_F(ClipMode, SavesExactBytesInBothDecimalMarks)
 
 TEST_F(ClipMode, SavingReplacesAnOlderFileEntirely)
 {
-    put(u"out.vxl"_s, "[main]\r\nfiles=1\r\nbrakes=3\r\n[file9]\r\npath=old\r\n");
+    put(u"out"_s, "[main]\r\nfiles=1\r\nbrakes=3\r\n[file9]\r\npath=old\r\n");
     openWith({u"/a.avi{}a"_s});
-    pickers.saveAnswer = room(u"out.vxl"_s);
-    press(editor->Command4);
-    EXPECT_EQ(bytesOf(room(u"out.vxl"_s)),
+    EXPECT_EQ(savedBy(editor->Command4),
               QByteArray("[main]\r\nfiles=1\r\n[file1]\r\npath=/a.avi\r\ntext=a\r\n"));
-}
-
-TEST_F(ClipMode, SavingAnEmptyListWritesZeroFiles)
-{
-    open();
-    pickers.saveAnswer = room(u"out.vxl"_s);
-    press(editor->Command4);
-    EXPECT_EQ(bytesOf(room(u"out.vxl"_s)), QByteArray("[main]\r\nfiles=0\r\n"));
-}
-
-TEST_F(ClipMode, ACancelledPickerWritesAndLoadsNothing)
-{
-    openWith({u"a{}1"_s}, 0);
-    press(editor->Command4);
-    press(editor->Command3);
-    EXPECT_EQ(entries(), QStringList({u"a{}1"_s}));
-    EXPECT_EQ(QDir(room()).entryList(QDir::Files), QStringList());
-    EXPECT_EQ(pickers.calls, QStringList({u"save *.vxl"_s, u"open *.vxl"_s}));
 }
 
 TEST_F(ClipMode, LoadsAPacketInPlaceOfTheList)
@@ -343,32 +276,16 @@ TEST_F(ClipMode, LoadsAPacketInPlaceOfTheList)
 
 TEST_F(ClipMode, LoadsABrakePacketAsItsOneClip)
 {
-    pickers.answer = {put(u"in.vxl"_s,
-                          "[main]\nfiles=1\nfile=/a.avi\nbrakes=1\n"
-                          "[file1]\npath=/a.avi\ntext=/a.avi\n[brake1]\ntime=1\ntext=T\n")};
     open();
-    press(editor->Command3);
+    load(editor->Command3, "[main]\nfiles=1\nfile=/a.avi\nbrakes=1\n"
+                           "[file1]\npath=/a.avi\ntext=/a.avi\n[brake1]\ntime=1\ntext=T\n");
     EXPECT_EQ(entries(), QStringList({u"/a.avi{}/a.avi"_s}));
-}
-
-TEST_F(ClipMode, LoadingEndsSilentlyAtABadCount)
-{
-    for (const QByteArray count : {"abc", "-1", "99999", ""}) {
-        pickers.answer = {put(u"in.vxl"_s, "[main]\nfiles=" + count + "\n")};
-        openWith({u"old{}old"_s});
-        press(editor->Command3);
-        EXPECT_EQ(entries(), QStringList()) << count.constData();
-        EXPECT_EQ(untrapped, QStringList());
-        EXPECT_TRUE(editor->isVisible());
-    }
 }
 
 TEST_F(ClipMode, CountsLargerThanTheSectionsGiveEmptyEntries)
 {
-    pickers.answer = {
-        put(u"in.vxl"_s, "[main]\nfiles=2\n[file1]\npath=/a.avi\ntext=A\n[file3]\npath=/c.avi\n")};
     open();
-    press(editor->Command3);
+    load(editor->Command3, "[main]\nfiles=2\n[file1]\npath=/a.avi\ntext=A\n[file3]\npath=/c.avi\n");
     EXPECT_EQ(entries(), QStringList({u"/a.avi{}A"_s, u"{}"_s}));
 }
 
@@ -381,15 +298,6 @@ TEST_F(ClipMode, LoadingAFileThatIsGoneShowsNoMessage)
     EXPECT_EQ(untrapped, QStringList());
 }
 
-TEST_F(ClipMode, CreateWithAnEmptyListClosesWithoutResult)
-{
-    open();
-    press(editor->Command1);
-    EXPECT_FALSE(editor->isVisible());
-    EXPECT_FALSE(module.EditorDone);
-    EXPECT_FALSE(QFile::exists(temporaryPacket()));
-}
-
 TEST_F(ClipMode, CreateWritesTheTemporaryPacketAndCloses)
 {
     openWith({u"/a.avi{}A"_s});
@@ -398,19 +306,6 @@ TEST_F(ClipMode, CreateWritesTheTemporaryPacketAndCloses)
     EXPECT_TRUE(module.EditorDone);
     EXPECT_EQ(bytesOf(temporaryPacket()),
               QByteArray("[main]\r\nfiles=1\r\n[file1]\r\npath=/a.avi\r\ntext=A\r\n"));
-}
-
-TEST_F(ClipMode, CancelWritesNothingAndLeavesEditorDone)
-{
-    openWith({u"/a.avi{}A"_s});
-    press(editor->Command2);
-    EXPECT_FALSE(editor->isVisible());
-    EXPECT_FALSE(module.EditorDone);
-    EXPECT_FALSE(QFile::exists(temporaryPacket()));
-    module.EditorDone = true;
-    openWith({u"/a.avi{}A"_s});
-    press(editor->Command2);
-    EXPECT_TRUE(module.EditorDone);
 }
 
 TEST_F(ClipMode, EscClosesOnlyWhileThereIsNothingToLose)
@@ -429,21 +324,6 @@ TEST_F(ClipMode, EnterInATextBoxClosesNothing)
     QTest::keyClick(editor->Text2, Qt::Key_Return);
     EXPECT_TRUE(editor->isVisible());
     EXPECT_FALSE(QFile::exists(temporaryPacket()));
-}
-
-TEST_F(ClipMode, EveryWayOfClosingStoresTheFolder)
-{
-    QDir(room()).mkdir(u"sub"_s);
-    const auto ways = {+[](Form5& form) { QTest::mouseClick(form.Command2, Qt::LeftButton); },
-                       +[](Form5& form) { QTest::mouseClick(form.Command1, Qt::LeftButton); },
-                       +[](Form5& form) { form.close(); }};
-    for (const auto leave : ways) {
-        set(u"save"_s, u"open"_s, room());
-        open();
-        editor->FolderTreeview1->setFolder(room(u"sub"_s));
-        leave(*editor);
-        EXPECT_EQ(stored(u"save"_s, u"open"_s), room(u"sub"_s));
-    }
 }
 
 TEST_F(ClipMode, TheFoldersOfTheTwoModesAreIndependent)

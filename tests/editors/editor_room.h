@@ -63,6 +63,12 @@ protected:
         file.write(bytes);
         return file.fileName();
     }
+    void putAll(const QStringList& names) const
+    {
+        for (const QString& name : names) {
+            put(name);
+        }
+    }
     static QByteArray bytesOf(const QString& path)
     {
         QFile file(path);
@@ -122,6 +128,19 @@ protected:
         });
     }
     static void press(QPushButton* button) { QTest::mouseClick(button, Qt::LeftButton); }
+    /// Presses a button that loads, and picks a document of these bytes.
+    void load(QPushButton* button, const QByteArray& bytes)
+    {
+        pickers.answer = {put(u"in"_s, bytes)};
+        press(button);
+    }
+    /// Presses a button that saves, and gives what is in the file "out" then.
+    [[nodiscard]] QByteArray savedBy(QPushButton* button)
+    {
+        pickers.saveAnswer = room(u"out"_s);
+        press(button);
+        return bytesOf(pickers.saveAnswer);
+    }
     [[nodiscard]] QStringList entries() const { return editor->List1->list().entries; }
     [[nodiscard]] int selected() const { return editor->List1->list().selected; }
     /// Where Create writes.

@@ -36,6 +36,8 @@ protected:
         return module.ApplicationFolder + u'/' + name;
     }
 
+    EditorServices given = services();
+
 private:
     NextModalWindow m_next;
 };
@@ -45,7 +47,6 @@ private:
 TEST_F(ShowEditor, CreateGivesTheTemporaryPacketToOpen)
 {
     put(u"a.avi"_s);
-    EditorServices given = services();
     inTheEditor<Form5>([](Form5& form) {
         clickRow(form.File1, 0);
         press(form.Command1);
@@ -56,7 +57,6 @@ TEST_F(ShowEditor, CreateGivesTheTemporaryPacketToOpen)
 TEST_F(ShowEditor, CreateGivesTheTemporaryGroupToOpen)
 {
     put(u"a.vxl"_s);
-    EditorServices given = services();
     inTheEditor<Form6>([](Form6& form) {
         clickRow(form.File1, 0);
         press(form.Command1);
@@ -68,7 +68,6 @@ TEST_F(ShowEditor, ClosingWithoutCreateGivesNothingAndDeletesNothing)
 {
     QFile stale(temporary(u"temp.vxl"_s));
     ASSERT_TRUE(stale.open(QIODevice::WriteOnly));
-    EditorServices given = services();
     inTheEditor<Form5>([](Form5& form) { press(form.Command2); });
     EXPECT_EQ(showPacketEditor(given, nullptr).fileToOpen, QString());
     EXPECT_TRUE(stale.exists());
@@ -77,7 +76,6 @@ TEST_F(ShowEditor, ClosingWithoutCreateGivesNothingAndDeletesNothing)
 TEST_F(ShowEditor, EditorDoneStaysSetForTheRestOfTheRun)
 {
     module.EditorDone = true;
-    EditorServices given = services();
     inTheEditor<Form5>([](Form5& form) { press(form.Command2); });
     EXPECT_EQ(showPacketEditor(given, nullptr).fileToOpen, QString());
     EXPECT_TRUE(module.EditorDone);
@@ -89,14 +87,12 @@ TEST_F(ShowEditor, AFileThatIsLeftOverIsOpenedOnceSomethingHasBeenCreated)
     module.EditorDone = true;
     QFile leftOver(temporary(u"temp.vxl"_s));
     ASSERT_TRUE(leftOver.open(QIODevice::WriteOnly));
-    EditorServices given = services();
     inTheEditor<Form5>([](Form5& form) { press(form.Command2); });
     EXPECT_EQ(showPacketEditor(given, nullptr).fileToOpen, leftOver.fileName());
 }
 
 TEST_F(ShowEditor, CreateWithAnEmptyListGivesNothing)
 {
-    EditorServices given = services();
     inTheEditor<Form5>([](Form5& form) { press(form.Command1); });
     EXPECT_EQ(showPacketEditor(given, nullptr).fileToOpen, QString());
     inTheEditor<Form6>([](Form6& form) { press(form.Command1); });
@@ -107,7 +103,6 @@ TEST_F(ShowEditor, APlayerThatRanIsPausedForThePreviewAndGoesOnAfterwards)
 {
     put(u"a.avi"_s);
     playerRuns = true;
-    EditorServices given = services();
     inTheEditor<Form5>([this](Form5& form) {
         EXPECT_TRUE(playerRuns);
         runPreview(form);
@@ -120,7 +115,6 @@ TEST_F(ShowEditor, APlayerThatRanIsPausedForThePreviewAndGoesOnAfterwards)
 TEST_F(ShowEditor, APlayerThatDidNotRunStaysAsItIs)
 {
     put(u"a.avi"_s);
-    EditorServices given = services();
     inTheEditor<Form5>([this](Form5& form) { runPreview(form); });
     showPacketEditor(given, nullptr);
     EXPECT_FALSE(playerRuns);
@@ -130,7 +124,6 @@ TEST_F(ShowEditor, APlayerIsNotResumedWhenSomethingNewIsToBeOpened)
 {
     put(u"a.avi"_s);
     playerRuns = true;
-    EditorServices given = services();
     inTheEditor<Form5>([this](Form5& form) {
         runPreview(form);
         press(form.Command15);
@@ -142,7 +135,6 @@ TEST_F(ShowEditor, APlayerIsNotResumedWhenSomethingNewIsToBeOpened)
 
 TEST_F(ShowEditor, SizesAreRememberedForTheRun)
 {
-    EditorServices given = services();
     inTheEditor<Form5>([](Form5& form) { form.resize(1003, 702); });
     showPacketEditor(given, nullptr);
     inTheEditor<Form5>([](Form5& form) { EXPECT_EQ(form.size(), QSize(1003, 702)); });

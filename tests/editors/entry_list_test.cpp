@@ -18,87 +18,49 @@ static EntryList listOf(const QStringList& entries, int selected = -1)
     return {.entries = entries, .selected = selected};
 }
 
-TEST(MakeRoom, AppendsToAnEmptyListAndSelectsTheFirstEntry)
+static void rebuild(EntryList& list)
 {
-    EntryList list;
-    makeRoom(list);
-    EXPECT_EQ(list, listOf({u""_s}, 0));
-}
-
-TEST(MakeRoom, WithNothingSelectedLeavesAnEmptyEntryAtTheEndAndSelectsTheFirst)
-{
-    EntryList list = listOf({u"a"_s, u"b"_s});
-    makeRoom(list);
-    EXPECT_EQ(list, listOf({u"a"_s, u"b"_s, u""_s}, 0));
-}
-
-TEST(MakeRoom, InsertsRightAfterTheSelectedEntry)
-{
-    EntryList list = listOf({u"a"_s, u"b"_s}, 0);
-    makeRoom(list);
-    EXPECT_EQ(list, listOf({u"a"_s, u""_s, u"b"_s}, 1));
-}
-
-TEST(MakeRoom, AppendsAfterTheLastEntry)
-{
-    EntryList list = listOf({u"a"_s, u"b"_s}, 1);
-    makeRoom(list);
-    EXPECT_EQ(list, listOf({u"a"_s, u"b"_s, u""_s}, 2));
-}
-
-TEST(RebuildSelected, AppendsAndSelectsWhenNothingIsSelected)
-{
-    EntryList list = listOf({u"a"_s});
     rebuildSelected(list, u"new"_s);
-    EXPECT_EQ(list, listOf({u"a"_s, u"new"_s}, 1));
 }
 
-TEST(RebuildSelected, ReplacesTheSelectedEntry)
+TEST(EntryLists, ChangeAroundTheSelectedEntry)
 {
-    EntryList list = listOf({u"a"_s, u"b"_s}, 0);
-    rebuildSelected(list, u"new"_s);
-    EXPECT_EQ(list, listOf({u"new"_s, u"b"_s}, 0));
-}
-
-TEST(RemoveSelected, RemovesNothingWithoutASelection)
-{
-    EntryList list = listOf({u"a"_s});
-    removeSelected(list);
-    EXPECT_EQ(list, listOf({u"a"_s}));
-}
-
-TEST(RemoveSelected, LeavesNothingSelected)
-{
-    EntryList list = listOf({u"a"_s, u"b"_s, u"c"_s}, 1);
-    removeSelected(list);
-    EXPECT_EQ(list, listOf({u"a"_s, u"c"_s}));
-}
-
-TEST(Move, UpOnTheFirstAndDownOnTheLastDoNothing)
-{
-    EntryList first = listOf({u"a"_s, u"b"_s}, 0);
-    moveUp(first);
-    EXPECT_EQ(first, listOf({u"a"_s, u"b"_s}, 0));
-    EntryList last = listOf({u"a"_s, u"b"_s}, 1);
-    moveDown(last);
-    EXPECT_EQ(last, listOf({u"a"_s, u"b"_s}, 1));
-}
-
-TEST(Move, KeepsTheMovedEntrySelected)
-{
-    EntryList list = listOf({u"a"_s, u"b"_s, u"c"_s}, 2);
-    moveUp(list);
-    EXPECT_EQ(list, listOf({u"a"_s, u"c"_s, u"b"_s}, 1));
-    moveDown(list);
-    EXPECT_EQ(list, listOf({u"a"_s, u"b"_s, u"c"_s}, 2));
-}
-
-TEST(Move, WithoutASelectionDoesNothing)
-{
-    EntryList list = listOf({u"a"_s, u"b"_s});
-    moveUp(list);
-    moveDown(list);
-    EXPECT_EQ(list, listOf({u"a"_s, u"b"_s}));
+    struct Row
+    {
+        const char* rule;
+        void (*change)(EntryList&);
+        EntryList before;
+        EntryList after;
+    };
+    const QStringList ab = {u"a"_s, u"b"_s};
+    const QStringList abc = {u"a"_s, u"b"_s, u"c"_s};
+    const QStringList acb = {u"a"_s, u"c"_s, u"b"_s};
+    const Row rows[] = {
+        {"room in an empty list is its first entry", makeRoom, {}, listOf({u""_s}, 0)},
+        {"with nothing selected room is made at the end and the first entry selected", makeRoom,
+         listOf(ab), listOf(ab + QStringList(u""_s), 0)},
+        {"room is made right after the selected entry", makeRoom, listOf(ab, 0),
+         listOf({u"a"_s, u""_s, u"b"_s}, 1)},
+        {"room is made after the last entry", makeRoom, listOf(ab, 1),
+         listOf(ab + QStringList(u""_s), 2)},
+        {"with nothing selected a rebuilt entry is appended and selected", rebuild,
+         listOf({u"a"_s}), listOf({u"a"_s, u"new"_s}, 1)},
+        {"the selected entry is rebuilt", rebuild, listOf(ab, 0), listOf({u"new"_s, u"b"_s}, 0)},
+        {"without a selection nothing is removed", removeSelected, listOf(ab), listOf(ab)},
+        {"a removal leaves nothing selected", removeSelected, listOf(abc, 1),
+         listOf({u"a"_s, u"c"_s})},
+        {"the first entry stays", moveUp, listOf(ab, 0), listOf(ab, 0)},
+        {"the last entry stays", moveDown, listOf(ab, 1), listOf(ab, 1)},
+        {"an entry that goes up stays selected", moveUp, listOf(abc, 2), listOf(acb, 1)},
+        {"an entry that goes down stays selected", moveDown, listOf(acb, 1), listOf(abc, 2)},
+        {"without a selection nothing goes up", moveUp, listOf(ab), listOf(ab)},
+        {"without a selection nothing goes down", moveDown, listOf(ab), listOf(ab)},
+    };
+    for (const Row& row : rows) {
+        EntryList list = row.before;
+        row.change(list);
+        EXPECT_EQ(list, row.after) << row.rule;
+    }
 }
 
 TEST(SplitAtLastMarker, TheLastMarkerDecides)
@@ -186,23 +148,17 @@ TEST(MemberList, AFreshMemberHasThreeFieldsAndNoPicture)
               u"/p/week1.vxl{}week1{}{No picture}"_s);
 }
 
-TEST(MemberList, AClickOnATwoFieldEntryChangesThePathAlone)
+TEST(MemberList, AClickShowsWhatTheEntryHas)
 {
     const MemberFields shown = {.path = u"p"_s, .text = u"t"_s, .picture = u"i"_s};
-    const MemberFields expected = {.path = u"q"_s, .text = u"t"_s, .picture = u"i"_s};
-    EXPECT_EQ(shownAfterClick(shown, u"q{}new text"_s), expected);
-}
-
-TEST(MemberList, TheLastMarkerSeparatesThePicture)
-{
-    const MemberFields expected = {.path = u"q"_s, .text = u"a{}b"_s, .picture = u"i.jpg"_s};
-    EXPECT_EQ(shownAfterClick({}, u"q{}a{}b{}i.jpg"_s), expected);
-}
-
-TEST(MemberList, AClickOnAnEmptyEntryChangesNothing)
-{
-    const MemberFields shown = {.path = u"p"_s, .text = u"t"_s, .picture = u"i"_s};
-    EXPECT_EQ(shownAfterClick(shown, QString()), shown);
+    const auto fields = [](const QString& path, const QString& text, const QString& picture) {
+        return MemberFields{.path = path, .text = text, .picture = picture};
+    };
+    EXPECT_EQ(shownAfterClick(shown, u"q{}new text"_s), fields(u"q"_s, u"t"_s, u"i"_s))
+        << "two fields change the path alone";
+    EXPECT_EQ(shownAfterClick({}, u"q{}a{}b{}i.jpg"_s), fields(u"q"_s, u"a{}b"_s, u"i.jpg"_s))
+        << "the last marker separates the picture";
+    EXPECT_EQ(shownAfterClick(shown, QString()), shown) << "an empty entry changes nothing";
 }
 
 } // namespace orvanta::test

@@ -29,43 +29,30 @@ private:
 
 } // namespace
 
-TEST_F(FolderNames, SortNumbersByValue)
+TEST_F(FolderNames, AreThoseThatMatchThePattern)
 {
-    for (const QString& name : {u"a10.avi"_s, u"a2.avi"_s, u"A1.avi"_s, u"b.avi"_s}) {
+    struct Row
+    {
+        const char* rule;
+        QString pattern;
+        QStringList names;
+    };
+    for (const QString& name : {u"a10.avi"_s, u"a2.avi"_s, u"A1.avi"_s, u"b.AVI"_s, u"c.Mp3"_s,
+                                u"davi"_s, u".h.avi"_s, u"two\nlines.avi"_s, u"lesson1.txt"_s}) {
         put(name);
     }
-    EXPECT_EQ(fileNames(path(), u"*.avi"_s),
-              QStringList({u"A1.avi"_s, u"a2.avi"_s, u"a10.avi"_s, u"b.avi"_s}));
-}
-
-TEST_F(FolderNames, MatchThePatternWithoutRegardToCase)
-{
-    for (const QString& name : {u"a.AVI"_s, u"b.Mp3"_s, u"c.txt"_s, u"davi"_s}) {
-        put(name);
-    }
-    EXPECT_EQ(fileNames(path(), u"*.avi;*.mp3"_s), QStringList({u"a.AVI"_s, u"b.Mp3"_s}));
-}
-
-TEST_F(FolderNames, TakeWildcardsAnywhereInAPattern)
-{
-    put(u"lesson1.avi"_s);
-    put(u"other.avi"_s);
-    EXPECT_EQ(fileNames(path(), u"less*n?.avi"_s), QStringList({u"lesson1.avi"_s}));
-}
-
-TEST_F(FolderNames, AnEmptyPatternListsNothing)
-{
-    put(u"a.avi"_s);
-    EXPECT_EQ(fileNames(path(), QString()), QStringList());
-}
-
-TEST_F(FolderNames, LeaveOutHiddenFilesFoldersAndNamesWithLineBreaks)
-{
-    put(u".a.avi"_s);
-    put(u"two\nlines.avi"_s);
     QDir(path()).mkdir(u"folder.avi"_s);
-    put(u"b.avi"_s);
-    EXPECT_EQ(fileNames(path(), u"*.avi"_s), QStringList({u"b.avi"_s}));
+    const QStringList films = {u"A1.avi"_s, u"a2.avi"_s, u"a10.avi"_s, u"b.AVI"_s};
+    const Row rows[] = {
+        {"sorted with numbers by value, without hidden files, folders and names with line breaks",
+         u"*.avi"_s, films},
+        {"without regard to case", u"*.AVI;*.mp3"_s, films + QStringList(u"c.Mp3"_s)},
+        {"wildcards stand anywhere", u"less*n?.txt"_s, {u"lesson1.txt"_s}},
+        {"an empty pattern lists nothing", {}, {}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(fileNames(path(), row.pattern), row.names) << row.rule;
+    }
 }
 
 TEST_F(FolderNames, OfAFolderThatIsNotThereAreNone)

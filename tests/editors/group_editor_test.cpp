@@ -23,9 +23,7 @@ protected:
 
 TEST_F(GroupEditor, ListsThePacketsOfTheStoredFolder)
 {
-    put(u"a.vxl"_s);
-    put(u"b.VXL"_s);
-    put(u"c.avi"_s);
+    putAll({u"a.vxl"_s, u"b.VXL"_s, u"c.avi"_s});
     open();
     EXPECT_EQ(editor->File1->names(), QStringList({u"a.vxl"_s, u"b.VXL"_s}));
     EXPECT_EQ(editor->FolderTreeview1->folder(), room());
@@ -184,34 +182,6 @@ TEST_F(GroupEditor, APictureThatIsNoneShowsNothing)
     EXPECT_TRUE(editor->Image1->pixmap().isNull());
 }
 
-TEST_F(GroupEditor, RemovesAndMovesLikeThePacketEditor)
-{
-    openWith({u"a"_s, u"b"_s, u"c"_s});
-    press(editor->Command5);
-    EXPECT_EQ(entries().size(), 3);
-    clickRow(editor->List1, 0);
-    press(editor->Command9);
-    EXPECT_EQ(entries(), QStringList({u"a"_s, u"b"_s, u"c"_s}));
-    press(editor->Command10);
-    press(editor->Command10);
-    press(editor->Command10);
-    EXPECT_EQ(entries(), QStringList({u"b"_s, u"c"_s, u"a"_s}));
-    press(editor->Command5);
-    EXPECT_EQ(entries(), QStringList({u"b"_s, u"c"_s}));
-    press(editor->Command6);
-    EXPECT_EQ(entries(), QStringList());
-}
-
-TEST_F(GroupEditor, KeysRemoveAndMoveMembers)
-{
-    openWith({u"a"_s, u"b"_s, u"c"_s});
-    clickRow(editor->List1, 2);
-    QTest::keyClick(editor->List1, Qt::Key_Up, Qt::ControlModifier);
-    EXPECT_EQ(entries(), QStringList({u"a"_s, u"c"_s, u"b"_s}));
-    QTest::keyClick(editor->List1, Qt::Key_Delete);
-    EXPECT_EQ(entries(), QStringList({u"a"_s, u"b"_s}));
-}
-
 TEST_F(GroupEditor, LoadsMembersWithoutTheirPictures)
 {
     pickers.answer = {put(u"in.vxg"_s,
@@ -226,9 +196,8 @@ TEST_F(GroupEditor, LoadsMembersWithoutTheirPictures)
 TEST_F(GroupEditor, CreateFindsPacketsThatTheLoadedGroupNamesBesideItself)
 {
     put(u"near.vxl"_s);
-    pickers.answer = {put(u"in.vxg"_s, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n")};
     open();
-    press(editor->Command3);
+    load(editor->Command3, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n");
     press(editor->Command1);
     EXPECT_TRUE(
         bytesOf(temporaryGroup()).contains("\r\npath=" + room(u"near.vxl"_s).toUtf8() + "\r\n"))
@@ -238,9 +207,8 @@ TEST_F(GroupEditor, CreateFindsPacketsThatTheLoadedGroupNamesBesideItself)
 TEST_F(GroupEditor, AGroupThatIsSavedInAnotherFolderStillFindsItsPackets)
 {
     put(u"near.vxl"_s);
-    pickers.answer = {put(u"in.vxg"_s, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n")};
     open();
-    press(editor->Command3);
+    load(editor->Command3, "[main]\nfiles=1\n[file1]\npath=near.vxl\ntext=A\n");
     pickers.saveAnswer = module.ApplicationFolder + u"/out.vxg"_s;
     press(editor->Command4);
     EXPECT_TRUE(
@@ -250,14 +218,10 @@ TEST_F(GroupEditor, AGroupThatIsSavedInAnotherFolderStillFindsItsPackets)
 
 TEST_F(GroupEditor, LoadedAndSavedAgainItLosesPicturesAndShiftsTexts)
 {
-    pickers.answer = {put(u"in.vxg"_s,
-                          "[main]\nfiles=2\n[file1]\npath=/a.vxl\ntext=A\npicture=/p.jpg\n"
-                          "[file2]\npath=/b.vxl\ntext=B\npicture=/q.jpg\n")};
     open();
-    press(editor->Command3);
-    pickers.saveAnswer = room(u"out.vxg"_s);
-    press(editor->Command4);
-    EXPECT_EQ(bytesOf(room(u"out.vxg"_s)),
+    load(editor->Command3, "[main]\nfiles=2\n[file1]\npath=/a.vxl\ntext=A\npicture=/p.jpg\n"
+                           "[file2]\npath=/b.vxl\ntext=B\npicture=/q.jpg\n");
+    EXPECT_EQ(savedBy(editor->Command4),
               QByteArray("[main]\r\nfiles=2\r\n"
                          "[file1]\r\npath=/a.vxl\r\ntext=\r\npicture=\r\n"
                          "[file2]\r\npath=/b.vxl\r\ntext=\r\npicture=\r\n"));
@@ -269,9 +233,7 @@ TEST_F(GroupEditor, SavesExactBytesInBothDecimalMarks)
         const UserLocale locale{QLocale(language)};
         openWith({u"/w1.vxl{}Неделя {} 1{}/w1.jpg"_s, u"/w2.vxl{}two"_s,
                   u"/w3.vxl{}three{}{No picture}"_s});
-        pickers.saveAnswer = room(u"out.vxg"_s);
-        press(editor->Command4);
-        EXPECT_EQ(bytesOf(room(u"out.vxg"_s)),
+        EXPECT_EQ(savedBy(editor->Command4),
                   QByteArray("[main]\r\nfiles=3\r\n"
                              "[file1]\r\npath=/w1.vxl\r\ntext=Неделя {} 1\r\npicture=/w1.jpg\r\n"
                              "[file2]\r\npath=/w2.vxl\r\ntext=Неделя {} 1\r\npicture=/w1.jpg\r\n"
@@ -279,49 +241,11 @@ TEST_F(GroupEditor, SavesExactBytesInBothDecimalMarks)
     }
 }
 
-TEST_F(GroupEditor, SavingAnEmptyListWritesZeroFiles)
-{
-    open();
-    pickers.saveAnswer = room(u"out.vxg"_s);
-    press(editor->Command4);
-    EXPECT_EQ(bytesOf(room(u"out.vxg"_s)), QByteArray("[main]\r\nfiles=0\r\n"));
-    EXPECT_EQ(pickers.calls, QStringList({u"save *.vxg"_s}));
-}
-
 TEST_F(GroupEditor, SavingReplacesAnOlderGroupEntirely)
 {
-    put(u"out.vxg"_s, "[main]\nfiles=7\n[file7]\npath=old\n");
+    put(u"out"_s, "[main]\nfiles=7\n[file7]\npath=old\n");
     openWith({u"/a.vxl{}A{}p"_s});
-    pickers.saveAnswer = room(u"out.vxg"_s);
-    press(editor->Command4);
-    EXPECT_FALSE(bytesOf(room(u"out.vxg"_s)).contains("old"));
-}
-
-TEST_F(GroupEditor, ACancelledPickerWritesAndLoadsNothing)
-{
-    openWith({u"a"_s});
-    press(editor->Command3);
-    press(editor->Command4);
-    EXPECT_EQ(entries(), QStringList({u"a"_s}));
-    EXPECT_EQ(QDir(room()).entryList(QDir::Files), QStringList());
-}
-
-TEST_F(GroupEditor, LoadingEndsSilentlyAtABadCount)
-{
-    pickers.answer = {put(u"in.vxg"_s, "[main]\nfiles=some\n")};
-    openWith({u"old"_s});
-    press(editor->Command3);
-    EXPECT_EQ(entries(), QStringList());
-    EXPECT_EQ(untrapped, QStringList());
-}
-
-TEST_F(GroupEditor, CreateWithAnEmptyListClosesWithoutResult)
-{
-    open();
-    press(editor->Command1);
-    EXPECT_FALSE(editor->isVisible());
-    EXPECT_FALSE(module.EditorDone);
-    EXPECT_FALSE(QFile::exists(temporaryGroup()));
+    EXPECT_FALSE(savedBy(editor->Command4).contains("old"));
 }
 
 TEST_F(GroupEditor, CreateWritesTheTemporaryGroupAndCloses)
@@ -333,23 +257,6 @@ TEST_F(GroupEditor, CreateWritesTheTemporaryGroupAndCloses)
     EXPECT_EQ(bytesOf(temporaryGroup()),
               QByteArray("[main]\r\nfiles=1\r\n"
                          "[file1]\r\npath=/a.vxl\r\ntext=A\r\npicture={No picture}\r\n"));
-}
-
-TEST_F(GroupEditor, CancelWritesNothing)
-{
-    openWith({u"/a.vxl{}A{}{No picture}"_s});
-    press(editor->Command2);
-    EXPECT_FALSE(module.EditorDone);
-    EXPECT_FALSE(QFile::exists(temporaryGroup()));
-}
-
-TEST_F(GroupEditor, ClosingStoresTheFolder)
-{
-    QDir(room()).mkdir(u"sub"_s);
-    open();
-    editor->FolderTreeview1->setFolder(room(u"sub"_s));
-    editor->close();
-    EXPECT_EQ(stored(u"save"_s, u"open"_s), room(u"sub"_s));
 }
 
 } // namespace orvanta::test

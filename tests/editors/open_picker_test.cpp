@@ -28,8 +28,7 @@ protected:
 
 TEST_F(OpenPicker, ShowsTheStoredFolderWithItsFirstFileSelected)
 {
-    put(u"b.vxl"_s);
-    put(u"A.VXL"_s);
+    putAll({u"b.vxl"_s, u"A.VXL"_s});
     open();
     EXPECT_EQ(picker->File1->folder(), room());
     EXPECT_EQ(picker->FolderTreeview1->folder(), room());
@@ -86,9 +85,7 @@ TEST_F(OpenPicker, ClosedByTheWindowManagerItLeavesPickedFilesAsTheyWere)
 
 TEST_F(OpenPicker, SeveralFilesComeInTheListsOrder)
 {
-    for (const QString& name : {u"a10.avi"_s, u"a2.avi"_s, u"a1.avi"_s}) {
-        put(name);
-    }
+    putAll({u"a10.avi"_s, u"a2.avi"_s, u"a1.avi"_s});
     open(u"*.avi"_s, true);
     clickRow(picker->File1, 2);
     clickRow(picker->File1, 0, Qt::ControlModifier);
@@ -98,9 +95,7 @@ TEST_F(OpenPicker, SeveralFilesComeInTheListsOrder)
 
 TEST_F(OpenPicker, WithOneFileAllowedADragSelectsNoMoreThanOne)
 {
-    put(u"a.avi"_s);
-    put(u"b.avi"_s);
-    put(u"c.avi"_s);
+    putAll({u"a.avi"_s, u"b.avi"_s, u"c.avi"_s});
     open(u"*.avi"_s);
     QWidget* list = picker->File1->viewport();
     const auto at = [&](int row) {
@@ -117,8 +112,7 @@ TEST_F(OpenPicker, WithOneFileAllowedADragSelectsNoMoreThanOne)
 
 TEST_F(OpenPicker, DoubleClickAndEnterAreOk)
 {
-    put(u"a.vxl"_s);
-    put(u"b.vxl"_s);
+    putAll({u"a.vxl"_s, u"b.vxl"_s});
     open();
     clickRow(picker->File1, 1);
     QTest::mouseDClick(picker->File1->viewport(), Qt::LeftButton, {},
@@ -131,9 +125,7 @@ TEST_F(OpenPicker, DoubleClickAndEnterAreOk)
 
 TEST_F(OpenPicker, TypingGoesToAName)
 {
-    for (const QString& name : {u"alpha.vxl"_s, u"beta.vxl"_s, u"gamma.vxl"_s}) {
-        put(name);
-    }
+    putAll({u"alpha.vxl"_s, u"beta.vxl"_s, u"gamma.vxl"_s});
     open();
     picker->File1->setFocus();
     QTest::keyClicks(picker->File1, u"ga"_s);
@@ -142,9 +134,7 @@ TEST_F(OpenPicker, TypingGoesToAName)
 
 TEST_F(OpenPicker, TypingGoesToANameWithBlanks)
 {
-    for (const QString& name : {u"my clip.vxl"_s, u"my song.vxl"_s, u"mysterious.vxl"_s}) {
-        put(name);
-    }
+    putAll({u"my clip.vxl"_s, u"my song.vxl"_s, u"mysterious.vxl"_s});
     open();
     QTest::keyClicks(picker->File1, u"my s"_s);
     EXPECT_EQ(picker->File1->FileName(), u"my song.vxl"_s);
@@ -164,8 +154,7 @@ TEST_F(OpenPicker, ALongNameMakesTheListNoWider)
 TEST_F(OpenPicker, ATypedFolderIsShownAndATypedFileIsChosen)
 {
     QDir(room()).mkdir(u"sub"_s);
-    put(u"sub/a.vxl"_s);
-    put(u"sub/b.vxl"_s);
+    putAll({u"sub/a.vxl"_s, u"sub/b.vxl"_s});
     open();
     typeOver(picker->PathBox, room(u"sub"_s));
     QTest::keyClick(picker->PathBox, Qt::Key_Return);
@@ -197,8 +186,7 @@ TEST_F(OpenPicker, OkGoesToAPathThatWasTypedInsteadOfTakingAFileOfTheFolderBefor
 
 TEST_F(OpenPicker, AFileThatIsClickedCountsMoreThanAPathTypedBefore)
 {
-    put(u"a.vxl"_s);
-    put(u"b.vxl"_s);
+    putAll({u"a.vxl"_s, u"b.vxl"_s});
     open();
     typeOver(picker->PathBox, u"/no/such/folder"_s);
     clickRow(picker->File1, 1);

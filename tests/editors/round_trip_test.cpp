@@ -11,7 +11,7 @@ namespace orvanta::test {
 
 namespace {
 
-class RoundTrip : public EditorRoom
+class RoundTrip : public EditorOnScreen<Form5>
 {};
 
 /// Texts that files, lists and people are bad at.
@@ -117,9 +117,7 @@ std::vector<Clip> expectedAfterSaving(const std::vector<Clip>& clips)
 TEST_F(RoundTrip, AThousandHostilePacketsKeepEveryPathAndText)
 {
     HostileTexts texts(20250);
-    EditorServices given = services();
-    Form5 editor(given);
-    editor.show();
+    open();
     pickers.saveAnswer = room(u"out.vxl"_s);
     for (int packet = 0; packet < 1000; ++packet) {
         std::vector<Clip> clips(static_cast<std::size_t>(texts.upTo(4)));
@@ -127,8 +125,8 @@ TEST_F(RoundTrip, AThousandHostilePacketsKeepEveryPathAndText)
             clip = {.path = u"/clips/"_s + texts.next(), .text = texts.next()};
         }
         pickers.answer = {put(u"in.vxl"_s, packetOf(clips))};
-        editor.Command3->click();
-        editor.Command4->click();
+        editor->Command3->click();
+        editor->Command4->click();
         ASSERT_EQ(bytesOf(room(u"out.vxl"_s)), packetOf(expectedAfterSaving(clips)))
             << "packet " << packet;
     }
@@ -140,12 +138,10 @@ TEST_F(RoundTrip, ABrakePacketKeepsEveryTimeAndText)
     pickers.answer = {put(u"in.vxl"_s, "[main]\nfile=/a{}b.avi\nbrakes=2\n"
                                        "[brake1]\ntime=000012,50\ntext={}=;[ x\n"
                                        "[brake2]\ntime=3\ntext=\n")};
-    EditorServices given = services();
-    Form5 editor(given);
-    editor.show();
+    open();
     pickers.saveAnswer = room(u"out.vxl"_s);
-    editor.Command7->click();
-    editor.Command16->click();
+    editor->Command7->click();
+    editor->Command16->click();
     const BrakeDocument saved = readBrakeDocument(room(u"out.vxl"_s));
     EXPECT_EQ(saved.mediaFile, u"/a{}b.avi"_s);
     EXPECT_EQ(saved.entries, QStringList({u"000012,50{}{}=;[ x"_s, u"3{}"_s}));

@@ -56,8 +56,7 @@ TEST_F(SavePicker, AppendsTheExtensionAlsoToANameThatEndsInIt)
 
 TEST_F(SavePicker, ClickingAFileCopiesItsNameWithoutExtension)
 {
-    put(u"a.vxl"_s);
-    put(u"b.c.vxl"_s);
+    putAll({u"a.vxl"_s, u"b.c.vxl"_s});
     open();
     clickRow(picker->File1, 1);
     EXPECT_EQ(picker->Text1->text(), u"b.c"_s);
@@ -78,8 +77,7 @@ TEST_F(SavePicker, AClickWithControlKeepsTheFileChosen)
 
 TEST_F(SavePicker, ADoubleClickTakesTheFilesNameAndIsOk)
 {
-    put(u"a.vxl"_s);
-    put(u"b.vxl"_s);
+    putAll({u"a.vxl"_s, u"b.vxl"_s});
     open();
     clickRow(picker->File1, 1);
     QTest::mouseDClick(picker->File1->viewport(), Qt::LeftButton, {},

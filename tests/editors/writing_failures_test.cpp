@@ -55,20 +55,20 @@ private:
     static constexpr uid_t kNobody = 65534;
 };
 
-class WritingFailures : public EditorRoom
+class WritingFailures : public EditorOnScreen<Form5>
 {
 protected:
     WritingFailures()
     {
         for (int i = 0; i < 1000; ++i) {
-            entries.append(u"/clips/clip%1.avi{}Text of clip %1"_s.arg(i));
+            many.append(u"/clips/clip%1.avi{}Text of clip %1"_s.arg(i));
         }
     }
 
     /// Every button of the packet editor that writes, with full lists.
     void pressAllThatWrite(Form5& form)
     {
-        const auto fill = [&](EntryList& list) { list.entries = entries; };
+        const auto fill = [&](EntryList& list) { list.entries = many; };
         form.List1->change(fill);
         form.List2->change(fill);
         form.Command4->click();
@@ -86,7 +86,7 @@ protected:
     static constexpr QFile::Permissions kAnybodyReads =
         QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
 
-    QStringList entries;
+    QStringList many;
 };
 
 } // namespace
@@ -99,16 +99,14 @@ TEST_F(WritingFailures, AFullDiskLeavesTheOldFilesWholeAndTheEditorOpen)
     ASSERT_TRUE(temporary.open(QIODevice::WriteOnly));
     temporary.write(old);
     temporary.close();
-    EditorServices given = services();
-    Form5 form(given);
-    form.show();
+    open();
     {
         const FullDisk disk(4096);
-        pressAllThatWrite(form);
+        pressAllThatWrite(*editor);
     }
     EXPECT_EQ(bytesOf(room(u"out.vxl"_s)), old);
     EXPECT_EQ(bytesOf(temporary.fileName()), old);
-    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(editor->isVisible());
     expectQuiet();
 }
 
@@ -119,7 +117,7 @@ TEST_F(WritingFailures, AFullDiskLeavesTheOldGroupWhole)
     EditorServices given = services();
     Form6 form(given);
     form.show();
-    form.List1->change([&](EntryList& list) { list.entries = entries; });
+    form.List1->change([&](EntryList& list) { list.entries = many; });
     {
         const FullDisk disk(4096);
         form.Command4->click();
@@ -140,18 +138,16 @@ TEST_F(WritingFailures, AReadOnlyFolderLeavesTheOldFileWholeAndTheEditorOpen)
     ASSERT_TRUE(QFile::setPermissions(room(), kAnybodyReads | QFile::WriteOwner));
     ASSERT_TRUE(QFile::setPermissions(room(u"locked"_s), kAnybodyReads));
     ASSERT_TRUE(QFile::setPermissions(pickers.saveAnswer, QFile::ReadOwner | QFile::ReadOther));
-    EditorServices given = services();
-    Form5 form(given);
-    form.show();
+    open();
     {
         const NoPrivileges nobody;
         // Whoever runs this: the folder is one that cannot be written.
         ASSERT_FALSE(QFile(room(u"locked/probe"_s)).open(QIODevice::WriteOnly));
-        pressAllThatWrite(form);
+        pressAllThatWrite(*editor);
     }
     EXPECT_EQ(bytesOf(pickers.saveAnswer), old);
     EXPECT_FALSE(QFile::exists(room(u"locked/temp.vxl"_s)));
-    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(editor->isVisible());
     expectQuiet();
     // So that the folder can be taken away.
     QFile::setPermissions(room(u"locked"_s), kAnybodyReads | QFile::WriteOwner);
@@ -162,18 +158,16 @@ TEST_F(WritingFailures, AFolderThatVanishesBeforeTheWritingIsPassedOverSilently)
     QDir(room()).mkdir(u"gone"_s);
     set(u"save"_s, u"open"_s, room(u"gone"_s));
     pickers.saveAnswer = room(u"gone/out.vxl"_s);
-    EditorServices given = services();
-    Form5 form(given);
-    form.show();
-    ASSERT_EQ(form.File1->folder(), room(u"gone"_s));
+    open();
+    ASSERT_EQ(editor->File1->folder(), room(u"gone"_s));
     QDir(room()).rmdir(u"gone"_s);
-    form.List1->change([&](EntryList& list) { list.entries = entries; });
-    form.Command4->click();
-    form.Command8->click();
+    editor->List1->change([&](EntryList& list) { list.entries = many; });
+    editor->Command4->click();
+    editor->Command8->click();
     EXPECT_FALSE(QFile::exists(room(u"gone"_s)));
-    EXPECT_EQ(form.List1->list().entries.size(), entries.size());
-    form.close();
-    EXPECT_FALSE(form.isVisible());
+    EXPECT_EQ(editor->List1->list().entries.size(), many.size());
+    editor->close();
+    EXPECT_FALSE(editor->isVisible());
     expectQuiet();
 }
 
@@ -185,11 +179,9 @@ TEST_F(WritingFailures, AFolderThatCannotBeWrittenIsPassedOverSilently)
     for (const QString& folder : {u"/proc/self"_s, room(u"file"_s), room(u"gone"_s)}) {
         pickers.saveAnswer = folder + u"/out.vxl"_s;
         module.ApplicationFolder = folder;
-        EditorServices given = services();
-        Form5 form(given);
-        form.show();
-        pressAllThatWrite(form);
-        EXPECT_TRUE(form.isVisible()) << qPrintable(folder);
+        open();
+        pressAllThatWrite(*editor);
+        EXPECT_TRUE(editor->isVisible()) << qPrintable(folder);
         EXPECT_FALSE(QFile::exists(folder + u"/out.vxl"_s));
         EXPECT_FALSE(QFile::exists(folder + u"/temp.vxl"_s));
         expectQuiet();
@@ -200,11 +192,9 @@ TEST_F(WritingFailures, ATargetThatIsAFolderStaysOne)
 {
     QDir(room()).mkdir(u"out.vxl"_s);
     pickers.saveAnswer = room(u"out.vxl"_s);
-    EditorServices given = services();
-    Form5 form(given);
-    form.show();
-    form.List1->change([&](EntryList& list) { list.entries = entries; });
-    form.Command4->click();
+    open();
+    editor->List1->change([&](EntryList& list) { list.entries = many; });
+    editor->Command4->click();
     EXPECT_TRUE(QFileInfo(room(u"out.vxl"_s)).isDir());
     expectQuiet();
 }
@@ -212,11 +202,9 @@ TEST_F(WritingFailures, ATargetThatIsAFolderStaysOne)
 TEST_F(WritingFailures, ASettingsFileThatCannotBeWrittenClosesAllTheSame)
 {
     module.IniPath = u"/proc/self/orvanta.ini"_s;
-    EditorServices given = services();
-    Form5 form(given);
-    form.show();
-    form.close();
-    EXPECT_FALSE(form.isVisible());
+    open();
+    editor->close();
+    EXPECT_FALSE(editor->isVisible());
     expectQuiet();
 }
 

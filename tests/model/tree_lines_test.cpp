@@ -37,37 +37,33 @@ QStringList texts(const std::vector<TreeLine>& lines)
     return result;
 }
 
-void expectPlace(const TreePlace& place, int packet, int clip)
-{
-    EXPECT_EQ(place.packet.value(), packet);
-    EXPECT_EQ(place.clip.value(), clip);
-}
-
 } // namespace
 
-TEST(Tree, OfAnEmptyPlaylistIsTheRootAlone)
+TEST(Tree, ShowsPacketsAndTheirClips)
 {
-    EXPECT_EQ(texts(treeLines({})), QStringList(u"!Orvanta!"_s));
-}
-
-TEST(Tree, OfOnePacketWithThreeClipsHasFiveLines)
-{
-    EXPECT_EQ(texts(treeLines(playlist({3}))),
-              (QStringList{u"!Orvanta!"_s, u"|-- p1"_s, u"   |- p1c1"_s, u"   |- p1c2"_s,
-                           u"   |- p1c3"_s}));
-}
-
-TEST(Tree, TheVerticalBarStopsAtTheLastPacket)
-{
-    EXPECT_EQ(
-        texts(treeLines(playlist({1, 1}))),
-        (QStringList{u"!Orvanta!"_s, u"|-- p1"_s, u"|  |- p1c1"_s, u"|-- p2"_s, u"   |- p2c1"_s}));
-}
-
-TEST(Tree, APacketWithoutClipsShowsItsHeaderOnly)
-{
-    EXPECT_EQ(texts(treeLines(playlist({0, 1}))),
-              (QStringList{u"!Orvanta!"_s, u"|-- p1"_s, u"|-- p2"_s, u"   |- p2c1"_s}));
+    struct Row
+    {
+        const char* rule;
+        std::vector<int> clipCounts;
+        QStringList lines;
+    };
+    const Row rows[] = {
+        {"an empty playlist is the root alone", {}, {}},
+        {"one packet with three clips has five lines",
+         {3},
+         {u"|-- p1"_s, u"   |- p1c1"_s, u"   |- p1c2"_s, u"   |- p1c3"_s}},
+        {"the vertical bar stops at the last packet",
+         {1, 1},
+         {u"|-- p1"_s, u"|  |- p1c1"_s, u"|-- p2"_s, u"   |- p2c1"_s}},
+        {"a packet without clips shows its header only",
+         {0, 1},
+         {u"|-- p1"_s, u"|-- p2"_s, u"   |- p2c1"_s}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(texts(treeLines(playlist(row.clipCounts))),
+                  QStringList(u"!Orvanta!"_s) + row.lines)
+            << row.rule;
+    }
 }
 
 TEST(Tree, LinesCarryTheNumberOfTheirPacket)
@@ -82,42 +78,23 @@ TEST(Tree, LinesCarryTheNumberOfTheirPacket)
 
 TEST(PlaceOfLine, IsPacketAndClip)
 {
+    // The root, headers with clip 0, clips; outside the list there is none.
     const std::vector<TreeLine> lines = treeLines(playlist({2, 2}));
-    expectPlace(placeOfLine(lines, 2), 1, 1);
-    expectPlace(placeOfLine(lines, 3), 1, 2);
-    expectPlace(placeOfLine(lines, 6), 2, 2);
+    const QList<std::pair<int, int>> places = {{0, 0}, {0, 0}, {1, 0}, {1, 1}, {1, 2},
+                                               {2, 0}, {2, 1}, {2, 2}, {0, 0}};
+    for (int line = -1; line < 8; ++line) {
+        const TreePlace place = placeOfLine(lines, line);
+        EXPECT_EQ(std::pair(place.packet.value(), place.clip.value()), places.at(line + 1)) << line;
+    }
 }
 
-TEST(PlaceOfLine, OfAHeaderHasNoClip)
-{
-    const std::vector<TreeLine> lines = treeLines(playlist({2, 2}));
-    expectPlace(placeOfLine(lines, 1), 1, 0);
-    expectPlace(placeOfLine(lines, 4), 2, 0);
-}
-
-TEST(PlaceOfLine, OfTheRootIsNoClip)
-{
-    EXPECT_EQ(placeOfLine(treeLines(playlist({2})), 0).clip, 0);
-}
-
-TEST(PlaceOfLine, OutsideTheListIsNone)
-{
-    const std::vector<TreeLine> lines = treeLines(playlist({2}));
-    expectPlace(placeOfLine(lines, -1), 0, 0);
-    expectPlace(placeOfLine(lines, 4), 0, 0);
-}
-
-TEST(HeaderLine, IsTheFirstLineOfThePacket)
+TEST(HeaderLine, IsTheFirstLineOfAPacketThatIsShown)
 {
     const std::vector<TreeLine> lines = treeLines(playlist({2, 0, 1}));
-    EXPECT_EQ(headerLine(lines, 1), 1);
-    EXPECT_EQ(headerLine(lines, 2), 4);
-    EXPECT_EQ(headerLine(lines, 3), 5);
-}
-
-TEST(HeaderLine, OfAPacketThatIsNotShownIsNone)
-{
-    EXPECT_EQ(headerLine(treeLines(playlist({2})), 2), -1);
+    const QList<int> headers = {1, 4, 5, -1};
+    for (int packet = 1; packet <= 4; ++packet) {
+        EXPECT_EQ(headerLine(lines, packet), headers.at(packet - 1)) << packet;
+    }
     EXPECT_EQ(headerLine({}, 1), -1);
 }
 
@@ -159,23 +136,23 @@ TEST(RowUnderPointer, PartsOfAPixelAreCutDownwards)
     EXPECT_EQ(rowUnderPointer(15.0 * 12.99, 0), 0); // 6.99 pixels below the margin count as 6
 }
 
-TEST(Find, IgnoresCaseAndTheFirstFourCharacters)
+TEST(Find, GoesThroughTheTextsFromTheGivenRow)
 {
+    struct Row
+    {
+        const char* rule;
+        QString text;
+        int from;
+        int found;
+    };
     const std::vector<TreeLine> lines = treeLines(playlist({2}));
-    EXPECT_EQ(findRow(lines, u"P1C2"_s, 1), 3);
-    EXPECT_EQ(findRow(lines, u"|--"_s, 1), -1);
-}
-
-TEST(Find, BeginsAtTheGivenRowAndDoesNotWrap)
-{
-    const std::vector<TreeLine> lines = treeLines(playlist({2}));
-    EXPECT_EQ(findRow(lines, u"p1c1"_s, 2), 2);
-    EXPECT_EQ(findRow(lines, u"p1c1"_s, 3), -1);
-}
-
-TEST(Find, OfAnEmptyTextFindsNothing)
-{
-    EXPECT_EQ(findRow(treeLines(playlist({2})), {}, 1), -1);
+    for (const Row& row :
+         {Row{"without regard to case", u"P1C2"_s, 1, 3},
+          Row{"without the first four characters", u"|--"_s, 1, -1},
+          Row{"beginning at the row", u"p1c1"_s, 2, 2}, Row{"not wrapping", u"p1c1"_s, 3, -1},
+          Row{"an empty text is nowhere", {}, 1, -1}}) {
+        EXPECT_EQ(findRow(lines, row.text, row.from), row.found) << row.rule;
+    }
 }
 
 TEST(Find, IgnoresCaseInRussianTexts)

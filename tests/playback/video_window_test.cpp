@@ -1,6 +1,5 @@
 // The video window: mirror fields, layout after opening, in and out of sight.
 #include "tests/playback/video_window_fixture.h"
-#include "tests/support/windows_page.h"
 
 using namespace orvanta;
 using namespace orvanta::test;
@@ -305,9 +304,4 @@ TEST_F(VideoWindowTest, ControlsBearTheirNames)
     EXPECT_EQ(form.Image1->objectName(), u"Image1"_s);
     EXPECT_EQ(form.Timer1.objectName(), u"Timer1"_s);
     EXPECT_EQ(form.Timer1.interval(), 30000);
-}
-
-TEST_F(VideoWindowTest, AgreesWithTheWindowsPage)
-{
-    expectOnWindowsPage(form, {&form.Timer1});
 }

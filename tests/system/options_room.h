@@ -62,10 +62,11 @@ protected:
         return types;
     }
 
-    [[nodiscard]] QString owner(const QString& type) const
+    [[nodiscard]] QString registered(const QString& key) const
     {
-        return registry.RegReadString(RegistryHive::ClassesRoot, u'.' + type, {});
+        return registry.RegReadString(RegistryHive::ClassesRoot, key, {});
     }
+    [[nodiscard]] QString owner(const QString& type) const { return registered(u'.' + type); }
     void setOwner(const QString& type, const QString& value)
     {
         registry.RegWriteString(RegistryHive::ClassesRoot, u'.' + type, {}, value);

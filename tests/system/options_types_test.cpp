@@ -146,11 +146,9 @@ TEST_F(OptionsTypes, ASelectedTypeIsRegisteredByOk)
     open().List1->selectRow(kAvi, true);
     click(dialog->Image2);
     EXPECT_EQ(owner(u"avi"_s), u"vxavifile");
-    EXPECT_EQ(registry.RegReadString(RegistryHive::ClassesRoot, u"vxavifile\\DefaultIcon"_s, {}),
-              home.path() + u"\\avi.ico"_s);
-    EXPECT_EQ(
-        registry.RegReadString(RegistryHive::ClassesRoot, u"vxavifile\\shell\\open\\command"_s, {}),
-        home.path() + u"\\orvanta.exe %1"_s);
+    EXPECT_EQ(registered(u"vxavifile\\DefaultIcon"_s), home.path() + u"\\avi.ico"_s);
+    EXPECT_EQ(registered(u"vxavifile\\shell\\open\\command"_s),
+              home.path() + u"\\orvanta.exe %1"_s);
     EXPECT_EQ(owner(u"mpg"_s), QString());
 }
 
@@ -161,11 +159,8 @@ TEST_F(OptionsTypes, AProgramInADrivesRootIsRegisteredWithBothItsSeparators)
     set(u"options"_s, u"ws"_s, u"1"_s);
     open().List1->selectRow(kAvi, true);
     click(dialog->Image2);
-    const auto value = [&](const QString& key) {
-        return registry.RegReadString(RegistryHive::ClassesRoot, key, {});
-    };
-    EXPECT_EQ(value(u"vxavifile\\shell\\open\\command"_s), u"C:\\\\orvanta.exe %1");
-    EXPECT_EQ(value(u"vxavifile\\DefaultIcon"_s), u"C:\\\\avi.ico");
+    EXPECT_EQ(registered(u"vxavifile\\shell\\open\\command"_s), u"C:\\\\orvanta.exe %1");
+    EXPECT_EQ(registered(u"vxavifile\\DefaultIcon"_s), u"C:\\\\avi.ico");
     EXPECT_EQ(registry.RegReadString(RegistryHive::LocalMachine,
                                      u"software\\microsoft\\windows\\currentversion\\run"_s,
                                      u"orvanta"_s),
@@ -273,8 +268,7 @@ TEST_F(OptionsTypes, AChosenIconIsCopiedRegisteredAndShown)
     EXPECT_EQ(pickers.calls, QStringList{u"open *.ico"_s});
     EXPECT_EQ(home.bytes(u"avi.ico"_s), home.bytes(u"elsewhere/mine.ico"_s));
     EXPECT_EQ(iconColour(), QColor(Qt::green));
-    EXPECT_EQ(registry.RegReadString(RegistryHive::ClassesRoot, u"vxavifile\\DefaultIcon"_s, {}),
-              home.path() + u"\\avi.ico"_s);
+    EXPECT_EQ(registered(u"vxavifile\\DefaultIcon"_s), home.path() + u"\\avi.ico"_s);
     EXPECT_EQ(owner(u"avi"_s), QString()); // the icon alone registers nothing
 }
 
@@ -285,8 +279,7 @@ TEST_F(OptionsTypes, ACancelledPickerChangesNothing)
     open().List1->setCurrentRow(kAvi);
     click(dialog->Command3);
     EXPECT_EQ(home.bytes(u"avi.ico"_s), before);
-    EXPECT_EQ(registry.RegReadString(RegistryHive::ClassesRoot, u"vxavifile\\DefaultIcon"_s, {}),
-              QString());
+    EXPECT_EQ(registered(u"vxavifile\\DefaultIcon"_s), QString());
 }
 
 TEST_F(OptionsTypes, TheStandardIconTakesThePlaceOfAChosenOne)
@@ -297,8 +290,7 @@ TEST_F(OptionsTypes, TheStandardIconTakesThePlaceOfAChosenOne)
     click(dialog->Command4);
     EXPECT_EQ(iconColour(), QColor(Qt::yellow));
     EXPECT_EQ(home.bytes(u"avi.ico"_s), home.bytes(u"icons/avi.ico"_s));
-    EXPECT_EQ(registry.RegReadString(RegistryHive::ClassesRoot, u"vxavifile\\DefaultIcon"_s, {}),
-              home.path() + u"\\avi.ico"_s);
+    EXPECT_EQ(registered(u"vxavifile\\DefaultIcon"_s), home.path() + u"\\avi.ico"_s);
 }
 
 TEST_F(OptionsTypes, AMissingStandardIconLeavesTheIconAsItIs)

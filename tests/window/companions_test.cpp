@@ -71,6 +71,13 @@ protected:
         return QTest::qWaitFor([&] { return QFile::exists(folder + u"/arguments"_s); }, 20000);
     }
 
+    [[nodiscard]] bool startsCdProgram()
+    {
+        putWitness(inFolder(u"cdcreate.exe"_s));
+        load().cdc->trigger();
+        return ran(module.ApplicationFolder);
+    }
+
     [[nodiscard]] QByteArray openedAddress() const
     {
         return contentOf(home.file(u"opener/arguments"_s));
@@ -157,25 +164,36 @@ TEST_F(Companions, TheTutorialIsStartedAsNamedBeforeAnyOther)
     EXPECT_FALSE(reported.has_value());
 }
 
-TEST_F(Companions, AProgramWithoutTheEndingIsFoundToo)
+TEST_F(Companions, AFileThatCannotBeExecutedIsPassedOverForTheOneWithoutTheEnding)
 {
-    putWitness(inFolder(u"cdcreate"_s));
-    load().cdc->trigger();
-    EXPECT_TRUE(ran(module.ApplicationFolder));
+    for (const bool isBesideOne : {false, true}) {
+        QFile::remove(inFolder(u"arguments"_s));
+        if (isBesideOne) {
+            putWitness(inFolder(u"cdcreate.exe"_s), false);
+        }
+        putWitness(inFolder(u"cdcreate"_s));
+        load().cdc->trigger();
+        EXPECT_TRUE(ran(module.ApplicationFolder)) << isBesideOne;
+    }
 }
 
-TEST_F(Companions, AFileThatCannotBeExecutedIsPassedOver)
+TEST_F(Companions, WhatIsMissingIsErrorFiftyThreeUntrapped)
 {
-    putWitness(inFolder(u"cdcreate.exe"_s), false);
-    putWitness(inFolder(u"cdcreate"_s));
-    load().cdc->trigger();
-    EXPECT_TRUE(ran(module.ApplicationFolder));
-}
-
-TEST_F(Companions, AMissingProgramIsErrorFiftyThreeUntrapped)
-{
-    load().cdc->trigger();
-    EXPECT_EQ(reported, ErrorNumber::FileNotFound);
+    const std::pair<const char*, std::function<void()>> entries[] = {
+        {"a program", [this] { load().cdc->trigger(); }},
+        {"the entry that is left without add-ins", [this] { load().add[0]->trigger(); }},
+        {"an add-in without a path",
+         [this] {
+             setting("add-ins", "num", u"1"_s);
+             setting("add-ins", "namee1", u"Counter"_s);
+             load().add[0]->trigger();
+         }},
+    };
+    for (const auto& [what, choose] : entries) {
+        reported.reset();
+        choose();
+        EXPECT_EQ(reported, ErrorNumber::FileNotFound) << what;
+    }
 }
 
 TEST_F(Companions, AProgramOfAnUnknownKindIsAnErrorToo)
@@ -204,27 +222,11 @@ TEST_F(Companions, TheThirdAddInStartsTheProgramOfItsPath)
     EXPECT_FALSE(reported.has_value());
 }
 
-TEST_F(Companions, AnAddInWithoutAPathIsErrorFiftyThree)
-{
-    setting("add-ins", "num", u"1"_s);
-    setting("add-ins", "namee1", u"Counter"_s);
-    load().add[0]->trigger();
-    EXPECT_EQ(reported, ErrorNumber::FileNotFound);
-}
-
-TEST_F(Companions, TheEntryThatIsLeftWithoutAddInsFailsLikeAMissingProgram)
-{
-    load().add[0]->trigger();
-    EXPECT_EQ(reported, ErrorNumber::FileNotFound);
-}
-
 TEST_F(Companions, AStartedProgramGetsNoDescriptorOfThePlayer)
 {
     const int leaking = ::open("/dev/zero", O_RDONLY); // as a careless library opens it
     ASSERT_GE(leaking, 0);
-    putWitness(inFolder(u"cdcreate.exe"_s));
-    load().cdc->trigger();
-    ASSERT_TRUE(ran(module.ApplicationFolder));
+    ASSERT_TRUE(startsCdProgram());
     ::close(leaking);
     const QByteArray descriptors = contentOf(inFolder(u"descriptors"_s));
     EXPECT_TRUE(descriptors.contains("0 -> /dev/null")) << descriptors.constData();
@@ -234,9 +236,7 @@ TEST_F(Companions, AStartedProgramGetsNoDescriptorOfThePlayer)
 
 TEST_F(Companions, AStartedProgramIsToldWhereThePlayerIs)
 {
-    putWitness(inFolder(u"cdcreate.exe"_s));
-    load().cdc->trigger();
-    ASSERT_TRUE(ran(module.ApplicationFolder));
+    ASSERT_TRUE(startsCdProgram());
     const QByteArrayList variables = contentOf(inFolder(u"environment"_s)).split('\n');
     EXPECT_TRUE(variables.contains("ORVANTA_HOME=" + QFile::encodeName(module.ApplicationFolder)));
     EXPECT_TRUE(variables.contains("ORVANTA_PROGRAM=" +
@@ -245,9 +245,7 @@ TEST_F(Companions, AStartedProgramIsToldWhereThePlayerIs)
 
 TEST_F(Companions, AnEndedProgramLeavesNoZombie)
 {
-    putWitness(inFolder(u"cdcreate.exe"_s));
-    load().cdc->trigger();
-    ASSERT_TRUE(ran(module.ApplicationFolder));
+    ASSERT_TRUE(startsCdProgram());
     const pid_t child = contentOf(inFolder(u"process"_s)).trimmed().toInt();
     ASSERT_GT(child, 0);
     EXPECT_TRUE(QTest::qWaitFor([&] { return ::kill(child, 0) != 0; }, 20000));

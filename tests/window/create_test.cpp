@@ -9,26 +9,6 @@ class Create : public Form2Test
 protected:
     void SetUp() override { show(); }
 
-    /// A packet of clips whose files exist, as an editor writes it.
-    QString writePacket(const QString& name, const QStringList& texts) const
-    {
-        const QString path = home.file(name);
-        WriteIni(u"main"_s, u"files"_s, QString::number(texts.size()), path);
-        for (qsizetype i = 0; i < texts.size(); ++i) {
-            const QString section = u"file"_s + QString::number(i + 1);
-            WriteIni(section, u"path"_s, home.write(texts[i] + u".avi"_s, "media"), path);
-            WriteIni(section, u"text"_s, texts[i], path);
-        }
-        return path;
-    }
-    QString writeTemporaryGroup(const QString& packet) const
-    {
-        const QString path = home.file(u"temp.vxg"_s);
-        WriteIni(u"main"_s, u"files"_s, u"1"_s, path);
-        WriteIni(u"file1"_s, u"path"_s, packet, path);
-        WriteIni(u"file1"_s, u"text"_s, u"week 1"_s, path);
-        return path;
-    }
     /// The packet editor's Create with these clips.
     void createPacket(const QStringList& texts)
     {
@@ -54,7 +34,7 @@ TEST_F(Create, OpensThePacketAndDeletesTheTemporaryFile)
 TEST_F(Create, OpensTheGroupAndDeletesTheTemporaryFile)
 {
     const QString packet = writePacket(u"week1.vxl"_s, {u"one"_s});
-    groupEditor = [&] { return writeTemporaryGroup(packet); };
+    groupEditor = [&] { return writeDocument(u"temp.vxg"_s, {packet}, {u"week 1"_s}); };
     window->cg->trigger();
     EXPECT_EQ(listedTexts(), (QStringList{u"!Orvanta!"_s, u"|-- week 1"_s, u"   |- one"_s}));
     EXPECT_FALSE(isTemporaryFileThere());

@@ -11,8 +11,7 @@ protected:
     {
         // Rows: 0 root, 1 header, 2 Red apple, 3 Green pear, 4 Green APPLE, 5 Груша
         addClips(u"fruit"_s, {u"Red apple"_s, u"Green pear"_s, u"Green APPLE"_s, u"Груша"_s});
-        show();
-        window->RebuildTree();
+        showList();
     }
 
     int find(const QString& text)
@@ -23,24 +22,34 @@ protected:
     }
 };
 
-TEST_F(FindButton, AnEmptyTextDoesNothing)
+TEST_F(FindButton, GoesFromRowToRow)
 {
-    clickRow(3);
-    EXPECT_EQ(find({}), 3);
-}
-
-TEST_F(FindButton, ComparesWithoutCase)
-{
-    EXPECT_EQ(find(u"aPPle"_s), 2);
-    EXPECT_EQ(find(u"груШа"_s), 5);
-}
-
-TEST_F(FindButton, ARepeatedSearchGoesOnAfterTheLastMatchAndDoesNotWrap)
-{
-    EXPECT_EQ(find(u"apple"_s), 2);
-    EXPECT_EQ(find(u"apple"_s), 4);
-    EXPECT_EQ(find(u"apple"_s), 4);
-    EXPECT_EQ(find(u"apple"_s), 4);
+    struct Row
+    {
+        const char* rule;
+        int clicked; // 0: no row
+        std::vector<std::pair<QString, int>> searches;
+    };
+    const Row rows[] = {
+        {"an empty text does nothing", 3, {{{}, 3}}},
+        {"case does not count", 0, {{u"aPPle"_s, 2}, {u"груШа"_s, 5}}},
+        {"a repeated search goes on after the last match and does not wrap",
+         0,
+         {{u"apple"_s, 2}, {u"apple"_s, 4}, {u"apple"_s, 4}, {u"apple"_s, 4}}},
+        {"a text that is nowhere changes nothing", 4, {{u"banana"_s, 4}}},
+        {"the first row is never looked at", 0, {{u"orvanta"_s, -1}}},
+        // What follows them is searched, also where it still belongs to a clip's prefix.
+        {"the first four characters are passed over", 0, {{u"-- "_s, -1}, {u"- red"_s, 2}}},
+    };
+    for (const Row& row : rows) {
+        showList();
+        if (row.clicked != 0) {
+            clickRow(row.clicked);
+        }
+        for (const auto& [text, found] : row.searches) {
+            EXPECT_EQ(find(text), found) << row.rule;
+        }
+    }
 }
 
 TEST_F(FindButton, AFailedRepetitionKeepsFailingUntilTheTextChanges)
@@ -50,24 +59,6 @@ TEST_F(FindButton, AFailedRepetitionKeepsFailingUntilTheTextChanges)
     clickRow(2);
     EXPECT_EQ(find(u"pear"_s), 2);
     EXPECT_EQ(find(u"PEAR"_s), 3);
-}
-
-TEST_F(FindButton, ATextThatIsNowhereChangesNothing)
-{
-    clickRow(4);
-    EXPECT_EQ(find(u"banana"_s), 4);
-}
-
-TEST_F(FindButton, NeverLooksAtTheFirstRow)
-{
-    EXPECT_EQ(find(u"orvanta"_s), -1);
-}
-
-TEST_F(FindButton, PassesOverTheFirstFourCharactersOfARow)
-{
-    EXPECT_EQ(find(u"-- "_s), -1);
-    // What follows them is searched, also where it still belongs to a clip's prefix.
-    EXPECT_EQ(find(u"- red"_s), 2);
 }
 
 TEST_F(FindButton, OnlyMovesTheCursor)

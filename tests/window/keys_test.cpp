@@ -12,8 +12,7 @@ protected:
     {
         addClips(u"packet"_s, {u"one"_s, u"two"_s});
         control.duration = 600.0;
-        show();
-        window->RebuildTree();
+        showList();
         ASSERT_TRUE(start(1, 1));
         control.playTo(100.0);
         engine->tick();

@@ -21,10 +21,11 @@ TEST_F(MainWindowLoad, StartsTheTickButNotTheOneShotTimers)
     EXPECT_EQ(window->Timer3.interval(), 200);
 }
 
-TEST_F(MainWindowLoad, AnAbsentVolumeIsFullVolume)
+TEST_F(MainWindowLoad, AbsentSettingsAreFullVolumeAndTheCentre)
 {
     load();
     EXPECT_EQ(window->Slider2->value(), 100);
+    EXPECT_EQ(window->Slider3->value(), 50);
 }
 
 TEST_F(MainWindowLoad, PlacesVolumeAndBalanceFromTheSettingsAndWritesNothing)
@@ -37,12 +38,6 @@ TEST_F(MainWindowLoad, PlacesVolumeAndBalanceFromTheSettingsAndWritesNothing)
     EXPECT_EQ(window->Slider3->value(), 20);
     EXPECT_EQ(control.Volume(), -1000);
     EXPECT_EQ(home.bytes(u"orvanta.ini"_s), before);
-}
-
-TEST_F(MainWindowLoad, AnAbsentBalanceIsTheCentre)
-{
-    load();
-    EXPECT_EQ(window->Slider3->value(), 50);
 }
 
 TEST_F(MainWindowLoad, AStoredVolumeThatIsNoNumberIsPassedOver)

@@ -12,30 +12,6 @@ protected:
     void SetUp() override { show(); }
     void TearDown() override { QDir::setCurrent(m_folderBefore); }
 
-    [[nodiscard]] QString writePacket(const QString& name, const QStringList& texts) const
-    {
-        const QString path = home.file(name);
-        WriteIni(u"main"_s, u"files"_s, QString::number(texts.size()), path);
-        for (qsizetype i = 0; i < texts.size(); ++i) {
-            const QString section = u"file%1"_s.arg(i + 1);
-            WriteIni(section, u"path"_s, home.write(texts[i] + u".avi"_s, "media"), path);
-            WriteIni(section, u"text"_s, texts[i], path);
-        }
-        return path;
-    }
-
-    [[nodiscard]] QString writeGroup(const QString& name, const QStringList& packets) const
-    {
-        const QString path = home.file(name);
-        WriteIni(u"main"_s, u"files"_s, QString::number(packets.size()), path);
-        for (qsizetype i = 0; i < packets.size(); ++i) {
-            const QString section = u"file%1"_s.arg(i + 1);
-            WriteIni(section, u"path"_s, packets[i], path);
-            WriteIni(section, u"text"_s, u"packet %1"_s.arg(i + 1), path);
-        }
-        return path;
-    }
-
 private:
     QString m_folderBefore = QDir::currentPath();
 };
@@ -109,7 +85,7 @@ TEST_F(Opening, AnyOtherNameIsAGroup)
 {
     const QString packet = writePacket(u"lesson.vxl"_s, {u"one"_s});
     for (const QString& name : {u"all.vxg"_s, u"all.VXL"_s}) {
-        pickers.answer = {writeGroup(name, {packet, packet})};
+        pickers.answer = {writeDocument(name, {packet, packet}, {u"packet 1"_s, u"packet 2"_s})};
         click(window->Image14);
         EXPECT_EQ(listedTexts(), (QStringList{u"!Orvanta!"_s, u"|-- packet 1"_s, u"|  |- one"_s,
                                               u"|-- packet 2"_s, u"   |- one"_s}));

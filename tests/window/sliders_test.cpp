@@ -22,8 +22,7 @@ protected:
     void showRunningClip()
     {
         addClips(u"clips"_s, {u"one"_s});
-        show();
-        window->RebuildTree();
+        showList();
         ASSERT_TRUE(start(1, 1));
         control.calls.clear();
     }

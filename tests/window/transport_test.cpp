@@ -10,15 +10,13 @@ protected:
     void showClips()
     {
         addClips(u"clips"_s, {u"one"_s, u"two"_s});
-        show();
-        window->RebuildTree();
+        showList();
     }
 
     void showBrakes()
     {
         addBrakes(u"brakes"_s, {u"2"_s, u"4.5"_s, u"9"_s});
-        show();
-        window->RebuildTree();
+        showList();
     }
 };
 

@@ -53,6 +53,13 @@ protected:
         return *window;
     }
 
+    /// Shows the window with the playlist in its list.
+    void showList()
+    {
+        show();
+        window->RebuildTree();
+    }
+
     Form2& load(Int16 language = 1)
     {
         module.Language = language;
@@ -118,6 +125,30 @@ protected:
         addClips(u"first"_s, {u"one"_s, u"two"_s});
         addClips(u"second"_s, {u"three"_s, u"four"_s});
         addClips(u"empty"_s, {});
+    }
+
+    /// A packet file of clips that exist.
+    [[nodiscard]] QString writePacket(const QString& name, const QStringList& texts) const
+    {
+        QStringList paths;
+        for (const QString& text : texts) {
+            paths.append(home.write(text + u".avi"_s, "media"));
+        }
+        return writeDocument(name, paths, texts);
+    }
+
+    /// A packet or group file of these paths and texts.
+    [[nodiscard]] QString writeDocument(const QString& name, const QStringList& paths,
+                                        const QStringList& texts) const
+    {
+        const QString file = home.file(name);
+        WriteIni(u"main"_s, u"files"_s, QString::number(paths.size()), file);
+        for (qsizetype i = 0; i < paths.size(); ++i) {
+            const QString section = u"file%1"_s.arg(i + 1);
+            WriteIni(section, u"path"_s, paths[i], file);
+            WriteIni(section, u"text"_s, texts[i], file);
+        }
+        return file;
     }
 
     /// Where a row's text is, in the list's own pixels.

@@ -22,8 +22,7 @@ TEST_F(MainWindow, CloseEndsTheProgramAndDeletesTheScratchCopy)
 TEST_F(MainWindow, CloseStopsAPausedClipFirst)
 {
     addClips(u"clips"_s, {u"one"_s});
-    show();
-    window->RebuildTree();
+    showList();
     ASSERT_TRUE(start(1, 1));
     click(window->Image3);
     click(window->Image13);
@@ -35,8 +34,7 @@ TEST_F(MainWindow, CloseThatKeepsTheProgramHidesAndEmptiesIt)
 {
     option("nc");
     addClips(u"clips"_s, {u"one"_s});
-    show();
-    window->RebuildTree();
+    showList();
     ASSERT_TRUE(start(1, 1));
     control.playTo(4);
     engine->tick();

@@ -40,6 +40,8 @@ public:
     [[nodiscard]] bool waitForEnd(int limitMs = kLongMs);
     /// Of an ended program; -1 when a signal ended it.
     [[nodiscard]] int exitStatus() const;
+    /// Waits for the end; -1 also when the program does not end.
+    [[nodiscard]] int statusAtEnd() { return waitForEnd() ? exitStatus() : -1; }
     void sendSignal(int signal) const;
 
     /// The next line that matches, after the one given last. Nothing when none comes in time or

@@ -19,10 +19,11 @@ struct FileTypes : testing::Test
 {
     FileTypes() { room.install(u"player.desktop"_s); }
 
-    [[nodiscard]] QString owner(const QString& extension) const
+    [[nodiscard]] QString value(const QString& key) const
     {
-        return registry.RegReadString(kClasses, u'.' + extension, {});
+        return registry.RegReadString(kClasses, key, {});
     }
+    [[nodiscard]] QString owner(const QString& extension) const { return value(u'.' + extension); }
 
     void setOwner(const QString& extension, const QString& value)
     {
@@ -46,6 +47,10 @@ struct FileTypes : testing::Test
     }
 
     [[nodiscard]] QByteArray defaults() const { return room.bytes(u"config/mimeapps.list"); }
+    [[nodiscard]] QByteArray package() const
+    {
+        return room.bytes(u"data/mime/packages/orvanta-types.xml");
+    }
     [[nodiscard]] QByteArray entry() const
     {
         return room.bytes(u"data/applications/orvanta.desktop");
@@ -62,10 +67,8 @@ TEST_F(FileTypes, ARegisteredTypeHasNameIconAndCommand)
 {
     registerType(u"avi"_s);
     EXPECT_EQ(owner(u"avi"_s), u"vxavifile");
-    EXPECT_EQ(registry.RegReadString(kClasses, u"vxavifile\\DefaultIcon"_s, {}),
-              folder.path() + u"\\avi.ico"_s);
-    EXPECT_EQ(registry.RegReadString(kClasses, u"vxavifile\\shell\\open\\command"_s, {}),
-              folder.path() + u"\\orvanta.exe %1"_s);
+    EXPECT_EQ(value(u"vxavifile\\DefaultIcon"_s), folder.path() + u"\\avi.ico"_s);
+    EXPECT_EQ(value(u"vxavifile\\shell\\open\\command"_s), folder.path() + u"\\orvanta.exe %1"_s);
 }
 
 TEST_F(FileTypes, ARegisteredTypeIsOpenedByTheProgramsDesktopEntry)
@@ -156,9 +159,8 @@ TEST_F(FileTypes, NameIconAndCommandStayWhenATypeIsGivenBack)
 {
     registerType(u"avi"_s);
     setOwner(u"avi"_s, {});
-    EXPECT_EQ(registry.RegReadString(kClasses, u"vxavifile\\DefaultIcon"_s, {}),
-              folder.path() + u"\\avi.ico"_s);
-    EXPECT_NE(registry.RegReadString(kClasses, u"vxavifile\\shell\\open\\command"_s, {}), u"");
+    EXPECT_EQ(value(u"vxavifile\\DefaultIcon"_s), folder.path() + u"\\avi.ico"_s);
+    EXPECT_NE(value(u"vxavifile\\shell\\open\\command"_s), u"");
 }
 
 TEST_F(FileTypes, ATypeInCapitalsHasItsNameInCapitals)
@@ -172,8 +174,7 @@ TEST_F(FileTypes, AProgramInADrivesRootHasTwoSeparatorsInItsCommand)
 {
     registry.RegWriteString(kClasses, u"vxavifile\\shell\\open\\command"_s, {},
                             u"C:\\"_s + u"\\orvanta.exe %1"_s);
-    EXPECT_EQ(registry.RegReadString(kClasses, u"vxavifile\\shell\\open\\command"_s, {}),
-              u"C:\\\\orvanta.exe %1");
+    EXPECT_EQ(value(u"vxavifile\\shell\\open\\command"_s), u"C:\\\\orvanta.exe %1");
 }
 
 TEST_F(FileTypes, AnExtensionOfSeveralTypesIsRegisteredForAll)
@@ -316,9 +317,8 @@ TEST_F(FileTypes, AnUnknownExtensionGetsATypeOfItsOwn)
 {
     registerType(u"xyz"_s);
     EXPECT_EQ(owner(u"xyz"_s), u"vxxyzfile");
-    const QByteArray package = room.bytes(u"data/mime/packages/orvanta-types.xml");
-    EXPECT_TRUE(package.contains("type=\"application/x-orvanta-xyz\"")) << package.constData();
-    EXPECT_TRUE(package.contains("pattern=\"*.xyz\""));
+    EXPECT_TRUE(package().contains("type=\"application/x-orvanta-xyz\"")) << package().constData();
+    EXPECT_TRUE(package().contains("pattern=\"*.xyz\""));
     EXPECT_TRUE(defaults().contains("application/x-orvanta-xyz=orvanta.desktop"));
     setOwner(u"xyz"_s, {});
     EXPECT_FALSE(room.has(u"data/mime/packages/orvanta-types.xml"));
@@ -329,9 +329,8 @@ TEST_F(FileTypes, PacketsAndGroupsGetTheirTypesUnlessTheyAreInstalled)
 {
     registerType(u"vxl"_s);
     registerType(u"vxg"_s);
-    const QByteArray package = room.bytes(u"data/mime/packages/orvanta-types.xml");
-    EXPECT_TRUE(package.contains("application/x-orvanta-packet"));
-    EXPECT_TRUE(package.contains("application/x-orvanta-group"));
+    EXPECT_TRUE(package().contains("application/x-orvanta-packet"));
+    EXPECT_TRUE(package().contains("application/x-orvanta-group"));
     EXPECT_TRUE(entry().contains("application/x-orvanta-packet;"));
     room.write(u"system/mime/globs2", "50:application/x-orvanta-packet:*.vxl\n"
                                       "50:application/x-orvanta-group:*.vxg\n");
@@ -362,10 +361,9 @@ TEST_F(FileTypes, UnusualExtensionsAreWrittenAsXmlWantsIt)
 {
     registerType(u"a&<b"_s);
     registerType(u"клип"_s);
-    const QByteArray package = room.bytes(u"data/mime/packages/orvanta-types.xml");
-    EXPECT_TRUE(package.contains("*.a&amp;&lt;b")) << package.constData();
-    EXPECT_TRUE(package.contains(QString(u"*.клип"_s).toUtf8()));
-    EXPECT_TRUE(package.contains("x-orvanta-+43a+43b+438+43f"));
+    EXPECT_TRUE(package().contains("*.a&amp;&lt;b")) << package().constData();
+    EXPECT_TRUE(package().contains(QString(u"*.клип"_s).toUtf8()));
+    EXPECT_TRUE(package().contains("x-orvanta-+43a+43b+438+43f"));
 }
 
 TEST_F(FileTypes, RegisteringAgainWritesNothing)

@@ -29,24 +29,27 @@ struct LocateFile : testing::Test
 
 } // namespace
 
-TEST_F(LocateFile, AnAbsolutePathIsTakenAsWritten)
+TEST_F(LocateFile, PathsAreAbsoluteOrBelowThePacketsFolder)
 {
-    const QString clip = folder.write(u"a.avi"_s, "x");
-    EXPECT_EQ(locateFile(clip, packet), clip);
-}
-
-TEST_F(LocateFile, ABackslashInAnAbsolutePathIsALetter)
-{
-    const QString clip = folder.write(u"AC\\DC.mp3"_s, "x");
-    EXPECT_EQ(locateFile(clip, packet), clip);
-}
-
-TEST_F(LocateFile, ARelativePathIsBelowThePacketsFolder)
-{
-    const QString clip = folder.write(u"packet/sub/a.avi"_s, "x");
-    EXPECT_EQ(locateFile(u"sub/a.avi"_s, packet), clip);
-    EXPECT_EQ(locateFile(u"sub\\a.avi"_s, packet), clip);
-    EXPECT_EQ(locateFile(u"sub\\a.avi"_s, folder.file(u"packet"_s)), clip);
+    struct Row
+    {
+        const char* rule;
+        QString file;
+        QString text;
+    };
+    const Row rows[] = {
+        {"an absolute path is taken as written", u"a.avi"_s, folder.file(u"a.avi"_s)},
+        {"a backslash in it is a letter", u"AC\\DC.mp3"_s, folder.file(u"AC\\DC.mp3"_s)},
+        {"a relative one is below the folder", u"packet/sub/a.avi"_s, u"sub/a.avi"_s},
+        {"also with a backslash", u"packet/sub/a.avi"_s, u"sub\\a.avi"_s},
+        {"a name that holds a backslash comes first", u"packet/sub\\a.avi"_s, u"sub\\a.avi"_s},
+        {"blanks and other alphabets", u"packet/Мой клип 1.avi"_s, u"Мой клип 1.avi"_s},
+    };
+    for (const Row& row : rows) {
+        const QString clip = folder.write(row.file, "x");
+        EXPECT_EQ(locateFile(row.text, packet), clip) << row.rule;
+        EXPECT_EQ(locateFile(row.text, folder.file(u"packet"_s)), clip) << row.rule;
+    }
 }
 
 TEST_F(LocateFile, ARelativePathMayLeadUpwards)
@@ -57,13 +60,6 @@ TEST_F(LocateFile, ARelativePathMayLeadUpwards)
     EXPECT_EQ(QFileInfo(found).canonicalFilePath(), QFileInfo(clip).canonicalFilePath());
 }
 
-TEST_F(LocateFile, AFileWhoseNameHoldsABackslashComesFirst)
-{
-    folder.write(u"packet/sub/a.avi"_s, "x");
-    const QString clip = folder.write(u"packet/sub\\a.avi"_s, "x");
-    EXPECT_EQ(locateFile(u"sub\\a.avi"_s, packet), clip);
-}
-
 TEST_F(LocateFile, TheProgramsCurrentFolderPlaysNoPartForAPacketsClip)
 {
     const QString before = QDir::currentPath();
@@ -72,12 +68,6 @@ TEST_F(LocateFile, TheProgramsCurrentFolderPlaysNoPartForAPacketsClip)
     EXPECT_EQ(locateFile(u"a.avi"_s, packet), QString());
     EXPECT_EQ(locateFile(u"a.avi"_s, {}), folder.file(u"a.avi"_s));
     QDir::setCurrent(before);
-}
-
-TEST_F(LocateFile, NamesWithBlanksAndOtherAlphabetsAreFound)
-{
-    const QString clip = folder.write(u"packet/Мой клип 1.avi"_s, "x");
-    EXPECT_EQ(locateFile(u"Мой клип 1.avi"_s, packet), clip);
 }
 
 TEST_F(LocateFile, ASymbolicLinkToAFileIsAFile)
