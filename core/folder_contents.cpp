@@ -44,7 +44,9 @@ struct NamePattern
 
 using NamePatterns = std::vector<NamePattern>;
 
-NamePatterns patternsOf(const QString& list)
+} // namespace
+
+static NamePatterns patternsOf(const QString& list)
 {
     NamePatterns patterns;
     for (const QString& pattern : list.split(u';', Qt::SkipEmptyParts)) {
@@ -53,14 +55,14 @@ NamePatterns patternsOf(const QString& list)
     return patterns;
 }
 
-bool matchesAny(const NamePatterns& patterns, const QString& name)
+static bool matchesAny(const NamePatterns& patterns, const QString& name)
 {
     return std::any_of(patterns.begin(), patterns.end(),
                        [&](const NamePattern& pattern) { return pattern.matches(name); });
 }
 
 /// Null for a name that no text can hold.
-QString textOfName(const std::string& bytes)
+static QString textOfName(const std::string& bytes)
 {
     const QByteArray raw = QByteArray::fromStdString(bytes);
     QString text = QFile::decodeName(raw);
@@ -71,13 +73,13 @@ QString textOfName(const std::string& bytes)
     return {};
 }
 
-bool isShown(const QString& name)
+static bool isShown(const QString& name)
 {
     return !name.isEmpty() && !name.startsWith(u'.');
 }
 
 /// Calls visit with each entry whose name can be shown. A folder that cannot be read has none.
-template <typename Visit> void forEachEntry(const QString& folder, Visit visit)
+template <typename Visit> static void forEachEntry(const QString& folder, Visit visit)
 {
     using std::filesystem::directory_iterator;
     const auto options = std::filesystem::directory_options::skip_permission_denied;
@@ -91,6 +93,8 @@ template <typename Visit> void forEachEntry(const QString& folder, Visit visit)
     }
 }
 
+namespace {
+
 struct SortedName
 {
     QCollatorSortKey key;
@@ -103,7 +107,9 @@ struct SortedName
     }
 };
 
-QCollator naturalOrder()
+} // namespace
+
+static QCollator naturalOrder()
 {
     // The C locale has no rules for people; its users get those of English.
     const QLocale user;
@@ -112,8 +118,6 @@ QCollator naturalOrder()
     order.setCaseSensitivity(Qt::CaseInsensitive);
     return order;
 }
-
-} // namespace
 
 void sortNaturally(QStringList& names)
 {

@@ -10,12 +10,12 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString memberSection(int index)
+static QString memberSection(int index)
 {
     return u"file"_s + QString::number(index);
 }
+
+namespace {
 
 /// Fields of one entry. Text and picture stay from the entry before when this one has none: that
 /// is how groups have always been written.
@@ -49,7 +49,9 @@ private:
     }
 };
 
-int memberCount(const QString& text)
+} // namespace
+
+static int memberCount(const QString& text)
 {
     const Int16 count = countValue(text);
     if (count < 0) {
@@ -58,14 +60,14 @@ int memberCount(const QString& text)
     return count.value();
 }
 
-bool isAbsolute(const QString& pathText)
+static bool isAbsolute(const QString& pathText)
 {
     return pathText.startsWith(u'/') || pathText.startsWith(u'\\') ||
            (pathText.size() > 1 && pathText[1] == u':');
 }
 
 /// A relative text is meant below the group's folder.
-QString memberFile(const QString& pathText, const QString& group, const FindMember& find)
+static QString memberFile(const QString& pathText, const QString& group, const FindMember& find)
 {
     QString found = find ? find(pathText) : QString();
     if (!found.isEmpty() || pathText.isEmpty()) {
@@ -74,8 +76,6 @@ QString memberFile(const QString& pathText, const QString& group, const FindMemb
     return isAbsolute(pathText) ? pathText
                                 : folderOfPath(group) + QString(pathText).replace(u'\\', u'/');
 }
-
-} // namespace
 
 void writeGroup(const QString& target, const QStringList& entries)
 {

@@ -52,7 +52,9 @@ private:
     iconv_t m_handle;
 };
 
-bool fillPage(const Converter& converter, std::array<char16_t, 256>& page)
+} // namespace
+
+static bool fillPage(const Converter& converter, std::array<char16_t, 256>& page)
 {
     for (std::size_t byte = 0; byte < page.size(); ++byte) {
         std::array<char16_t, 2> characters{};
@@ -65,30 +67,28 @@ bool fillPage(const Converter& converter, std::array<char16_t, 256>& page)
     return true;
 }
 
-bool writesCyrillic(QLocale::Language language)
+static bool writesCyrillic(QLocale::Language language)
 {
     constexpr std::array languages = {QLocale::Russian, QLocale::Ukrainian, QLocale::Belarusian,
                                       QLocale::Bulgarian, QLocale::Serbian};
     return std::find(languages.begin(), languages.end(), language) != languages.end();
 }
 
-QString pageOfLocale()
+static QString pageOfLocale()
 {
     return writesCyrillic(QLocale().language()) ? u"windows-1251"_s : u"windows-1252"_s;
 }
 
-std::shared_ptr<const CodePage>& chosenPage()
+static std::shared_ptr<const CodePage>& chosenPage()
 {
     static std::shared_ptr<const CodePage> page;
     return page;
 }
 
-bool isAscii(QStringView text)
+static bool isAscii(QStringView text)
 {
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
-
-} // namespace
 
 CodePage::CodePage(const std::array<char16_t, 256>& characters)
     : m_characters(characters)

@@ -9,9 +9,9 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 constexpr int kSignificantDigits = 15;
+
+namespace {
 
 /// A number as decimal digits: 0.DIGITS times ten to the power of pointAfter, without the sign.
 struct Digits
@@ -20,8 +20,10 @@ struct Digits
     int pointAfter = 0; // where the decimal point stands, counted from the first digit
 };
 
+} // namespace
+
 /// Rounds to 15 significant digits. Raises 6 for infinities and not-a-numbers: they have none.
-Digits digitsOf(double magnitude)
+static Digits digitsOf(double magnitude)
 {
     if (!std::isfinite(magnitude)) {
         throw RuntimeError(ErrorNumber::Overflow);
@@ -39,7 +41,7 @@ Digits digitsOf(double magnitude)
 }
 
 /// Digits with this many decimals, halves away from zero, as one whole number without a point.
-std::string scaledDigits(const Digits& number, int decimals)
+static std::string scaledDigits(const Digits& number, int decimals)
 {
     const int kept = number.pointAfter + decimals;
     if (kept < 0) {
@@ -60,6 +62,8 @@ std::string scaledDigits(const Digits& number, int decimals)
     return digits;
 }
 
+namespace {
+
 /// "000000.00": six whole digits, two decimals; "#####0.000": one whole digit, three decimals.
 struct Picture
 {
@@ -67,7 +71,9 @@ struct Picture
     int decimals;
 };
 
-Picture pictureOf(QStringView picture)
+} // namespace
+
+static Picture pictureOf(QStringView picture)
 {
     const qsizetype point = picture.indexOf(u'.');
     const QStringView whole = picture.left(point);
@@ -75,7 +81,7 @@ Picture pictureOf(QStringView picture)
             static_cast<int>(picture.size() - point - 1)};
 }
 
-QString plainText(const Digits& number)
+static QString plainText(const Digits& number)
 {
     const auto size = static_cast<int>(number.digits.size());
     std::string text = number.digits;
@@ -89,7 +95,7 @@ QString plainText(const Digits& number)
     return QString::fromStdString(text);
 }
 
-QString exponentText(const Digits& number)
+static QString exponentText(const Digits& number)
 {
     const int exponent = number.pointAfter - 1;
     QString text = QString::fromStdString(number.digits.substr(0, 1));
@@ -101,13 +107,11 @@ QString exponentText(const Digits& number)
 }
 
 /// Whether the digits fit into 15 places before and after the point.
-bool isPlain(double magnitude, const Digits& number)
+static bool isPlain(double magnitude, const Digits& number)
 {
     const int decimals = static_cast<int>(number.digits.size()) - number.pointAfter;
     return magnitude < 1e15 && decimals <= kSignificantDigits;
 }
-
-} // namespace
 
 QChar userDecimalMark()
 {

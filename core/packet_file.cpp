@@ -30,19 +30,21 @@ struct EntryFields
     }
 };
 
-QString joined(const QString& first, const QString& second)
+} // namespace
+
+static QString joined(const QString& first, const QString& second)
 {
     return first + QStringView(kEntryMarker).toString() + second;
 }
 
-QString numbered(const QString& word, int index)
+static QString numbered(const QString& word, int index)
 {
     return word + QString::number(index);
 }
 
 /// Writes entries as sections word1, word2, ... with the given key for the first field.
-void writeEntries(DocumentWriter& writer, const QString& word, const QString& firstKey,
-                  const QStringList& entries)
+static void writeEntries(DocumentWriter& writer, const QString& word, const QString& firstKey,
+                         const QStringList& entries)
 {
     EntryFields fields;
     int index = 0;
@@ -55,7 +57,7 @@ void writeEntries(DocumentWriter& writer, const QString& word, const QString& fi
 }
 
 /// Raises 13, 6, or 9 when it is negative: no list has that size.
-Int16 listSize(const QString& text)
+static Int16 listSize(const QString& text)
 {
     const Int16 count = countValue(text);
     if (count < 0) {
@@ -65,19 +67,19 @@ Int16 listSize(const QString& text)
 }
 
 /// An absent count is 0.
-Int16 optionalListSize(const IniSnapshot& packet, const QString& key)
+static Int16 optionalListSize(const IniSnapshot& packet, const QString& key)
 {
     return listSize(packet.read(u"main"_s, key, u"0"_s));
 }
 
 /// Sized at once: every entry of a large packet is there before the first one is read.
-void resizeClips(PlaylistEntry& entry, Int16 count)
+static void resizeClips(PlaylistEntry& entry, Int16 count)
 {
     entry.Clips.assign(count.index(), {});
     entry.ClipCount = count;
 }
 
-void readBrakes(PlaylistEntry& entry, const IniSnapshot& packet)
+static void readBrakes(PlaylistEntry& entry, const IniSnapshot& packet)
 {
     int index = 0;
     for (ClipEntry& brake : entry.Clips) {
@@ -87,7 +89,7 @@ void readBrakes(PlaylistEntry& entry, const IniSnapshot& packet)
     }
 }
 
-void readClips(PlaylistEntry& entry, const IniSnapshot& packet)
+static void readClips(PlaylistEntry& entry, const IniSnapshot& packet)
 {
     int index = 0;
     for (ClipEntry& clip : entry.Clips) {
@@ -96,8 +98,6 @@ void readClips(PlaylistEntry& entry, const IniSnapshot& packet)
         clip.Text = packet.read(section, u"text"_s);
     }
 }
-
-} // namespace
 
 QString countText(const QStringList& entries)
 {

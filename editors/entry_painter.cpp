@@ -9,19 +9,15 @@
 
 namespace orvanta {
 
-namespace {
-
 // Logical pixels.
 constexpr int kPadding = 6;
 constexpr int kMarkWidth = 12;
 
-QColor muted(QColor colour)
+static QColor muted(QColor colour)
 {
     colour.setAlphaF(0.62F);
     return colour;
 }
-
-} // namespace
 
 EntryPainter::EntryPainter(EntryListView::Look look, EntryListView* view)
     : QStyledItemDelegate(view),
@@ -93,13 +89,13 @@ private:
     QRect m_rest;
 };
 
-int numberWidth(const QFontMetrics& metrics, const QModelIndex& index)
+} // namespace
+
+static int numberWidth(const QFontMetrics& metrics, const QModelIndex& index)
 {
     const int last = std::max(index.model()->rowCount(), 10);
     return metrics.horizontalAdvance(QString::number(last)) + 1;
 }
-
-} // namespace
 
 void EntryPainter::paintTexts(QPainter& painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const

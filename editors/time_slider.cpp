@@ -13,18 +13,16 @@
 
 namespace orvanta {
 
-namespace {
-
 constexpr double kTicksPerSecond = 1000; // of the base class, which counts in whole numbers
 
-int ticks(double seconds)
+static int ticks(double seconds)
 {
     const double most = std::numeric_limits<int>::max();
     return static_cast<int>(std::clamp(std::round(seconds * kTicksPerSecond), 0.0, most));
 }
 
 /// Seconds that a key moves the slider by; none when the key is not the slider's.
-std::optional<double> stepOfKey(const QKeyEvent& event)
+static std::optional<double> stepOfKey(const QKeyEvent& event)
 {
     const double arrow = event.modifiers().testFlag(Qt::ShiftModifier) ? 1.0 : 0.1;
     switch (event.key()) {
@@ -42,8 +40,6 @@ std::optional<double> stepOfKey(const QKeyEvent& event)
         return std::nullopt;
     }
 }
-
-} // namespace
 
 TimeSlider::TimeSlider(QWidget* parent)
     : QSlider(Qt::Horizontal, parent)

@@ -13,27 +13,25 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-void refuse(const QByteArray& line, const char* reason)
+static void refuse(const QByteArray& line, const char* reason)
 {
     qCWarning(logPlaylist, "dropped %s: %s", line.constData(), reason);
 }
 
-bool isUtf8(const QByteArray& bytes)
+static bool isUtf8(const QByteArray& bytes)
 {
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder.decode(bytes);
     return !decoder.hasError() && !text.contains(QChar::Null);
 }
 
-bool isThisMachine(const QString& host)
+static bool isThisMachine(const QString& host)
 {
     return host.isEmpty() || host == u"localhost" ||
            host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
 }
 
-std::optional<QString> fileOfLine(const QByteArray& line)
+static std::optional<QString> fileOfLine(const QByteArray& line)
 {
     if (!isUtf8(QByteArray::fromPercentEncoding(line))) {
         refuse(line, "its name is no text");
@@ -46,8 +44,6 @@ std::optional<QString> fileOfLine(const QByteArray& line)
     }
     return path;
 }
-
-} // namespace
 
 QString fileOfAddress(const QUrl& address)
 {

@@ -5,8 +5,6 @@
 
 namespace orvanta {
 
-namespace {
-
 // Whoever asks at a terminal has not started the program: no settings say which language.
 constexpr QStringView kHelp =
     u"Usage: orvanta [FILE...]\n"
@@ -231,8 +229,6 @@ constexpr bool everyCellIsFilled()
     });
 }
 static_assert(everyCellIsFilled(), "an interface text lacks a cell");
-
-} // namespace
 
 std::span<const InterfaceText> interfaceTexts()
 {

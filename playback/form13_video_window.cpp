@@ -16,8 +16,6 @@
 
 namespace orvanta {
 
-namespace {
-
 using namespace Qt::StringLiterals;
 
 constexpr QSize kSizeWithoutPicture(30, 1000); // twips: the control before a file is open
@@ -25,15 +23,13 @@ constexpr QSize kFrame(50, 200);               // twips: the window around the c
 constexpr QSize kSmallFrame(3100, 450);        // twips: the window of a still picture, at least
 constexpr int kNudgeMilliseconds = 30000;
 
-void paintBlack(QWidget& window)
+static void paintBlack(QWidget& window)
 {
     QPalette palette = window.palette();
     palette.setColor(QPalette::Window, Qt::black);
     window.setPalette(palette);
     window.setAutoFillBackground(true);
 }
-
-} // namespace
 
 Form13::Form13(Form13Services services)
     : m_services(std::move(services)),

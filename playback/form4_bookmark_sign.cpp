@@ -9,15 +9,13 @@
 
 namespace orvanta {
 
-namespace {
-
 constexpr int kSide = 32; // pixels
 constexpr int kShownMilliseconds = 1000;
 constexpr QColor kGround(0x1e, 0x22, 0x2a);
 constexpr QColor kRibbon(0xf2, 0xa6, 0x3b);
 
 /// A ribbon that hangs from the top edge, with a notch at its lower end.
-QPainterPath ribbon()
+static QPainterPath ribbon()
 {
     QPainterPath path(QPointF(9, 0));
     path.lineTo(23, 0);
@@ -27,8 +25,6 @@ QPainterPath ribbon()
     path.closeSubpath();
     return path;
 }
-
-} // namespace
 
 Form4::Form4(QWidget* parent)
     : QWidget(parent, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |

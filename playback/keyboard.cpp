@@ -12,17 +12,13 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 constexpr double kMinute = 60.0; // seconds
 constexpr int kVolumeStep = 5;   // on the volume slider's scale
 
-template <typename Action> constexpr KeyRow inBoth(char16_t character, Action action)
+template <typename Action> static constexpr KeyRow inBoth(char16_t character, Action action)
 {
     return {character, action, action};
 }
-
-} // namespace
 
 /// What the keys of both windows do. A friend of theirs: a key that needs no more than they have is
 /// one line here.

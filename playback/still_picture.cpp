@@ -7,17 +7,13 @@
 
 namespace orvanta {
 
-namespace {
-
 using namespace Qt::StringLiterals;
 
-bool isKnownFormat(const QByteArray& format)
+static bool isKnownFormat(const QByteArray& format)
 {
     static const QByteArrayList formats = {"bmp", "jpeg", "jpg", "gif", "ico", "png", "webp"};
     return formats.contains(format);
 }
-
-} // namespace
 
 static QImage readByToolkit(const QString& file)
 {

@@ -8,8 +8,6 @@
 
 namespace orvanta {
 
-namespace {
-
 constexpr std::array kCommonKeys{
     CommonKeyRow{Qt::Key_Space, Qt::NoModifier, CommonKey::TogglePlay},
     CommonKeyRow{Qt::Key_Left, Qt::NoModifier, CommonKey::StepBack},
@@ -29,6 +27,8 @@ constexpr std::array kCommonKeys{
     CommonKeyRow{Qt::Key_MediaPrevious, Qt::NoModifier, CommonKey::PreviousClip},
 };
 
+namespace {
+
 /// Letters that lie side by side on a Latin keyboard, with the scan code of the first.
 struct LetterRow
 {
@@ -42,13 +42,15 @@ constexpr std::array kLetterRows{LetterRow{24, u"qwertyuiop"}, LetterRow{38, u"a
 constexpr Qt::KeyboardModifiers kCommandModifiers =
     Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
-bool isToggle(CommonKey key)
+} // namespace
+
+static bool isToggle(CommonKey key)
 {
     return key == CommonKey::TogglePlay || key == CommonKey::ToggleFullScreen;
 }
 
 /// The key on a Latin keyboard. Key values of letters are their upper-case code points.
-int latinKey(const QKeyEvent& event)
+static int latinKey(const QKeyEvent& event)
 {
     constexpr int kLastOfBasicPlane = 0xffff;
     if (event.key() > kLastOfBasicPlane) {
@@ -56,8 +58,6 @@ int latinKey(const QKeyEvent& event)
     }
     return latinLetter(QChar(event.key()), event.nativeScanCode()).toUpper().unicode();
 }
-
-} // namespace
 
 QChar latinLetter(QChar typed, quint32 scanCode)
 {

@@ -9,8 +9,8 @@
 namespace orvanta {
 
 // Twips: how much larger than its picture the window is, both ways.
-static constexpr int kMargin = 100;
-static constexpr int kTwipsPerPixel = 15;
+constexpr int kMargin = 100;
+constexpr int kTwipsPerPixel = 15;
 
 static int withMargin(int pixels)
 {

@@ -19,13 +19,11 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 constexpr QSize kPictureSize(400, 300);
 constexpr QSize kHandbookSize(48, 64);
 constexpr int kTextWidth = 380; // a line of about sixty letters
 
-QLabel* selectableLabel(QWidget* parent)
+static QLabel* selectableLabel(QWidget* parent)
 {
     auto* label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
@@ -33,20 +31,18 @@ QLabel* selectableLabel(QWidget* parent)
     return label;
 }
 
-QString aboutText(TextLanguage language)
+static QString aboutText(TextLanguage language)
 {
     const MediaLibraryVersions media = mediaLibraryVersions();
     return interfaceText(u"Form9", u"Label1", language)
         .arg(kVersion, media.player, media.codecs, QString::fromLatin1(qVersion()));
 }
 
-QString handbookAddress(const QString& folder, TextLanguage language)
+static QString handbookAddress(const QString& folder, TextLanguage language)
 {
     const QString name = interfaceText(u"Form9", u"Text1.file", language);
     return QUrl::fromLocalFile(installedFile(folder, u'\\' + name)).toString();
 }
-
-} // namespace
 
 Form9::Form9(const Module1& module, QWidget* parent)
     : QWidget(parent, Qt::Window),

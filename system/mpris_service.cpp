@@ -10,12 +10,10 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 constexpr auto kService = "org.mpris.MediaPlayer2.orvanta"_L1;
 constexpr auto kObject = "/org/mpris/MediaPlayer2"_L1;
 
-QVariantMap changesBetween(const QVariantMap& before, const QVariantMap& now)
+static QVariantMap changesBetween(const QVariantMap& before, const QVariantMap& now)
 {
     QVariantMap changes;
     for (auto property = now.begin(); property != now.end(); ++property) {
@@ -25,8 +23,6 @@ QVariantMap changesBetween(const QVariantMap& before, const QVariantMap& now)
     }
     return changes;
 }
-
-} // namespace
 
 MprisService::MprisService(MprisPorts ports, QDBusConnection bus, QObject* parent)
     : QObject(parent),

@@ -11,24 +11,20 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 constexpr auto kNoTrack = "/org/mpris/MediaPlayer2/TrackList/NoTrack"_L1;
 constexpr auto kTrackRoot = "/org/orvanta/track/"_L1;
 
-bool contains(const PlaylistState& playlist, Cursor place)
+static bool contains(const PlaylistState& playlist, Cursor place)
 {
     return place.packet >= 1 && place.packet <= playlist.PlaylistCount && place.clip >= 1 &&
            place.clip <= playlist.packet(place.packet).ClipCount;
 }
 
-QString artUrl(const PlaylistEntry& packet)
+static QString artUrl(const PlaylistEntry& packet)
 {
     const QString file = locateFile(packet.Picture, packet.Folder);
     return file.isEmpty() ? QString() : QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded);
 }
-
-} // namespace
 
 QString trackPath(Int16 p, Int16 q)
 {

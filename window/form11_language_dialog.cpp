@@ -13,16 +13,14 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-PictureSign* languageBadge(const QString& artwork, QWidget* parent)
+static PictureSign* languageBadge(const QString& artwork, QWidget* parent)
 {
     static constexpr QSize kSize(48, 48);
     return new PictureSign([artwork](qreal ratio) { return skin::artwork(artwork, kSize, ratio); },
                            kSize, parent);
 }
 
-QHBoxLayout* choiceRow(QWidget* picture, QWidget* option)
+static QHBoxLayout* choiceRow(QWidget* picture, QWidget* option)
 {
     auto* row = new QHBoxLayout;
     row->setSpacing(2 * skin::kGrid);
@@ -30,8 +28,6 @@ QHBoxLayout* choiceRow(QWidget* picture, QWidget* option)
     row->addWidget(option, 1);
     return row;
 }
-
-} // namespace
 
 Form11::Form11(QString iniPath)
     : Option1(new QRadioButton(this)),

@@ -15,13 +15,9 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 constexpr QSize kArtwork(480, 272);
 // Where the artwork has its English line.
 constexpr QRect kRussianPicture(30, 170, 118, 36);
-
-} // namespace
 
 Form1::Form1(Int16 language)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),

@@ -14,26 +14,22 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-SkinPicture bright(const QString& name)
+static SkinPicture bright(const QString& name)
 {
     return {name, skin::kText};
 }
 
-SkinPicture quiet(const QString& name)
+static SkinPicture quiet(const QString& name)
 {
     return {name, skin::kTextMuted};
 }
 
-void configure(QTimer& timer, QObject* owner, int milliseconds, bool once)
+static void configure(QTimer& timer, QObject* owner, int milliseconds, bool once)
 {
     timer.setParent(owner);
     timer.setInterval(milliseconds);
     timer.setSingleShot(once);
 }
-
-} // namespace
 
 void Form2::buildControls()
 {

@@ -20,20 +20,18 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 // Beside the window opens the one with the picture, seldom wider than this.
 constexpr int kUsualPictureWidth = 640;
 
 // Together with a picture at its right the window stands in the middle of the screen.
-QPoint firstPlace(QSize window, const QRect& room)
+static QPoint firstPlace(QSize window, const QRect& room)
 {
     const int both = window.width() + skin::kGrid + kUsualPictureWidth;
     return room.topLeft() + QPoint(std::max(0, (room.width() - both) / 2),
                                    std::max(0, (room.height() - window.height()) / 2));
 }
 
-QBoxLayout* row(int spacing)
+static QBoxLayout* row(int spacing)
 {
     auto* layout = new QHBoxLayout;
     layout->setSpacing(spacing);
@@ -41,7 +39,7 @@ QBoxLayout* row(int spacing)
 }
 
 // A picture beside a slider: it says what the slider is for.
-QWidget* sign(const QString& picture, QWidget* parent)
+static QWidget* sign(const QString& picture, QWidget* parent)
 {
     static constexpr int kSide = 16;
     return new PictureSign(
@@ -49,14 +47,14 @@ QWidget* sign(const QString& picture, QWidget* parent)
         {kSide, kSide}, parent);
 }
 
-QWidget* badge(QWidget* parent)
+static QWidget* badge(QWidget* parent)
 {
     static constexpr QSize kSize(20, 20);
     return new PictureSign([](qreal ratio) { return skin::artwork(u"orvanta"_s, kSize, ratio); },
                            kSize, parent);
 }
 
-QLabel* title(QWidget* parent)
+static QLabel* title(QWidget* parent)
 {
     auto* label = new QLabel(parent);
     label->setFont(skin::interfaceFont(13, true));
@@ -66,7 +64,7 @@ QLabel* title(QWidget* parent)
     return label;
 }
 
-QWidget* divider(QWidget* parent)
+static QWidget* divider(QWidget* parent)
 {
     auto* line = new QWidget(parent);
     line->setFixedSize(1, 20);
@@ -76,8 +74,6 @@ QWidget* divider(QWidget* parent)
     line->setPalette(palette);
     return line;
 }
-
-} // namespace
 
 void Form2::layOut()
 {

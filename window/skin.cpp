@@ -19,23 +19,19 @@ namespace orvanta::skin {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QPixmap rendered(const QString& resource, QSize size, qreal devicePixelRatio)
+static QPixmap rendered(const QString& resource, QSize size, qreal devicePixelRatio)
 {
     loadPictures();
     return drawingPixmap(resource, size, devicePixelRatio);
 }
 
 // The drawings are white: only their shape counts.
-void tint(QPixmap& pixmap, const QColor& colour)
+static void tint(QPixmap& pixmap, const QColor& colour)
 {
     QPainter painter(&pixmap);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(pixmap.rect(), colour);
 }
-
-} // namespace
 
 QFont interfaceFont(int pixelSize, bool bold)
 {

@@ -15,11 +15,11 @@
 
 namespace orvanta {
 
-namespace {
-
 constexpr double kKnobRadius = 7;
 constexpr double kGrooveHeight = 4;
 constexpr double kPageSteps = 10;
+
+namespace {
 
 class SkinSliderAccessible : public QAccessibleWidget, public QAccessibleValueInterface
 {
@@ -46,19 +46,21 @@ private:
     SkinSlider* m_slider;
 };
 
-QAccessibleInterface* accessibleSlider(const QString& /*className*/, QObject* object)
+} // namespace
+
+static QAccessibleInterface* accessibleSlider(const QString& /*className*/, QObject* object)
 {
     auto* slider = qobject_cast<SkinSlider*>(object);
     return slider != nullptr ? new SkinSliderAccessible(slider) : nullptr;
 }
 
-void announceSliders()
+static void announceSliders()
 {
     static const bool kOnce = (QAccessible::installFactory(accessibleSlider), true);
     Q_UNUSED(kOnce)
 }
 
-std::optional<double> steppedByKey(int key, double value, double step)
+static std::optional<double> steppedByKey(int key, double value, double step)
 {
     switch (key) {
     case Qt::Key_Left:
@@ -79,8 +81,6 @@ std::optional<double> steppedByKey(int key, double value, double step)
         return std::nullopt;
     }
 }
-
-} // namespace
 
 SkinSlider::SkinSlider(Fill fill, double step, QWidget* parent)
     : QWidget(parent),

@@ -8,9 +8,7 @@
 
 namespace orvanta {
 
-namespace {
-
-Qt::CursorShape cursorOf(Qt::Edges edges)
+static Qt::CursorShape cursorOf(Qt::Edges edges)
 {
     if (edges == (Qt::TopEdge | Qt::LeftEdge) || edges == (Qt::BottomEdge | Qt::RightEdge)) {
         return Qt::SizeFDiagCursor;
@@ -20,8 +18,6 @@ Qt::CursorShape cursorOf(Qt::Edges edges)
     }
     return (edges & (Qt::LeftEdge | Qt::RightEdge)) != 0 ? Qt::SizeHorCursor : Qt::SizeVerCursor;
 }
-
-} // namespace
 
 WindowFrame::WindowFrame(QWidget* window)
     : QObject(window),

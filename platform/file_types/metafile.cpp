@@ -11,11 +11,11 @@
 
 namespace orvanta {
 
-namespace {
-
 constexpr double kDotsPerInch = 96.0;
 constexpr int kLongestSide = 4096; // pixels
 constexpr qsizetype kLargestFile = qsizetype{64} * 1024 * 1024;
+
+namespace {
 
 struct PlayerCloser
 {
@@ -23,7 +23,9 @@ struct PlayerCloser
 };
 using Player = std::unique_ptr<wmfAPI, PlayerCloser>;
 
-Player createPlayer()
+} // namespace
+
+static Player createPlayer()
 {
     wmfAPI_Options options = {};
     options.function = wmf_svg_function;
@@ -35,12 +37,14 @@ Player createPlayer()
 }
 
 /// Opens the picture and measures it. False when it cannot be read.
-bool open(wmfAPI* player, QByteArray& bytes, wmfD_Rect& frame)
+static bool open(wmfAPI* player, QByteArray& bytes, wmfD_Rect& frame)
 {
     auto* begin = reinterpret_cast<unsigned char*>(bytes.data()); // the library's own byte type
     return wmf_mem_open(player, begin, bytes.size()) == wmf_E_None &&
            wmf_scan(player, 0, &frame) == wmf_E_None;
 }
+
+namespace {
 
 /// What the library writes into memory through a stdio stream.
 class Output
@@ -76,7 +80,9 @@ private:
     FILE* m_stream = nullptr;
 };
 
-QByteArray drawAsSvg(wmfAPI* player, wmfD_Rect frame)
+} // namespace
+
+static QByteArray drawAsSvg(wmfAPI* player, wmfD_Rect frame)
 {
     Output output;
     wmf_svg_t* device = WMF_SVG_GetData(player);
@@ -88,7 +94,7 @@ QByteArray drawAsSvg(wmfAPI* player, wmfD_Rect frame)
     return drawn ? output.take() : QByteArray();
 }
 
-QByteArray svgOfMetafile(QByteArray bytes)
+static QByteArray svgOfMetafile(QByteArray bytes)
 {
     const Player player = createPlayer();
     wmfD_Rect frame = {};
@@ -98,14 +104,12 @@ QByteArray svgOfMetafile(QByteArray bytes)
     return drawAsSvg(player.get(), frame);
 }
 
-QSize withinReason(QSize size)
+static QSize withinReason(QSize size)
 {
     const QSize largest(kLongestSide, kLongestSide);
     const bool fits = size.width() <= kLongestSide && size.height() <= kLongestSide;
     return fits ? size : size.scaled(largest, Qt::KeepAspectRatio);
 }
-
-} // namespace
 
 bool looksLikeMetafile(const QByteArray& beginning)
 {

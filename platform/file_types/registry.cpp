@@ -32,12 +32,14 @@ struct Key
     QString extension; // of the first three
 };
 
-bool isSame(const QString& a, QStringView b)
+} // namespace
+
+static bool isSame(const QString& a, QStringView b)
 {
     return b.compare(a, Qt::CaseInsensitive) == 0;
 }
 
-Key classKey(const QString& subkey)
+static Key classKey(const QString& subkey)
 {
     static const QRegularExpression ofType(
         u"^vx(.+)file\\\\(defaulticon|shell\\\\open\\\\command)$"_s,
@@ -53,7 +55,7 @@ Key classKey(const QString& subkey)
     return {isFolder ? Meaning::FolderCommand : Meaning::None, {}};
 }
 
-Key keyOf(RegistryHive hive, const QString& subkey, const QString& valueName)
+static Key keyOf(RegistryHive hive, const QString& subkey, const QString& valueName)
 {
     if (hive == RegistryHive::ClassesRoot) {
         return valueName.isEmpty() ? classKey(subkey) : Key();
@@ -63,14 +65,12 @@ Key keyOf(RegistryHive hive, const QString& subkey, const QString& valueName)
     return {isAutostart ? Meaning::Autostart : Meaning::None, {}};
 }
 
-QString sectionOf(RegistryHive hive, const QString& subkey)
+static QString sectionOf(RegistryHive hive, const QString& subkey)
 {
     const QString root =
         hive == RegistryHive::ClassesRoot ? u"HKEY_CLASSES_ROOT"_s : u"HKEY_LOCAL_MACHINE"_s;
     return root + u'\\' + subkey;
 }
-
-} // namespace
 
 class Registry::Private
 {

@@ -7,26 +7,24 @@
 
 namespace orvanta {
 
-namespace {
-
 constexpr unsigned kRequestBits = 8;
 constexpr quint64 kRequestMask = (quint64{1} << kRequestBits) - 1;
 
 template <typename Value>
-Value valueOf(const mpv_event_property& property, mpv_format format, Value otherwise)
+static Value valueOf(const mpv_event_property& property, mpv_format format, Value otherwise)
 {
     return property.format == format && property.data != nullptr
                ? *static_cast<const Value*>(property.data)
                : otherwise;
 }
 
-const mpv_event_property& propertyOf(const mpv_event& event)
+static const mpv_event_property& propertyOf(const mpv_event& event)
 {
     return *static_cast<const mpv_event_property*>(event.data);
 }
 
 /// The number that the library gave to a file which it was told to load; -1 without one.
-qint64 entryOf(const mpv_event& event)
+static qint64 entryOf(const mpv_event& event)
 {
     const mpv_node& result = static_cast<const mpv_event_command*>(event.data)->result;
     if (event.error < 0 || result.format != MPV_FORMAT_NODE_MAP) {
@@ -40,13 +38,11 @@ qint64 entryOf(const mpv_event& event)
     return -1;
 }
 
-void logMessage(const mpv_event& event)
+static void logMessage(const mpv_event& event)
 {
     const auto* message = static_cast<const mpv_event_log_message*>(event.data);
     qCDebug(logPlayback).noquote() << message->prefix << QString::fromUtf8(message->text).trimmed();
 }
-
-} // namespace
 
 quint64 MpvPlayer::idOf(Request request, quint64 serial)
 {

@@ -7,16 +7,14 @@
 
 namespace orvanta {
 
-namespace {
-
 constexpr unsigned kMajorShift = 16;
 
-bool versionFits()
+static bool versionFits()
 {
     return mpv_client_api_version() >> kMajorShift == MPV_CLIENT_API_VERSION >> kMajorShift;
 }
 
-mpv_handle* createPlayer()
+static mpv_handle* createPlayer()
 {
     mpv_handle* handle = versionFits() ? mpv_create() : nullptr;
     if (handle == nullptr) {
@@ -26,15 +24,13 @@ mpv_handle* createPlayer()
     return handle;
 }
 
-bool accepted(int result, const char* what)
+static bool accepted(int result, const char* what)
 {
     if (result < 0) {
         qCInfo(logErrors, "player library, %s: %s", what, mpv_error_string(result));
     }
     return result >= 0;
 }
-
-} // namespace
 
 MpvHandle::MpvHandle()
     : m_handle(createPlayer())

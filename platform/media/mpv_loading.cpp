@@ -8,17 +8,13 @@
 
 namespace orvanta {
 
-namespace {
-
 /// Only files are opened. The library would take addresses, devices and pipes just as gladly.
-bool isRegularFile(const QString& path)
+static bool isRegularFile(const QString& path)
 {
     struct stat status = {};
     return path.startsWith(u'/') && stat(QFile::encodeName(path).constData(), &status) == 0 &&
            S_ISREG(status.st_mode);
 }
-
-} // namespace
 
 void MpvPlayer::setFileName(const QString& path)
 {

@@ -75,8 +75,10 @@ constexpr char kFormats[] =
 constexpr std::array kRawStreams = {"aac",  "ac3",   "dts",       "dtshd", "eac3", "h264", "hevc",
                                     "loas", "mjpeg", "mpegvideo", "m4v",   "obu",  "vc1"};
 
+} // namespace
+
 // The container options hold commas, so they cannot be given as one text.
-bool setContainerOptions(MpvHandle& mpv)
+static bool setContainerOptions(MpvHandle& mpv)
 {
     QByteArray protocols = "file";
     QByteArray formats = kFormats;
@@ -98,8 +100,6 @@ bool setContainerOptions(MpvHandle& mpv)
     map.u.list = &pairs;
     return mpv.setOption("demuxer-lavf-o", map);
 }
-
-} // namespace
 
 bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra)
 {

@@ -10,18 +10,16 @@
 
 namespace orvanta {
 
-namespace {
-
 // The scalers copy the whole frame once more when lines do not begin at such addresses.
 constexpr std::size_t kAlignment = 64;
 constexpr std::size_t kBytesPerPixel = 4;
 
-char* mutableText(const char* text)
+static char* mutableText(const char* text)
 {
     return const_cast<char*>(text); // the library takes its parameters without const
 }
 
-mpv_render_context* createContext(mpv_handle* player)
+static mpv_render_context* createContext(mpv_handle* player)
 {
     std::array<mpv_render_param, 2> parameters = {{
         {MPV_RENDER_PARAM_API_TYPE, mutableText(MPV_RENDER_API_TYPE_SW)},
@@ -36,7 +34,7 @@ mpv_render_context* createContext(mpv_handle* player)
     return context;
 }
 
-QImage newImage(QSize size)
+static QImage newImage(QSize size)
 {
     const std::size_t stride =
         (static_cast<std::size_t>(size.width()) * kBytesPerPixel + kAlignment - 1) / kAlignment *
@@ -52,7 +50,7 @@ QImage newImage(QSize size)
 
 /// The library leaves the fourth byte of a pixel as it comes, and a compositor that blends windows
 /// takes it for the opacity.
-void makeOpaque(QImage& image)
+static void makeOpaque(QImage& image)
 {
     constexpr quint32 kOpaque = 0xff000000U;
     for (int y = 0; y < image.height(); ++y) {
@@ -60,8 +58,6 @@ void makeOpaque(QImage& image)
         std::for_each(line, line + image.width(), [](quint32& pixel) { pixel |= kOpaque; });
     }
 }
-
-} // namespace
 
 MpvPictureSource::MpvPictureSource(mpv_handle* player)
     : m_context(createContext(player))

@@ -6,21 +6,17 @@
 
 namespace orvanta {
 
-namespace {
-
 constexpr int kLookMilliseconds = 40;
 constexpr int kSeekGuardMilliseconds = 5000;
 constexpr int kSilence = -10000; // hundredths of a decibel
 
-std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
+static std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
 {
     auto mpv = std::make_unique<MpvHandle>();
     applyMpvOptions(*mpv, extra);
     mpv->initialize();
     return mpv;
 }
-
-} // namespace
 
 MpvPlayer::MpvPlayer(const MpvOptionList& extraOptions)
     : m_mpv(startPlayer(extraOptions)),

@@ -109,7 +109,9 @@ struct InstalledPlaces
     QStringList programs;  // companions
 };
 
-InstalledPlaces installedPlaces()
+} // namespace
+
+static InstalledPlaces installedPlaces()
 {
     const QDir program(QCoreApplication::applicationDirPath());
     const auto place = [&](const QString& name) { return QDir::cleanPath(program.filePath(name)); };
@@ -119,20 +121,18 @@ InstalledPlaces installedPlaces()
         .programs = {place(QStringLiteral(ORVANTA_COMPANIONS)), shared, place(u"companions"_s)}};
 }
 
-bool isProgram(const QString& file)
+static bool isProgram(const QString& file)
 {
     const QFileInfo info(file);
     return info.isFile() && info.isExecutable();
 }
 
 /// The name as it is, and without the ending that programs bear elsewhere.
-QStringList programNames(const QString& name)
+static QStringList programNames(const QString& name)
 {
     const bool ends = name.endsWith(u".exe", Qt::CaseInsensitive);
     return ends ? QStringList{name, name.chopped(4)} : QStringList{name};
 }
-
-} // namespace
 
 QString installedFile(const QString& folder, const QString& name)
 {

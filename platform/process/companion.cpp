@@ -83,8 +83,10 @@ private:
     posix_spawnattr_t m_attributes{};
 };
 
+} // namespace
+
 /// Nobody waits for the child, but its remains are to be cleared away once it has ended.
-void reapWhenEnded(pid_t child)
+static void reapWhenEnded(pid_t child)
 {
     // By number: the C library's own declaration of it is none for C++ in every release.
     const auto handle = static_cast<int>(::syscall(SYS_pidfd_open, child, 0U));
@@ -100,7 +102,7 @@ void reapWhenEnded(pid_t child)
     });
 }
 
-QByteArrayList environmentOf(const QProcessEnvironment& variables)
+static QByteArrayList environmentOf(const QProcessEnvironment& variables)
 {
     QByteArrayList lines;
     for (const QString& line : variables.toStringList()) {
@@ -110,7 +112,7 @@ QByteArrayList environmentOf(const QProcessEnvironment& variables)
 }
 
 /// The child's process id; nothing, with errno set, when the program cannot be run.
-std::optional<qint64> spawn(const QStringList& words, const QProcessEnvironment& variables)
+static std::optional<qint64> spawn(const QStringList& words, const QProcessEnvironment& variables)
 {
     std::vector<QByteArray> encoded;
     encoded.reserve(static_cast<std::size_t>(words.size()));
@@ -130,15 +132,13 @@ std::optional<qint64> spawn(const QStringList& words, const QProcessEnvironment&
 }
 
 /// A second launch by the companion must find the same settings, whatever folder is current then.
-QProcessEnvironment environmentOfCompanion(const QString& applicationFolder)
+static QProcessEnvironment environmentOfCompanion(const QString& applicationFolder)
 {
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     variables.insert(u"ORVANTA_HOME"_s, applicationFolder);
     variables.insert(u"ORVANTA_PROGRAM"_s, QCoreApplication::applicationFilePath());
     return variables;
 }
-
-} // namespace
 
 qint64 startCompanion(const QString& applicationFolder, const QString& name)
 {

@@ -14,8 +14,6 @@ namespace orvanta {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-namespace {
-
 const QString kWatcher = u"org.kde.StatusNotifierWatcher"_s;
 const QString kWatcherObject = u"/StatusNotifierWatcher"_s;
 constexpr int kAnswerMs = 1000;
@@ -24,7 +22,7 @@ constexpr int kAnswerMs = 1000;
 constexpr auto kPatience = 10s;
 
 /// The older kind of tray, which owns a selection of the first screen.
-bool hasX11Tray()
+static bool hasX11Tray()
 {
     xcb_connection_t* connection = x11Connection();
     if (connection == nullptr) {
@@ -37,8 +35,6 @@ bool hasX11Tray()
         &std::free);
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
-
-} // namespace
 
 DesktopTray::DesktopTray(const QDBusConnection& bus)
     : m_bus(bus),

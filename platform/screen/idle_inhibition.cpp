@@ -13,18 +13,16 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
 constexpr auto kReason = "Orvanta plays a clip"_L1;
 
-QDBusMessage screenSaverCall(const QString& method)
+static QDBusMessage screenSaverCall(const QString& method)
 {
     return QDBusMessage::createMethodCall(u"org.freedesktop.ScreenSaver"_s,
                                           u"/org/freedesktop/ScreenSaver"_s,
                                           u"org.freedesktop.ScreenSaver"_s, method);
 }
 
-QDBusMessage portalCall()
+static QDBusMessage portalCall()
 {
     constexpr uint kIdle = 8;
     QDBusMessage call = QDBusMessage::createMethodCall(
@@ -34,13 +32,11 @@ QDBusMessage portalCall()
     return call;
 }
 
-QDBusMessage closeCall(const QString& request)
+static QDBusMessage closeCall(const QString& request)
 {
     return QDBusMessage::createMethodCall(u"org.freedesktop.portal.Desktop"_s, request,
                                           u"org.freedesktop.portal.Request"_s, u"Close"_s);
 }
-
-} // namespace
 
 IdleInhibition::IdleInhibition(QDBusConnection bus, QObject* parent)
     : QObject(parent),

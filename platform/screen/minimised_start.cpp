@@ -1,26 +1,21 @@
 #include "platform/screen/minimised_start.h"
 
 #include "core/log.h"
+#include "platform/screen/x11.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QGuiApplication>
+#include <QList>
 #include <QTimer>
 
-#include <cstdlib>
-#include <cstring>
-#include <memory>
 #include <unistd.h>
-#include <vector>
-#include <xcb/xcb.h>
 
 namespace orvanta {
-
-namespace {
 
 constexpr int kLookEveryMs = 100;
 constexpr int kGiveUpMs = 10000;
 
-template <typename Reply> using Owned = std::unique_ptr<Reply, decltype(&std::free)>;
+namespace {
 
 /// The windows of other programs, as the window manager tells of them.
 class ForeignWindows
@@ -29,17 +24,17 @@ public:
     explicit ForeignWindows(xcb_connection_t* connection)
         : m_connection(connection),
           m_root(xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root),
-          m_clientList(atom("_NET_CLIENT_LIST")),
-          m_processId(atom("_NET_WM_PID")),
-          m_changeState(atom("WM_CHANGE_STATE"))
+          m_clientList(x11Atom(connection, "_NET_CLIENT_LIST")),
+          m_processId(x11Atom(connection, "_NET_WM_PID")),
+          m_changeState(x11Atom(connection, "WM_CHANGE_STATE"))
     {}
 
-    [[nodiscard]] std::vector<xcb_window_t> all() const { return numbers(m_root, m_clientList); }
+    [[nodiscard]] QList<xcb_window_t> all() const { return numbers(m_root, m_clientList); }
 
     /// 0 when the window does not say.
     [[nodiscard]] pid_t processOf(xcb_window_t window) const
     {
-        const std::vector<uint32_t> ids = numbers(window, m_processId);
+        const QList<uint32_t> ids = numbers(window, m_processId);
         return ids.empty() ? 0 : static_cast<pid_t>(ids.front());
     }
 
@@ -59,27 +54,18 @@ public:
     }
 
 private:
-    [[nodiscard]] xcb_atom_t atom(const char* name) const
-    {
-        const auto cookie =
-            xcb_intern_atom(m_connection, 0, static_cast<uint16_t>(std::strlen(name)), name);
-        const Owned<xcb_intern_atom_reply_t> reply(
-            xcb_intern_atom_reply(m_connection, cookie, nullptr), &std::free);
-        return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-    }
-
-    [[nodiscard]] std::vector<uint32_t> numbers(xcb_window_t window, xcb_atom_t property) const
+    [[nodiscard]] QList<uint32_t> numbers(xcb_window_t window, xcb_atom_t property) const
     {
         constexpr uint32_t kMost = 4096;
         const auto cookie = xcb_get_property(m_connection, 0, window, property,
                                              XCB_GET_PROPERTY_TYPE_ANY, 0, kMost);
-        const Owned<xcb_get_property_reply_t> reply(
+        const X11Reply<xcb_get_property_reply_t> reply(
             xcb_get_property_reply(m_connection, cookie, nullptr), &std::free);
         if (!reply || reply->format != 32) {
             return {};
         }
         const auto* values = static_cast<const uint32_t*>(xcb_get_property_value(reply.get()));
-        return {values, values + reply->value_len};
+        return QList<uint32_t>(values, values + reply->value_len);
     }
 
     xcb_connection_t* m_connection;
@@ -89,17 +75,13 @@ private:
     xcb_atom_t m_changeState;
 };
 
-xcb_connection_t* x11()
-{
-    auto* native = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return native == nullptr ? nullptr : native->connection();
-}
+} // namespace
 
 /// Whether there was such a window. A companion is the leader of its session, in which its
 /// children are, too.
-bool minimiseWindowOf(pid_t session)
+static bool minimiseWindowOf(pid_t session)
 {
-    const ForeignWindows windows(x11());
+    const ForeignWindows windows(x11Connection());
     for (const xcb_window_t window : windows.all()) {
         const pid_t process = windows.processOf(window);
         if (process > 0 && ::getsid(process) == session) {
@@ -110,11 +92,9 @@ bool minimiseWindowOf(pid_t session)
     return false;
 }
 
-} // namespace
-
 void minimiseFirstWindow(qint64 companion)
 {
-    if (x11() == nullptr) {
+    if (x11Connection() == nullptr) {
         qCInfo(logDesktop, "this display system starts no program minimised");
         return;
     }
