@@ -102,16 +102,30 @@ TEST_F(OptionsBoxes, TheTextsAreEnglishForTheStoredLanguageOneAndRussianOtherwis
     }
 }
 
+static QString keyOf(const OptionRow& row)
+{
+    return QString::fromUtf16(iniKey(row.key).key.data());
+}
+
+TEST_F(OptionsBoxes, BelongToTheKeysOfOldSettings)
+{
+    for (const BoxRow& box : kBoxes) {
+        const auto row = std::ranges::find(kOptionRows, box.box, &OptionRow::box);
+        ASSERT_NE(row, kOptionRows.end());
+        EXPECT_EQ(keyOf(*row), text(box.key));
+    }
+}
+
 TEST_F(OptionsBoxes, EachBoxShowsItsKey)
 {
-    for (const BoxRow& row : kBoxes) {
+    for (const OptionRow& row : kOptionRows) {
         set(u"options"_s, u"nc"_s, u"1"_s); // or "ws" would not show
-        set(u"options"_s, text(row.key), u"1"_s);
+        set(u"options"_s, keyOf(row), u"1"_s);
         open();
-        EXPECT_TRUE((dialog.get()->*row.box)->isChecked()) << qPrintable(text(row.key));
-        set(u"options"_s, text(row.key), u"0"_s);
+        EXPECT_TRUE((dialog.get()->*row.box)->isChecked()) << qPrintable(keyOf(row));
+        set(u"options"_s, keyOf(row), u"0"_s);
         open();
-        EXPECT_FALSE((dialog.get()->*row.box)->isChecked()) << qPrintable(text(row.key));
+        EXPECT_FALSE((dialog.get()->*row.box)->isChecked()) << qPrintable(keyOf(row));
     }
 }
 
@@ -126,19 +140,19 @@ TEST_F(OptionsBoxes, AKeyThatIsAbsentOrNoNumberIsOff)
 
 TEST_F(OptionsBoxes, OkWritesEachBoxToItsKey)
 {
-    for (const BoxRow& row : kBoxes) {
+    for (const OptionRow& row : kOptionRows) {
         open();
-        for (const BoxRow& other : kBoxes) {
+        for (const OptionRow& other : kOptionRows) {
             (dialog.get()->*other.box)->setChecked(false);
         }
         dialog->Check7->setChecked(row.box == &Form8::Check9 || row.box == &Form8::Check7);
         (dialog.get()->*row.box)->setChecked(true);
         click(dialog->Image2);
-        for (const BoxRow& other : kBoxes) {
+        for (const OptionRow& other : kOptionRows) {
             const bool isOn = (dialog.get()->*other.box)->isChecked();
-            EXPECT_EQ(option(text(other.key)), isOn ? u"1"_s : u"0"_s);
+            EXPECT_EQ(option(keyOf(other)), isOn ? u"1"_s : u"0"_s);
         }
-        EXPECT_EQ(option(text(row.key)), u"1");
+        EXPECT_EQ(option(keyOf(row)), u"1");
         EXPECT_EQ(dialog->result(), int(QDialog::Accepted));
         EXPECT_FALSE(dialog->isVisible());
     }
