@@ -58,6 +58,7 @@ bool Settings::isOne(Option option) const
 void Settings::storeOptions(const std::vector<std::pair<Option, bool>>& options) const
 {
     std::vector<IniChange> changes;
+    changes.reserve(options.size());
     for (const auto& [option, isOn] : options) {
         changes.push_back(change(iniKey(option), isOn ? u"1"_s : u"0"_s));
     }

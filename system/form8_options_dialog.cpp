@@ -203,6 +203,7 @@ void Form8::useIcon(const QString& icoFile)
 void Form8::storeOptions() const
 {
     std::vector<std::pair<Option, bool>> states;
+    states.reserve(kOptionRows.size());
     for (const OptionRow& option : kOptionRows) {
         states.emplace_back(option.key, (this->*option.box)->isChecked());
     }
