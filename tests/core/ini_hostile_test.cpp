@@ -3,10 +3,9 @@
 #include "core/packet_file.h"
 #include "tests/core/test_folder.h"
 #include "tests/support/error_of.h"
+#include "tests/support/growth.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <random>
 
 namespace orvanta {
@@ -25,15 +24,13 @@ protected:
     {
         const auto seconds = [&](qsizetype size) {
             const QString file = prepare(size);
-            const std::clock_t begin = std::clock();
-            action(file, size);
-            return static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
+            return test::cpuSeconds([&] { action(file, size); });
         };
-        constexpr double kLeast = 0.02; // less than this is noise
-        const double small = std::max(seconds(count / 10), kLeast);
+        const double small = seconds(count / 10);
         const double large = seconds(count);
-        std::printf("[ MEASURED ] %.3f s, %.1f times\n", large, large / small);
-        EXPECT_LT(large, 35 * small);
+        const double times = test::growth(small, large, 0.02);
+        std::printf("[ MEASURED ] %.3f s, %.1f times\n", large, times);
+        EXPECT_LT(times, 35);
     }
 
     template <typename Action>
