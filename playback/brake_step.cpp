@@ -15,11 +15,21 @@ BrakeStep::BrakeStep(EngineContext& context, ClipStarter& starter)
       m_starter(starter)
 {}
 
-void BrakeStep::run()
+void BrakeStep::run(Position position)
 {
-    if (m_context.areBrakesPlaying() && isPastNext() && staysAfterMoving()) {
+    if (m_context.areBrakesPlaying() && isPastNext() &&
+        (position == JustReported || staysAfterMoving())) {
         apply(decide());
     }
+}
+
+bool BrakeStep::isDue(double seconds) const
+{
+    if (!m_context.areBrakesPlaying() || !m_context.player().isRunning()) {
+        return false;
+    }
+    const auto time = timeOfNextBrake(m_context.currentPacket(), m_context.cursor().clip);
+    return time && seconds > *time;
 }
 
 void BrakeStep::clipEnded()
@@ -75,7 +85,7 @@ void BrakeStep::apply(BrakeDecision decision)
     case BrakeDecision::Nothing:
         break;
     case BrakeDecision::NextBrake:
-        m_starter.ListClick(place.packet, place.clip + 1);
+        m_starter.reachBrake(place.packet, place.clip + 1);
         break;
     case BrakeDecision::NextPacket:
         goToNextPacket();

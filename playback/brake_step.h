@@ -10,9 +10,18 @@ class BrakeStep
 public:
     BrakeStep(EngineContext& context, ClipStarter& starter);
 
+    /// How old the position may be by which the step goes.
+    enum Position
+    {
+        PolledByTick,
+        JustReported, // by the player, which therefore moves
+    };
+
     /// Runs only while the current packet's media file is the loaded one. May wait a moment in the
-    /// event loop until the position moves. Raises 13 when the next brake's time is no number.
-    void run();
+    /// event loop until a polled position moves. Raises 13 when the next brake's time is no number.
+    void run(Position position);
+    /// Whether the player runs past the next brake at this position, seconds. Raises nothing.
+    [[nodiscard]] bool isDue(double seconds) const;
 
     /// The end of the clip, which counts only where it passes the last brake.
     void clipEnded();

@@ -18,6 +18,15 @@ static Int16 brakeToReach(const PlaylistEntry& packet, Int16 currentBrake)
     return currentBrake < packet.ClipCount ? currentBrake + 1 : packet.ClipCount;
 }
 
+std::optional<double> timeOfNextBrake(const PlaylistEntry& packet, Int16 currentBrake)
+{
+    try {
+        return timeOfBrake(packet, brakeToReach(packet, currentBrake));
+    } catch (const RuntimeError&) { // asked many times a second: who follows the brake says it
+        return std::nullopt;
+    }
+}
+
 BrakeSpan brakeSpan(const PlaylistEntry& packet, Int16 currentBrake, double durationSeconds)
 {
     BrakeSpan span = {0, durationSeconds};

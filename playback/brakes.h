@@ -3,6 +3,8 @@
 
 #include "core/playlist_entry.h"
 
+#include <optional>
+
 namespace orvanta {
 
 /// The part of the clip that the current brake covers, in seconds.
@@ -27,6 +29,15 @@ struct BrakeDecision
     };
     What what = Nothing;
 };
+
+/// When the next brake is due, seconds (the last brake itself is the end mark). None where its time
+/// is no number.
+[[nodiscard]] std::optional<double> timeOfNextBrake(const PlaylistEntry& packet,
+                                                    Int16 currentBrake);
+
+/// A brake that was passed less than this ago is reached without a seek, so that nobody hears it.
+/// Further past it something has held the program up.
+inline constexpr double kSoonAfterBrake = 0.5; // seconds
 
 /// Whether the position is past the next brake (the last brake itself is the end mark). "Past" is
 /// strictly greater. Raises 13 when a time is no number.

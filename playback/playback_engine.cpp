@@ -13,6 +13,7 @@
 #include "playback/volume_sliders.h"
 
 #include <QScopedValueRollback>
+#include <QTimer>
 
 #include <utility>
 
@@ -28,6 +29,12 @@ public:
           volume(context, [&engine] { Q_EMIT engine.volumeChanged(); })
     {
         context.onCursorMoved = [&engine] { Q_EMIT engine.cursorChanged(); };
+        brakeDue.setSingleShot(true);
+        brakeDue.setInterval(0);
+        QObject::connect(&brakeDue, &QTimer::timeout, &engine, [this, &engine] {
+            const QScopedValueRollback now(positionAge, BrakeStep::JustReported);
+            engine.tick();
+        });
     }
 
     /// Runs one entry into the engine. A program end that is asked for inside waits until the
@@ -50,6 +57,8 @@ public:
     void begin();
     void goOnAfterDrop(bool groupDropped);
     void keepPosition();
+    /// The player has reported a position: a brake does not wait for the timer.
+    void watchBrakes();
 
     EngineContext context;
     PositionSlider slider{context};
@@ -60,6 +69,8 @@ public:
     AdvanceStep advance{context, transport, starter, close};
     BrakeStep brakes{context, starter};
     HandOverDrain handOver{context, transport, slider, starter};
+    QTimer brakeDue; // from the queue: a seek of the engine's own also reports a position
+    BrakeStep::Position positionAge = BrakeStep::PolledByTick;
     bool ticking = false;
 
 private:
@@ -111,7 +122,15 @@ void PlaybackEngine::Private::display()
 {
     if (context.player().isRunning() && !context.view->isSliderHeld()) {
         slider.display();
-        brakes.run();
+        brakes.run(positionAge);
+    }
+}
+
+void PlaybackEngine::Private::watchBrakes()
+{
+    const bool followed = context.view != nullptr && !context.view->isSliderHeld();
+    if (followed && brakes.isDue(context.operations.secondsNow())) {
+        brakeDue.start();
     }
 }
 
@@ -243,6 +262,7 @@ PlaybackEngine::PlaybackEngine(Module1& module, MediaControl& control, VideoWind
             }
         },
         Qt::QueuedConnection);
+    connect(&control, &MediaControl::position, this, [this] { m_private->watchBrakes(); });
     connect(&control, &MediaControl::openFailed, this, [this] {
         m_private->context.operations.look();
         m_private->starter.openingFailed();

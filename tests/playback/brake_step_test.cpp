@@ -25,8 +25,57 @@ TEST_F(Brakes, ReachedByPlayingBecomesCurrentAndIsShown)
     EXPECT_EQ(clip(), 2);
     EXPECT_EQ(view.clipText, u"brake 2");
     EXPECT_EQ(view.listIndex, 3);
-    EXPECT_EQ(control.CurrentPosition(), 12);
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(Brakes, ReachedByPlayingAreRunThroughWithoutMovingThePlayer)
+{
+    playLesson();
+    control.playTo(12.1);
+    control.calls.clear();
+    tickAt(12.1);
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(control.calls, QStringList());
+}
+
+TEST_F(Brakes, ReachedByPlayingHalfASecondAgoOrMoreAreGoneBackTo)
+{
+    playLesson();
+    tickAt(12.6);
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(control.CurrentPosition(), 12);
+}
+
+TEST_F(Brakes, ReachedByPlayingBecomeCurrentWithThePositionThatPassesThemNotWithTheTimer)
+{
+    playLesson();
+    control.playTo(12);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clip(), 1);
+    control.playTo(12.04);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(view.clipText, u"brake 2");
+    control.playTo(20.04);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clip(), 3);
+}
+
+TEST_F(Brakes, AreNotFollowedByThePositionWhileTheUserHoldsTheSlider)
+{
+    playLesson();
+    view.sliderHeld = true;
+    control.playTo(12.04);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(Brakes, StartedByHandJustBehindTheirTimeAreGoneBackTo)
+{
+    playLesson();
+    control.playTo(5.3);
+    engine->ListClick(1, 1);
+    EXPECT_EQ(control.CurrentPosition(), 5);
 }
 
 TEST_F(Brakes, AtTheExactTimeTheBrakeIsNotYetPassed)
