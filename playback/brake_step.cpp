@@ -34,12 +34,10 @@ bool BrakeStep::isDue(double seconds) const
 
 void BrakeStep::clipEnded()
 {
-    const PlaylistState& playlist = m_context.module.playlist;
     // Kept from the clip: in the snapshot it is unloaded already.
     const double duration = decimalValue(m_context.module.playback.CachedDuration);
     if (m_context.areBrakesLoaded() && endPassesLastBrake(m_context.currentPacket(), duration)) {
-        const bool isLast = playlist.CurrentPacket == playlist.PlaylistCount;
-        apply({isLast ? BrakeDecision::Stop : BrakeDecision::NextPacket});
+        leavePacket();
     }
 }
 
@@ -74,30 +72,34 @@ bool BrakeStep::staysAfterMoving()
 BrakeDecision BrakeStep::decide() const
 {
     const PlaylistState& playlist = m_context.module.playlist;
-    return brakeReached(m_context.currentPacket(), playlist.CurrentClip, playlist.CurrentPacket,
-                        playlist.PlaylistCount, positionSeconds());
+    const PlaylistShape shape = shapeOf(playlist, *m_context.view);
+    const Int16 p = playlist.CurrentPacket;
+    const BrakeMarks isChecked = [&](Int16 brake) {
+        return shape.packetChecked(p) && shape.clipChecked(p, brake);
+    };
+    return brakeReached(m_context.currentPacket(), playlist.CurrentClip, positionSeconds(),
+                        isChecked);
 }
 
 void BrakeStep::apply(BrakeDecision decision)
 {
-    const Cursor place = m_context.cursor();
+    const Int16 packet = m_context.cursor().packet;
     switch (decision.what) {
     case BrakeDecision::Nothing:
         break;
-    case BrakeDecision::NextBrake:
-        m_starter.reachBrake(place.packet, place.clip + 1);
+    case BrakeDecision::Reach:
+        m_starter.reachBrake(packet, decision.brake);
         break;
-    case BrakeDecision::NextPacket:
-        goToNextPacket();
+    case BrakeDecision::Skip:
+        m_starter.ListClick(packet, decision.brake);
         break;
-    case BrakeDecision::Stop:
-        finalStop();
+    case BrakeDecision::Leave:
+        leavePacket();
         break;
     }
 }
 
-/// Brakes reached by playing ignore the marks of the list; another packet does not.
-void BrakeStep::goToNextPacket()
+void BrakeStep::leavePacket()
 {
     const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);
     const auto place = firstPlaceFrom(shape, m_context.cursor().packet + 1);

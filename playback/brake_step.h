@@ -32,7 +32,7 @@ private:
     [[nodiscard]] bool staysAfterMoving();
     [[nodiscard]] BrakeDecision decide() const;
     void apply(BrakeDecision decision);
-    void goToNextPacket();
+    void leavePacket();
     void finalStop();
 
     EngineContext& m_context;

@@ -44,16 +44,31 @@ bool isPastNextBrake(const PlaylistEntry& packet, Int16 currentBrake, double pos
     return positionSeconds > timeOfBrake(packet, brakeToReach(packet, currentBrake));
 }
 
-BrakeDecision brakeReached(const PlaylistEntry& packet, Int16 currentBrake, Int16 currentPacket,
-                           Int16 packetCount, double positionSeconds)
+/// The first checked brake behind this one; none checked: the end mark's turn has come.
+static BrakeDecision passOver(const PlaylistEntry& packet, Int16 unchecked,
+                              const BrakeMarks& isChecked)
 {
-    if (positionSeconds < timeOfBrake(packet, brakeToReach(packet, currentBrake))) {
-        return {BrakeDecision::Nothing};
+    for (int brake = unchecked.value() + 1; brake <= packet.ClipCount.value(); ++brake) {
+        if (isChecked(brake)) {
+            return {BrakeDecision::Skip, brake};
+        }
     }
-    if (currentBrake != packet.ClipCount) {
-        return {BrakeDecision::NextBrake};
+    return {BrakeDecision::Leave, {}};
+}
+
+BrakeDecision brakeReached(const PlaylistEntry& packet, Int16 currentBrake, double positionSeconds,
+                           const BrakeMarks& isChecked)
+{
+    const Int16 brake = brakeToReach(packet, currentBrake);
+    if (positionSeconds < timeOfBrake(packet, brake)) {
+        return {BrakeDecision::Nothing, {}};
     }
-    return {currentPacket != packetCount ? BrakeDecision::NextPacket : BrakeDecision::Stop};
+    if (currentBrake == brake) {
+        return {BrakeDecision::Leave, {}};
+    }
+    const bool isEndMark = brake == packet.ClipCount;
+    return isEndMark || isChecked(brake) ? BrakeDecision{BrakeDecision::Reach, brake}
+                                         : passOver(packet, brake, isChecked);
 }
 
 bool endPassesLastBrake(const PlaylistEntry& packet, double durationSeconds)

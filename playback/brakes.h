@@ -3,6 +3,7 @@
 
 #include "core/playlist_entry.h"
 
+#include <functional>
 #include <optional>
 
 namespace orvanta {
@@ -23,12 +24,16 @@ struct BrakeDecision
     enum What
     {
         Nothing,
-        NextBrake,  // move to brake + 1 of this packet
-        NextPacket, // the last brake is passed: on to the packets behind
-        Stop,       // the last brake of the last packet is passed
+        Reach, // the brake becomes current where the player is
+        Skip,  // to the brake behind unchecked ones
+        Leave, // the end mark is passed: on to the packets behind, else the end of the list
     };
     What what = Nothing;
+    Int16 brake; // of Reach and Skip
 };
+
+/// Whether a brake's line in the list is checked.
+using BrakeMarks = std::function<bool(Int16 brake)>;
 
 /// When the next brake is due, seconds (the last brake itself is the end mark). None where its time
 /// is no number.
@@ -44,10 +49,10 @@ inline constexpr double kSoonAfterBrake = 0.5; // seconds
 [[nodiscard]] bool isPastNextBrake(const PlaylistEntry& packet, Int16 currentBrake,
                                    double positionSeconds);
 
-/// What to do at this position. "Reached" is greater or equal.
+/// What to do at this position. "Reached" is greater or equal. Unchecked brakes are passed over,
+/// but never the end mark when playing comes to it. Raises 13 as above.
 [[nodiscard]] BrakeDecision brakeReached(const PlaylistEntry& packet, Int16 currentBrake,
-                                         Int16 currentPacket, Int16 packetCount,
-                                         double positionSeconds);
+                                         double positionSeconds, const BrakeMarks& isChecked);
 
 /// Whether the last brake is so near the end of the clip that no tick may see the position past it:
 /// in its last second, or behind it by no more than a time in hundredths is rounded. Then the end

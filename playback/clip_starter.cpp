@@ -45,7 +45,7 @@ void ClipStarter::start(Cursor place, Way way, FailedMedia failed)
     if (superseded()) {
         return;
     }
-    makeCurrent(place);
+    makeCurrent(place, way);
     if (started) {
         logStart(place);
     } else {
@@ -177,14 +177,15 @@ QString ClipStarter::playableFile(const QString& text, const QString& file) cons
     return copies ? copied(file, programFile(module.ApplicationFolder, u"\\temp.vxc"_s)) : file;
 }
 
-void ClipStarter::makeCurrent(Cursor place)
+/// Playing never changes a mark; the end mark is reached even unchecked.
+void ClipStarter::makeCurrent(Cursor place, Way way)
 {
     m_context.setCursor(place);
     resumeNext("current clip", [&] {
         m_context.view->setClipText(m_context.currentPacket().clip(place.clip).Text);
     });
     const int line = m_context.moveListCursor(place);
-    if (line >= 0) {
+    if (line >= 0 && way == Seek) {
         m_context.view->checkLine(line);
         m_context.view->enableTimer2(line);
     }

@@ -47,7 +47,7 @@ private:
     [[nodiscard]] bool waitUntilReady();
     void open(const QString& file, const QString& text, const QString& folder);
     [[nodiscard]] QString playableFile(const QString& text, const QString& file) const;
-    void makeCurrent(Cursor place);
+    void makeCurrent(Cursor place, Way way);
     void logStart(Cursor place);
 
     EngineContext& m_context;

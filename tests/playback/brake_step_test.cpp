@@ -85,12 +85,62 @@ TEST_F(Brakes, AtTheExactTimeTheBrakeIsNotYetPassed)
     EXPECT_EQ(clip(), 1);
 }
 
-TEST_F(Brakes, ReachedByPlayingIgnoreTheMarks)
+class UncheckedBrakes : public Brakes
 {
-    playLesson();
-    view.checked[3] = false;
+protected:
+    /// Plays four brakes at 5, 12, 20 and 30 s; those at these lines are unchecked.
+    void playWithout(std::initializer_list<std::size_t> lines, Int16 brake = 1)
+    {
+        addBrakes({u"5"_s, u"12"_s, u"20"_s, u"30"_s});
+        addClips({u"next"_s});
+        for (const std::size_t line : lines) {
+            view.checked[line] = false;
+        }
+        play(1, brake);
+    }
+};
+
+TEST_F(UncheckedBrakes, ArePassedOverToTheNextCheckedOneByOneSeek)
+{
+    playWithout({3});
     tickAt(12.1);
-    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(place(), at(1, 3));
+    EXPECT_EQ(view.clipText, u"brake 3");
+    EXPECT_EQ(control.CurrentPosition(), 20);
+    EXPECT_FALSE(view.checked[3]);
+}
+
+TEST_F(UncheckedBrakes, WithoutACheckedOneBehindThemEndThePacket)
+{
+    playWithout({3, 4, 5});
+    tickAt(12.1);
+    EXPECT_EQ(place(), at(2, 1));
+    EXPECT_EQ(runningFile(), path(u"next.avi"_s));
+}
+
+TEST_F(UncheckedBrakes, DoNotIncludeTheEndMarkWhichIsReachedAndKeepsItsMark)
+{
+    playWithout({5}, 3);
+    tickAt(30.1);
+    EXPECT_EQ(place(), at(1, 4));
+    EXPECT_FALSE(view.checked[5]);
+    view.enableTimer2(-1);
+    tickAt(30.2);
+    EXPECT_EQ(packet(), 2);
+}
+
+TEST_F(UncheckedBrakes, AreAllThoseOfAPacketWhoseHeaderIsUnchecked)
+{
+    playWithout({1});
+    tickAt(12.1);
+    EXPECT_EQ(place(), at(2, 1));
+}
+
+TEST_F(UncheckedBrakes, AreCheckedByAStartByHand)
+{
+    playWithout({3});
+    engine->ListClick(1, 2);
+    EXPECT_TRUE(view.checked[3]);
 }
 
 TEST_F(Brakes, BeforeTheFirstBrakeNoneIsCurrent)
