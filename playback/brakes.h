@@ -1,4 +1,5 @@
-// Brakes: pure rules over the times of a brake packet.
+// Brakes: pure rules over the times of a brake packet. A brake whose time is no number is passed
+// over; the last one whose time can be read is the end mark. None of them raises.
 #pragma once
 
 #include "core/playlist_entry.h"
@@ -11,11 +12,11 @@ namespace orvanta {
 /// The part of the clip that the current brake covers, in seconds.
 struct BrakeSpan
 {
-    double begin = 0; // the current brake's time; 0 before the first
+    double begin = 0; // the current brake's time, or that of the last before it; 0 without one
     double end = 0;   // the next brake's time; the duration after the last
 };
 
-/// currentBrake: 0 before the first. Raises 13 when a time is no number.
+/// currentBrake: 0 before the first.
 [[nodiscard]] BrakeSpan brakeSpan(const PlaylistEntry& packet, Int16 currentBrake,
                                   double durationSeconds);
 
@@ -35,8 +36,8 @@ struct BrakeDecision
 /// Whether a brake's line in the list is checked.
 using BrakeMarks = std::function<bool(Int16 brake)>;
 
-/// When the next brake is due, seconds (the last brake itself is the end mark). None where its time
-/// is no number.
+/// When the next brake is due, seconds; the end mark is its own next one. None where no time can be
+/// read.
 [[nodiscard]] std::optional<double> timeOfNextBrake(const PlaylistEntry& packet,
                                                     Int16 currentBrake);
 
@@ -44,8 +45,7 @@ using BrakeMarks = std::function<bool(Int16 brake)>;
 /// Further past it something has held the program up.
 inline constexpr double kSoonAfterBrake = 0.5; // seconds
 
-/// Whether the position is past the next brake (the last brake itself is the end mark). "Past" is
-/// strictly greater. Raises 13 when a time is no number.
+/// Whether the position is past the next brake. "Past" is strictly greater.
 [[nodiscard]] bool isPastNextBrake(const PlaylistEntry& packet, Int16 currentBrake,
                                    double positionSeconds);
 
@@ -54,9 +54,9 @@ inline constexpr double kSoonAfterBrake = 0.5; // seconds
 [[nodiscard]] BrakeDecision brakeReached(const PlaylistEntry& packet, Int16 currentBrake,
                                          double positionSeconds, const BrakeMarks& isChecked);
 
-/// Whether the last brake is so near the end of the clip that no tick may see the position past it:
+/// Whether the end mark is so near the end of the clip that no tick may see the position past it:
 /// in its last second, or behind it by no more than a time in hundredths is rounded. Then the end
-/// of the clip passes it. Raises 13 when its time is no number.
+/// of the clip passes it.
 [[nodiscard]] bool endPassesLastBrake(const PlaylistEntry& packet, double durationSeconds);
 
 /// The last brake at or before the position, 0 before the first; for seeks outside the span.

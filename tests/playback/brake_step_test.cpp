@@ -301,7 +301,7 @@ TEST_F(Brakes, TheLengthShownIsThatOfTheClip)
 TEST_F(Brakes, ATimeThatIsNoNumberIsPassedOver)
 {
     option("si");
-    playBrakes({u"5"_s, u"soon"_s});
+    playBrakes({u"soon"_s, u"later"_s});
     module.tray.TrayRestoreRequest = true;
     tickAt(39);
     EXPECT_EQ(clip(), 1);
@@ -428,6 +428,53 @@ TEST_F(Brakes, TheLastBrakePassesOverAPacketWhoseMediaIsMissing)
     waitUntilRunning();
     EXPECT_EQ(packet(), 3);
     EXPECT_EQ(control.FileName(), path(u"good.avi"_s));
+}
+
+/// A clip was dropped into the lesson, or a time of its file is spoiled.
+class UnreadableTimes : public Brakes
+{};
+
+TEST_F(UnreadableTimes, BehindTheLastBrakeDoNotTakeItsPlaceAsEndMark)
+{
+    playBrakes({u"5"_s, u"12"_s, u""_s}, 2);
+    addClips({u"next"_s});
+    tickAt(12.3);
+    EXPECT_EQ(place(), at(2, 1));
+}
+
+TEST_F(UnreadableTimes, AreGoneAroundByPlaying)
+{
+    playBrakes({u"5"_s, u"soon"_s, u"20"_s});
+    tickAt(20.1);
+    EXPECT_EQ(clip(), 3);
+}
+
+TEST_F(UnreadableTimes, LeaveTheSliderTheSpanFromOneReadableTimeToTheNext)
+{
+    playBrakes({u"5"_s, u"soon"_s, u"25"_s});
+    tickAt(15);
+    EXPECT_EQ(view.slider, 50);
+    engine->ListClick(1, 2); // plays on from where it is
+    tickAt(10);
+    EXPECT_EQ(view.slider, 25);
+}
+
+TEST_F(UnreadableTimes, OfAllBrakesLetTheClipRunToItsEnd)
+{
+    playBrakes({u"soon"_s, u"later"_s});
+    addClips({u"next"_s});
+    tickAt(30);
+    EXPECT_EQ(place(), at(1, 1));
+    endClip();
+    EXPECT_EQ(place(), at(1, 1));
+}
+
+TEST_F(UnreadableTimes, BehindAnEndMarkInTheLastSecondLetTheEndPassIt)
+{
+    playBrakes({u"5"_s, u"39.5"_s, u""_s}, 2);
+    addClips({u"next"_s});
+    endClip();
+    EXPECT_EQ(packet(), 2);
 }
 
 } // namespace orvanta::test

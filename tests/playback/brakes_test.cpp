@@ -1,5 +1,4 @@
 #include "playback/brakes.h"
-#include "tests/support/error_of.h"
 
 #include <gtest/gtest.h>
 #include <initializer_list>
@@ -41,9 +40,19 @@ TEST(BrakeSpan, GoesFromTheCurrentBrakeToTheNext)
     }
 }
 
-TEST(BrakeSpan, ATimeThatIsNoNumberRaisesTypeMismatch)
+TEST(BrakeSpan, GoesFromOneReadableTimeToTheNext)
 {
-    EXPECT_EQ(errorOf([] { (void)brakeSpan(brakes({"soon"}), 0, 40); }), 13);
+    struct Row
+    {
+        int current;
+        double begin, end;
+    };
+    for (const Row& row :
+         {Row{0, 0, 5}, Row{1, 5, 12}, Row{2, 5, 12}, Row{3, 12, 40}, Row{4, 12, 40}}) {
+        const BrakeSpan span = brakeSpan(brakes({"5", "soon", "12", ""}), row.current, 40);
+        EXPECT_EQ(span.begin, row.begin) << row.current;
+        EXPECT_EQ(span.end, row.end) << row.current;
+    }
 }
 
 TEST(BrakeTimes, AreReadWithPointAndWithComma)
@@ -115,6 +124,25 @@ TEST(BrakeReached, TheEndMarkIsReachedEvenUnchecked)
         brakeReached(brakes({"5", "12"}), 1, 12.04, [](Int16) { return false; });
     EXPECT_EQ(decision.what, BrakeDecision::Reach);
     EXPECT_EQ(decision.brake, 2);
+}
+
+TEST(EndMark, IsTheLastBrakeWhoseTimeCanBeRead)
+{
+    const PlaylistEntry packet = brakes({"5", "12", "", "soon"});
+    EXPECT_EQ(timeOfNextBrake(packet, 2), 12);
+    EXPECT_EQ(brakeReached(packet, 2, 12.1, allChecked).what, BrakeDecision::Leave);
+    // A line behind it that somebody started by hand.
+    EXPECT_EQ(brakeReached(packet, 3, 12.1, allChecked).what, BrakeDecision::Leave);
+    EXPECT_TRUE(endPassesLastBrake(packet, 12.5));
+}
+
+TEST(EndMark, IsThereOnlyWhereATimeCanBeRead)
+{
+    const PlaylistEntry packet = brakes({"", "soon"});
+    EXPECT_EQ(timeOfNextBrake(packet, 1), std::nullopt);
+    EXPECT_EQ(brakeReached(packet, 1, 39, allChecked).what, BrakeDecision::Nothing);
+    EXPECT_FALSE(endPassesLastBrake(packet, 12));
+    EXPECT_EQ(brakeAt(packet, 39), 0);
 }
 
 TEST(BrakeAt, IsTheLastBrakeAtOrBeforeThePosition)
