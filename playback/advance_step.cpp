@@ -72,6 +72,11 @@ void AdvanceStep::playbackIsOver(Cursor rest)
     m_transport.pressStop();
     m_context.log.stopped();
     m_context.setCursor(rest);
+    listIsOver();
+}
+
+void AdvanceStep::listIsOver()
+{
     m_context.view->setListIndex(-1);
     if (m_context.module.playlist.OpenedFromExplorer &&
         m_context.module.optionIsOn(Option::CloseWhenOver)) {

@@ -10,9 +10,10 @@ namespace orvanta {
 // A running player moves many times a second; one that does not is not waited for.
 constexpr int kLongestWaitMs = 150;
 
-BrakeStep::BrakeStep(EngineContext& context, ClipStarter& starter)
+BrakeStep::BrakeStep(EngineContext& context, ClipStarter& starter, AdvanceStep& advance)
     : m_context(context),
-      m_starter(starter)
+      m_starter(starter),
+      m_advance(advance)
 {}
 
 void BrakeStep::run(Position position)
@@ -99,16 +100,21 @@ void BrakeStep::apply(BrakeDecision decision)
     }
 }
 
+/// Like the end of other packets, but whatever the options say about clips and packets.
 void BrakeStep::leavePacket()
 {
     const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);
-    const auto place = firstPlaceFrom(shape, m_context.cursor().packet + 1);
+    auto place = firstPlaceFrom(shape, m_context.cursor().packet + 1);
+    if (!place && m_context.module.optionIsOn(Option::Replay)) {
+        place = firstPlaceFrom(shape, 1);
+    }
     if (place) {
         // It may have no media that can be opened: this one must not play past its end mark.
         m_context.operations.UnloadMedia();
         m_starter.ListClick(place->packet, place->clip);
     } else {
         finalStop();
+        m_advance.listIsOver();
     }
 }
 

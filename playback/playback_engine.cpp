@@ -67,7 +67,7 @@ public:
     ClipStarter starter{context, transport};
     CloseSequence close{context, transport, slider};
     AdvanceStep advance{context, transport, starter, close};
-    BrakeStep brakes{context, starter};
+    BrakeStep brakes{context, starter, advance};
     HandOverDrain handOver{context, transport, slider, starter};
     QTimer brakeDue; // from the queue: a seek of the engine's own also reports a position
     BrakeStep::Position positionAge = BrakeStep::PolledByTick;

@@ -477,4 +477,50 @@ TEST_F(UnreadableTimes, BehindAnEndMarkInTheLastSecondLetTheEndPassIt)
     EXPECT_EQ(packet(), 2);
 }
 
+class EndOfAList : public Brakes
+{
+protected:
+    void passEndMark()
+    {
+        addClips({u"first"_s});
+        play(addBrakes({u"5"_s, u"12"_s}), 2);
+        module.playlist.OpenedFromExplorer = true;
+        tickAt(12.3);
+    }
+};
+
+TEST_F(EndOfAList, OfBrakesBeginsItAgainWhenTheOptionSaysSo)
+{
+    option("ar");
+    passEndMark();
+    EXPECT_EQ(place(), at(1, 1));
+    EXPECT_EQ(runningFile(), path(u"first.avi"_s));
+    EXPECT_EQ(view.unloaded, 0);
+}
+
+TEST_F(EndOfAList, OfBrakesClosesTheProgramWhenTheOptionSaysSo)
+{
+    option("acp");
+    passEndMark();
+    EXPECT_EQ(view.unloaded, 1);
+}
+
+TEST_F(EndOfAList, OfBrakesLeavesNoLineCurrent)
+{
+    passEndMark();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+    EXPECT_EQ(view.listIndex, -1);
+    EXPECT_EQ(view.unloaded, 0);
+}
+
+TEST_F(EndOfAList, OfOneLessonBeginsItAgainAtItsFirstBrake)
+{
+    option("ar");
+    playLesson(3);
+    tickAt(20.3);
+    waitUntilRunning();
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(control.CurrentPosition(), 5);
+}
+
 } // namespace orvanta::test
