@@ -116,8 +116,24 @@ void PositionSlider::followSeek(double seconds)
     if (seconds >= part.begin && seconds < part.end) {
         return;
     }
+    makeBrakeCurrent(brakeAt(m_context.currentPacket(), seconds));
+}
+
+void PositionSlider::followStop()
+{
+    if (!m_context.areBrakesPlaying()) {
+        return;
+    }
+    const Int16 brake = brakeAt(m_context.currentPacket(), 0);
+    if (brake < m_context.cursor().clip) {
+        makeBrakeCurrent(brake);
+    }
+}
+
+void PositionSlider::makeBrakeCurrent(Int16 brake)
+{
     const PlaylistEntry& packet = m_context.currentPacket();
-    const Cursor place = {m_context.cursor().packet, brakeAt(packet, seconds)};
+    const Cursor place = {m_context.cursor().packet, brake};
     m_context.setCursor(place);
     m_context.view->setClipText(place.clip >= 1 ? packet.clip(place.clip).Text : QString());
     m_context.moveListCursor(place);

@@ -25,6 +25,9 @@ public:
     void committed();
     /// A seek by key or bookmark, seconds. Raises nothing.
     void seekTo(double seconds);
+    /// The player was stopped and stands at 0: the brake there becomes current, none where the
+    /// first lies later. After the end of a lesson none is current already.
+    void followStop();
 
 private:
     [[nodiscard]] BrakeSpan span() const;
@@ -32,6 +35,7 @@ private:
     void showTime(double seconds);
     void commit();
     void followSeek(double seconds);
+    void makeBrakeCurrent(Int16 brake);
     void showReached();
 
     EngineContext& m_context;

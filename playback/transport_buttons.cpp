@@ -123,6 +123,7 @@ void TransportButtons::reconcile()
     }
     if (state == MediaControl::Stopped) {
         showBeginning();
+        m_slider.followStop();
     }
     if (state == MediaControl::Stopped && m_knownState > MediaControl::Stopped) {
         m_context.log.stopped();

@@ -523,4 +523,44 @@ TEST_F(EndOfAList, OfOneLessonBeginsItAgainAtItsFirstBrake)
     EXPECT_EQ(control.CurrentPosition(), 5);
 }
 
+class StopAtTheBeginning : public Brakes
+{
+protected:
+    /// As the keys of both windows do.
+    void stopIn(const QStringList& times)
+    {
+        playBrakes(times, 2);
+        tickAt(14);
+        engine->operations().StopIfRunning();
+        engine->tick();
+    }
+};
+
+TEST_F(StopAtTheBeginning, MakesTheBrakeThereCurrent)
+{
+    stopIn({u"0"_s, u"12"_s, u"20"_s});
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(view.clipText, u"brake 1");
+    EXPECT_EQ(view.listIndex, 2);
+    EXPECT_EQ(view.slider, 0);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+}
+
+TEST_F(StopAtTheBeginning, MakesNoneCurrentWhereTheFirstBrakeLiesLater)
+{
+    stopIn({u"5"_s, u"12"_s, u"20"_s});
+    EXPECT_EQ(clip(), 0);
+    EXPECT_EQ(view.clipText, QString());
+    EXPECT_EQ(view.listIndex, 1);
+}
+
+TEST_F(StopAtTheBeginning, AfterTheEndMarkLeavesNoneCurrent)
+{
+    playBrakes({u"0"_s, u"12"_s}, 2);
+    tickAt(12.3);
+    engine->tick();
+    EXPECT_EQ(clip(), 0);
+    EXPECT_EQ(view.listIndex, -1);
+}
+
 } // namespace orvanta::test
