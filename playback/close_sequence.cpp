@@ -59,7 +59,7 @@ void CloseSequence::unloadClip()
     m_context.operations.UnloadMedia();
     resumeNext("position", [&] { m_context.operations.SetPlayerPosition(u"0"_s); });
     m_slider.reset();
-    m_transport.showIdle();
+    m_transport.showUnloaded();
 }
 
 void CloseSequence::emptyPlaylist()

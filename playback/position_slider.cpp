@@ -72,6 +72,11 @@ void PositionSlider::committed()
 
 void PositionSlider::commit()
 {
+    if (!m_context.player().isLoaded()) { // the clip came to its end in the user's hand
+        showTime(0);
+        reset();
+        return;
+    }
     const BrakeSpan part = span();
     const double target = positionOfSlider(m_context.module.SliderValue.value(), part);
     const double position = decimalValue(m_context.player().position);
