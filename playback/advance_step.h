@@ -30,6 +30,7 @@ public:
     void closeIfFree();
 
 private:
+    [[nodiscard]] AdvanceDecision after(Cursor from, const AdvanceOptions& options) const;
     [[nodiscard]] AdvanceDecision decide(Cursor from) const;
     void apply(const AdvanceDecision& decision, FailedMedia failed = {});
     void playbackIsOver(Cursor rest);

@@ -57,6 +57,7 @@ public:
     void begin();
     void goOnAfterDrop(bool groupDropped);
     void keepPosition();
+    void takePlaylist();
     /// The player has reported a position: a brake does not wait for the timer.
     void watchBrakes();
 
@@ -151,7 +152,7 @@ bool PlaybackEngine::Private::moveOnAfterEnd()
         return false;
     }
     context.log.ended(context.cursor());
-    if (context.isCurrentPacketBraked()) {
+    if (context.isCurrentPacketBraked() && !context.openedMeanwhile) {
         transport.showBeginning();
         resumeNext("end of a braked clip", [&] { brakes.clipEnded(); });
         return false;
@@ -357,13 +358,26 @@ void PlaybackEngine::closeProgram()
     m_private->enter([&] { m_private->close.request(); });
 }
 
+void PlaybackEngine::Private::takePlaylist()
+{
+    context.supersede();
+    context.operations.look();
+    const bool hasEntries = context.module.playlist.entryCount() > 0;
+    context.module.playlist.OpenedFromExplorer = false;
+    context.setCursor(hasEntries ? Cursor{1, 1} : Cursor{0, 0});
+    context.openedMeanwhile = hasEntries && !context.player().isEmpty();
+    context.view->RebuildTree();
+    logLoaded(context.module.playlist);
+}
+
+void PlaybackEngine::playlistCutShort()
+{
+    m_private->takePlaylist();
+}
+
 void PlaybackEngine::playlistReplaced()
 {
-    m_private->context.supersede();
-    m_private->context.module.playlist.OpenedFromExplorer = false;
-    m_private->context.setCursor({1, 1});
-    m_private->context.view->RebuildTree();
-    logLoaded(m_private->context.module.playlist);
+    m_private->takePlaylist();
     if (m_private->context.module.optionIsOn(Option::StartPlaying)) {
         m_private->enter([&] { m_private->start(1, 1); });
     }

@@ -47,6 +47,9 @@ public:
     /// What an opening (button, editor) does after its loader: cursor to 1, tree, "as".
     void playlistReplaced();
 
+    /// The same where the loader failed: what it had read until then is open, and nothing starts.
+    void playlistCutShort();
+
     /// Replaces the playlist with a file or folder and plays it: somebody asked for just that.
     void openAndPlay(const QString& path);
 
