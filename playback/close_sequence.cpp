@@ -69,6 +69,7 @@ void CloseSequence::emptyPlaylist()
     clearPlaylist(playlist);
     m_context.setCursor({0, 0});
     m_context.view->clearList();
+    m_context.view->setClipText({});
 }
 
 void CloseSequence::carryOut()
