@@ -23,7 +23,12 @@ ClipStarter::ClipStarter(EngineContext& context, TransportButtons& transport)
 
 void ClipStarter::ListClick(Int16 p, Int16 q, FailedMedia failed)
 {
-    start({p, q}, Seek, std::move(failed));
+    start({p, q}, ByItself, std::move(failed));
+}
+
+void ClipStarter::startByHand(Int16 p, Int16 q)
+{
+    start({p, q}, ByHand, {});
 }
 
 void ClipStarter::reachBrake(Int16 p, Int16 q)
@@ -34,6 +39,7 @@ void ClipStarter::reachBrake(Int16 p, Int16 q)
 void ClipStarter::start(Cursor place, Way way, FailedMedia failed)
 {
     m_context.supersede(std::move(failed));
+    m_way = way;
     const Superseded superseded(m_context);
     m_context.log.running();
     m_transport.showPlaying();
@@ -109,7 +115,7 @@ bool ClipStarter::startBrake(Cursor place, Way way)
     }
     // Not through the reference above: appending packets meanwhile has moved the list.
     const QString time = m_context.module.playlist.packet(place.packet).clip(place.clip).Time;
-    if (way == Seek || !isSoonAfter(time)) {
+    if (way != ByPlaying || !isSoonAfter(time)) {
         goToBrake(time);
     }
     return true;
@@ -185,7 +191,7 @@ void ClipStarter::makeCurrent(Cursor place, Way way)
         m_context.view->setClipText(m_context.currentPacket().clip(place.clip).Text);
     });
     const int line = m_context.moveListCursor(place);
-    if (line >= 0 && way == Seek) {
+    if (line >= 0 && way != ByPlaying) {
         m_context.view->checkLine(line);
         m_context.view->enableTimer2(line);
     }
@@ -207,11 +213,11 @@ void ClipStarter::openingFailed()
 }
 
 /// A player that still has its earlier clip plays on; an empty one goes on to the next clip with
-/// the next tick.
+/// the next tick, unless a person asked for this one.
 void ClipStarter::noteFailure()
 {
     if (m_context.player().isEmpty()) {
-        m_context.startFailed = true;
+        m_context.startFailed = m_way != ByHand;
         m_transport.showIdle();
     } else {
         // The buttons were shown as for a clip that runs: the tick sets them right.

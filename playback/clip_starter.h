@@ -21,17 +21,20 @@ public:
     /// is sent back only when it has gone well past the brake.
     void reachBrake(Int16 p, Int16 q);
 
+    /// The same, asked for by hand: where nothing can be opened, no other clip starts instead.
+    void startByHand(Int16 p, Int16 q);
+
     /// The player could not open what it was given.
     void openingFailed();
     /// A start waits in the event loop for its media.
     [[nodiscard]] bool isWaiting() const { return m_waiting > 0; }
 
 private:
-    /// How a brake's place in the clip is come to.
     enum Way
     {
-        Seek,
-        ByPlaying,
+        ByItself,
+        ByHand,
+        ByPlaying, // a brake was reached
     };
 
     void start(Cursor place, Way way, FailedMedia failed);
@@ -52,6 +55,7 @@ private:
 
     EngineContext& m_context;
     TransportButtons& m_transport;
+    Way m_way = ByItself;         // of the newest start
     int m_waiting = 0;            // one start may come while another waits
     bool m_openingFailed = false; // of what was loaded last
 };

@@ -326,7 +326,11 @@ void PlaybackEngine::tick()
 
 void PlaybackEngine::ListClick(Int16 p, Int16 q)
 {
-    m_private->enter([&] { m_private->start(p, q); });
+    m_private->enter([&] {
+        if (!m_private->context.closing) {
+            m_private->starter.startByHand(p, q);
+        }
+    });
 }
 
 // Presses come faster than ticks: each works on the player as it is now.

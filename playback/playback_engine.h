@@ -32,7 +32,8 @@ public:
     /// One playback tick (Form2_Timer1_Timer). Does not re-enter itself. Raises nothing.
     void tick();
 
-    /// Makes clip (or brake) q of packet p current and plays it. Errors are passed over.
+    /// Makes clip (or brake) q of packet p current and plays it: a person asked for it, and gets no
+    /// other one where it cannot be opened. Errors are passed over.
     void ListClick(Int16 p, Int16 q);
 
     /// The actions of the Play, Pause and Stop buttons.

@@ -422,4 +422,18 @@ TEST_F(OpenedWhileAClipPlaysOn, BeginsWithItsFirstBrakeWhenTheOldClipEnds)
     EXPECT_EQ(control.FileName(), path(u"lesson.avi"_s));
 }
 
+TEST_F(BadFiles, AskedForByHandStartNoOther)
+{
+    allOn();
+    addMissingClips({u"gone"_s});
+    addClips({u"corrupt"_s, u"good"_s});
+    control.refusedFiles = QStringList(path(u"corrupt.avi"_s));
+    for (const Cursor& bad : {Cursor{1, 1}, Cursor{2, 1}}) {
+        engine->ListClick(bad.packet, bad.clip);
+        waitUntilOpened();
+        EXPECT_EQ(ticksUntilRunning(3), 3);
+        EXPECT_EQ(place(), at(bad.packet.value(), bad.clip.value()));
+    }
+}
+
 } // namespace orvanta::test
