@@ -16,13 +16,22 @@ AdvanceStep::AdvanceStep(EngineContext& context, TransportButtons& transport, Cl
       m_close(close)
 {}
 
+/// What was opened while a clip played on has not begun: its current place comes first.
+AdvanceDecision AdvanceStep::after(Cursor from, const AdvanceOptions& options) const
+{
+    if (m_context.openedMeanwhile) {
+        from.clip -= 1;
+    }
+    return nextAfterClip(options, shapeOf(m_context.module.playlist, *m_context.view), from);
+}
+
 AdvanceDecision AdvanceStep::decide(Cursor from) const
 {
     const Module1& module = m_context.module;
     const AdvanceOptions options = {.nextClip = module.optionIsOn(Option::NextClip),
                                     .nextPacket = module.optionIsOn(Option::NextPacket),
                                     .replay = module.optionIsOn(Option::Replay)};
-    return nextAfterClip(options, shapeOf(module.playlist, *m_context.view), from);
+    return after(from, options);
 }
 
 void AdvanceStep::run()
@@ -72,6 +81,11 @@ void AdvanceStep::playbackIsOver(Cursor rest)
     m_transport.pressStop();
     m_context.log.stopped();
     m_context.setCursor(rest);
+    listIsOver();
+}
+
+void AdvanceStep::listIsOver()
+{
     m_context.view->setListIndex(-1);
     if (m_context.module.playlist.OpenedFromExplorer &&
         m_context.module.optionIsOn(Option::CloseWhenOver)) {
@@ -114,8 +128,7 @@ void AdvanceStep::next()
         return begin(); // nothing has been started: what was dropped has no current place
     }
     constexpr AdvanceOptions asked = {.nextClip = true, .nextPacket = true, .replay = false};
-    apply(nextAfterClip(asked, shapeOf(m_context.module.playlist, *m_context.view),
-                        m_context.cursor()));
+    apply(after(m_context.cursor(), asked));
 }
 
 void AdvanceStep::previous()

@@ -22,11 +22,15 @@ public:
     /// To the next or previous checked place, whatever the options say.
     void next();
     void previous();
+    /// The player rests behind the last place: no line is current, and the program ends where the
+    /// option says so.
+    void listIsOver();
     /// Playback is over and was to end the program, but a window waited for an answer: ends it once
     /// none does.
     void closeIfFree();
 
 private:
+    [[nodiscard]] AdvanceDecision after(Cursor from, const AdvanceOptions& options) const;
     [[nodiscard]] AdvanceDecision decide(Cursor from) const;
     void apply(const AdvanceDecision& decision, FailedMedia failed = {});
     void playbackIsOver(Cursor rest);

@@ -10,26 +10,35 @@ namespace orvanta {
 // A running player moves many times a second; one that does not is not waited for.
 constexpr int kLongestWaitMs = 150;
 
-BrakeStep::BrakeStep(EngineContext& context, ClipStarter& starter)
+BrakeStep::BrakeStep(EngineContext& context, ClipStarter& starter, AdvanceStep& advance)
     : m_context(context),
-      m_starter(starter)
+      m_starter(starter),
+      m_advance(advance)
 {}
 
-void BrakeStep::run()
+void BrakeStep::run(Position position)
 {
-    if (m_context.areBrakesPlaying() && isPastNext() && staysAfterMoving()) {
+    if (m_context.areBrakesPlaying() && isPastNext() &&
+        (position == JustReported || staysAfterMoving())) {
         apply(decide());
     }
 }
 
+bool BrakeStep::isDue(double seconds) const
+{
+    if (!m_context.areBrakesPlaying() || !m_context.player().isRunning()) {
+        return false;
+    }
+    const auto time = timeOfNextBrake(m_context.currentPacket(), m_context.cursor().clip);
+    return time && seconds > *time;
+}
+
 void BrakeStep::clipEnded()
 {
-    const PlaylistState& playlist = m_context.module.playlist;
     // Kept from the clip: in the snapshot it is unloaded already.
     const double duration = decimalValue(m_context.module.playback.CachedDuration);
     if (m_context.areBrakesLoaded() && endPassesLastBrake(m_context.currentPacket(), duration)) {
-        const bool isLast = playlist.CurrentPacket == playlist.PlaylistCount;
-        apply({isLast ? BrakeDecision::Stop : BrakeDecision::NextPacket});
+        leavePacket();
     }
 }
 
@@ -64,39 +73,48 @@ bool BrakeStep::staysAfterMoving()
 BrakeDecision BrakeStep::decide() const
 {
     const PlaylistState& playlist = m_context.module.playlist;
-    return brakeReached(m_context.currentPacket(), playlist.CurrentClip, playlist.CurrentPacket,
-                        playlist.PlaylistCount, positionSeconds());
+    const PlaylistShape shape = shapeOf(playlist, *m_context.view);
+    const Int16 p = playlist.CurrentPacket;
+    const BrakeMarks isChecked = [&](Int16 brake) {
+        return shape.packetChecked(p) && shape.clipChecked(p, brake);
+    };
+    return brakeReached(m_context.currentPacket(), playlist.CurrentClip, positionSeconds(),
+                        isChecked);
 }
 
 void BrakeStep::apply(BrakeDecision decision)
 {
-    const Cursor place = m_context.cursor();
+    const Int16 packet = m_context.cursor().packet;
     switch (decision.what) {
     case BrakeDecision::Nothing:
         break;
-    case BrakeDecision::NextBrake:
-        m_starter.ListClick(place.packet, place.clip + 1);
+    case BrakeDecision::Reach:
+        m_starter.reachBrake(packet, decision.brake);
         break;
-    case BrakeDecision::NextPacket:
-        goToNextPacket();
+    case BrakeDecision::Skip:
+        m_starter.ListClick(packet, decision.brake);
         break;
-    case BrakeDecision::Stop:
-        finalStop();
+    case BrakeDecision::Leave:
+        leavePacket();
         break;
     }
 }
 
-/// Brakes reached by playing ignore the marks of the list; another packet does not.
-void BrakeStep::goToNextPacket()
+/// Like the end of other packets, but whatever the options say about clips and packets.
+void BrakeStep::leavePacket()
 {
     const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);
-    const auto place = firstPlaceFrom(shape, m_context.cursor().packet + 1);
+    auto place = firstPlaceFrom(shape, m_context.cursor().packet + 1);
+    if (!place && m_context.module.optionIsOn(Option::Replay)) {
+        place = firstPlaceFrom(shape, 1);
+    }
     if (place) {
         // It may have no media that can be opened: this one must not play past its end mark.
         m_context.operations.UnloadMedia();
         m_starter.ListClick(place->packet, place->clip);
     } else {
         finalStop();
+        m_advance.listIsOver();
     }
 }
 

@@ -1,6 +1,7 @@
 // The tick's brake step: following the brakes as the position reaches them.
 #pragma once
 
+#include "playback/advance_step.h"
 #include "playback/clip_starter.h"
 
 namespace orvanta {
@@ -8,11 +9,20 @@ namespace orvanta {
 class BrakeStep
 {
 public:
-    BrakeStep(EngineContext& context, ClipStarter& starter);
+    BrakeStep(EngineContext& context, ClipStarter& starter, AdvanceStep& advance);
+
+    /// How old the position may be by which the step goes.
+    enum Position
+    {
+        PolledByTick,
+        JustReported, // by the player, which therefore moves
+    };
 
     /// Runs only while the current packet's media file is the loaded one. May wait a moment in the
-    /// event loop until the position moves. Raises 13 when the next brake's time is no number.
-    void run();
+    /// event loop until a polled position moves.
+    void run(Position position);
+    /// Whether the player runs past the next brake at this position, seconds. Raises nothing.
+    [[nodiscard]] bool isDue(double seconds) const;
 
     /// The end of the clip, which counts only where it passes the last brake.
     void clipEnded();
@@ -23,11 +33,12 @@ private:
     [[nodiscard]] bool staysAfterMoving();
     [[nodiscard]] BrakeDecision decide() const;
     void apply(BrakeDecision decision);
-    void goToNextPacket();
+    void leavePacket();
     void finalStop();
 
     EngineContext& m_context;
     ClipStarter& m_starter;
+    AdvanceStep& m_advance;
 };
 
 } // namespace orvanta

@@ -1,72 +1,124 @@
 #include "playback/brakes.h"
 
-#include "core/error_boundary.h"
 #include "core/numbers.h"
-
-#include <algorithm>
 
 namespace orvanta {
 
-static double timeOfBrake(const PlaylistEntry& packet, Int16 brake)
+/// None where the text is no number: a clip that was dropped among the brakes, a spoiled file.
+/// Asked many times a second, and so not worth a line in the log.
+static std::optional<double> readTime(const PlaylistEntry& packet, int brake)
 {
-    return decimalValue(packet.clip(brake).Time);
+    const QString& text = packet.clip(brake).Time;
+    if (text.isEmpty()) {
+        return std::nullopt;
+    }
+    try {
+        return decimalValue(text);
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
 }
 
-/// The last brake is its own next one: it is the end mark of the packet.
-static Int16 brakeToReach(const PlaylistEntry& packet, Int16 currentBrake)
+/// The last brake at or before this one whose time can be read; 0 without one.
+static int readableUpTo(const PlaylistEntry& packet, int brake)
 {
-    return currentBrake < packet.ClipCount ? currentBrake + 1 : packet.ClipCount;
+    while (brake >= 1 && !readTime(packet, brake)) {
+        --brake;
+    }
+    return brake;
+}
+
+static int endMark(const PlaylistEntry& packet)
+{
+    return readableUpTo(packet, packet.ClipCount.value());
+}
+
+/// The first brake behind this one whose time can be read; past the last without one.
+static int readableBehind(const PlaylistEntry& packet, int brake)
+{
+    do {
+        ++brake;
+    } while (brake <= packet.ClipCount.value() && !readTime(packet, brake));
+    return brake;
+}
+
+/// The end mark is its own next one; 0 when no time can be read.
+static int brakeToReach(const PlaylistEntry& packet, Int16 currentBrake)
+{
+    const int next = readableBehind(packet, currentBrake.value());
+    return next <= packet.ClipCount.value() ? next : endMark(packet);
+}
+
+std::optional<double> timeOfNextBrake(const PlaylistEntry& packet, Int16 currentBrake)
+{
+    const int brake = brakeToReach(packet, currentBrake);
+    return brake >= 1 ? readTime(packet, brake) : std::nullopt;
 }
 
 BrakeSpan brakeSpan(const PlaylistEntry& packet, Int16 currentBrake, double durationSeconds)
 {
     BrakeSpan span = {0, durationSeconds};
-    if (currentBrake >= 1) {
-        span.begin = timeOfBrake(packet, currentBrake);
+    const int begin = readableUpTo(packet, currentBrake.value());
+    if (begin >= 1) {
+        span.begin = *readTime(packet, begin);
     }
-    if (currentBrake < packet.ClipCount) {
-        span.end = timeOfBrake(packet, currentBrake + 1);
+    const int end = readableBehind(packet, currentBrake.value());
+    if (end <= packet.ClipCount.value()) {
+        span.end = *readTime(packet, end);
     }
     return span;
 }
 
 bool isPastNextBrake(const PlaylistEntry& packet, Int16 currentBrake, double positionSeconds)
 {
-    return positionSeconds > timeOfBrake(packet, brakeToReach(packet, currentBrake));
+    const auto time = timeOfNextBrake(packet, currentBrake);
+    return time && positionSeconds > *time;
 }
 
-BrakeDecision brakeReached(const PlaylistEntry& packet, Int16 currentBrake, Int16 currentPacket,
-                           Int16 packetCount, double positionSeconds)
+/// The first checked brake behind this one; none checked: the end mark's turn has come.
+static BrakeDecision passOver(const PlaylistEntry& packet, int unchecked,
+                              const BrakeMarks& isChecked)
 {
-    if (positionSeconds < timeOfBrake(packet, brakeToReach(packet, currentBrake))) {
-        return {BrakeDecision::Nothing};
+    int brake = readableBehind(packet, unchecked);
+    while (brake <= packet.ClipCount.value() && !isChecked(brake)) {
+        brake = readableBehind(packet, brake);
     }
-    if (currentBrake != packet.ClipCount) {
-        return {BrakeDecision::NextBrake};
+    return brake <= packet.ClipCount.value() ? BrakeDecision{BrakeDecision::Skip, brake}
+                                             : BrakeDecision{BrakeDecision::Leave, {}};
+}
+
+BrakeDecision brakeReached(const PlaylistEntry& packet, Int16 currentBrake, double positionSeconds,
+                           const BrakeMarks& isChecked)
+{
+    const auto time = timeOfNextBrake(packet, currentBrake);
+    if (!time || positionSeconds < *time) {
+        return {BrakeDecision::Nothing, {}};
     }
-    return {currentPacket != packetCount ? BrakeDecision::NextPacket : BrakeDecision::Stop};
+    const int brake = brakeToReach(packet, currentBrake);
+    if (brake <= currentBrake.value()) {
+        return {BrakeDecision::Leave, {}};
+    }
+    return brake == endMark(packet) || isChecked(brake) ? BrakeDecision{BrakeDecision::Reach, brake}
+                                                        : passOver(packet, brake, isChecked);
 }
 
 bool endPassesLastBrake(const PlaylistEntry& packet, double durationSeconds)
 {
     constexpr double kLastSecond = 1;
     constexpr double kRounding = 0.01;
-    const double left = durationSeconds - timeOfBrake(packet, packet.ClipCount);
+    const int last = endMark(packet);
+    if (last < 1) {
+        return false;
+    }
+    const double left = durationSeconds - *readTime(packet, last);
     return left <= kLastSecond && left >= -kRounding;
-}
-
-/// A brake whose time is no number is never reached.
-static bool isAtOrBefore(const PlaylistEntry& packet, Int16 brake, double positionSeconds)
-{
-    return conditionHolds("brake time",
-                          [&] { return timeOfBrake(packet, brake) <= positionSeconds; });
 }
 
 Int16 brakeAt(const PlaylistEntry& packet, double positionSeconds)
 {
-    Int16 brake = packet.ClipCount;
-    while (brake >= 1 && !isAtOrBefore(packet, brake, positionSeconds)) {
-        brake -= 1;
+    int brake = endMark(packet);
+    while (brake >= 1 && *readTime(packet, brake) > positionSeconds) {
+        brake = readableUpTo(packet, brake - 1);
     }
     return brake;
 }

@@ -2,8 +2,10 @@
 
 #include "core/error_boundary.h"
 #include "core/group_file.h"
+#include "core/numbers.h"
 #include "core/paths.h"
 #include "platform/process/media_locator.h"
+#include "playback/brakes.h"
 #include "playback/event_wait.h"
 
 #include <QFile>
@@ -21,21 +23,37 @@ ClipStarter::ClipStarter(EngineContext& context, TransportButtons& transport)
 
 void ClipStarter::ListClick(Int16 p, Int16 q, FailedMedia failed)
 {
+    start({p, q}, ByItself, std::move(failed));
+}
+
+void ClipStarter::startByHand(Int16 p, Int16 q)
+{
+    start({p, q}, ByHand, {});
+}
+
+void ClipStarter::reachBrake(Int16 p, Int16 q)
+{
+    start({p, q}, ByPlaying, {});
+}
+
+void ClipStarter::start(Cursor place, Way way, FailedMedia failed)
+{
     m_context.supersede(std::move(failed));
+    m_way = way;
     const Superseded superseded(m_context);
     m_context.log.running();
     m_transport.showPlaying();
     // A clip that is unloaded before any tick has seen it run leaves no other trace.
     m_context.module.playback.StateChanged = true;
-    resumeNext("picture", [&] { showPicture(p); });
+    resumeNext("picture", [&] { showPicture(place.packet); });
     resumeNext("saved position", [&] { handBookmarkOver(); });
-    const bool started = conditionHolds("media", [&] { return startMedia({p, q}); });
+    const bool started = conditionHolds("media", [&] { return startMedia(place, way); });
     if (superseded()) {
         return;
     }
-    makeCurrent({p, q});
+    makeCurrent(place, way);
     if (started) {
-        logStart({p, q});
+        logStart(place);
     } else {
         noteFailure();
     }
@@ -56,10 +74,10 @@ void ClipStarter::handBookmarkOver()
     m_context.operations.SetBookmark(m_context.module.settings().position(entry.Text));
 }
 
-bool ClipStarter::startMedia(Cursor place)
+bool ClipStarter::startMedia(Cursor place, Way way)
 {
     const bool braked = m_context.module.playlist.packet(place.packet).HasBrakes;
-    return braked ? startBrake(place) : startClip(place);
+    return braked ? startBrake(place, way) : startClip(place);
 }
 
 /// Raises 53 for a text that names no file.
@@ -81,7 +99,7 @@ bool ClipStarter::startClip(Cursor place)
     return !m_context.player().isEmpty();
 }
 
-bool ClipStarter::startBrake(Cursor place)
+bool ClipStarter::startBrake(Cursor place, Way way)
 {
     const Superseded superseded(m_context);
     const PlaylistEntry& packet = m_context.module.playlist.packet(place.packet);
@@ -97,10 +115,25 @@ bool ClipStarter::startBrake(Cursor place)
     }
     // Not through the reference above: appending packets meanwhile has moved the list.
     const QString time = m_context.module.playlist.packet(place.packet).clip(place.clip).Time;
+    if (way != ByPlaying || !isSoonAfter(time)) {
+        goToBrake(time);
+    }
+    return true;
+}
+
+void ClipStarter::goToBrake(const QString& time)
+{
     m_context.operations.ForgetEnd();
     resumeNext("time of the brake", [&] { m_context.operations.SetPlayerPosition(time); });
     m_context.operations.PlayerRun();
-    return true;
+}
+
+bool ClipStarter::isSoonAfter(const QString& time) const
+{
+    return m_context.player().isRunning() && conditionHolds("time of a reached brake", [&] {
+               const double since = decimalValue(m_context.player().position) - decimalValue(time);
+               return since >= 0 && since < kSoonAfterBrake;
+           });
 }
 
 bool ClipStarter::mustLoad(const QString& file, Int16 p) const
@@ -150,14 +183,15 @@ QString ClipStarter::playableFile(const QString& text, const QString& file) cons
     return copies ? copied(file, programFile(module.ApplicationFolder, u"\\temp.vxc"_s)) : file;
 }
 
-void ClipStarter::makeCurrent(Cursor place)
+/// Playing never changes a mark; the end mark is reached even unchecked.
+void ClipStarter::makeCurrent(Cursor place, Way way)
 {
     m_context.setCursor(place);
     resumeNext("current clip", [&] {
         m_context.view->setClipText(m_context.currentPacket().clip(place.clip).Text);
     });
     const int line = m_context.moveListCursor(place);
-    if (line >= 0) {
+    if (line >= 0 && way != ByPlaying) {
         m_context.view->checkLine(line);
         m_context.view->enableTimer2(line);
     }
@@ -179,11 +213,11 @@ void ClipStarter::openingFailed()
 }
 
 /// A player that still has its earlier clip plays on; an empty one goes on to the next clip with
-/// the next tick.
+/// the next tick, unless a person asked for this one.
 void ClipStarter::noteFailure()
 {
     if (m_context.player().isEmpty()) {
-        m_context.startFailed = true;
+        m_context.startFailed = m_way != ByHand;
         m_transport.showIdle();
     } else {
         // The buttons were shown as for a clip that runs: the tick sets them right.

@@ -17,27 +17,45 @@ public:
     /// failed: what could not be opened before, when this start is the next try.
     void ListClick(Int16 p, Int16 q, FailedMedia failed = {});
 
+    /// Brake q of packet p was reached by playing: the same, but the player runs on through it. It
+    /// is sent back only when it has gone well past the brake.
+    void reachBrake(Int16 p, Int16 q);
+
+    /// The same, asked for by hand: where nothing can be opened, no other clip starts instead.
+    void startByHand(Int16 p, Int16 q);
+
     /// The player could not open what it was given.
     void openingFailed();
     /// A start waits in the event loop for its media.
     [[nodiscard]] bool isWaiting() const { return m_waiting > 0; }
 
 private:
+    enum Way
+    {
+        ByItself,
+        ByHand,
+        ByPlaying, // a brake was reached
+    };
+
+    void start(Cursor place, Way way, FailedMedia failed);
     void noteFailure();
     void showPicture(Int16 p);
     void handBookmarkOver();
-    [[nodiscard]] bool startMedia(Cursor place);
+    [[nodiscard]] bool startMedia(Cursor place, Way way);
     [[nodiscard]] bool startClip(Cursor place);
-    [[nodiscard]] bool startBrake(Cursor place);
+    [[nodiscard]] bool startBrake(Cursor place, Way way);
+    void goToBrake(const QString& time);
+    [[nodiscard]] bool isSoonAfter(const QString& time) const;
     [[nodiscard]] bool mustLoad(const QString& file, Int16 p) const;
     [[nodiscard]] bool waitUntilReady();
     void open(const QString& file, const QString& text, const QString& folder);
     [[nodiscard]] QString playableFile(const QString& text, const QString& file) const;
-    void makeCurrent(Cursor place);
+    void makeCurrent(Cursor place, Way way);
     void logStart(Cursor place);
 
     EngineContext& m_context;
     TransportButtons& m_transport;
+    Way m_way = ByItself;         // of the newest start
     int m_waiting = 0;            // one start may come while another waits
     bool m_openingFailed = false; // of what was loaded last
 };

@@ -59,7 +59,7 @@ void CloseSequence::unloadClip()
     m_context.operations.UnloadMedia();
     resumeNext("position", [&] { m_context.operations.SetPlayerPosition(u"0"_s); });
     m_slider.reset();
-    m_transport.showIdle();
+    m_transport.showUnloaded();
 }
 
 void CloseSequence::emptyPlaylist()
@@ -69,6 +69,7 @@ void CloseSequence::emptyPlaylist()
     clearPlaylist(playlist);
     m_context.setCursor({0, 0});
     m_context.view->clearList();
+    m_context.view->setClipText({});
 }
 
 void CloseSequence::carryOut()

@@ -40,10 +40,11 @@ struct EngineContext
     std::function<QString(const QString& pathText, const QString& folder)> findFile;
     /// For who shows the current clip elsewhere.
     std::function<void()> onCursorMoved = [] {};
-    FailedMedia failedMedia;    // in this generation
-    bool startFailed = false;   // the last start left the player empty: the tick advances again
-    bool closeWhenFree = false; // playback is over: the program ends once no window waits
-    bool closing = false;       // the program ends; no handler begins anything
+    FailedMedia failedMedia;      // in this generation
+    bool startFailed = false;     // the last start left the player empty: the tick advances again
+    bool closeWhenFree = false;   // playback is over: the program ends once no window waits
+    bool openedMeanwhile = false; // while a clip played on: the current place is still to come
+    bool closing = false;         // the program ends; no handler begins anything
 
     /// Every start of a clip, change of the playlist and close begins a generation: what waits is
     /// outdated, and nothing has failed but what a start takes along from the one that failed

@@ -13,6 +13,7 @@
 #include "playback/volume_sliders.h"
 
 #include <QScopedValueRollback>
+#include <QTimer>
 
 #include <utility>
 
@@ -28,6 +29,12 @@ public:
           volume(context, [&engine] { Q_EMIT engine.volumeChanged(); })
     {
         context.onCursorMoved = [&engine] { Q_EMIT engine.cursorChanged(); };
+        brakeDue.setSingleShot(true);
+        brakeDue.setInterval(0);
+        QObject::connect(&brakeDue, &QTimer::timeout, &engine, [this, &engine] {
+            const QScopedValueRollback now(positionAge, BrakeStep::JustReported);
+            engine.tick();
+        });
     }
 
     /// Runs one entry into the engine. A program end that is asked for inside waits until the
@@ -50,6 +57,9 @@ public:
     void begin();
     void goOnAfterDrop(bool groupDropped);
     void keepPosition();
+    void takePlaylist();
+    /// The player has reported a position: a brake does not wait for the timer.
+    void watchBrakes();
 
     EngineContext context;
     PositionSlider slider{context};
@@ -58,8 +68,10 @@ public:
     ClipStarter starter{context, transport};
     CloseSequence close{context, transport, slider};
     AdvanceStep advance{context, transport, starter, close};
-    BrakeStep brakes{context, starter};
+    BrakeStep brakes{context, starter, advance};
     HandOverDrain handOver{context, transport, slider, starter};
+    QTimer brakeDue; // from the queue: a seek of the engine's own also reports a position
+    BrakeStep::Position positionAge = BrakeStep::PolledByTick;
     bool ticking = false;
 
 private:
@@ -111,7 +123,15 @@ void PlaybackEngine::Private::display()
 {
     if (context.player().isRunning() && !context.view->isSliderHeld()) {
         slider.display();
-        brakes.run();
+        brakes.run(positionAge);
+    }
+}
+
+void PlaybackEngine::Private::watchBrakes()
+{
+    const bool followed = context.view != nullptr && !context.view->isSliderHeld();
+    if (followed && brakes.isDue(context.operations.secondsNow())) {
+        brakeDue.start();
     }
 }
 
@@ -132,7 +152,7 @@ bool PlaybackEngine::Private::moveOnAfterEnd()
         return false;
     }
     context.log.ended(context.cursor());
-    if (context.isCurrentPacketBraked()) {
+    if (context.isCurrentPacketBraked() && !context.openedMeanwhile) {
         transport.showBeginning();
         resumeNext("end of a braked clip", [&] { brakes.clipEnded(); });
         return false;
@@ -243,6 +263,7 @@ PlaybackEngine::PlaybackEngine(Module1& module, MediaControl& control, VideoWind
             }
         },
         Qt::QueuedConnection);
+    connect(&control, &MediaControl::position, this, [this] { m_private->watchBrakes(); });
     connect(&control, &MediaControl::openFailed, this, [this] {
         m_private->context.operations.look();
         m_private->starter.openingFailed();
@@ -305,7 +326,11 @@ void PlaybackEngine::tick()
 
 void PlaybackEngine::ListClick(Int16 p, Int16 q)
 {
-    m_private->enter([&] { m_private->start(p, q); });
+    m_private->enter([&] {
+        if (!m_private->context.closing) {
+            m_private->starter.startByHand(p, q);
+        }
+    });
 }
 
 // Presses come faster than ticks: each works on the player as it is now.
@@ -337,13 +362,26 @@ void PlaybackEngine::closeProgram()
     m_private->enter([&] { m_private->close.request(); });
 }
 
+void PlaybackEngine::Private::takePlaylist()
+{
+    context.supersede();
+    context.operations.look();
+    const bool hasEntries = context.module.playlist.entryCount() > 0;
+    context.module.playlist.OpenedFromExplorer = false;
+    context.setCursor(hasEntries ? Cursor{1, 1} : Cursor{0, 0});
+    context.openedMeanwhile = hasEntries && !context.player().isEmpty();
+    context.view->RebuildTree();
+    logLoaded(context.module.playlist);
+}
+
+void PlaybackEngine::playlistCutShort()
+{
+    m_private->takePlaylist();
+}
+
 void PlaybackEngine::playlistReplaced()
 {
-    m_private->context.supersede();
-    m_private->context.module.playlist.OpenedFromExplorer = false;
-    m_private->context.setCursor({1, 1});
-    m_private->context.view->RebuildTree();
-    logLoaded(m_private->context.module.playlist);
+    m_private->takePlaylist();
     if (m_private->context.module.optionIsOn(Option::StartPlaying)) {
         m_private->enter([&] { m_private->start(1, 1); });
     }

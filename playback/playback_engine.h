@@ -32,7 +32,8 @@ public:
     /// One playback tick (Form2_Timer1_Timer). Does not re-enter itself. Raises nothing.
     void tick();
 
-    /// Makes clip (or brake) q of packet p current and plays it. Errors are passed over.
+    /// Makes clip (or brake) q of packet p current and plays it: a person asked for it, and gets no
+    /// other one where it cannot be opened. Errors are passed over.
     void ListClick(Int16 p, Int16 q);
 
     /// The actions of the Play, Pause and Stop buttons.
@@ -46,6 +47,9 @@ public:
 
     /// What an opening (button, editor) does after its loader: cursor to 1, tree, "as".
     void playlistReplaced();
+
+    /// The same where the loader failed: what it had read until then is open, and nothing starts.
+    void playlistCutShort();
 
     /// Replaces the playlist with a file or folder and plays it: somebody asked for just that.
     void openAndPlay(const QString& path);

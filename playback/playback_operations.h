@@ -21,6 +21,9 @@ public:
     /// The player as the last poll, look or operation left it.
     [[nodiscard]] const PlayerSnapshot& player() const { return m_player; }
 
+    /// Where the player is at this moment, seconds; a snapshot may be older.
+    [[nodiscard]] double secondsNow() const { return m_control.CurrentPosition(); }
+
     [[nodiscard]] QString GetPlayerPosition() const { return m_player.position; }
     [[nodiscard]] int GetPlayerState() const { return m_player.state; }
     [[nodiscard]] Int16 GetPlayerVolume() const { return m_module.playback.CachedVolume; }

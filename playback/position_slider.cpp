@@ -5,6 +5,7 @@
 #include "playback/brakes.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orvanta {
 
@@ -33,6 +34,7 @@ void PositionSlider::showTime(double seconds)
 
 void PositionSlider::display()
 {
+    m_dragBegan.reset(); // a drag under which the window was hidden is never committed
     const QString position = m_context.player().position;
     resumeNext("current time", [&] { showTime(decimalValue(position)); });
     if (position.isEmpty()) {
@@ -58,6 +60,7 @@ void PositionSlider::reset()
 
 void PositionSlider::moved(double value)
 {
+    m_dragBegan = m_dragBegan.value_or(m_context.generation());
     trapped("preview", [&] {
         const Int16 whole = roundToInt16(value);
         showTime(positionOfSlider(value, span()));
@@ -72,6 +75,15 @@ void PositionSlider::committed()
 
 void PositionSlider::commit()
 {
+    if (!m_context.player().isLoaded()) { // the clip came to its end in the user's hand
+        showTime(0);
+        reset();
+        return;
+    }
+    if (std::exchange(m_dragBegan, std::nullopt).value_or(m_context.generation()) !=
+        m_context.generation()) {
+        return showPolled(); // dragged in a clip that is no longer the one
+    }
     const BrakeSpan part = span();
     const double target = positionOfSlider(m_context.module.SliderValue.value(), part);
     const double position = decimalValue(m_context.player().position);
@@ -83,6 +95,17 @@ void PositionSlider::commit()
     if (decision.restoreSlider) {
         SetValue(sliderOfPosition(position, part));
     }
+    if (m_context.player().state == MediaControl::Paused) {
+        showPolled();
+    }
+}
+
+/// The preview goes, and label and knob are where the player is.
+void PositionSlider::showPolled()
+{
+    const double position = decimalValue(m_context.player().position);
+    showTime(position);
+    SetValue(sliderOfPosition(position, span()));
 }
 
 void PositionSlider::seekTo(double seconds)
@@ -116,8 +139,24 @@ void PositionSlider::followSeek(double seconds)
     if (seconds >= part.begin && seconds < part.end) {
         return;
     }
+    makeBrakeCurrent(brakeAt(m_context.currentPacket(), seconds));
+}
+
+void PositionSlider::followStop()
+{
+    if (!m_context.areBrakesPlaying()) {
+        return;
+    }
+    const Int16 brake = brakeAt(m_context.currentPacket(), 0);
+    if (brake < m_context.cursor().clip) {
+        makeBrakeCurrent(brake);
+    }
+}
+
+void PositionSlider::makeBrakeCurrent(Int16 brake)
+{
     const PlaylistEntry& packet = m_context.currentPacket();
-    const Cursor place = {m_context.cursor().packet, brakeAt(packet, seconds)};
+    const Cursor place = {m_context.cursor().packet, brake};
     m_context.setCursor(place);
     m_context.view->setClipText(place.clip >= 1 ? packet.clip(place.clip).Text : QString());
     m_context.moveListCursor(place);

@@ -44,6 +44,12 @@ void TransportButtons::showIdle()
     show(kIdle);
 }
 
+void TransportButtons::showUnloaded()
+{
+    showIdle();
+    m_knownState = MediaControl::NotLoaded;
+}
+
 void TransportButtons::pressPlay()
 {
     if (m_context.player().isLoaded()) {
@@ -110,7 +116,8 @@ void TransportButtons::stopPlayer()
 
 void TransportButtons::reconcile()
 {
-    const bool settled = !m_context.player().opening && !m_context.module.playback.ClipEnded;
+    const bool settled = !m_context.player().opening && !m_context.startFailed &&
+                         !m_context.module.playback.ClipEnded;
     if (!settled || !m_context.module.playback.StateChanged.take()) {
         return;
     }
@@ -123,11 +130,22 @@ void TransportButtons::reconcile()
     }
     if (state == MediaControl::Stopped) {
         showBeginning();
+        m_slider.followStop();
     }
-    if (state == MediaControl::Stopped && m_knownState > MediaControl::Stopped) {
-        m_context.log.stopped();
-    }
+    noteEnd(state);
     m_knownState = state;
+}
+
+/// A clip that is gone without a stop leaves what a stop leaves.
+void TransportButtons::noteEnd(MediaControl::State state)
+{
+    if (state > MediaControl::Stopped || m_knownState <= MediaControl::Stopped) {
+        return;
+    }
+    if (state == MediaControl::NotLoaded) {
+        showBeginning();
+    }
+    m_context.log.stopped();
 }
 
 } // namespace orvanta

@@ -20,6 +20,8 @@ public:
     /// The looks of the playing state, of the idle one.
     void showPlaying();
     void showIdle();
+    /// The idle look after the program has emptied the player: no tick shows the beginning then.
+    void showUnloaded();
     /// Time and slider at 0, unless the user holds the slider.
     void showBeginning();
     /// Takes StateChanged: keys, tray and full screen also change the state.
@@ -29,6 +31,7 @@ public:
 
 private:
     void stopPlayer();
+    void noteEnd(MediaControl::State state);
     void reset();
     void show(const TransportLooks& looks);
     void setPlay(bool enabled);

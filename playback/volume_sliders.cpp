@@ -1,5 +1,6 @@
 #include "playback/volume_sliders.h"
 
+#include "core/error_boundary.h"
 #include "playback/volume.h"
 
 #include <algorithm>
@@ -45,8 +46,13 @@ void VolumeSliders::takeVolumeOfVideoWindow()
 
 Int16 VolumeSliders::applyStoredVolume()
 {
-    const double stored = m_context.module.settings().volume();
-    const Int16 place = sliderOfVolume(stored);
+    double stored = 0;
+    Int16 place = 100;
+    resumeNext("stored volume", [&] {
+        const double volume = m_context.module.settings().volume();
+        place = sliderOfVolume(volume);
+        stored = volume;
+    });
     m_context.operations.SetControlVolume(controlVolume(stored));
     share(place);
     return place;

@@ -16,8 +16,8 @@ public:
     void volumeMoved(Int16 value);
     /// Takes VolumeChanged: the video window's keys move the slider.
     void takeVolumeOfVideoWindow();
-    /// The stored volume goes to the control; the settings stay. Returns the slider's place. Raises
-    /// 13 or 6 when the stored text is no such number.
+    /// The stored volume goes to the control; the settings stay. Returns the slider's place. Full
+    /// where the stored text is no such number.
     Int16 applyStoredVolume();
 
     void balanceMoved(Int16 value);

@@ -137,8 +137,7 @@ void Form2::open(const std::function<void()>& load)
     if (resumeNext("loader", [&] { runWithBusyCursor(load); })) {
         m_services.engine.playlistReplaced();
     } else {
-        RebuildTree();
-        logLoaded(m_services.module.playlist);
+        m_services.engine.playlistCutShort();
     }
 }
 

@@ -1,6 +1,7 @@
 // Being led through a brake packet.
 
 #include "tests/e2e/support/end_to_end.h"
+#include "tests/e2e/support/mpris_client.h"
 
 #include <algorithm>
 
@@ -75,6 +76,25 @@ TEST_F(Brakes, EachTextStandsThereByTheTimeThePositionIsSixTenthsPastItsBrake)
     });
     EXPECT_TRUE(cameToTheEnd);
     EXPECT_TRUE(seen.contains(u"Listen"_s) && seen.contains(u"Repeat"_s));
+}
+
+TEST_F(Brakes, ArePassedWithoutThePositionEverGoingBack)
+{
+    const QList<BrakeLine> brakes = {{0, u"One"_s},    {0.9, u"Two"_s},  {1.8, u"Three"_s},
+                                     {2.6, u"Four"_s}, {3.5, u"Five"_s}, {5, u"The end"_s}};
+    MprisClient controls(desktop);
+    ASSERT_TRUE(program.startAndShow({lesson(u"many brakes"_s, brakes)}));
+    ASSERT_TRUE(plays(u"start 1 1 One"_s));
+    ASSERT_TRUE(waitFor([&] { return controls.status() == u"Playing"; }));
+    double furthest = controls.seconds();
+    while (controls.status() == u"Playing" && furthest < 4.5) {
+        const double now = controls.seconds();
+        ASSERT_GE(now, furthest);
+        furthest = now;
+    }
+    EXPECT_GE(furthest, 4.5);
+    ASSERT_TRUE(plays(u"start 1 5 Five"_s));
+    EXPECT_EQ(program.linesMatching(playbackPattern(u"start"_s)).size(), 5);
 }
 
 TEST_F(Brakes, TheListFollowsThePosition)

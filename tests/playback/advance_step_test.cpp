@@ -12,6 +12,14 @@ protected:
         option("ar");
     }
 
+    /// As playing comes to this place by itself.
+    void startByItself(Cursor place)
+    {
+        module.playlist.CurrentPacket = place.packet;
+        module.playlist.CurrentClip = place.clip;
+        engine->startCurrent();
+    }
+
     /// Ticks until the player runs or the ticks are used up; returns how many it took.
     int ticksUntilRunning(int most)
     {
@@ -282,7 +290,7 @@ TEST_F(BadFiles, AreNotSkippedWhenTheOptionsForbidIt)
 {
     addMissingClips({u"gone"_s});
     addClips({u"two"_s});
-    engine->ListClick(1, 1);
+    startByItself({1, 1});
     engine->tick();
     engine->tick();
     EXPECT_EQ(packet(), 1);
@@ -294,7 +302,7 @@ TEST_F(BadFiles, APlaylistWithoutAnyPlayableClipStopsAfterOneWholePass)
     allOn();
     addMissingClips({u"a"_s, u"b"_s, u"c"_s});
     const LogCapture log("orvanta.playback");
-    engine->ListClick(1, 2);
+    startByItself({1, 2});
     EXPECT_EQ(ticksUntilRunning(10), 10);
     EXPECT_EQ(view.listIndex, -1);
     EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
@@ -304,7 +312,7 @@ TEST_F(BadFiles, APlaylistWithoutAnyPlayableClipRestartsOncePerTickAtMost)
 {
     allOn();
     addMissingClips({u"a"_s, u"b"_s});
-    engine->ListClick(1, 2);
+    startByItself({1, 2});
     engine->tick();
     EXPECT_EQ(clip(), 1);
     EXPECT_EQ(view.clipText, u"a");
@@ -315,7 +323,7 @@ TEST_F(BadFiles, ABadBrakePacketAloneStopsAfterOneWholePass)
     allOn();
     addBrakes({u"1"_s, u"2"_s, u"3"_s});
     QFile::remove(path(u"lesson.avi"_s));
-    engine->ListClick(1, 3);
+    startByItself({1, 3});
     view.listIndex = 99;
     engine->tick();
     EXPECT_EQ(view.listIndex, -1);
@@ -339,7 +347,7 @@ TEST_F(BadFiles, OfAnEarlierPlaylistAreForgottenByTheNext)
 {
     turnOn({"as", "agnc"});
     addMissingClips({u"one"_s, u"two"_s});
-    engine->ListClick(1, 1);
+    startByItself({1, 1});
     engine->tick();
     engine->tick();
     queue({path(u"bad.gone"_s), file(u"good.avi"_s)});
@@ -353,13 +361,79 @@ TEST_F(BadFiles, OfAnEarlierPlaylistStartNothingInTheNext)
 {
     option("agnc");
     addMissingClips({u"one"_s, u"two"_s});
-    engine->ListClick(1, 1);
+    startByItself({1, 1});
     emptyPlaylist();
     addClips({u"three"_s, u"four"_s});
     engine->playlistReplaced();
     engine->tick();
     engine->tick();
     EXPECT_EQ(loads(), 0);
+}
+
+class OpenedWhileAClipPlaysOn : public EndOfClip
+{
+protected:
+    void openWhilePlaying()
+    {
+        turnOn({"agnc", "agnp"});
+        playClips({u"old"_s, u"older"_s});
+        emptyPlaylist();
+        addClips({u"one"_s, u"two"_s});
+        engine->playlistReplaced();
+        ASSERT_EQ(control.FileName(), path(u"old.avi"_s));
+    }
+};
+
+TEST_F(OpenedWhileAClipPlaysOn, BeginsWithItsFirstClipWhenTheOldOneEnds)
+{
+    openWhilePlaying();
+    endClip();
+    EXPECT_EQ(place(), at(1, 1));
+    EXPECT_EQ(control.FileName(), path(u"one.avi"_s));
+    endClip();
+    EXPECT_EQ(place(), at(1, 2));
+}
+
+TEST_F(OpenedWhileAClipPlaysOn, BeginsWithItsFirstClipWhenTheNextIsAskedFor)
+{
+    openWhilePlaying();
+    engine->nextChecked();
+    EXPECT_EQ(runningFile(), path(u"one.avi"_s));
+}
+
+TEST_F(OpenedWhileAClipPlaysOn, BeginsWithItsFirstCheckedClip)
+{
+    openWhilePlaying();
+    view.checked[2] = false;
+    endClip();
+    EXPECT_EQ(place(), at(1, 2));
+}
+
+TEST_F(OpenedWhileAClipPlaysOn, BeginsWithItsFirstBrakeWhenTheOldClipEnds)
+{
+    turnOn({"agnc", "agnp"});
+    playClips({u"old"_s});
+    emptyPlaylist();
+    addBrakes({u"5"_s, u"12"_s});
+    engine->playlistReplaced();
+    endClip();
+    waitUntilRunning();
+    EXPECT_EQ(place(), at(1, 1));
+    EXPECT_EQ(control.FileName(), path(u"lesson.avi"_s));
+}
+
+TEST_F(BadFiles, AskedForByHandStartNoOther)
+{
+    allOn();
+    addMissingClips({u"gone"_s});
+    addClips({u"corrupt"_s, u"good"_s});
+    control.refusedFiles = QStringList(path(u"corrupt.avi"_s));
+    for (const Cursor& bad : {Cursor{1, 1}, Cursor{2, 1}}) {
+        engine->ListClick(bad.packet, bad.clip);
+        waitUntilOpened();
+        EXPECT_EQ(ticksUntilRunning(3), 3);
+        EXPECT_EQ(place(), at(bad.packet.value(), bad.clip.value()));
+    }
 }
 
 } // namespace orvanta::test

@@ -25,8 +25,57 @@ TEST_F(Brakes, ReachedByPlayingBecomesCurrentAndIsShown)
     EXPECT_EQ(clip(), 2);
     EXPECT_EQ(view.clipText, u"brake 2");
     EXPECT_EQ(view.listIndex, 3);
-    EXPECT_EQ(control.CurrentPosition(), 12);
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(Brakes, ReachedByPlayingAreRunThroughWithoutMovingThePlayer)
+{
+    playLesson();
+    control.playTo(12.1);
+    control.calls.clear();
+    tickAt(12.1);
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(control.calls, QStringList());
+}
+
+TEST_F(Brakes, ReachedByPlayingHalfASecondAgoOrMoreAreGoneBackTo)
+{
+    playLesson();
+    tickAt(12.6);
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(control.CurrentPosition(), 12);
+}
+
+TEST_F(Brakes, ReachedByPlayingBecomeCurrentWithThePositionThatPassesThemNotWithTheTimer)
+{
+    playLesson();
+    control.playTo(12);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clip(), 1);
+    control.playTo(12.04);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(view.clipText, u"brake 2");
+    control.playTo(20.04);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clip(), 3);
+}
+
+TEST_F(Brakes, AreNotFollowedByThePositionWhileTheUserHoldsTheSlider)
+{
+    playLesson();
+    view.sliderHeld = true;
+    control.playTo(12.04);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(Brakes, StartedByHandJustBehindTheirTimeAreGoneBackTo)
+{
+    playLesson();
+    control.playTo(5.3);
+    engine->ListClick(1, 1);
+    EXPECT_EQ(control.CurrentPosition(), 5);
 }
 
 TEST_F(Brakes, AtTheExactTimeTheBrakeIsNotYetPassed)
@@ -36,12 +85,62 @@ TEST_F(Brakes, AtTheExactTimeTheBrakeIsNotYetPassed)
     EXPECT_EQ(clip(), 1);
 }
 
-TEST_F(Brakes, ReachedByPlayingIgnoreTheMarks)
+class UncheckedBrakes : public Brakes
 {
-    playLesson();
-    view.checked[3] = false;
+protected:
+    /// Plays four brakes at 5, 12, 20 and 30 s; those at these lines are unchecked.
+    void playWithout(std::initializer_list<std::size_t> lines, Int16 brake = 1)
+    {
+        addBrakes({u"5"_s, u"12"_s, u"20"_s, u"30"_s});
+        addClips({u"next"_s});
+        for (const std::size_t line : lines) {
+            view.checked[line] = false;
+        }
+        play(1, brake);
+    }
+};
+
+TEST_F(UncheckedBrakes, ArePassedOverToTheNextCheckedOneByOneSeek)
+{
+    playWithout({3});
     tickAt(12.1);
-    EXPECT_EQ(clip(), 2);
+    EXPECT_EQ(place(), at(1, 3));
+    EXPECT_EQ(view.clipText, u"brake 3");
+    EXPECT_EQ(control.CurrentPosition(), 20);
+    EXPECT_FALSE(view.checked[3]);
+}
+
+TEST_F(UncheckedBrakes, WithoutACheckedOneBehindThemEndThePacket)
+{
+    playWithout({3, 4, 5});
+    tickAt(12.1);
+    EXPECT_EQ(place(), at(2, 1));
+    EXPECT_EQ(runningFile(), path(u"next.avi"_s));
+}
+
+TEST_F(UncheckedBrakes, DoNotIncludeTheEndMarkWhichIsReachedAndKeepsItsMark)
+{
+    playWithout({5}, 3);
+    tickAt(30.1);
+    EXPECT_EQ(place(), at(1, 4));
+    EXPECT_FALSE(view.checked[5]);
+    view.enableTimer2(-1);
+    tickAt(30.2);
+    EXPECT_EQ(packet(), 2);
+}
+
+TEST_F(UncheckedBrakes, AreAllThoseOfAPacketWhoseHeaderIsUnchecked)
+{
+    playWithout({1});
+    tickAt(12.1);
+    EXPECT_EQ(place(), at(2, 1));
+}
+
+TEST_F(UncheckedBrakes, AreCheckedByAStartByHand)
+{
+    playWithout({3});
+    engine->ListClick(1, 2);
+    EXPECT_TRUE(view.checked[3]);
 }
 
 TEST_F(Brakes, BeforeTheFirstBrakeNoneIsCurrent)
@@ -202,7 +301,7 @@ TEST_F(Brakes, TheLengthShownIsThatOfTheClip)
 TEST_F(Brakes, ATimeThatIsNoNumberIsPassedOver)
 {
     option("si");
-    playBrakes({u"5"_s, u"soon"_s});
+    playBrakes({u"soon"_s, u"later"_s});
     module.tray.TrayRestoreRequest = true;
     tickAt(39);
     EXPECT_EQ(clip(), 1);
@@ -329,6 +428,139 @@ TEST_F(Brakes, TheLastBrakePassesOverAPacketWhoseMediaIsMissing)
     waitUntilRunning();
     EXPECT_EQ(packet(), 3);
     EXPECT_EQ(control.FileName(), path(u"good.avi"_s));
+}
+
+/// A clip was dropped into the lesson, or a time of its file is spoiled.
+class UnreadableTimes : public Brakes
+{};
+
+TEST_F(UnreadableTimes, BehindTheLastBrakeDoNotTakeItsPlaceAsEndMark)
+{
+    playBrakes({u"5"_s, u"12"_s, u""_s}, 2);
+    addClips({u"next"_s});
+    tickAt(12.3);
+    EXPECT_EQ(place(), at(2, 1));
+}
+
+TEST_F(UnreadableTimes, AreGoneAroundByPlaying)
+{
+    playBrakes({u"5"_s, u"soon"_s, u"20"_s});
+    tickAt(20.1);
+    EXPECT_EQ(clip(), 3);
+}
+
+TEST_F(UnreadableTimes, LeaveTheSliderTheSpanFromOneReadableTimeToTheNext)
+{
+    playBrakes({u"5"_s, u"soon"_s, u"25"_s});
+    tickAt(15);
+    EXPECT_EQ(view.slider, 50);
+    engine->ListClick(1, 2); // plays on from where it is
+    tickAt(10);
+    EXPECT_EQ(view.slider, 25);
+}
+
+TEST_F(UnreadableTimes, OfAllBrakesLetTheClipRunToItsEnd)
+{
+    playBrakes({u"soon"_s, u"later"_s});
+    addClips({u"next"_s});
+    tickAt(30);
+    EXPECT_EQ(place(), at(1, 1));
+    endClip();
+    EXPECT_EQ(place(), at(1, 1));
+}
+
+TEST_F(UnreadableTimes, BehindAnEndMarkInTheLastSecondLetTheEndPassIt)
+{
+    playBrakes({u"5"_s, u"39.5"_s, u""_s}, 2);
+    addClips({u"next"_s});
+    endClip();
+    EXPECT_EQ(packet(), 2);
+}
+
+class EndOfAList : public Brakes
+{
+protected:
+    void passEndMark()
+    {
+        addClips({u"first"_s});
+        play(addBrakes({u"5"_s, u"12"_s}), 2);
+        module.playlist.OpenedFromExplorer = true;
+        tickAt(12.3);
+    }
+};
+
+TEST_F(EndOfAList, OfBrakesBeginsItAgainWhenTheOptionSaysSo)
+{
+    option("ar");
+    passEndMark();
+    EXPECT_EQ(place(), at(1, 1));
+    EXPECT_EQ(runningFile(), path(u"first.avi"_s));
+    EXPECT_EQ(view.unloaded, 0);
+}
+
+TEST_F(EndOfAList, OfBrakesClosesTheProgramWhenTheOptionSaysSo)
+{
+    option("acp");
+    passEndMark();
+    EXPECT_EQ(view.unloaded, 1);
+}
+
+TEST_F(EndOfAList, OfBrakesLeavesNoLineCurrent)
+{
+    passEndMark();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+    EXPECT_EQ(view.listIndex, -1);
+    EXPECT_EQ(view.unloaded, 0);
+}
+
+TEST_F(EndOfAList, OfOneLessonBeginsItAgainAtItsFirstBrake)
+{
+    option("ar");
+    playLesson(3);
+    tickAt(20.3);
+    waitUntilRunning();
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(control.CurrentPosition(), 5);
+}
+
+class StopAtTheBeginning : public Brakes
+{
+protected:
+    /// As the keys of both windows do.
+    void stopIn(const QStringList& times)
+    {
+        playBrakes(times, 2);
+        tickAt(14);
+        engine->operations().StopIfRunning();
+        engine->tick();
+    }
+};
+
+TEST_F(StopAtTheBeginning, MakesTheBrakeThereCurrent)
+{
+    stopIn({u"0"_s, u"12"_s, u"20"_s});
+    EXPECT_EQ(clip(), 1);
+    EXPECT_EQ(view.clipText, u"brake 1");
+    EXPECT_EQ(view.listIndex, 2);
+    EXPECT_EQ(view.slider, 0);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+}
+
+TEST_F(StopAtTheBeginning, MakesNoneCurrentWhereTheFirstBrakeLiesLater)
+{
+    stopIn({u"5"_s, u"12"_s, u"20"_s});
+    EXPECT_EQ(clip(), 0);
+    EXPECT_EQ(view.clipText, QString());
+    EXPECT_EQ(view.listIndex, 1);
+}
+
+TEST_F(StopAtTheBeginning, AfterTheEndMarkLeavesNoneCurrent)
+{
+    playBrakes({u"0"_s, u"12"_s}, 2);
+    tickAt(12.3);
+    engine->tick();
+    EXPECT_EQ(clip(), 0);
+    EXPECT_EQ(view.listIndex, -1);
 }
 
 } // namespace orvanta::test

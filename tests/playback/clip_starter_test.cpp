@@ -237,10 +237,10 @@ TEST_F(Starting, AFailureDuringTheWaitIsNotServedBeforeTheCursorHasMoved)
     addClips({u"two"_s});
     addBrakes({u"5"_s});
     addClips({u"four"_s});
-    play(1, 1);
+    play(2, 1);
     control.refusedFiles = QStringList(path(u"lesson.avi"_s));
     QObject::connect(&control, &MediaControl::openFailed, engine.get(), [this] { engine->tick(); });
-    engine->ListClick(3, 1);
+    engine->nextChecked();
     EXPECT_EQ(packet(), 3);
     engine->tick();
     EXPECT_EQ(packet(), 4);

@@ -138,6 +138,13 @@ TEST_F(KeptProgram, IsHiddenAndNotEnded)
     EXPECT_FALSE(engine->isClosing());
 }
 
+TEST_F(KeptProgram, ShowsNoClip)
+{
+    view.clipText = u"one"_s;
+    engine->pressClose();
+    EXPECT_EQ(view.clipText, QString());
+}
+
 TEST_F(KeptProgram, ShowsThePlaceholderTimes)
 {
     engine->pressClose();

@@ -57,7 +57,7 @@ TEST_F(PositionSliderOfTheWindow, LetGoSeeksUnlessTheClipIsPausedOrTheHandleUnmo
         MediaControl::State state;
         double handle, shown, position;
     };
-    for (const Row& row : {Row{"paused", MediaControl::Paused, 75, 30, 10},
+    for (const Row& row : {Row{"paused", MediaControl::Paused, 75, 10, 10},
                            Row{"at the exact position", MediaControl::Running, 25, 10, 10},
                            Row{"stopped", MediaControl::Stopped, 75, 30, 30}}) {
         emptyPlaylist();
@@ -69,6 +69,34 @@ TEST_F(PositionSliderOfTheWindow, LetGoSeeksUnlessTheClipIsPausedOrTheHandleUnmo
         EXPECT_EQ(control.CurrentPosition(), row.position) << row.says;
         EXPECT_EQ(control.calls.isEmpty(), row.position == 10) << row.says;
     }
+}
+
+TEST_F(PositionSliderOfTheWindow, LetGoOfAPausedClipShowsWhereThePlayerIs)
+{
+    playClipAt(10);
+    control.Pause();
+    engine->sliderMoved(75);
+    engine->sliderCommitted();
+    EXPECT_EQ(control.CurrentPosition(), 10);
+    EXPECT_EQ(view.currentTime, formatPicture(10, kPositionPicture));
+    EXPECT_EQ(view.slider, 25);
+    EXPECT_EQ(module.SliderValue, 25);
+}
+
+TEST_F(PositionSliderOfTheWindow, LetGoAfterAnotherClipHasBegunSeeksNothing)
+{
+    addClips({u"one"_s, u"two"_s});
+    play(1, 1);
+    control.playTo(10);
+    engine->sliderMoved(75);
+    play(1, 2);
+    control.playTo(2);
+    engine->sliderCommitted();
+    EXPECT_EQ(control.CurrentPosition(), 2);
+    engine->tick();
+    engine->sliderMoved(50); // the next drag is one of this clip
+    engine->sliderCommitted();
+    EXPECT_EQ(control.CurrentPosition(), 20);
 }
 
 TEST_F(PositionSliderOfTheWindow, AtThePositionOfAStoppedClipIsSetBack)
@@ -191,10 +219,15 @@ TEST_F(Volume, AbsentIsFullVolume)
     EXPECT_EQ(control.Volume(), 0);
 }
 
-TEST_F(Volume, StoredThatIsNoNumberRaisesTypeMismatch)
+TEST_F(Volume, StoredThatIsNoNumberIsFullForSliderAndSound)
 {
-    WriteIni(u"save"_s, u"volume"_s, u"loud"_s, module.IniPath);
-    EXPECT_THROW(engine->applyStoredVolume(), RuntimeError);
+    for (const QString& stored : {u"loud"_s, u"1e9"_s}) {
+        WriteIni(u"save"_s, u"volume"_s, stored, module.IniPath);
+        control.setVolume(-5000);
+        EXPECT_EQ(engine->applyStoredVolume(), 100);
+        EXPECT_EQ(control.Volume(), 0);
+        EXPECT_EQ(video.mirror().VideoVolume, 100);
+    }
 }
 
 TEST_F(Volume, BalanceChangesOnlyItsStoredValue)

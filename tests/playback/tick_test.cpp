@@ -305,4 +305,53 @@ TEST_F(Tick, AStepOutsideSixteenBitsIsPassedOverAndTheQueueIsServed)
     EXPECT_EQ(module.playlist.packet(1).clip(1).Text, u"queued");
 }
 
+class GoneWithoutAStop : public Tick
+{
+protected:
+    void expectTheBeginning()
+    {
+        EXPECT_EQ(view.currentTime, u"0.00");
+        EXPECT_EQ(view.slider, 0);
+        EXPECT_TRUE(view.looks.playEnabled && !view.looks.pauseEnabled);
+    }
+};
+
+TEST_F(GoneWithoutAStop, AClipLeavesTimeSliderAndLooksAsAStopDoes)
+{
+    playAt(7);
+    engine->tick();
+    const LogCapture log("orvanta.playback");
+    control.setFileName({}); // as closing the video window does
+    engine->tick();
+    engine->tick();
+    expectTheBeginning();
+    EXPECT_EQ(log.lines(), QStringList(u"stopped"_s));
+}
+
+TEST_F(GoneWithoutAStop, AClipThatWasPausedDoesSoToo)
+{
+    playAt(7);
+    engine->tick();
+    control.Pause();
+    engine->tick();
+    control.setFileName({});
+    engine->tick();
+    expectTheBeginning();
+}
+
+TEST_F(GoneWithoutAStop, AClipThatEndsUnderTheHandOnTheSliderDoesSoOnceLetGo)
+{
+    playAt(7);
+    engine->tick();
+    view.sliderHeld = true;
+    engine->sliderMoved(60);
+    control.reachEnd();
+    engine->tick();
+    EXPECT_NE(view.currentTime, u"0.00"); // the preview stays in the hand
+    engine->sliderCommitted();
+    view.sliderHeld = false;
+    engine->tick();
+    expectTheBeginning();
+}
+
 } // namespace orvanta::test
