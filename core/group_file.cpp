@@ -114,6 +114,7 @@ void readGroupInto(std::vector<PlaylistEntry>& packets, const QString& path, con
         PlaylistEntry& packet = packets[before + static_cast<std::size_t>(i) - 1];
         packet.Title = group.read(memberSection(i), u"text"_s);
         packet.Picture = group.read(memberSection(i), u"picture"_s);
+        packet.PictureFolder = folderOfPath(path);
         readPacketInto(packet, memberFile(group.read(memberSection(i), u"path"_s), path, find));
     }
 }
