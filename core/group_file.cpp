@@ -63,7 +63,8 @@ static int memberCount(const QString& text)
 static bool isAbsolute(const QString& pathText)
 {
     return pathText.startsWith(u'/') || pathText.startsWith(u'\\') ||
-           (pathText.size() > 1 && pathText[1] == u':');
+           (pathText.size() > 2 && pathText[1] == u':' &&
+            (pathText[2] == u'\\' || pathText[2] == u'/'));
 }
 
 /// A relative text is meant below the group's folder.
