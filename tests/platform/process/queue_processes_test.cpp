@@ -149,6 +149,22 @@ TEST_F(QueueProcesses, AQueueThatNobodyHoldsIsFreedByTheWaitingLaunch)
     }
 }
 
+TEST_F(QueueProcesses, WhereTheFileSystemKnowsNoLocksALaunchHandsOverWithout)
+{
+    for (const QString& flag : {u"0"_s, QString()}) {
+        set(u"num"_s, u"0"_s);
+        set(u"wr"_s, flag);
+        Probe launch;
+        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        preload(variables, "no_flock.so");
+        launch.setProcessEnvironment(variables);
+        launch.startProgram("queue_probe", arguments({u"append"_s, u"/a"_s}));
+        ASSERT_TRUE(launch.waitForFinished()) << flag.toStdString();
+        EXPECT_EQ(launch.exitCode(), 0);
+        EXPECT_EQ(drained(), QStringList(u"/a"_s));
+    }
+}
+
 TEST_F(QueueProcesses, AWaitingLaunchCanBeEnded)
 {
     set(u"wr"_s, u"1"_s);
