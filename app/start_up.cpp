@@ -76,6 +76,7 @@ bool StartUp::Main()
 void StartUp::buildIniPath()
 {
     m_module.ApplicationFolder = applicationFolder();
+    requireSettings(m_module.ApplicationFolder);
     m_module.IniPath = programFile(m_module.ApplicationFolder, u"\\orvanta.ini"_s);
     m_registry.emplace(m_module.ApplicationFolder);
     const QString platformIni = programFile(m_module.ApplicationFolder, u"\\platform.ini"_s);

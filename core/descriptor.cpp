@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <thread>
 #include <unistd.h>
 
 namespace orvanta {
@@ -31,6 +32,19 @@ bool Descriptor::lock(int operation) const
         result = flock(m_number, operation);
     } while (result < 0 && errno == EINTR);
     return result == 0;
+}
+
+bool Descriptor::lockWithin(std::chrono::milliseconds patience, int operation) const
+{
+    constexpr std::chrono::milliseconds kPause(1);
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!lock(operation | LOCK_NB)) {
+        if (errno != EWOULDBLOCK || std::chrono::steady_clock::now() >= end) {
+            return false;
+        }
+        std::this_thread::sleep_for(kPause);
+    }
+    return true;
 }
 
 std::optional<struct stat> Descriptor::status() const

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QByteArrayView>
 
+#include <chrono>
 #include <optional>
 #include <sys/stat.h>
 #include <utility>
@@ -37,6 +38,9 @@ public:
 
     /// flock(2), started again when a signal interrupts it.
     [[nodiscard]] bool lock(int operation) const;
+    /// Waits for the lock, but not longer than this: another program may hold it as long as it
+    /// likes. False without the lock, at once where the file system knows none.
+    [[nodiscard]] bool lockWithin(std::chrono::milliseconds patience, int operation) const;
     /// Nothing when the status cannot be had.
     [[nodiscard]] std::optional<struct stat> status() const;
     /// The whole content; nothing when reading fails.

@@ -63,7 +63,8 @@ static int memberCount(const QString& text)
 static bool isAbsolute(const QString& pathText)
 {
     return pathText.startsWith(u'/') || pathText.startsWith(u'\\') ||
-           (pathText.size() > 1 && pathText[1] == u':');
+           (pathText.size() > 2 && pathText[1] == u':' &&
+            (pathText[2] == u'\\' || pathText[2] == u'/'));
 }
 
 /// A relative text is meant below the group's folder.
@@ -114,6 +115,7 @@ void readGroupInto(std::vector<PlaylistEntry>& packets, const QString& path, con
         PlaylistEntry& packet = packets[before + static_cast<std::size_t>(i) - 1];
         packet.Title = group.read(memberSection(i), u"text"_s);
         packet.Picture = group.read(memberSection(i), u"picture"_s);
+        packet.PictureFolder = folderOfPath(path);
         readPacketInto(packet, memberFile(group.read(memberSection(i), u"path"_s), path, find));
     }
 }

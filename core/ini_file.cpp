@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <ctime>
 #include <fcntl.h>
 #include <new>
@@ -20,6 +21,7 @@ constexpr qint64 kTickNs = 20'000'000;
 /// Some file systems (FAT) count time in steps of two seconds.
 constexpr qint64 kCoarseStepNs = 2'100'000'000;
 constexpr qint64 kLargestFile = qint64{1} << 30;
+constexpr std::chrono::seconds kForeignLockPatience(1);
 constexpr mode_t kNewFileMode = 0666;
 
 static qint64 nanoseconds(const timespec& time)
@@ -88,8 +90,9 @@ std::optional<IniFile> IniFile::open(const QByteArray& path, Access access, Kind
         if (!file.m_file.isOpen()) {
             return std::nullopt;
         }
-        // Where the file system knows no locks, the file is used without.
-        (void)file.m_file.lock(operation);
+        // Without a lock where the file system knows none or a foreign program keeps it: waiting
+        // any longer would stop the whole program.
+        (void)file.m_file.lockWithin(kForeignLockPatience, operation);
         if (file.isAtItsPath()) {
             return file;
         }

@@ -49,8 +49,17 @@ static void addFirstKey(NameTable& keys, const IniText& text, const IniLine& lin
     }
 }
 
+/// As the line's key is trimmed: otherwise a key written with a tab behind it is never found again.
+static QStringView withoutBlanksBehind(QStringView key)
+{
+    while (!key.isEmpty() && QStringView(u" \t\v").contains(key.back())) {
+        key.chop(1);
+    }
+    return key;
+}
+
 IniKey::IniKey(QStringView key)
-    : name(key),
+    : name(withoutBlanksBehind(key)),
       equalsSigns(key.count(u'='))
 {}
 

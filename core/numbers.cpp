@@ -10,6 +10,9 @@ namespace orvanta {
 using namespace Qt::StringLiterals;
 
 constexpr int kSignificantDigits = 15;
+/// No double has more: with so many digits nothing is rounded.
+constexpr int kAllDigits = 767;
+constexpr QChar kArabicDecimalMark = u'\u066B';
 
 namespace {
 
@@ -22,33 +25,9 @@ struct Digits
 
 } // namespace
 
-/// Rounds to 15 significant digits. Raises 6 for infinities and not-a-numbers: they have none.
-static Digits digitsOf(double magnitude)
+/// The first digits of a longer row, halves away from zero, behind a place for the carry.
+static std::string roundedTo(std::size_t wanted, std::string digits)
 {
-    if (!std::isfinite(magnitude)) {
-        throw RuntimeError(ErrorNumber::Overflow);
-    }
-    char buffer[40];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
-                                   std::chars_format::scientific, kSignificantDigits - 1);
-    const std::string text(buffer, end.ptr);
-    const std::size_t exponentAt = text.find('e');
-    Digits result;
-    result.digits = text.substr(0, 1) + text.substr(2, exponentAt - 2);
-    result.pointAfter = std::stoi(text.substr(exponentAt + 1)) + 1;
-    result.digits.erase(result.digits.find_last_not_of('0') + 1);
-    return result;
-}
-
-/// Digits with this many decimals, halves away from zero, as one whole number without a point.
-static std::string scaledDigits(const Digits& number, int decimals)
-{
-    const int kept = number.pointAfter + decimals;
-    if (kept < 0) {
-        return "0";
-    }
-    std::string digits = number.digits;
-    const auto wanted = static_cast<std::size_t>(kept);
     const bool roundUp = digits.size() > wanted && digits[wanted] >= '5';
     digits.resize(wanted, '0');
     digits.insert(digits.begin(), '0');
@@ -60,6 +39,37 @@ static std::string scaledDigits(const Digits& number, int decimals)
         ++*digit;
     }
     return digits;
+}
+
+/// Rounds to 15 significant digits. Raises 6 for infinities and not-a-numbers: they have none.
+static Digits digitsOf(double magnitude)
+{
+    if (!std::isfinite(magnitude)) {
+        throw RuntimeError(ErrorNumber::Overflow);
+    }
+    char buffer[kAllDigits + 10];
+    const auto end = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
+                                   std::chars_format::scientific, kAllDigits - 1);
+    const std::string text(buffer, end.ptr);
+    const std::size_t exponentAt = text.find('e');
+    Digits result;
+    result.digits =
+        roundedTo(kSignificantDigits, text.substr(0, 1) + text.substr(2, exponentAt - 2));
+    result.pointAfter = std::stoi(text.substr(exponentAt + 1)) + 1;
+    if (result.digits.front() == '0') {
+        result.digits.erase(0, 1);
+    } else {
+        ++result.pointAfter;
+    }
+    result.digits.erase(result.digits.find_last_not_of('0') + 1);
+    return result;
+}
+
+/// Digits with this many decimals, halves away from zero, as one whole number without a point.
+static std::string scaledDigits(const Digits& number, int decimals)
+{
+    const int kept = number.pointAfter + decimals;
+    return kept < 0 ? "0" : roundedTo(static_cast<std::size_t>(kept), number.digits);
 }
 
 namespace {
@@ -169,11 +179,13 @@ static bool looksDecimal(const QString& text)
 double decimalValue(const QString& text)
 {
     const QString trimmed = text.trimmed();
-    const auto marks = trimmed.count(u'.') + trimmed.count(u',');
+    const auto marks =
+        trimmed.count(u'.') + trimmed.count(u',') + trimmed.count(kArabicDecimalMark);
     bool isNumber = false;
     double value = 0;
     if (marks <= 1) {
-        const QString pointed = QString(trimmed).replace(u',', u'.');
+        const QString pointed =
+            QString(trimmed).replace(u',', u'.').replace(kArabicDecimalMark, u'.');
         value = looksDecimal(pointed) ? QLocale::c().toDouble(pointed, &isNumber) : 0;
     }
     if (!isNumber) {

@@ -31,9 +31,9 @@ inline constexpr char16_t kDurationPicture[] = u"#####0.00";  // length of clip
 /// for infinities and not-a-numbers.
 [[nodiscard]] QString decimalText(double value);
 
-/// Reads a decimal text (a time, a position, a volume): blanks cut; one single "." or "," is the
-/// decimal mark whatever the locale; anything else by the user's locale. Raises 13 for what is no
-/// number, for infinities, not-a-numbers and hexadecimal.
+/// Reads a decimal text (a time, a position, a volume): blanks cut; one single ".", "," or U+066B
+/// is the decimal mark whatever the locale; anything else by the user's locale. Raises 13 for what
+/// is no number, for infinities, not-a-numbers and hexadecimal.
 [[nodiscard]] double decimalValue(const QString& text);
 
 /// Reads a count: as a number, rounded half to even. Raises 13 or 6.

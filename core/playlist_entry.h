@@ -20,9 +20,10 @@ struct ClipEntry
 /// One packet. Clips counts from 1 for every caller: use clip().
 struct PlaylistEntry
 {
-    QString Title;   // the packet's line
-    QString Picture; // picture file of the group entry; empty when opened by itself
-    Int16 ClipCount; // number of entries of Clips
+    QString Title;         // the packet's line
+    QString Picture;       // picture file of the group entry; empty when opened by itself
+    QString PictureFolder; // folder of the group, with its separator: where Picture is looked for
+    Int16 ClipCount;       // number of entries of Clips
     Flag16 HasBrakes;
     QString MediaFile;            // brake packets: the one media file
     std::vector<ClipEntry> Clips; // entry 1 is Clips[0]

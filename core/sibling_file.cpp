@@ -24,6 +24,13 @@ static QByteArray siblingPath(const QByteArray& target)
     return folder + '.' + name.toUtf8() + ".new";
 }
 
+/// Takes the lock. False when somebody else has it; where the file system knows no locks nobody
+/// has.
+static bool isNobodyElses(const Descriptor& file)
+{
+    return file.lock(LOCK_EX | LOCK_NB) || errno != EWOULDBLOCK;
+}
+
 /// Removes what a killed writer left. False when a living writer holds it.
 static bool removeLeftOver(const QByteArray& path)
 {
@@ -31,7 +38,7 @@ static bool removeLeftOver(const QByteArray& path)
     if (!leftOver.isOpen()) {
         return errno == ENOENT;
     }
-    if (!leftOver.lock(LOCK_EX | LOCK_NB)) {
+    if (!isNobodyElses(leftOver)) {
         return false;
     }
     const std::optional<struct stat> there = statusOf(path);
@@ -54,7 +61,7 @@ std::optional<SiblingFile> SiblingFile::create(const QByteArray& target)
         Descriptor file = Descriptor::open(path, O_RDWR | O_CREAT | O_EXCL, kSiblingMode);
         if (file.isOpen()) {
             SiblingFile sibling(target, path, std::move(file));
-            if (sibling.m_file.lock(LOCK_EX | LOCK_NB) && sibling.isAtItsPath()) {
+            if (isNobodyElses(sibling.m_file) && sibling.isAtItsPath()) {
                 return sibling;
             }
         } else if (errno != EEXIST || !removeLeftOver(path)) {

@@ -8,8 +8,7 @@
 #include "model/tree_lines.h"
 #include "platform/process/media_locator.h"
 
-#include <QDir>
-#include <QFile>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <iterator>
@@ -37,6 +36,15 @@ void clearPlaylist(PlaylistState& playlist)
     ++playlist.revision;
     playlist.Playlist.clear();
     playlist.PlaylistCount = 0;
+}
+
+void openFolderOf(PlaylistState& playlist, const QString& path)
+{
+    const QString folder = folderOfPath(path);
+    if (!QFileInfo(folder).isDir()) {
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    }
+    playlist.PacketFolder = folder;
 }
 
 enum class Placing

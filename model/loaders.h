@@ -22,6 +22,11 @@ void appendClip(PlaylistState& playlist, Int16 p, const QString& path, const QSt
 /// A new packet without clips, titled as one opened by itself; returns its number.
 Int16 appendEmptyPacket(PlaylistState& playlist);
 
+/// The folder of the file at path becomes the one opened last, below which loose clips are looked
+/// for. The process's own folder stays as it is: it would keep a medium from being unmounted.
+/// Raises 76 when there is no such folder.
+void openFolderOf(PlaylistState& playlist, const QString& path);
+
 /// Nothing is open any more.
 void clearPlaylist(PlaylistState& playlist);
 

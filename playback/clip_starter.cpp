@@ -63,8 +63,8 @@ void ClipStarter::showPicture(Int16 p)
 {
     const PlaylistEntry& packet = m_context.module.playlist.packet(p);
     const bool hasPicture = !packet.Picture.isEmpty() && packet.Picture != kNoPicture;
-    m_context.video.setStillPicture(hasPicture ? m_context.locate(packet.Picture, packet)
-                                               : QString());
+    m_context.video.setStillPicture(
+        hasPicture ? m_context.findFile(packet.Picture, packet.PictureFolder) : QString());
 }
 
 /// Of the entry that is current until now, not of the one being started.

@@ -61,8 +61,8 @@ bool EngineContext::areBrakesLoaded() const
 
 QString EngineContext::locate(const QString& pathText, const PlaylistEntry& packet) const
 {
-    const QString file = findFile(pathText, packet.Folder);
-    return file.isEmpty() ? findFile(pathText, module.playlist.PacketFolder) : file;
+    const bool loose = packet.Folder.isEmpty();
+    return findFile(pathText, loose ? module.playlist.PacketFolder : packet.Folder);
 }
 
 int EngineContext::moveListCursor(Cursor place)

@@ -63,8 +63,8 @@ struct EngineContext
     [[nodiscard]] bool areBrakesLoaded() const;
     /// The same, and the player still has it.
     [[nodiscard]] bool areBrakesPlaying() const;
-    /// Below the packet's folder, then below the folder of what was opened last; empty when there
-    /// is no such file.
+    /// Below the packet's folder, for loose clips below the folder of what was opened last; empty
+    /// when there is no such file.
     [[nodiscard]] QString locate(const QString& pathText, const PlaylistEntry& packet) const;
     /// Moves the list's cursor to line q below packet p's header. Returns the line, -1 for none.
     int moveListCursor(Cursor place);

@@ -6,7 +6,7 @@
 #include "platform/process/hand_over_queue.h"
 #include "playback/event_wait.h"
 
-#include <QDir>
+#include <QFileInfo>
 
 namespace orvanta {
 
@@ -50,37 +50,39 @@ void HandOverDrain::showProgram()
     }
 }
 
-/// The first entry replaces the playlist, the others append to it.
-void HandOverDrain::open(const QStringList& lines)
-{
-    m_context.supersede();
-    makeFolderOfFirstCurrent(lines);
-    clearPlaylist(m_context.module.playlist);
-    m_loosePacket = 0;
-    for (const QString& line : lines) {
-        resumeNext("queued file", [&] { append(line); });
-    }
-    m_context.setCursor({1, 1});
-}
-
 static QString withoutQuotes(const QString& line)
 {
     const bool quoted = line.size() >= 2 && line.startsWith(u'"') && line.endsWith(u'"');
     return quoted ? line.mid(1, line.size() - 2) : line;
 }
 
-/// Later lines may name their files relative to it. A folder that is not there changes nothing.
-void HandOverDrain::makeFolderOfFirstCurrent(const QStringList& lines)
+/// Launches queue absolute paths; other writers of the queue may mean the folder of their first.
+static QString belowFolder(const QString& path, const QString& folder)
 {
-    const QString folder = lines.isEmpty() ? QString() : folderOfPath(withoutQuotes(lines.first()));
-    if (!folder.isEmpty()) {
-        QDir::setCurrent(folder);
-    }
+    const QString below = joinPath(folder, path);
+    return !path.startsWith(u'/') && QFileInfo(below).isAbsolute() && QFileInfo::exists(below)
+               ? below
+               : path;
 }
 
-void HandOverDrain::append(const QString& line)
+/// The first entry replaces the playlist, the others append to it.
+void HandOverDrain::open(const QStringList& lines)
 {
-    const QString path = withoutQuotes(line);
+    m_context.supersede();
+    PlaylistState& playlist = m_context.module.playlist;
+    const QString first = withoutQuotes(lines.value(0));
+    resumeNext("folder of the queue", [&] { openFolderOf(playlist, first); });
+    clearPlaylist(playlist);
+    m_loosePacket = 0;
+    const QString folder = folderOfPath(first);
+    for (const QString& line : lines) {
+        resumeNext("queued file", [&] { append(belowFolder(withoutQuotes(line), folder)); });
+    }
+    m_context.setCursor({1, 1});
+}
+
+void HandOverDrain::append(const QString& path)
+{
     const QString kind = kindOfPath(path);
     if (const auto folder = folderOfLine(path)) {
         appendFolder(*folder);

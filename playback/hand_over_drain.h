@@ -21,8 +21,7 @@ public:
 private:
     void showProgram();
     void open(const QStringList& lines);
-    static void makeFolderOfFirstCurrent(const QStringList& lines);
-    void append(const QString& line);
+    void append(const QString& path);
     void appendFolder(const QString& folder);
     void appendLooseClip(const QString& file);
     void playOrRest();

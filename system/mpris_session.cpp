@@ -22,7 +22,7 @@ static bool contains(const PlaylistState& playlist, Cursor place)
 
 static QString artUrl(const PlaylistEntry& packet)
 {
-    const QString file = locateFile(packet.Picture, packet.Folder);
+    const QString file = locateFile(packet.Picture, packet.PictureFolder);
     return file.isEmpty() ? QString() : QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded);
 }
 

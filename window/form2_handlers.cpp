@@ -12,7 +12,6 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QCursor>
-#include <QDir>
 #include <QLineEdit>
 #include <QMenu>
 #include <QWindow>
@@ -116,10 +115,8 @@ void Form2::Form2_Image14_Click()
 // Only the last character decides, and only the small letter.
 void Form2::openPacketOrGroup(const QString& path)
 {
-    if (!QDir::setCurrent(folderOfPath(path))) {
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    }
     PlaylistState& playlist = m_services.module.playlist;
+    openFolderOf(playlist, path);
     if (path.endsWith(u'l')) {
         open([&playlist, path] { OpenPacket(playlist, path); });
     } else {

@@ -1,6 +1,7 @@
 // The main window's keys, and files dropped on its playlist.
 #include "core/paths.h"
 #include "model/drop.h"
+#include "model/loaders.h"
 #include "platform/screen/busy_cursor.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/typed_key.h"
@@ -8,7 +9,6 @@
 #include "window/playlist_list.h"
 #include "window/skin_button.h"
 
-#include <QDir>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -73,10 +73,8 @@ void Form2::pressCommonKey(CommonKey key)
 // Nothing is trapped here: a packet that is none ends the program.
 void Form2::Form2_List1_OLEDragDrop(const QStringList& files)
 {
-    if (!QDir::setCurrent(folderOfPath(files.front()))) {
-        throw RuntimeError(ErrorNumber::PathNotFound);
-    }
     Module1& module = m_services.module;
+    openFolderOf(module.playlist, files.front());
     module.playlist.OpenedFromExplorer = false;
     DropResult result;
     runWithBusyCursor([&] { result = applyDrop(module.playlist, files, module.TypePattern); });

@@ -2,6 +2,7 @@
 
 #include "core/log.h"
 #include "core/paths.h"
+#include "core/run_time_error.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -57,6 +58,17 @@ QString applicationFolder()
     }
     installDefaultSettings(folder);
     return folder;
+}
+
+void requireSettings(const QString& folder)
+{
+    if (!QFileInfo(folder).isDir()) {
+        throw RuntimeError(ErrorNumber::PathNotFound);
+    }
+    const QFileInfo settings(settingsIn(folder));
+    if (!settings.isFile() || !settings.isReadable()) {
+        throw RuntimeError(ErrorNumber::PathFileAccessError);
+    }
 }
 
 /// Those of the installation, which its administrator may have changed; else the built-in ones.

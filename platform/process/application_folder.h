@@ -9,6 +9,10 @@ namespace orvanta {
 /// orvanta.ini; else $XDG_DATA_HOME/orvanta. Created, with default settings, on first use.
 [[nodiscard]] QString applicationFolder();
 
+/// Raises 76 when the application folder is not there and could not be made, 75 when it holds no
+/// settings that can be read: whoever went on would wait for them for ever.
+void requireSettings(const QString& folder);
+
 /// Something that lies beside the program and is only read ("\icons\", "\help_eng.htm"): looked up
 /// in the application folder, then in the installed one. The first place when it is nowhere.
 [[nodiscard]] QString installedFile(const QString& folder, const QString& name);

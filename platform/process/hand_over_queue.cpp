@@ -94,9 +94,14 @@ void HandOverQueue::waitUntilFree() const
     bool said = false;
     while (!isFree()) {
         freeAfterKilledDrain();
-        if (!said && waiting.hasExpired(kPatienceMs)) {
-            sayThatWeWait(m_settingsFile);
-            said = true;
+        if (waiting.hasExpired(kPatienceMs)) {
+            if (!said) {
+                sayThatWeWait(m_settingsFile);
+                said = true;
+            }
+            if (freeWhenNobodyHolds()) {
+                return;
+            }
         }
         QThread::msleep(kReadPauseMs);
     }
@@ -111,6 +116,22 @@ void HandOverQueue::freeAfterKilledDrain() const
         WriteIni(kQueue, kBusyFlag, u"0"_s, m_settingsFile);
         lock.setMark(false);
     }
+}
+
+/// "wr" that is absent, or left behind by who took no lock, would be waited for without end. False
+/// while a living process holds the queue.
+bool HandOverQueue::freeWhenNobodyHolds() const
+{
+    FileLock lock(lockFile());
+    if (lock.tryLock() == FileLock::Outcome::Busy) {
+        return false;
+    }
+    if (!isFree()) {
+        qCInfo(logErrors, "nobody holds the hand-over queue: \"wr\" is \"0\" again");
+        WriteIni(kQueue, kBusyFlag, u"0"_s, m_settingsFile);
+        lock.setMark(false);
+    }
+    return true;
 }
 
 /// One atomic replacement, so that a killed launch never leaves "wr" = "1" behind. False when the

@@ -16,9 +16,10 @@ public:
     /// settingsFile: the path of orvanta.ini. The lock file queue.lock lies beside it.
     explicit HandOverQueue(QString settingsFile);
 
-    /// Launch side: waits until "wr" is "0" (says so once on standard error after 5 s), then
-    /// appends the lines as one atomic replacement under the queue's lock. Raises 13 when "num" is
-    /// no number, 9 when it is negative, 6 when it grows over 32767.
+    /// Launch side: waits until "wr" is "0" (after 5 s it says so once on standard error, and sets
+    /// it to "0" itself as soon as no living process holds the queue's lock), then appends the
+    /// lines as one atomic replacement under the queue's lock. Raises 13 when "num" is no number, 9
+    /// when it is negative, 6 when it grows over 32767.
     void append(const QStringList& lines);
 
     /// "num" is neither "0" nor absent. One cheap read, for the tick.
@@ -53,6 +54,7 @@ private:
     [[nodiscard]] bool isFree() const;
     void waitUntilFree() const;
     void freeAfterKilledDrain() const;
+    [[nodiscard]] bool freeWhenNobodyHolds() const;
     [[nodiscard]] bool tryAppend(const QStringList& lines) const;
 
     QString m_settingsFile;

@@ -31,9 +31,11 @@ static bool isRegularFile(const QString& path)
     return ::stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
+/// "C:\Clips\a.avi"; but "A: intro.mp3" is a name.
 static bool hasDriveLetter(const QString& pathText)
 {
-    return pathText.size() > 1 && pathText[0].isLetter() && pathText[1] == u':';
+    return pathText.size() > 2 && pathText[0].isLetter() && pathText[1] == u':' &&
+           (pathText[2] == u'\\' || pathText[2] == u'/');
 }
 
 /// "http://host/a.avi", "lavf://...": two letters or more, a colon and a slash.

@@ -90,6 +90,15 @@ TEST_F(GroupFiles, RelativeMembersLieBelowTheGroupsFolder)
     EXPECT_EQ(packets.at(0).clip(1).Text, u"X"_s);
 }
 
+TEST_F(GroupFiles, ALetterAndAColonWithoutASlashAreNoDrive)
+{
+    const QString group = put(u"a.vxg"_s, "[main]\nfiles=1\n[file1]\npath=A: week.vxl\n");
+    writeClipListPacket(path(u"A: week.vxl"_s), {u"x.avi{}X"_s});
+    std::vector<PlaylistEntry> packets;
+    readGroupInto(packets, group);
+    EXPECT_EQ(packets.at(0).clip(1).Text, u"X"_s);
+}
+
 TEST_F(GroupFiles, AFinderSaysWhereMembersAre)
 {
     writeClipListPacket(path(u"moved.vxl"_s), {u"x.avi{}X"_s});

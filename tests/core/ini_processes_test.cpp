@@ -1,6 +1,12 @@
+#include "core/descriptor.h"
 #include "core/ini.h"
 #include "tests/core/child_process.h"
 #include "tests/core/test_folder.h"
+
+#include <chrono>
+#include <fcntl.h>
+#include <future>
+#include <sys/file.h>
 
 namespace orvanta {
 
@@ -39,6 +45,22 @@ TEST_F(IniProcesses, TwoProgramsThatWriteDifferentKeysLoseNothing)
     EXPECT_EQ(countMissing(file, u"first"_s, u"a"_s, kKeys), 0);
     EXPECT_EQ(countMissing(file, u"second"_s, u"b"_s, kKeys), 0);
     EXPECT_EQ(countMissing(file, u"second"_s, u"c"_s, kKeys), 0);
+}
+
+TEST_F(IniProcesses, AForeignLockDelaysButNeverStops)
+{
+    const QString file = put(u"a.ini"_s, "[main]\r\nk=1\r\n");
+    Descriptor foreign = Descriptor::open(QFile::encodeName(file), O_RDWR);
+    ASSERT_TRUE(foreign.lock(LOCK_EX | LOCK_NB));
+    auto value = std::async(std::launch::async, [&] {
+        QString before = ReadIni(u"main"_s, u"k"_s, file);
+        WriteIni(u"main"_s, u"k"_s, u"2"_s, file);
+        return before;
+    });
+    EXPECT_EQ(value.wait_for(std::chrono::seconds(60)), std::future_status::ready);
+    foreign.close(); // also lets go who would wait for ever
+    EXPECT_EQ(value.get(), u"1"_s);
+    EXPECT_EQ(ReadIni(u"main"_s, u"k"_s, file), u"2"_s);
 }
 
 TEST_F(IniProcesses, ProgramsThatCreateTheSameFileLoseNothing)

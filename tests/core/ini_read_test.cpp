@@ -86,6 +86,26 @@ TEST_F(ReadingIni, LineBreaksInNamesReadAsTheyAreWritten)
     EXPECT_EQ(ReadIni(u"pos"_s, u"two lines"_s, file), u"12.5"_s);
 }
 
+TEST_F(ReadingIni, AKeyTextFindsItsValueWhateverBlankStandsBehindIt)
+{
+    const QString file = path(u"a.ini"_s);
+    for (const QString& blank : {u"\t"_s, u"\v"_s, u"\r"_s, u"\n"_s, u"\r\n"_s, u" \t "_s}) {
+        for (const QString& name : {u"intro"_s, u"Урок"_s}) {
+            const QString key = name + blank + QString::number(blank.front().unicode());
+            WriteIni(u"pos"_s, key + blank, u"12.5"_s, file);
+            EXPECT_EQ(ReadIni(u"pos"_s, key + blank, file), u"12.5"_s) << key.toStdString();
+        }
+    }
+}
+
+TEST_F(ReadingIni, ASecondWriteWithATabBehindTheKeyChangesTheSameLine)
+{
+    const QString file = path(u"a.ini"_s);
+    WriteIni(u"pos"_s, u"intro\t"_s, u"1"_s, file);
+    WriteIni(u"pos"_s, u"intro\t"_s, u"2"_s, file);
+    EXPECT_EQ(bytesOf(path(u"a.ini"_s)).count("intro"), 1);
+}
+
 TEST_F(ReadingIni, UnicodeNamesAreComparedWithoutCase)
 {
     const QString file = path(u"a.ini"_s);

@@ -59,6 +59,16 @@ TEST(RoundToInt16, OverflowsOutsideSixteenBits)
     }
 }
 
+TEST(DecimalText, TheFifteenthDigitRoundsHalfAwayFromZero)
+{
+    EXPECT_EQ(decimalText(123456789012344.5), u"123456789012345"_s);
+    EXPECT_EQ(decimalText(-123456789012344.5), u"-123456789012345"_s);
+    EXPECT_EQ(decimalText(0.1 + 0.2), u"0.3"_s);
+    EXPECT_EQ(decimalText(0.99999999999999999), u"1"_s);
+    EXPECT_EQ(decimalText(std::numeric_limits<double>::max()), u"1.79769313486232E+308"_s);
+    EXPECT_EQ(decimalText(std::numeric_limits<double>::denorm_min()), u"4.94065645841247E-324"_s);
+}
+
 TEST(DecimalText, ReadsBackTheSame)
 {
     const UserLocale russian(u"ru_RU"_s);
@@ -86,6 +96,13 @@ TEST(DecimalValue, OneMarkIsTheDecimalMarkWhateverTheLocale)
                 << row.text.toStdString() << " in " << locale.toStdString();
         }
     }
+}
+
+TEST(DecimalValue, TheArabicMarkIsADecimalMark)
+{
+    EXPECT_EQ(decimalValue(u"000012\u066B50"_s), 12.5);
+    EXPECT_EQ(errorOf([] { (void)decimalValue(u"1\u066B5\u066B2"_s); }), 13);
+    EXPECT_EQ(errorOf([] { (void)decimalValue(u"1\u066B5.2"_s); }), 13);
 }
 
 TEST(DecimalValue, AnythingElseIsReadByTheLocale)

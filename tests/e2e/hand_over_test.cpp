@@ -1,5 +1,6 @@
 // Later launches: what they hand over, and what becomes of the first instance's window.
 
+#include "platform/process/file_lock.h"
 #include "tests/e2e/support/end_to_end.h"
 
 #include <list>
@@ -114,11 +115,14 @@ TEST_F(HandOver, AQueueLeftByACrashIsDrainedByTheNextInstance)
 TEST_F(HandOver, ALaunchWaitsForABusyQueueAndSaysSo)
 {
     home.set(u"ftl"_s, u"wr"_s, u"1"_s);
+    std::optional<FileLock> holder(home.file(u"queue.lock"_s));
+    ASSERT_EQ(holder->tryLock(), FileLock::Outcome::Held);
     program.start({media(u"video2.mp4"_s)});
     EXPECT_TRUE(program.next(u"waiting.*\"wr\".*orvanta\\.ini"_s));
     EXPECT_EQ(home.get(u"ftl"_s, u"num"_s), u"0"_s);
-    home.set(u"ftl"_s, u"wr"_s, u"0"_s);
-    EXPECT_TRUE(loads(1, 1));
+    EXPECT_EQ(home.get(u"ftl"_s, u"wr"_s), u"1"_s);
+    holder.reset();
+    EXPECT_TRUE(loads(1, 1)) << "nobody holds the queue any more";
 }
 
 TEST_F(HandOver, AHundredLaunchesAtOnceLoseNoLine)

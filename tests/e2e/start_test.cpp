@@ -173,6 +173,17 @@ TEST_F(Start, WithoutAPlayerLibraryTheProgramEndsWithARunTimeErrorReport)
     EXPECT_EQ(program.linesMatching(u"main window shown"_s), QStringList());
 }
 
+TEST_F(Start, SettingsThatCannotBeMadeAreReportedAtOnce)
+{
+    program.setVariable(u"ORVANTA_HOME"_s, u"/proc/nowhere"_s);
+    program.start({media(u"short.wav"_s)});
+    ASSERT_TRUE(program.next(u"^Run-time error '76': Path not found$"_s)) << program.said();
+    window().press(u"OK"_s);
+    ASSERT_TRUE(program.waitForEnd());
+    EXPECT_EQ(program.exitStatus(), 1);
+    EXPECT_EQ(program.linesMatching(u"waiting"_s), QStringList());
+}
+
 TEST_F(Start, WithoutANumberOfTypesTheProgramEndsWithARunTimeErrorReport)
 {
     home.remove(u"num"_s);

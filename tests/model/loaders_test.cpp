@@ -71,6 +71,7 @@ TEST_F(Loaders, AGroupKeepsTheFoldersOfItsPacketsAndItsOwn)
     QDir(folder.path()).mkdir(u"week"_s);
     OpenGroup(playlist, group(u"g.vxg"_s, {clipPacket(u"week/1.vxl"_s)}));
     EXPECT_EQ(playlist.packet(1).Folder, folder.path() + u"/week/"_s);
+    EXPECT_EQ(playlist.packet(1).PictureFolder, folder.path() + u'/');
     EXPECT_EQ(playlist.PacketFolder, folder.path() + u'/');
 }
 

@@ -38,7 +38,7 @@ TEST_F(Starting, ShowsTheLooksOfThePlayingState)
     EXPECT_TRUE(view.looks.pauseSwapped);
 }
 
-TEST_F(Starting, ARelativePathIsMeantBelowThePacketsFolderElseBelowTheOneOpenedLast)
+TEST_F(Starting, ARelativePathIsMeantBelowThePacketsFolderLooseOnesBelowTheOneOpenedLast)
 {
     QDir(home.path()).mkdir(u"lesson"_s);
     file(u"lesson/one.avi"_s);
@@ -51,6 +51,33 @@ TEST_F(Starting, ARelativePathIsMeantBelowThePacketsFolderElseBelowTheOneOpenedL
         play(addPacket(packet), 1);
         EXPECT_EQ(control.FileName(), path(folder.isEmpty() ? u"one.avi"_s : u"lesson/one.avi"_s));
     }
+}
+
+TEST_F(Starting, AClipThatItsPacketLacksIsNotTakenFromAnotherPacketsFolder)
+{
+    QDir(home.path()).mkdir(u"l1"_s);
+    QDir(home.path()).mkdir(u"l2"_s);
+    file(u"l2/intro.mp3"_s);
+    module.playlist.PacketFolder = path(u"l2/"_s);
+    PlaylistEntry packet;
+    packet.Folder = path(u"l1/"_s);
+    packet.Clips.push_back({.Time = {}, .Text = {}, .Path = u"intro.mp3"_s});
+    engine->ListClick(addPacket(packet), 1);
+    EXPECT_EQ(loads(), 0);
+}
+
+TEST_F(Starting, AGroupsPictureIsLookedForInTheGroupsFolderWhateverIsOpenedLater)
+{
+    QDir(home.path()).mkdir(u"lesson"_s);
+    const QString picture = file(u"cover.png"_s);
+    addClips({u"one"_s});
+    PlaylistEntry& packet = module.playlist.packet(1);
+    packet.Folder = path(u"lesson/"_s);
+    packet.Picture = u"cover.png"_s;
+    packet.PictureFolder = home.path() + u'/';
+    module.playlist.PacketFolder = path(u"lesson/"_s);
+    play(1, 1);
+    EXPECT_EQ(video.stillPicture, picture);
 }
 
 TEST_F(Starting, ShowsThePictureOfThePacketAndClearsItWhereThereIsNone)

@@ -7,9 +7,6 @@ namespace orvanta::test {
 class HandOver : public EngineTest
 {
 protected:
-    // A drain makes a folder of the test's own the current one, and that folder goes.
-    ~HandOver() override { QDir::setCurrent(QDir::rootPath()); }
-
     void serve(const QStringList& lines)
     {
         queue(lines);
@@ -208,9 +205,13 @@ TEST_F(HandOver, LaterLinesAreMeantBelowTheFolderOfTheFirst)
 {
     const QString first = packetFile(u"first.vxl"_s, u"one"_s);
     packetFile(u"second.vxl"_s, u"two"_s);
-    serve({first, u"second.vxl"_s});
-    ASSERT_EQ(packets(), 2);
+    const QString clip = file(u"loose.avi"_s);
+    const QString before = QDir::currentPath();
+    serve({first, u"second.vxl"_s, u"loose.avi"_s});
+    ASSERT_EQ(packets(), 3);
     EXPECT_EQ(entry(2).clip(1).Text, u"two");
+    EXPECT_EQ(entry(3).clip(1).Path, clip);
+    EXPECT_EQ(QDir::currentPath(), before);
 }
 
 } // namespace orvanta::test

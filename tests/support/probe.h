@@ -12,15 +12,21 @@ inline QString builtProgram(const char* name)
     return QStringLiteral(ORVANTA_BUILD_DIR "/") + QString::fromUtf8(name);
 }
 
-/// Puts a player library that cannot be used in front of the real one. how: "old", "none".
-inline void preloadUnusablePlayer(QProcessEnvironment& variables, const QString& how)
+/// Puts a built library in front of the real ones.
+inline void preload(QProcessEnvironment& variables, const char* library)
 {
-    variables.insert(QStringLiteral("LD_PRELOAD"), builtProgram("unusable_player.so"));
-    variables.insert(QStringLiteral("UNUSABLE_PLAYER"), how);
+    variables.insert(QStringLiteral("LD_PRELOAD"), builtProgram(library));
     // The address sanitizer wants to be the first library, and needs not be.
     const QString options = variables.value(QStringLiteral("ASAN_OPTIONS"));
     variables.insert(QStringLiteral("ASAN_OPTIONS"),
                      options + QStringLiteral(":verify_asan_link_order=0"));
+}
+
+/// Puts a player library that cannot be used in front of the real one. how: "old", "none".
+inline void preloadUnusablePlayer(QProcessEnvironment& variables, const QString& how)
+{
+    preload(variables, "unusable_player.so");
+    variables.insert(QStringLiteral("UNUSABLE_PLAYER"), how);
 }
 
 /// Ends the process with the test, whatever happens.

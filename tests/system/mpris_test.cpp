@@ -141,12 +141,14 @@ TEST_F(Mpris, ThePacketsPictureIsTheArt)
 {
     PlaylistEntry packet;
     packet.Title = u"Lesson"_s;
-    packet.Picture = file(u"cover picture.jpg"_s);
+    const QString picture = file(u"cover picture.jpg"_s);
+    packet.Picture = u"cover picture.jpg"_s;
+    packet.PictureFolder = home.path() + u'/';
     packet.Clips.push_back({.Time = {}, .Text = u"one"_s, .Path = file(u"one.avi"_s)});
     addPacket(packet);
     play(1, 1);
     EXPECT_EQ(metadata().value(u"mpris:artUrl"_s).toString(),
-              QUrl::fromLocalFile(packet.Picture).toString(QUrl::FullyEncoded));
+              QUrl::fromLocalFile(picture).toString(QUrl::FullyEncoded));
 }
 
 TEST_F(Mpris, WithoutAClipTheTrackIsNone)

@@ -12,8 +12,6 @@ namespace {
 class DropTest : public Form2Test
 {
 protected:
-    ~DropTest() override { QDir::setCurrent(m_folderBefore); }
-
     void SetUp() override { show(); }
 
     /// The drop's own event; true when the list took it. What follows runs from the queue.
@@ -44,9 +42,6 @@ protected:
     [[nodiscard]] QString clip(const QString& name) const { return home.write(name, "media"); }
 
     const PlaylistEntry& packet(Int16 p) { return module.playlist.packet(p); }
-
-private:
-    QString m_folderBefore = QDir::currentPath();
 };
 
 TEST_F(DropTest, ThreeClipsOnAnEmptyListMakeOnePacketInReverseOrder)
@@ -77,11 +72,13 @@ TEST_F(DropTest, TextsAndPicturesAreNotTaken)
     EXPECT_FALSE(drop(data));
 }
 
-TEST_F(DropTest, TheFirstFilesFolderBecomesTheCurrentFolder)
+TEST_F(DropTest, TheFirstFilesFolderIsTheOneOpenedLastAndTheProgramsOwnStays)
 {
     ASSERT_TRUE(QDir(home.path()).mkpath(u"first"_s));
+    const QString before = QDir::currentPath();
     dropFiles({clip(u"first/a.avi"_s), clip(u"b.avi"_s)});
-    EXPECT_EQ(QDir::currentPath(), QDir(home.file(u"first"_s)).canonicalPath());
+    EXPECT_EQ(module.playlist.PacketFolder, home.file(u"first/"_s));
+    EXPECT_EQ(QDir::currentPath(), before);
 }
 
 TEST_F(DropTest, MarksAndTheCurrentLineStayWhenTheListGrows)

@@ -10,10 +10,6 @@ class Opening : public Form2Test
 {
 protected:
     void SetUp() override { show(); }
-    void TearDown() override { QDir::setCurrent(m_folderBefore); }
-
-private:
-    QString m_folderBefore = QDir::currentPath();
 };
 
 TEST_F(Opening, OpenClipAsksForSeveralFilesOfTheRegisteredTypes)
@@ -92,11 +88,13 @@ TEST_F(Opening, AnyOtherNameIsAGroup)
     }
 }
 
-TEST_F(Opening, TheChosenFilesFolderBecomesTheCurrentOne)
+TEST_F(Opening, TheProgramsOwnFolderStaysSoThatAMediumCanBeUnmounted)
 {
+    const QString before = QDir::currentPath();
     pickers.answer = {writePacket(u"lesson.vxl"_s, {u"one"_s})};
     click(window->Image14);
-    EXPECT_EQ(QDir::current().canonicalPath(), QDir(home.path()).canonicalPath());
+    EXPECT_EQ(module.playlist.PacketFolder, home.path() + u'/');
+    EXPECT_EQ(QDir::currentPath(), before);
 }
 
 TEST_F(Opening, ALoaderThatFailsEndsTheOpeningSilentlyAndTheTreeShowsWhatWasRead)

@@ -1,4 +1,5 @@
 #include "platform/process/application_folder.h"
+#include "tests/support/error_of.h"
 #include "tests/support/settings_folder.h"
 
 #include <QDir>
@@ -49,6 +50,20 @@ TEST(ApplicationFolder, TheVariableDecides)
     const Variable home("ORVANTA_HOME", folder.file(u"new/home"_s));
     EXPECT_EQ(applicationFolder(), folder.file(u"new/home"_s));
     EXPECT_TRUE(QFileInfo(folder.file(u"new/home/orvanta.ini"_s)).isFile());
+}
+
+TEST(ApplicationFolder, SettingsThatCannotBeMadeAreAnErrorAtOnce)
+{
+    const Variable home("ORVANTA_HOME", u"/proc/nowhere"_s);
+    EXPECT_EQ(errorOf([] { requireSettings(applicationFolder()); }), 76);
+}
+
+TEST(ApplicationFolder, WhatIsNoFileInThePlaceOfTheSettingsIsAnAccessError)
+{
+    const SettingsFolder folder{QByteArray()};
+    QDir(folder.path()).mkdir(u"orvanta.ini"_s);
+    const Variable home("ORVANTA_HOME", folder.path());
+    EXPECT_EQ(errorOf([] { requireSettings(applicationFolder()); }), 75);
 }
 
 TEST(ApplicationFolder, ARelativeVariableIsMadeAbsolute)

@@ -43,6 +43,7 @@ TEST_F(LocateFile, PathsAreAbsoluteOrBelowThePacketsFolder)
         {"a relative one is below the folder", u"packet/sub/a.avi"_s, u"sub/a.avi"_s},
         {"also with a backslash", u"packet/sub/a.avi"_s, u"sub\\a.avi"_s},
         {"a name that holds a backslash comes first", u"packet/sub\\a.avi"_s, u"sub\\a.avi"_s},
+        {"a letter and a colon are no drive", u"packet/A: intro.mp3"_s, u"A: intro.mp3"_s},
         {"blanks and other alphabets", u"packet/Мой клип 1.avi"_s, u"Мой клип 1.avi"_s},
     };
     for (const Row& row : rows) {

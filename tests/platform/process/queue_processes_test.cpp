@@ -114,6 +114,8 @@ TEST_F(QueueProcesses, ALaunchWaitsWhileTheFlagIsSet)
 TEST_F(QueueProcesses, ALaunchWaitsWhileTheFlagIsAbsentAndSaysSoOnceAfterFiveSeconds)
 {
     set(u"wr"_s, {});
+    auto holder = std::make_unique<FileLock>(folder.file(u"queue.lock"_s));
+    ASSERT_EQ(holder->tryLock(), FileLock::Outcome::Held);
     QElapsedTimer waiting;
     Probe launch;
     waiting.start();
@@ -124,10 +126,43 @@ TEST_F(QueueProcesses, ALaunchWaitsWhileTheFlagIsAbsentAndSaysSoOnceAfterFiveSec
     EXPECT_TRUE(line.contains(folder.ini().toUtf8())) << line.constData();
     EXPECT_TRUE(line.contains("\"wr\"")) << line.constData();
     EXPECT_TRUE(line.contains("[ftl]")) << line.constData();
+    EXPECT_FALSE(launch.waitForFinished(200));
+    EXPECT_EQ(folder.value("ftl", "wr"), QString()) << "a living process holds the queue";
     set(u"wr"_s, u"0"_s);
+    holder.reset();
     ASSERT_TRUE(launch.waitForFinished());
     EXPECT_EQ(launch.readAllStandardError(), QByteArray());
     EXPECT_EQ(folder.value("ftl", "1"), u"/a");
+}
+
+TEST_F(QueueProcesses, AQueueThatNobodyHoldsIsFreedByTheWaitingLaunch)
+{
+    for (const QString& flag : {QString(), u"1"_s, u"no"_s}) {
+        set(u"num"_s, u"0"_s);
+        set(u"wr"_s, flag);
+        Probe launch;
+        launch.startProgram("queue_probe", arguments({u"append"_s, u"/a"_s}));
+        ASSERT_TRUE(launch.waitForFinished()) << flag.toStdString();
+        EXPECT_EQ(launch.exitCode(), 0);
+        EXPECT_EQ(folder.value("ftl", "wr"), u"0");
+        EXPECT_EQ(drained(), QStringList(u"/a"_s));
+    }
+}
+
+TEST_F(QueueProcesses, WhereTheFileSystemKnowsNoLocksALaunchHandsOverWithout)
+{
+    for (const QString& flag : {u"0"_s, QString()}) {
+        set(u"num"_s, u"0"_s);
+        set(u"wr"_s, flag);
+        Probe launch;
+        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        preload(variables, "no_flock.so");
+        launch.setProcessEnvironment(variables);
+        launch.startProgram("queue_probe", arguments({u"append"_s, u"/a"_s}));
+        ASSERT_TRUE(launch.waitForFinished()) << flag.toStdString();
+        EXPECT_EQ(launch.exitCode(), 0);
+        EXPECT_EQ(drained(), QStringList(u"/a"_s));
+    }
 }
 
 TEST_F(QueueProcesses, AWaitingLaunchCanBeEnded)

@@ -98,6 +98,17 @@ TEST_F(TwoInstances, AReleasedPlaceIsFreeWhileTheOldProcessLives)
     startFirst();
 }
 
+TEST_F(TwoInstances, WhereTheFileSystemKnowsNoLocksEveryProcessIsTheFirst)
+{
+    startFirst();
+    Probe next;
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    preload(variables, "no_flock.so");
+    next.setProcessEnvironment(variables);
+    next.startProgram("instance_probe", {folder.path()});
+    EXPECT_EQ(next.nextLine(), "first");
+}
+
 TEST_F(TwoInstances, OfManyStartedAtOnceExactlyOneIsFirst)
 {
     constexpr int kLaunches = 20;
