@@ -146,8 +146,8 @@ void EditorWindow::Command8_Click()
 
 QString EditorWindow::pickFile(const QString& pattern)
 {
-    m_services.pickers.ShowOpenPicker(pattern, false);
-    return m_services.module.picker.PickedFiles.value(1);
+    const bool picked = m_services.pickers.ShowOpenPicker(pattern, false);
+    return picked ? m_services.module.picker.PickedFiles.value(1) : QString();
 }
 
 void EditorWindow::loadList(const QString& pattern, void (*load)(EntryList&, const QString&))
@@ -156,6 +156,7 @@ void EditorWindow::loadList(const QString& pattern, void (*load)(EntryList&, con
         const QString document = pickFile(pattern);
         if (!document.isEmpty()) {
             m_documentFolder = folderOfPath(document);
+            m_documentFile = document;
             List1->change([&](EntryList& list) { load(list, document); });
         }
     });
@@ -163,11 +164,18 @@ void EditorWindow::loadList(const QString& pattern, void (*load)(EntryList&, con
 
 void EditorWindow::save(const QString& pattern, const Write& write)
 {
+    save(pattern, m_documentFile, write);
+}
+
+void EditorWindow::save(const QString& pattern, QString& document, const Write& write)
+{
     trapped("saving from an editor", [&] {
-        m_services.pickers.ShowSavePicker(pattern);
-        const QString& target = m_services.module.picker.SaveFileName;
+        const QString name = nameWithoutExtension(fileNameOfPath(document));
+        m_services.pickers.ShowSavePicker(pattern, name);
+        const QString target = m_services.module.picker.SaveFileName;
         if (!target.isEmpty()) {
             write(target);
+            document = target;
         }
     });
 }

@@ -86,6 +86,9 @@ protected:
     using Write = std::function<void(const QString& target)>;
     /// Writes the file that the user names; a failing step ends it silently.
     void save(const QString& pattern, const Write& write);
+    /// The same for a document of another list than List1. document: the file that was loaded or
+    /// saved last, whose name is proposed; empty before.
+    void save(const QString& pattern, QString& document, const Write& write);
     /// Writes the temporary document and closes; without entries it closes without result.
     void create(const EntryListView& list, const QString& temporaryName, const Write& write);
 
@@ -102,6 +105,7 @@ private:
     EditorServices& m_services;
     WindowTexts m_texts;
     QString m_documentFolder;
+    QString m_documentFile; // loaded into List1, or saved from it, last; empty before
 };
 
 } // namespace orvanta

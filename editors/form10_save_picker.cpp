@@ -17,7 +17,7 @@ namespace orvanta {
 using namespace Qt::StringLiterals;
 
 Form10::Form10(Module1& module, const HandlerBoundary& boundary, const QString& pattern,
-               QWidget* parent)
+               const QString& proposedName, QWidget* parent)
     : PickerWindow(module, boundary, u"Form10", pattern, parent)
 {
     module.picker.SaveFileName.clear();
@@ -28,6 +28,9 @@ Form10::Form10(Module1& module, const HandlerBoundary& boundary, const QString& 
             this->boundary()([this] { Form10_File1_Click(); }));
     connect(Text1, &QLineEdit::textChanged, this, &Form10::showOutlook);
     showStoredFolder();
+    if (!proposedName.isEmpty()) {
+        Text1->setText(proposedName);
+    }
     Text1->setFocus();
     Text1->selectAll();
 }

@@ -98,6 +98,7 @@ void Form5::Form5_Command7_Click()
     }
     const BrakeDocument document = readBrakeDocument(packet);
     m_brakesFolder = folderOfPath(packet);
+    m_brakesFile = packet;
     Text3->show(document.mediaFile);
     openPreview(document.mediaFile, m_brakesFolder);
     List2->change([&](EntryList& list) {
@@ -108,7 +109,7 @@ void Form5::Form5_Command7_Click()
 
 void Form5::Form5_Command16_Click()
 {
-    save(u"*.vxl"_s, [this](const QString& target) { writeBrakes(target); });
+    save(u"*.vxl"_s, m_brakesFile, [this](const QString& target) { writeBrakes(target); });
 }
 
 void Form5::Form5_Command12_Click()

@@ -133,7 +133,8 @@ void PickerWindow::pressOk()
 void PickerWindow::goToTypedPath()
 {
     const TypedPath typed = typedPath(PathBox->text(), File1->folder());
-    if (typed.folder.isEmpty() || !FolderTreeview1->setFolder(typed.folder)) {
+    if (typed.folder.isEmpty() || !leadsSomewhere(typed) ||
+        !FolderTreeview1->setFolder(typed.folder)) {
         PathBox->selectAll();
         return;
     }

@@ -94,9 +94,9 @@ void Form2::Form2_Form_Paint()
 void Form2::Form2_Image8_Click()
 {
     trapped("open clip", [this] {
-        m_services.pickers.ShowOpenPicker(m_services.module.TypePattern, true);
+        const bool picked = m_services.pickers.ShowOpenPicker(m_services.module.TypePattern, true);
         const QStringList clips = m_services.module.picker.PickedFiles.mid(1);
-        if (!clips.value(0).isEmpty()) {
+        if (picked && !clips.value(0).isEmpty()) {
             open([this, clips] { OpenFiles(m_services.module.playlist, clips); });
         }
     });
@@ -105,9 +105,9 @@ void Form2::Form2_Image8_Click()
 void Form2::Form2_Image14_Click()
 {
     trapped("open file", [this] {
-        m_services.pickers.ShowOpenPicker(u"*.vxl;*.vxg"_s, false);
+        const bool picked = m_services.pickers.ShowOpenPicker(u"*.vxl;*.vxg"_s, false);
         const QString path = m_services.module.picker.PickedFiles.value(1);
-        if (!path.isEmpty()) {
+        if (picked && !path.isEmpty()) {
             openPacketOrGroup(path);
         }
     });

@@ -96,6 +96,27 @@ TYPED_TEST(BothEditors, DoNothingWhenAPickerIsCancelled)
               QStringList({u"save *"_s + this->named({}), u"open *"_s + this->named({})}));
 }
 
+TYPED_TEST(BothEditors, LoadNothingFromAPickerThatIsClosedByItsFrame)
+{
+    this->openWith({u"a{}1"_s});
+    this->module.picker.PickedFiles = {QString(), this->put(u"before"_s, "[main]\nfiles=0\n")};
+    this->pickers.closedByFrame = true;
+    this->press(&EditorWindow::Command3);
+    this->expectEntries({u"a{}1"_s});
+}
+
+TYPED_TEST(BothEditors, ProposeTheNameOfTheDocumentThatWasLoadedOrSavedLast)
+{
+    this->open();
+    this->press(&EditorWindow::Command4);
+    this->pickers.answer = {this->put(u"my.lesson.vxx"_s, "[main]\nfiles=0\n")};
+    this->press(&EditorWindow::Command3);
+    this->pickers.saveAnswer = this->room(u"other.vxx"_s);
+    this->press(&EditorWindow::Command4);
+    this->press(&EditorWindow::Command4);
+    EXPECT_EQ(this->pickers.proposals, QStringList({QString(), u"my.lesson"_s, u"other"_s}));
+}
+
 TYPED_TEST(BothEditors, EndLoadingSilentlyAtABadCount)
 {
     for (const QByteArray count : {"abc", "some", "-1", "99999", ""}) {

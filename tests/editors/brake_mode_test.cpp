@@ -197,6 +197,16 @@ TEST_F(BrakeMode, LoadsABrakePacket)
     EXPECT_EQ(pickers.calls, QStringList({u"open *.vxl"_s}));
 }
 
+TEST_F(BrakeMode, ProposesTheNameOfTheBrakePacketThatWasLoaded)
+{
+    open();
+    press(editor->Command16);
+    load(editor->Command7, "[main]\nbrakes=0\n");
+    press(editor->Command16);
+    press(editor->Command4);
+    EXPECT_EQ(pickers.proposals, QStringList({QString(), u"in"_s, QString()}));
+}
+
 TEST_F(BrakeMode, AFileThatHasOnlyTheKeyboardsFocusIsNotTheClip)
 {
     put(u"other.avi"_s);

@@ -197,13 +197,21 @@ TEST_F(OpenPicker, AFileThatIsClickedCountsMoreThanAPathTypedBefore)
 
 TEST_F(OpenPicker, ATypedPathThatIsNotThereChangesNothing)
 {
-    put(u"a.vxl"_s);
+    QDir(room()).mkdir(u"sub"_s);
+    putAll({u"a.vxl"_s, u"b.vxl"_s, u"other.txt"_s, u"sub/a.vxl"_s});
     open();
-    for (const QString& typed : {u"/no/such/folder"_s, room(u"missing.vxl"_s)}) {
+    picker->File1->selectName(u"b.vxl"_s);
+    for (const QString& typed : {u"/no/such/folder"_s, room(u"missing.vxl"_s), u"missing.vxl"_s,
+                                 room(u"other.txt"_s), room(u"sub/missing.vxl"_s)}) {
         typeOver(picker->PathBox, typed);
         QTest::keyClick(picker->PathBox, Qt::Key_Return);
+        press(picker->Command1);
         EXPECT_TRUE(picker->isVisible());
         EXPECT_EQ(picker->File1->folder(), room());
+        EXPECT_EQ(picker->FolderTreeview1->folder(), room());
+        EXPECT_EQ(picker->File1->selectedNames(), QStringList({u"b.vxl"_s}));
+        EXPECT_EQ(picker->PathBox->text(), typed);
+        EXPECT_EQ(picked(), QStringList({QString()}));
     }
 }
 

@@ -13,9 +13,9 @@ namespace {
 class SavePicker : public EditorRoom
 {
 protected:
-    void open(const QString& pattern = u"*.vxl"_s)
+    void open(const QString& pattern = u"*.vxl"_s, const QString& proposedName = {})
     {
-        picker = std::make_unique<Form10>(module, services().boundary, pattern);
+        picker = std::make_unique<Form10>(module, services().boundary, pattern, proposedName);
         picker->show();
     }
     void pressOk() { QTest::mouseClick(picker->Command1, Qt::LeftButton); }
@@ -32,6 +32,16 @@ TEST_F(SavePicker, BeginsWithNoNameAndNothingChosen)
     open();
     EXPECT_EQ(picker->Text1->text(), u"no name"_s);
     EXPECT_EQ(saved(), QString());
+}
+
+TEST_F(SavePicker, BeginsWithTheNameThatItsCallerProposesReadyToBeTypedOver)
+{
+    put(u"lesson.vxl"_s);
+    open(u"*.vxl"_s, u"lesson"_s);
+    EXPECT_EQ(picker->Text1->selectedText(), u"lesson"_s);
+    EXPECT_EQ(picker->Label1->text(), u"This file exists and will be replaced."_s);
+    pressOk();
+    EXPECT_EQ(saved(), room(u"lesson.vxl"_s));
 }
 
 TEST_F(SavePicker, OkGivesFolderNameAndExtensionAndStoresTheFolder)
