@@ -25,7 +25,8 @@ void Form5::Form5_File2_Click()
 {
     List2->change(removeAll);
     openPreview(File2->filePath(), File2->folder());
-    Text3->show(File2->filePath());
+    m_openedClip = File2->filePath();
+    Text3->show(m_openedClip);
 }
 
 void Form5::openPreview(const QString& pathText, const QString& packetFolder)
@@ -99,6 +100,7 @@ void Form5::Form5_Command7_Click()
     const BrakeDocument document = readBrakeDocument(packet);
     m_brakesFolder = folderOfPath(packet);
     m_brakesFile = packet;
+    m_openedClip = document.mediaFile;
     Text3->show(document.mediaFile);
     openPreview(document.mediaFile, m_brakesFolder);
     List2->change([&](EntryList& list) {
@@ -119,8 +121,9 @@ void Form5::Form5_Command12_Click()
 
 void Form5::writeBrakes(const QString& target) const
 {
-    writeBrakePacket(target, File2->filePath(), pathFor(target, m_brakesFolder, Text3->text()),
-                     List2->list().entries);
+    // Not what File2 shows by now: keys and other folders lead away from the clip of the brakes.
+    writeBrakePacket(target, pathFor(target, m_brakesFolder, m_openedClip),
+                     pathFor(target, m_brakesFolder, Text3->text()), List2->list().entries);
 }
 
 void Form5::takeBrakeTimes()

@@ -117,7 +117,8 @@ private:
 
     std::vector<std::optional<double>> m_brakeTimes; // seconds, in the order of List2
     std::optional<double> m_previewSeconds; // where the preview is; none before it has moved
-    QString m_brakesFile;                   // the brake packet loaded or saved last; empty before
+    QString m_openedClip;   // clicked in File2 or named by a loaded packet last; empty before
+    QString m_brakesFile;   // the brake packet loaded or saved last; empty before
     QString m_brakesFolder; // of the brake packet that was loaded last; empty before
     bool m_hasPausedPlayer = false;
 };

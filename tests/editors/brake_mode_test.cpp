@@ -1,5 +1,6 @@
 // Brake mode: the list of brakes, loading and saving it.
 
+#include "editors/folder_tree.h"
 #include "editors/preview_pane.h"
 #include "tests/editors/brake_mode.h"
 
@@ -215,9 +216,31 @@ TEST_F(BrakeMode, AFileThatHasOnlyTheKeyboardsFocusIsNotTheClip)
     ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
     editor->File2->setFocus(Qt::TabFocusReason);
     ASSERT_TRUE(editor->File2->currentIndex().isValid());
-    const QByteArray folder = room().toUtf8() + '/';
-    EXPECT_TRUE(savedBy(editor->Command16)
-                    .contains("[file1]\r\npath=" + folder + "\r\ntext=" + folder + "\r\n"))
+    EXPECT_TRUE(
+        savedBy(editor->Command16).contains("[file1]\r\npath=/c/clip.avi\r\ntext=/c/clip.avi\r\n"))
+        << bytesOf(room(u"out"_s)).constData();
+}
+
+TEST_F(BrakeMode, TheSavedClipIsTheOpenedOneWhateverTheFilesShowByThen)
+{
+    putAll({u"clip.avi"_s, u"other.avi"_s});
+    QDir(room()).mkdir(u"sub"_s);
+    openClip();
+    const QByteArray clip = room(u"clip.avi"_s).toUtf8();
+    const QByteArray expected = "[file1]\r\npath=" + clip + "\r\ntext=" + clip + "\r\n";
+    QTest::keyClick(editor->File2, Qt::Key_Down);
+    ASSERT_EQ(editor->File2->FileName(), u"other.avi"_s);
+    EXPECT_TRUE(savedBy(editor->Command16).contains(expected));
+    editor->FolderTreeview2->setFolder(room(u"sub"_s));
+    ASSERT_EQ(editor->File2->folder(), room(u"sub"_s));
+    EXPECT_TRUE(savedBy(editor->Command16).contains(expected));
+}
+
+TEST_F(BrakeMode, WithNoClipOpenedThePacketNamesNone)
+{
+    put(u"other.avi"_s);
+    open();
+    EXPECT_TRUE(savedBy(editor->Command16).contains("[file1]\r\npath=\r\ntext=\r\n"))
         << bytesOf(room(u"out"_s)).constData();
 }
 

@@ -110,6 +110,26 @@ TEST_F(OpenPicker, WithOneFileAllowedADragSelectsNoMoreThanOne)
     EXPECT_EQ(picker->File1->selectedNames(), QStringList({picker->File1->FileName()}));
 }
 
+TEST_F(OpenPicker, AClickBesideTheNamesDeselectsNothing)
+{
+    putAll({u"a.avi"_s, u"b.avi"_s, u"c.avi"_s});
+    open(u"*.avi"_s, true);
+    clickRow(picker->File1, 0);
+    clickRow(picker->File1, 1, Qt::ControlModifier);
+    QWidget* list = picker->File1->viewport();
+    const QPoint beside = list->rect().bottomRight() - QPoint(4, 4);
+    QTest::mouseClick(list, Qt::LeftButton, {}, beside);
+    QTest::mouseDClick(list, Qt::LeftButton, {}, beside);
+    const QPoint third = picker->File1->visualRect(picker->File1->model()->index(2, 0)).center();
+    QTest::mousePress(list, Qt::LeftButton, {}, beside);
+    QMouseEvent move(QEvent::MouseMove, third, list->mapToGlobal(third), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(list, &move);
+    QTest::mouseRelease(list, Qt::LeftButton, {}, third);
+    EXPECT_EQ(picker->File1->selectedNames(), QStringList({u"a.avi"_s, u"b.avi"_s}));
+    EXPECT_TRUE(picker->isVisible());
+}
+
 TEST_F(OpenPicker, DoubleClickAndEnterAreOk)
 {
     putAll({u"a.vxl"_s, u"b.vxl"_s});
