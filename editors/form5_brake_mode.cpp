@@ -11,6 +11,7 @@
 #include "platform/process/media_locator.h"
 
 #include <QLabel>
+#include <QPushButton>
 
 namespace orvanta {
 
@@ -53,11 +54,31 @@ void Form5::Form5_ActiveMovie1_OpenComplete(double durationSeconds)
 {
     showDuration(durationSeconds);
     Slider1->setSeconds(0);
+    m_chosenSeconds = 0;
     showPosition();
+    showPreviewState();
+}
+
+void Form5::followPreview(double seconds)
+{
+    m_previewSeconds = seconds;
+    markPassedBrake();
+    if (ActiveMovie1->isRunning() && !Slider1->isSliderDown()) {
+        Slider1->setSeconds(seconds);
+        showPosition();
+    }
+}
+
+void Form5::showPreviewState()
+{
+    const auto picture = ActiveMovie1->isRunning() ? ButtonPicture::Pause : ButtonPicture::Play;
+    PreviewButton->setIcon(buttonPicture(picture));
+    PreviewButton->setEnabled(ActiveMovie1->isOpen());
 }
 
 void Form5::Form5_Slider1_Change(double seconds, bool held)
 {
+    m_chosenSeconds = seconds;
     if (held) {
         ActiveMovie1->previewAt(seconds);
     } else {
@@ -69,8 +90,7 @@ void Form5::Form5_Slider1_Change(double seconds, bool held)
 
 void Form5::Form5_Text4_Change()
 {
-    List2->change(
-        [this](EntryList& list) { rebuildBrake(list, Slider1->seconds(), Text4->text()); });
+    List2->change([this](EntryList& list) { rebuildBrake(list, m_chosenSeconds, Text4->text()); });
 }
 
 void Form5::Form5_List2_Click()
@@ -81,6 +101,7 @@ void Form5::Form5_List2_Click()
     }
     // A time that is no number leaves the slider where it is.
     resumeNext("Form5_List2_Click", [&] { Slider1->setSeconds(decimalValue(split.before)); });
+    m_chosenSeconds = Slider1->seconds();
     Text4->show(split.after);
     ActiveMovie1->runFrom(Slider1->seconds());
     showPosition();

@@ -75,7 +75,7 @@ public:
             painter->drawEllipse(QRectF(0.5, 0.5, 15, 15));
             stroke = palette.color(group, QPalette::HighlightedText);
         }
-        paintCheck(*painter, stroke);
+        paintSign(*painter, stroke);
         painter->restore();
     }
 
@@ -89,6 +89,22 @@ public:
     }
 
 private:
+    void paintSign(QPainter& painter, const QColor& colour) const
+    {
+        if (m_picture == ButtonPicture::Play) {
+            QPainterPath triangle(QPointF(4.5, 3));
+            triangle.lineTo(13, 8);
+            triangle.lineTo(4.5, 13);
+            triangle.closeSubpath();
+            painter.fillPath(triangle, colour);
+        } else if (m_picture == ButtonPicture::Pause) {
+            painter.fillRect(QRectF(4, 3, 3, 10), colour);
+            painter.fillRect(QRectF(9, 3, 3, 10), colour);
+        } else {
+            paintCheck(painter, colour);
+        }
+    }
+
     static void paintCheck(QPainter& painter, const QColor& colour)
     {
         QPainterPath check(QPointF(4, 8.4));

@@ -64,6 +64,8 @@ enum class ButtonPicture
 {
     Ok,     // a check mark
     Create, // a check mark in a filled disc
+    Play,   // a triangle
+    Pause,  // two bars
 };
 [[nodiscard]] QIcon buttonPicture(ButtonPicture picture);
 

@@ -196,6 +196,7 @@ constexpr std::array kTexts{
     InterfaceText{u"Form5", u"Text3.label", u"Clip:", u"Клип:"},
     InterfaceText{u"Form5", u"Text4.label", u"Text:", u"Текст:"},
     InterfaceText{u"Form5", u"ActiveMovie1.name", u"Preview", u"Просмотр"},
+    InterfaceText{u"Form5", u"PreviewButton.tip", u"Play or pause", u"Пуск или пауза"},
     InterfaceText{u"Form5", u"Slider1.name", u"Position", u"Позиция"},
     InterfaceText{u"Form5", u"Label1.tip", u"Position", u"Позиция"},
     InterfaceText{u"Form5", u"Label2.tip", u"Length of clip", u"Длина клипа"},

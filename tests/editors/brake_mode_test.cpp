@@ -160,8 +160,8 @@ TEST_F(BrakeMode, TheMarkStaysWithItsBrakeWhenTheListChanges)
     preview->playTo(25);
     press(editor->Command11);
     EXPECT_EQ(editor->List2->markedRow(), 0);
-    press(editor->Command15);
-    EXPECT_EQ(editor->List2->markedRow(), 0);
+    press(editor->Command15); // right where the preview is
+    EXPECT_EQ(editor->List2->markedRow(), 1);
     put(u"other.avi"_s);
     editor->File2->setFolder(room());
     clickRow(editor->File2, 1);
