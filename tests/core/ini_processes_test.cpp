@@ -1,6 +1,6 @@
 #include "core/ini.h"
-#include "tests/core/child_process.h"
 #include "tests/core/test_folder.h"
+#include "tests/support/child_process.h"
 
 namespace orvanta {
 
