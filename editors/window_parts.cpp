@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSplitter>
 
 #include <limits>
@@ -25,25 +26,25 @@ LineBox::LineBox(QWidget* parent)
     : QLineEdit(parent)
 {
     setMaxLength(std::numeric_limits<int>::max());
-    connect(this, &QLineEdit::textChanged, this, &LineBox::keepOneLine);
-    connect(this, &QLineEdit::textEdited, this, [this] {
-        keepOneLine();
-        Q_EMIT edited();
-    });
+    connect(this, &QLineEdit::textChanged, this, &LineBox::takeChange);
 }
 
-void LineBox::keepOneLine()
+// Assistive technology sets the text itself, which is the user's doing like any other.
+void LineBox::takeChange()
 {
     const QString line = onOneLine(text());
     if (line != text()) {
         const int cursor = cursorPosition();
-        setText(line);
+        setText(line); // comes here again
         setCursorPosition(cursor);
+    } else if (!m_isShowing) {
+        Q_EMIT edited();
     }
 }
 
 void LineBox::show(const QString& text)
 {
+    const QScopedValueRollback showing(m_isShowing, true);
     setText(text);
     setCursorPosition(0);
 }

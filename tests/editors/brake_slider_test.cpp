@@ -3,6 +3,7 @@
 #include "editors/preview_pane.h"
 #include "tests/editors/brake_mode.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QPushButton>
 #include <QWheelEvent>
@@ -210,6 +211,21 @@ TEST_F(BrakeMode, TheSliderFollowsTheRunningPreviewAndMovesNoBrake)
     typeOver(editor->Text4, u"b"_s);
     EXPECT_EQ(brakes(), QStringList({u"000010.00{}b"_s}));
     EXPECT_EQ(preview->calls, QStringList({u"Stop"_s, u"seek 10"_s, u"Run"_s}));
+}
+
+TEST_F(BrakeMode, AValueSetByAssistiveTechnologyMovesTheSliderAsTheUserDoes)
+{
+    openClip();
+    setBrakes({u"000010.00{}a"_s});
+    clickRow(editor->List2, 0);
+    preview->calls.clear();
+    QAccessibleInterface* slider = QAccessible::queryAccessibleInterface(editor->Slider1);
+    ASSERT_NE(slider, nullptr);
+    ASSERT_NE(slider->valueInterface(), nullptr);
+    slider->valueInterface()->setCurrentValue(15500);
+    EXPECT_EQ(brakes(), QStringList({u"000015.50{}a"_s}));
+    EXPECT_EQ(preview->calls, QStringList({u"Stop"_s, u"seek 15.5"_s, u"Run"_s}));
+    EXPECT_EQ(editor->Label1->text(), u"15.500"_s);
 }
 
 TEST_F(BrakeMode, AddKeyTakesThePlaceThatIsHeard)
