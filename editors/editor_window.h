@@ -42,13 +42,15 @@ public:
     QPushButton* Command10 = nullptr;      // moves the selected entry down
 
     void reject() override;
-    /// Every way of closing stores the folder of File1.
+    /// Every way of closing stores the folder of File1, unless a picker has stored a later one.
     void done(int result) override;
 
 protected:
     EditorWindow(EditorServices& services, QStringView name, QWidget* parent);
 
     void closeEvent(QCloseEvent* event) override;
+    /// Return presses the button that has the focus; there is no other default.
+    void keyPressEvent(QKeyEvent* event) override;
 
     // Building
     /// list: the folder tree, the file list, the list and its boxes are made inside it.
@@ -105,7 +107,8 @@ private:
     EditorServices& m_services;
     WindowTexts m_texts;
     QString m_documentFolder;
-    QString m_documentFile; // loaded into List1, or saved from it, last; empty before
+    QString m_documentFile;       // loaded into List1, or saved from it, last; empty before
+    bool m_pickerWasLast = false; // a picker has stored its folder since File1's was chosen
 };
 
 } // namespace orvanta

@@ -110,6 +110,18 @@ void Form5::Form5_List2_Click()
 void Form5::Form5_Command15_Click()
 {
     List2->change([this](EntryList& list) { addBrake(list, Slider1->seconds(), Text4->text()); });
+    List2->scrollToBottom();
+    // The next brake's text is typed over this one's.
+    Text4->setFocus();
+    Text4->selectAll();
+}
+
+// With a brake selected the box holds that one's text.
+void Form5::Form5_Text4_Return()
+{
+    if (!List2->list().hasSelection()) {
+        Form5_Command15_Click();
+    }
 }
 
 void Form5::Form5_Command7_Click()

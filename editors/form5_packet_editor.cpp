@@ -64,6 +64,7 @@ void Form5::connectBrakeMode()
     on(List2, &EntryListView::Click, [this](auto&&...) { Form5_List2_Click(); });
     on(List2, &EntryListView::entriesChanged, [this] { takeBrakeTimes(); });
     on(Text4, &LineBox::edited, [this] { Form5_Text4_Change(); });
+    on(Text4, &QLineEdit::returnPressed, [this] { Form5_Text4_Return(); });
     on(Command7, &QPushButton::clicked, [this](auto&&...) { Form5_Command7_Click(); });
     on(Command15, &QPushButton::clicked, [this](auto&&...) { Form5_Command15_Click(); });
     on(Command16, &QPushButton::clicked, [this](auto&&...) { Form5_Command16_Click(); });

@@ -108,6 +108,7 @@ private:
     void followPreview(double seconds);
     void showPreviewState();
     void Form5_Text4_Change();
+    void Form5_Text4_Return();
     void Form5_List2_Click();
     void Form5_Command15_Click();
     void Form5_Command7_Click();

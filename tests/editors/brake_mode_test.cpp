@@ -43,6 +43,37 @@ TEST_F(BrakeMode, AddKeyAppendsAtTheSliderAndLeavesTheListUnsorted)
     EXPECT_EQ(editor->List2->list().selected, -1);
 }
 
+TEST_F(BrakeMode, ANewBrakeIsScrolledIntoSightAndTheNextTextIsTypedOverItsOwn)
+{
+    openClip();
+    QStringList many;
+    for (int i = 0; i < 100; ++i) {
+        many.append(u"000001.00{}%1"_s.arg(i));
+    }
+    setBrakes(many);
+    typeOver(editor->Text4, u"first"_s);
+    press(editor->Command15);
+    const EntryListView& list = *editor->List2;
+    const QRect row = list.visualRect(list.model()->index(100, 0));
+    EXPECT_TRUE(list.viewport()->rect().contains(row));
+    EXPECT_EQ(list.list().selected, -1);
+    EXPECT_EQ(editor->focusWidget(), editor->Text4);
+    QTest::keyClicks(editor->Text4, u"second"_s);
+    QTest::keyClick(editor->Text4, Qt::Key_Return);
+    EXPECT_EQ(brakes().mid(100), QStringList({u"000000.00{}first"_s, u"000000.00{}second"_s}));
+    EXPECT_EQ(editor->Text4->selectedText(), u"second"_s);
+}
+
+TEST_F(BrakeMode, ReturnInTheTextOfASelectedBrakeAddsNone)
+{
+    openClip();
+    setBrakes({u"000010.00{}a"_s});
+    clickRow(editor->List2, 0);
+    typeOver(editor->Text4, u"b"_s);
+    QTest::keyClick(editor->Text4, Qt::Key_Return);
+    EXPECT_EQ(brakes(), QStringList({u"000010.00{}b"_s}));
+}
+
 TEST_F(BrakeMode, EditingTheTextWithNothingSelectedChangesNoBrake)
 {
     openClip();
