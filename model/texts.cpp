@@ -41,6 +41,7 @@ constexpr std::array kTexts{
     InterfaceText{u"Form2", u"Image13.tip", u"Close button", u"Кнопка закрыть"},
     InterfaceText{u"Form2", u"Image2.tip", u"Find", u"Поиск"},
     InterfaceText{u"Form2", u"Text1.tip", u"Find text", u"Искать текст"},
+    InterfaceText{u"Form2", u"Text1.missed", u"Not found", u"Не найдено"},
     InterfaceText{u"Form2", u"Text2.tip", u"Current clip", u"Текущий клип"},
     // Not translated on purpose: the pointer replaces it by the line's text anyway.
     InterfaceText{u"Form2", u"List1.tip", u"Playlist", u"Playlist"},

@@ -15,6 +15,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QMenu>
+#include <QStyle>
 #include <QWindow>
 
 #include <algorithm>
@@ -48,6 +49,7 @@ void Form2::connectHandlers()
     press(Image4, &Form2::Form2_Image4_Click);
     press(Image2, &Form2::Form2_Image2_Click);
     on(Text1, &QLineEdit::returnPressed, [this] { Form2_Image2_Click(); });
+    on(&m_missed, &QTimer::timeout, [this](auto&&...) { sayFound(true); });
     on(List1, &PlaylistList::cursorMoved, [this](int line) { Form2_List1_Click(line); });
     on(List1, &PlaylistList::lineChosen, [this] { Form2_List1_DblClick(); });
     on(List1, &PlaylistList::pointerMoved, [this](int y) { Form2_List1_MouseMove(y); });
@@ -202,6 +204,26 @@ void Form2::Form2_Image2_Click()
     if (row >= 0) {
         m_lastFound = row;
         List1->setCursorLine(row);
+    }
+    sayFound(row >= 0);
+}
+
+constexpr int kMissedMilliseconds = 2000;
+
+// A tint for the eye, the box's description for assistive technology, both for a moment.
+void Form2::sayFound(bool found)
+{
+    const TextLanguage language =
+        textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
+    Text1->setProperty("missed", !found);
+    Text1->style()->unpolish(Text1);
+    Text1->style()->polish(Text1);
+    Text1->setAccessibleDescription(found ? QString()
+                                          : interfaceText(u"Form2", u"Text1.missed", language));
+    if (found) {
+        m_missed.stop();
+    } else {
+        m_missed.start(kMissedMilliseconds);
     }
 }
 
