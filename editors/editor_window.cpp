@@ -2,6 +2,7 @@
 
 #include "core/paths.h"
 #include "editors/file_list_box.h"
+#include "editors/focus_ring.h"
 #include "editors/folder_names.h"
 #include "editors/folder_tree.h"
 #include "platform/screen/window_basics.h"
@@ -9,6 +10,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 
 #include <utility>
@@ -47,6 +49,7 @@ void EditorWindow::setUpControls()
     nameControls(controls());
     applyTexts(controls(), m_texts.language());
     giveRoomAtTheSides(*this);
+    showFocusOfViews(*this);
 }
 
 QBoxLayout* EditorWindow::editRow()
@@ -130,6 +133,7 @@ void EditorWindow::showStoredFolder(FolderTree* tree)
 void EditorWindow::FolderTreeview1_FolderClick(const QString& folder)
 {
     File1->setFolder(folder);
+    m_pickerWasLast = false;
 }
 
 void EditorWindow::Command2_Click()
@@ -146,8 +150,10 @@ void EditorWindow::Command8_Click()
 
 QString EditorWindow::pickFile(const QString& pattern)
 {
-    m_services.pickers.ShowOpenPicker(pattern, false);
-    return m_services.module.picker.PickedFiles.value(1);
+    const bool picked = m_services.pickers.ShowOpenPicker(pattern, false);
+    const QString file = picked ? m_services.module.picker.PickedFiles.value(1) : QString();
+    m_pickerWasLast = m_pickerWasLast || !file.isEmpty();
+    return file;
 }
 
 void EditorWindow::loadList(const QString& pattern, void (*load)(EntryList&, const QString&))
@@ -156,6 +162,7 @@ void EditorWindow::loadList(const QString& pattern, void (*load)(EntryList&, con
         const QString document = pickFile(pattern);
         if (!document.isEmpty()) {
             m_documentFolder = folderOfPath(document);
+            m_documentFile = document;
             List1->change([&](EntryList& list) { load(list, document); });
         }
     });
@@ -163,11 +170,19 @@ void EditorWindow::loadList(const QString& pattern, void (*load)(EntryList&, con
 
 void EditorWindow::save(const QString& pattern, const Write& write)
 {
+    save(pattern, m_documentFile, write);
+}
+
+void EditorWindow::save(const QString& pattern, QString& document, const Write& write)
+{
     trapped("saving from an editor", [&] {
-        m_services.pickers.ShowSavePicker(pattern);
-        const QString& target = m_services.module.picker.SaveFileName;
+        const QString name = nameWithoutExtension(fileNameOfPath(document));
+        m_services.pickers.ShowSavePicker(pattern, name);
+        const QString target = m_services.module.picker.SaveFileName;
         if (!target.isEmpty()) {
+            m_pickerWasLast = true;
             write(target);
+            document = target;
         }
     });
 }
@@ -198,6 +213,17 @@ void EditorWindow::reject()
     }
 }
 
+void EditorWindow::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+    if (isReturn && button != nullptr && !event->isAutoRepeat()) {
+        button->click();
+    } else {
+        QDialog::keyPressEvent(event);
+    }
+}
+
 void EditorWindow::closeEvent(QCloseEvent* event)
 {
     done(Rejected);
@@ -206,7 +232,9 @@ void EditorWindow::closeEvent(QCloseEvent* event)
 
 void EditorWindow::done(int result)
 {
-    m_services.module.settings().setFolder(File1->folder());
+    if (!m_pickerWasLast) {
+        m_services.module.settings().setFolder(File1->folder());
+    }
     QDialog::done(result);
 }
 

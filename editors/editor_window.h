@@ -42,13 +42,15 @@ public:
     QPushButton* Command10 = nullptr;      // moves the selected entry down
 
     void reject() override;
-    /// Every way of closing stores the folder of File1.
+    /// Every way of closing stores the folder of File1, unless a picker has stored a later one.
     void done(int result) override;
 
 protected:
     EditorWindow(EditorServices& services, QStringView name, QWidget* parent);
 
     void closeEvent(QCloseEvent* event) override;
+    /// Return presses the button that has the focus; there is no other default.
+    void keyPressEvent(QKeyEvent* event) override;
 
     // Building
     /// list: the folder tree, the file list, the list and its boxes are made inside it.
@@ -86,6 +88,9 @@ protected:
     using Write = std::function<void(const QString& target)>;
     /// Writes the file that the user names; a failing step ends it silently.
     void save(const QString& pattern, const Write& write);
+    /// The same for a document of another list than List1. document: the file that was loaded or
+    /// saved last, whose name is proposed; empty before.
+    void save(const QString& pattern, QString& document, const Write& write);
     /// Writes the temporary document and closes; without entries it closes without result.
     void create(const EntryListView& list, const QString& temporaryName, const Write& write);
 
@@ -102,6 +107,8 @@ private:
     EditorServices& m_services;
     WindowTexts m_texts;
     QString m_documentFolder;
+    QString m_documentFile;       // loaded into List1, or saved from it, last; empty before
+    bool m_pickerWasLast = false; // a picker has stored its folder since File1's was chosen
 };
 
 } // namespace orvanta

@@ -168,7 +168,10 @@ void EntryListView::clickedAgain(const QModelIndex& index)
 void EntryListView::keyPressEvent(QKeyEvent* event)
 {
     const bool isControl = event->modifiers() == Qt::ControlModifier;
-    if (event->key() == Qt::Key_Delete) {
+    const bool isSpace = event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier;
+    if (isSpace && m_list.hasSelection() && currentIndex().row() == m_list.selected) {
+        event->ignore(); // there is nothing to select: the key is the window's
+    } else if (event->key() == Qt::Key_Delete) {
         Q_EMIT removeWanted();
     } else if (isControl && event->key() == Qt::Key_Up) {
         Q_EMIT moveUpWanted();

@@ -7,6 +7,7 @@
 #include <QAbstractListModel>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QStyle>
 #include <QStyledItemDelegate>
 
@@ -185,6 +186,21 @@ void FileListBox::clickedWithMouse()
     chooseCurrent();
     Q_EMIT Click();
     Q_EMIT fileChosen();
+}
+
+void FileListBox::mousePressEvent(QMouseEvent* event)
+{
+    m_pressedBeside = !indexAt(event->pos()).isValid();
+    if (!m_pressedBeside) {
+        QListView::mousePressEvent(event);
+    }
+}
+
+void FileListBox::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_pressedBeside || event->buttons() == Qt::NoButton) {
+        QListView::mouseMoveEvent(event);
+    }
 }
 
 void FileListBox::keyPressEvent(QKeyEvent* event)

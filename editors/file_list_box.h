@@ -49,6 +49,9 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    // Beside the names a press changes nothing: what was chosen stays chosen.
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     void list();
@@ -62,7 +65,8 @@ private:
     QString m_pattern;
     QString m_folder;
     bool m_enterClicks = false;
-    QElapsedTimer m_typed; // since the last letter; invalid before the first
+    bool m_pressedBeside = false; // the press that is under way began beside the names
+    QElapsedTimer m_typed;        // since the last letter; invalid before the first
 };
 
 } // namespace orvanta

@@ -17,7 +17,7 @@ namespace orvanta {
 using namespace Qt::StringLiterals;
 
 Form10::Form10(Module1& module, const HandlerBoundary& boundary, const QString& pattern,
-               QWidget* parent)
+               const QString& proposedName, QWidget* parent)
     : PickerWindow(module, boundary, u"Form10", pattern, parent)
 {
     module.picker.SaveFileName.clear();
@@ -28,6 +28,9 @@ Form10::Form10(Module1& module, const HandlerBoundary& boundary, const QString& 
             this->boundary()([this] { Form10_File1_Click(); }));
     connect(Text1, &QLineEdit::textChanged, this, &Form10::showOutlook);
     showStoredFolder();
+    if (!proposedName.isEmpty()) {
+        Text1->setText(proposedName);
+    }
     Text1->setFocus();
     Text1->selectAll();
 }
@@ -61,10 +64,16 @@ QString Form10::target() const
 static bool canBeSaved(const QString& file)
 {
     constexpr qsizetype kLongestName = 255; // bytes, on every usual file system
-    const QFileInfo folder(folderOfPath(file));
     const QString name = file.mid(file.lastIndexOf(u'/') + 1);
-    return folder.isDir() && folder.isWritable() && !QFileInfo(file).isDir() &&
-           QFile::encodeName(name).size() <= kLongestName;
+    const QFileInfo there(file);
+    if (there.isDir() || QFile::encodeName(name).size() > kLongestName) {
+        return false;
+    }
+    // An older file is replaced where a link to it leads.
+    const QString target = there.exists() ? there.canonicalFilePath() : file;
+    const QFileInfo folder(folderOfPath(target));
+    return folder.isDir() && folder.isWritable() && folder.isExecutable() &&
+           (!there.exists() || there.isWritable());
 }
 
 void Form10::showOutlook()

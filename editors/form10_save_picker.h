@@ -11,14 +11,15 @@
 namespace orvanta {
 
 /// Puts the new file's path into SaveFileName; empty when nothing was chosen. The pattern's
-/// extension is always appended, also to a name that ends in it already.
+/// extension is always appended, also to a name that ends in it already. proposedName: without
+/// extension; empty for "no name".
 class Form10 : public PickerWindow
 {
     Q_OBJECT
 
 public:
     Form10(Module1& module, const HandlerBoundary& boundary, const QString& pattern,
-           QWidget* parent = nullptr);
+           const QString& proposedName = {}, QWidget* parent = nullptr);
 
     LineBox* Text1 = nullptr; // the new file's name without its extension
     QLabel* Label1 = nullptr; // a quiet line: the file will be replaced, or cannot be saved there
@@ -27,6 +28,7 @@ protected:
     [[nodiscard]] ControlRows controls() override;
     void Command1_Click() override { Form10_Command1_Click(); }
     void Command2_Click() override { Form10_Command2_Click(); }
+    [[nodiscard]] bool leadsSomewhere(const TypedPath& /*typed*/) const override { return true; }
     void takeTypedName(const QString& name) override;
     void folderShown() override { showOutlook(); }
 

@@ -11,6 +11,7 @@
 #include "platform/process/media_locator.h"
 
 #include <QLabel>
+#include <QPushButton>
 
 namespace orvanta {
 
@@ -25,7 +26,8 @@ void Form5::Form5_File2_Click()
 {
     List2->change(removeAll);
     openPreview(File2->filePath(), File2->folder());
-    Text3->show(File2->filePath());
+    m_openedClip = File2->filePath();
+    Text3->show(m_openedClip);
 }
 
 void Form5::openPreview(const QString& pathText, const QString& packetFolder)
@@ -52,11 +54,31 @@ void Form5::Form5_ActiveMovie1_OpenComplete(double durationSeconds)
 {
     showDuration(durationSeconds);
     Slider1->setSeconds(0);
+    m_chosenSeconds = 0;
     showPosition();
+    showPreviewState();
+}
+
+void Form5::followPreview(double seconds)
+{
+    m_previewSeconds = seconds;
+    markPassedBrake();
+    if (ActiveMovie1->isRunning() && !Slider1->isSliderDown()) {
+        Slider1->setSeconds(seconds);
+        showPosition();
+    }
+}
+
+void Form5::showPreviewState()
+{
+    const auto picture = ActiveMovie1->isRunning() ? ButtonPicture::Pause : ButtonPicture::Play;
+    PreviewButton->setIcon(buttonPicture(picture));
+    PreviewButton->setEnabled(ActiveMovie1->isOpen());
 }
 
 void Form5::Form5_Slider1_Change(double seconds, bool held)
 {
+    m_chosenSeconds = seconds;
     if (held) {
         ActiveMovie1->previewAt(seconds);
     } else {
@@ -68,8 +90,7 @@ void Form5::Form5_Slider1_Change(double seconds, bool held)
 
 void Form5::Form5_Text4_Change()
 {
-    List2->change(
-        [this](EntryList& list) { rebuildBrake(list, Slider1->seconds(), Text4->text()); });
+    List2->change([this](EntryList& list) { rebuildBrake(list, m_chosenSeconds, Text4->text()); });
 }
 
 void Form5::Form5_List2_Click()
@@ -80,6 +101,7 @@ void Form5::Form5_List2_Click()
     }
     // A time that is no number leaves the slider where it is.
     resumeNext("Form5_List2_Click", [&] { Slider1->setSeconds(decimalValue(split.before)); });
+    m_chosenSeconds = Slider1->seconds();
     Text4->show(split.after);
     ActiveMovie1->runFrom(Slider1->seconds());
     showPosition();
@@ -88,6 +110,18 @@ void Form5::Form5_List2_Click()
 void Form5::Form5_Command15_Click()
 {
     List2->change([this](EntryList& list) { addBrake(list, Slider1->seconds(), Text4->text()); });
+    List2->scrollToBottom();
+    // The next brake's text is typed over this one's.
+    Text4->setFocus();
+    Text4->selectAll();
+}
+
+// With a brake selected the box holds that one's text.
+void Form5::Form5_Text4_Return()
+{
+    if (!List2->list().hasSelection()) {
+        Form5_Command15_Click();
+    }
 }
 
 void Form5::Form5_Command7_Click()
@@ -98,6 +132,8 @@ void Form5::Form5_Command7_Click()
     }
     const BrakeDocument document = readBrakeDocument(packet);
     m_brakesFolder = folderOfPath(packet);
+    m_brakesFile = packet;
+    m_openedClip = document.mediaFile;
     Text3->show(document.mediaFile);
     openPreview(document.mediaFile, m_brakesFolder);
     List2->change([&](EntryList& list) {
@@ -108,7 +144,7 @@ void Form5::Form5_Command7_Click()
 
 void Form5::Form5_Command16_Click()
 {
-    save(u"*.vxl"_s, [this](const QString& target) { writeBrakes(target); });
+    save(u"*.vxl"_s, m_brakesFile, [this](const QString& target) { writeBrakes(target); });
 }
 
 void Form5::Form5_Command12_Click()
@@ -118,8 +154,9 @@ void Form5::Form5_Command12_Click()
 
 void Form5::writeBrakes(const QString& target) const
 {
-    writeBrakePacket(target, File2->filePath(), pathFor(target, m_brakesFolder, Text3->text()),
-                     List2->list().entries);
+    // Not what File2 shows by now: keys and other folders lead away from the clip of the brakes.
+    writeBrakePacket(target, pathFor(target, m_brakesFolder, m_openedClip),
+                     pathFor(target, m_brakesFolder, Text3->text()), List2->list().entries);
 }
 
 void Form5::takeBrakeTimes()

@@ -51,6 +51,8 @@ void Form5::buildBrakeControls()
     File2->setEnterClicks(true);
     Text3 = new LineBox(Frame5);
     ActiveMovie1 = new PreviewPane(services().makePreview, services().playerVolume, Frame5);
+    PreviewButton = pictureButton(ButtonPicture::Play, Frame5);
+    PreviewButton->setEnabled(false);
     Slider1 = new TimeSlider(Frame5);
     Label1 = new QLabel(u"000000.000"_s, Frame5);
     Label2 = new QLabel(u"000000.00"_s, Frame5);
@@ -89,6 +91,7 @@ ControlRows Form5::controls()
         {File2, u"File2"},
         {Text3, u"Text3"},
         {ActiveMovie1, u"ActiveMovie1"},
+        {PreviewButton, u"PreviewButton"},
         {Label1, u"Label1"},
         {Slider1, u"Slider1"},
         {Label2, u"Label2"},
@@ -186,6 +189,7 @@ QWidget* Form5::previewPart()
     clip->addWidget(boxLabel(texts()(u"Text3.label"), Text3));
     clip->addWidget(Text3);
     auto* position = new QHBoxLayout;
+    position->addWidget(PreviewButton);
     position->addWidget(Label1);
     position->addWidget(Slider1, 1);
     position->addWidget(Label2);

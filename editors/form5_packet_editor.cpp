@@ -8,6 +8,7 @@
 #include "editors/time_slider.h"
 
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -52,17 +53,18 @@ void Form5::connectBrakeMode()
     on(ActiveMovie1, &PreviewPane::opened,
        [this](double duration) { Form5_ActiveMovie1_OpenComplete(duration); });
     on(ActiveMovie1, &PreviewPane::closed, [this] { Form5_ActiveMovie1_OpenComplete(0); });
+    on(ActiveMovie1, &PreviewPane::stateChanged, [this] { showPreviewState(); });
     on(ActiveMovie1, &PreviewPane::durationChanged, [this](double s) { showDuration(s); });
-    on(ActiveMovie1, &PreviewPane::positionChanged, [this](double s) {
-        m_previewSeconds = s;
-        markPassedBrake();
-    });
+    on(ActiveMovie1, &PreviewPane::positionChanged, [this](double s) { followPreview(s); });
+    on(PreviewButton, &QPushButton::clicked, [this](auto&&...) { ActiveMovie1->toggle(); });
+    Frame5->installEventFilter(this);
     on(ActiveMovie1, &PreviewPane::runs, [this] { pausePlayer(); });
     on(Slider1, &TimeSlider::moved,
        [this](double seconds, bool held) { Form5_Slider1_Change(seconds, held); });
     on(List2, &EntryListView::Click, [this](auto&&...) { Form5_List2_Click(); });
     on(List2, &EntryListView::entriesChanged, [this] { takeBrakeTimes(); });
     on(Text4, &LineBox::edited, [this] { Form5_Text4_Change(); });
+    on(Text4, &QLineEdit::returnPressed, [this] { Form5_Text4_Return(); });
     on(Command7, &QPushButton::clicked, [this](auto&&...) { Form5_Command7_Click(); });
     on(Command15, &QPushButton::clicked, [this](auto&&...) { Form5_Command15_Click(); });
     on(Command16, &QPushButton::clicked, [this](auto&&...) { Form5_Command16_Click(); });
@@ -103,6 +105,25 @@ void Form5::Form5_Option2_Click()
         covered->hide();
     }
     Command7->show();
+}
+
+static bool isPlainSpace(const QEvent& event)
+{
+    if (event.type() != QEvent::KeyPress) {
+        return false;
+    }
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    return key.key() == Qt::Key_Space && key.modifiers() == Qt::NoModifier && !key.isAutoRepeat();
+}
+
+// A frame would swallow the key: it is the one that checks a frame.
+bool Form5::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == Frame5 && isPlainSpace(*event)) {
+        ActiveMovie1->toggle();
+        return true;
+    }
+    return EditorWindow::eventFilter(watched, event);
 }
 
 bool Form5::isEmpty() const

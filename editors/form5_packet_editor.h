@@ -10,6 +10,7 @@
 //   Command1  create button of clip mode
 //   FolderTreeview2, File2   the brake clips to choose from
 //   Text3     the brake clip                 ActiveMovie1   its preview
+//   PreviewButton   halts the preview and lets it go on
 //   Slider1   the preview's position         Label1, Label2   position and length
 //   List2     the brakes                     Text4     text of the selected brake
 //   Command15 add a brake at the slider      Command11 remove the selected brake
@@ -49,6 +50,7 @@ public:
     FileListBox* File2 = nullptr;          // a click opens the brake clip
     LineBox* Text3 = nullptr;              // full path of the brake clip
     PreviewPane* ActiveMovie1 = nullptr;   // the preview
+    QPushButton* PreviewButton = nullptr;  // halts the preview and lets it go on
     TimeSlider* Slider1 = nullptr;         // position, seconds
     QLabel* Label1 = nullptr;              // the slider's value
     QLabel* Label2 = nullptr;              // the clip's length
@@ -66,6 +68,8 @@ public:
 protected:
     [[nodiscard]] ControlRows controls() override;
     [[nodiscard]] bool isEmpty() const override;
+    /// Space that no control of brake mode takes for itself halts the preview and lets it go on.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     // Building: form5_layout.cpp
@@ -101,7 +105,10 @@ private:
     void Form5_File2_Click();
     void Form5_ActiveMovie1_OpenComplete(double durationSeconds);
     void Form5_Slider1_Change(double seconds, bool held);
+    void followPreview(double seconds);
+    void showPreviewState();
     void Form5_Text4_Change();
+    void Form5_Text4_Return();
     void Form5_List2_Click();
     void Form5_Command15_Click();
     void Form5_Command7_Click();
@@ -116,7 +123,12 @@ private:
     void pausePlayer();
 
     std::vector<std::optional<double>> m_brakeTimes; // seconds, in the order of List2
+    // The slider's place as the user or a brake has set it, seconds. The slider itself goes on with
+    // the preview, and a brake whose text is typed meanwhile must not go with it.
+    double m_chosenSeconds = 0;
     std::optional<double> m_previewSeconds; // where the preview is; none before it has moved
+    QString m_openedClip;   // clicked in File2 or named by a loaded packet last; empty before
+    QString m_brakesFile;   // the brake packet loaded or saved last; empty before
     QString m_brakesFolder; // of the brake packet that was loaded last; empty before
     bool m_hasPausedPlayer = false;
 };

@@ -85,7 +85,7 @@ void Form6::Form6_List1_Click()
 
 void Form6::Form6_Command7_Click()
 {
-    const QString picture = pickFile(u"*.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico"_s);
+    const QString picture = pickFile(u"*.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico;*.png;*.webp"_s);
     if (!picture.isEmpty()) {
         Text3->show(picture);
         // Also when the box showed it already: a member of two fields has it from now on.

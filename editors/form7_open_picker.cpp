@@ -3,6 +3,7 @@
 #include "editors/file_list_box.h"
 #include "editors/folder_names.h"
 #include "editors/folder_tree.h"
+#include "editors/responsive.h"
 
 #include <QPushButton>
 
@@ -44,6 +45,16 @@ void Form7::Form7_Command2_Click()
 {
     module().picker.PickedFiles = {QString()};
     QDialog::done(Rejected);
+}
+
+bool Form7::leadsSomewhere(const TypedPath& typed) const
+{
+    if (typed.name.isEmpty()) {
+        return true;
+    }
+    QStringList names;
+    runResponsively([&] { names = fileNames(typed.folder, pattern()); });
+    return names.contains(typed.name);
 }
 
 void Form7::takeTypedName(const QString& name)

@@ -23,6 +23,8 @@ protected:
     [[nodiscard]] ControlRows controls() override;
     void Command1_Click() override { Form7_Command1_Click(); }
     void Command2_Click() override { Form7_Command2_Click(); }
+    /// A folder, or a file that its list shows.
+    [[nodiscard]] bool leadsSomewhere(const TypedPath& typed) const override;
     /// A file that is listed is chosen, as by a double click.
     void takeTypedName(const QString& name) override;
 

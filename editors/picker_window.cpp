@@ -1,6 +1,7 @@
 #include "editors/picker_window.h"
 
 #include "editors/file_list_box.h"
+#include "editors/focus_ring.h"
 #include "editors/folder_names.h"
 #include "editors/folder_tree.h"
 #include "platform/screen/window_basics.h"
@@ -76,6 +77,7 @@ void PickerWindow::setUpControls()
     nameControls(controls());
     applyTexts(controls(), m_texts.language());
     giveRoomAtTheSides(*this);
+    showFocusOfViews(*this);
     orderTabs(controls());
 }
 
@@ -133,7 +135,8 @@ void PickerWindow::pressOk()
 void PickerWindow::goToTypedPath()
 {
     const TypedPath typed = typedPath(PathBox->text(), File1->folder());
-    if (typed.folder.isEmpty() || !FolderTreeview1->setFolder(typed.folder)) {
+    if (typed.folder.isEmpty() || !leadsSomewhere(typed) ||
+        !FolderTreeview1->setFolder(typed.folder)) {
         PathBox->selectAll();
         return;
     }

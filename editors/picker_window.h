@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/error_boundary.h"
+#include "editors/folder_names.h"
 #include "editors/window_parts.h"
 #include "model/module1.h"
 
@@ -52,6 +53,9 @@ protected:
 
     virtual void Command1_Click() = 0;
     virtual void Command2_Click() = 0;
+    /// Whether a path that was typed is one to go to. Otherwise nothing changes and it stays in its
+    /// box. Names a folder that exists.
+    [[nodiscard]] virtual bool leadsSomewhere(const TypedPath& typed) const = 0;
     /// A name was typed into the path box for the folder that is shown now.
     virtual void takeTypedName(const QString& name) = 0;
     virtual void folderShown() {}

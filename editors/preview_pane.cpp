@@ -46,6 +46,7 @@ void PreviewPane::makeControl()
             [this] { Q_EMIT opened(m_control->Duration()); });
     connect(m_control.get(), &MediaControl::openFailed, this, &PreviewPane::closed);
     connect(m_control.get(), &MediaControl::durationChange, this, &PreviewPane::durationChanged);
+    connect(m_control.get(), &MediaControl::stateChange, this, &PreviewPane::stateChanged);
     connect(m_control.get(), &MediaControl::position, this,
             [this] { Q_EMIT positionChanged(m_control->CurrentPosition()); });
 }
@@ -101,16 +102,23 @@ void PreviewPane::run()
     m_control->Run();
 }
 
-void PreviewPane::mousePressEvent(QMouseEvent* /*event*/)
+bool PreviewPane::isRunning() const
 {
-    if (!isOpen()) {
-        return;
-    }
-    if (m_control->CurrentState() == MediaControl::Running) {
+    return isOpen() && m_control->CurrentState() == MediaControl::Running;
+}
+
+void PreviewPane::toggle()
+{
+    if (isRunning()) {
         m_control->Pause();
-    } else {
+    } else if (isOpen()) {
         run();
     }
+}
+
+void PreviewPane::mousePressEvent(QMouseEvent* /*event*/)
+{
+    toggle();
 }
 
 void PreviewPane::paintEvent(QPaintEvent* /*event*/)

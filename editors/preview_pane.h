@@ -33,7 +33,10 @@ public:
     void previewAt(double seconds);
     /// Stops, goes to this place exactly, and runs. Seconds.
     void runFrom(double seconds);
+    /// Halts the clip that runs, or lets it go on; without a clip nothing happens.
+    void toggle();
     [[nodiscard]] bool isOpen() const;
+    [[nodiscard]] bool isRunning() const;
 
     [[nodiscard]] QSize sizeHint() const override { return {400, 225}; }
 
@@ -45,6 +48,7 @@ Q_SIGNALS:
     void positionChanged(double seconds);
     /// The clip starts to run.
     void runs();
+    void stateChanged();
 
 protected:
     // A click on the picture halts the clip or lets it go on.

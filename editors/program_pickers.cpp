@@ -20,24 +20,25 @@ static QWidget* windowInUse()
     return modal != nullptr ? modal : QApplication::activeWindow();
 }
 
-static void showPicker(QDialog& picker, QSize& rememberedSize)
+static bool showPicker(QDialog& picker, QSize& rememberedSize)
 {
     if (rememberedSize.isValid()) {
         picker.resize(rememberedSize);
     }
-    picker.exec();
+    const int result = picker.exec();
     rememberedSize = picker.size();
+    return result == QDialog::Accepted;
 }
 
-void ProgramPickers::ShowOpenPicker(const QString& pattern, bool severalFiles)
+bool ProgramPickers::ShowOpenPicker(const QString& pattern, bool severalFiles)
 {
     Form7 picker(m_module, m_boundary, pattern, severalFiles, windowInUse());
-    showPicker(picker, m_openSize);
+    return showPicker(picker, m_openSize);
 }
 
-void ProgramPickers::ShowSavePicker(const QString& pattern)
+void ProgramPickers::ShowSavePicker(const QString& pattern, const QString& proposedName)
 {
-    Form10 picker(m_module, m_boundary, pattern, windowInUse());
+    Form10 picker(m_module, m_boundary, pattern, proposedName, windowInUse());
     showPicker(picker, m_saveSize);
 }
 

@@ -18,8 +18,8 @@ class ProgramPickers : public Pickers
 public:
     ProgramPickers(Module1& module, HandlerBoundary boundary);
 
-    void ShowOpenPicker(const QString& pattern, bool severalFiles) override;
-    void ShowSavePicker(const QString& pattern) override;
+    bool ShowOpenPicker(const QString& pattern, bool severalFiles) override;
+    void ShowSavePicker(const QString& pattern, const QString& proposedName = {}) override;
 
 private:
     Module1& m_module;

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QStyle>
 #include <QStyleOptionSlider>
 #include <QWheelEvent>
@@ -46,6 +47,12 @@ TimeSlider::TimeSlider(QWidget* parent)
 {
     setRange(0, 0);
     setFocusPolicy(Qt::StrongFocus);
+    // Assistive technology sets the value itself, which is the user's doing like any other.
+    connect(this, &QSlider::valueChanged, this, [this](int value) {
+        if (!m_isSetting) {
+            moveByUser(value / kTicksPerSecond, false);
+        }
+    });
 }
 
 double TimeSlider::length() const
@@ -55,11 +62,13 @@ double TimeSlider::length() const
 
 void TimeSlider::setLength(double seconds)
 {
+    const QScopedValueRollback setting(m_isSetting, true); // a shorter length moves the handle
     setMaximum(ticks(seconds));
 }
 
 void TimeSlider::setSeconds(double seconds)
 {
+    const QScopedValueRollback setting(m_isSetting, true);
     m_seconds = seconds;
     setValue(ticks(seconds));
 }

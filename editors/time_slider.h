@@ -37,6 +37,7 @@ private:
     [[nodiscard]] double secondsAt(int x) const;
     void moveByUser(double seconds, bool held);
 
+    bool m_isSetting = false; // the value is being changed here, not by assistive technology
     double m_seconds = 0;
 };
 

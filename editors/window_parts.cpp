@@ -8,6 +8,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSplitter>
 
 #include <limits>
@@ -25,25 +26,25 @@ LineBox::LineBox(QWidget* parent)
     : QLineEdit(parent)
 {
     setMaxLength(std::numeric_limits<int>::max());
-    connect(this, &QLineEdit::textChanged, this, &LineBox::keepOneLine);
-    connect(this, &QLineEdit::textEdited, this, [this] {
-        keepOneLine();
-        Q_EMIT edited();
-    });
+    connect(this, &QLineEdit::textChanged, this, &LineBox::takeChange);
 }
 
-void LineBox::keepOneLine()
+// Assistive technology sets the text itself, which is the user's doing like any other.
+void LineBox::takeChange()
 {
     const QString line = onOneLine(text());
     if (line != text()) {
         const int cursor = cursorPosition();
-        setText(line);
+        setText(line); // comes here again
         setCursorPosition(cursor);
+    } else if (!m_isShowing) {
+        Q_EMIT edited();
     }
 }
 
 void LineBox::show(const QString& text)
 {
+    const QScopedValueRollback showing(m_isShowing, true);
     setText(text);
     setCursorPosition(0);
 }
@@ -75,7 +76,7 @@ public:
             painter->drawEllipse(QRectF(0.5, 0.5, 15, 15));
             stroke = palette.color(group, QPalette::HighlightedText);
         }
-        paintCheck(*painter, stroke);
+        paintSign(*painter, stroke);
         painter->restore();
     }
 
@@ -89,6 +90,22 @@ public:
     }
 
 private:
+    void paintSign(QPainter& painter, const QColor& colour) const
+    {
+        if (m_picture == ButtonPicture::Play) {
+            QPainterPath triangle(QPointF(4.5, 3));
+            triangle.lineTo(13, 8);
+            triangle.lineTo(4.5, 13);
+            triangle.closeSubpath();
+            painter.fillPath(triangle, colour);
+        } else if (m_picture == ButtonPicture::Pause) {
+            painter.fillRect(QRectF(4, 3, 3, 10), colour);
+            painter.fillRect(QRectF(9, 3, 3, 10), colour);
+        } else {
+            paintCheck(painter, colour);
+        }
+    }
+
     static void paintCheck(QPainter& painter, const QColor& colour)
     {
         QPainterPath check(QPointF(4, 8.4));

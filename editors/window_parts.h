@@ -46,7 +46,7 @@ class LineBox : public QLineEdit
 
 public:
     explicit LineBox(QWidget* parent = nullptr);
-    /// Shows a text from its beginning.
+    /// Shows a text from its beginning. This alone is the program's change.
     void show(const QString& text);
 
     using QLineEdit::show;
@@ -56,7 +56,9 @@ Q_SIGNALS:
     void edited();
 
 private:
-    void keepOneLine();
+    void takeChange();
+
+    bool m_isShowing = false;
 };
 
 /// The pictures of buttons without captions. They follow the desktop's colours and any scale.
@@ -64,6 +66,8 @@ enum class ButtonPicture
 {
     Ok,     // a check mark
     Create, // a check mark in a filled disc
+    Play,   // a triangle
+    Pause,  // two bars
 };
 [[nodiscard]] QIcon buttonPicture(ButtonPicture picture);
 

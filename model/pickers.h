@@ -10,10 +10,13 @@ class Pickers
 {
 public:
     virtual ~Pickers() = default;
-    /// pattern: "*.vxl;*.vxg". Modal. The caller reads PickedFiles from entry 1.
-    virtual void ShowOpenPicker(const QString& pattern, bool severalFiles) = 0;
-    /// Modal. The caller reads SaveFileName; empty when nothing was chosen.
-    virtual void ShowSavePicker(const QString& pattern) = 0;
+    /// pattern: "*.vxl;*.vxg". Modal. True when this showing picked: only then the caller reads
+    /// PickedFiles, from entry 1. A picker closed by its frame leaves there what an earlier one
+    /// gave.
+    virtual bool ShowOpenPicker(const QString& pattern, bool severalFiles) = 0;
+    /// Modal. The caller reads SaveFileName; empty when nothing was chosen. proposedName: without
+    /// extension; empty for the picker's own.
+    virtual void ShowSavePicker(const QString& pattern, const QString& proposedName) = 0;
 };
 
 } // namespace orvanta

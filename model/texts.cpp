@@ -41,6 +41,7 @@ constexpr std::array kTexts{
     InterfaceText{u"Form2", u"Image13.tip", u"Close button", u"Кнопка закрыть"},
     InterfaceText{u"Form2", u"Image2.tip", u"Find", u"Поиск"},
     InterfaceText{u"Form2", u"Text1.tip", u"Find text", u"Искать текст"},
+    InterfaceText{u"Form2", u"Text1.missed", u"Not found", u"Не найдено"},
     InterfaceText{u"Form2", u"Text2.tip", u"Current clip", u"Текущий клип"},
     // Not translated on purpose: the pointer replaces it by the line's text anyway.
     InterfaceText{u"Form2", u"List1.tip", u"Playlist", u"Playlist"},
@@ -196,6 +197,7 @@ constexpr std::array kTexts{
     InterfaceText{u"Form5", u"Text3.label", u"Clip:", u"Клип:"},
     InterfaceText{u"Form5", u"Text4.label", u"Text:", u"Текст:"},
     InterfaceText{u"Form5", u"ActiveMovie1.name", u"Preview", u"Просмотр"},
+    InterfaceText{u"Form5", u"PreviewButton.tip", u"Play or pause", u"Пуск или пауза"},
     InterfaceText{u"Form5", u"Slider1.name", u"Position", u"Позиция"},
     InterfaceText{u"Form5", u"Label1.tip", u"Position", u"Позиция"},
     InterfaceText{u"Form5", u"Label2.tip", u"Length of clip", u"Длина клипа"},

@@ -17,6 +17,8 @@ constexpr std::array kCommonKeys{
     CommonKeyRow{Qt::Key_O, Qt::ControlModifier, CommonKey::OpenFile},
     CommonKeyRow{Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier, CommonKey::OpenClips},
     CommonKeyRow{Qt::Key_F, Qt::ControlModifier, CommonKey::Find},
+    CommonKeyRow{Qt::Key_F3, Qt::NoModifier, CommonKey::FindAgain},
+    CommonKeyRow{Qt::Key_F1, Qt::NoModifier, CommonKey::Help},
     CommonKeyRow{Qt::Key_Q, Qt::ControlModifier, CommonKey::Quit},
     // Where no desktop takes them for its own player controls.
     CommonKeyRow{Qt::Key_MediaPlay, Qt::NoModifier, CommonKey::TogglePlay},
@@ -46,7 +48,8 @@ constexpr Qt::KeyboardModifiers kCommandModifiers =
 
 static bool isToggle(CommonKey key)
 {
-    return key == CommonKey::TogglePlay || key == CommonKey::ToggleFullScreen;
+    return key == CommonKey::TogglePlay || key == CommonKey::ToggleFullScreen ||
+           key == CommonKey::Help;
 }
 
 /// The key on a Latin keyboard. Key values of letters are their upper-case code points.

@@ -22,6 +22,8 @@ enum class CommonKey
     OpenFile,
     OpenClips,
     Find,
+    FindAgain,
+    Help,
     Quit,
     Stop,
     NextClip,

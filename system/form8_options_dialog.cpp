@@ -162,9 +162,9 @@ void Form8::Form8_Command2_Click()
 
 void Form8::Form8_Command3_Click()
 {
-    m_services.pickers.ShowOpenPicker(u"*.ico"_s, false);
+    const bool picked = m_services.pickers.ShowOpenPicker(u"*.ico"_s, false);
     const QString file = m_services.module.picker.PickedFiles.value(1);
-    if (!file.isEmpty()) {
+    if (picked && !file.isEmpty()) {
         useIcon(file);
     }
 }

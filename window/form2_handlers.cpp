@@ -14,6 +14,7 @@
 #include <QCursor>
 #include <QLineEdit>
 #include <QMenu>
+#include <QStyle>
 #include <QWindow>
 
 #include <algorithm>
@@ -47,6 +48,7 @@ void Form2::connectHandlers()
     press(Image4, &Form2::Form2_Image4_Click);
     press(Image2, &Form2::Form2_Image2_Click);
     on(Text1, &QLineEdit::returnPressed, [this] { Form2_Image2_Click(); });
+    on(&m_missed, &QTimer::timeout, [this](auto&&...) { sayFound(true); });
     on(List1, &PlaylistList::cursorMoved, [this](int line) { Form2_List1_Click(line); });
     on(List1, &PlaylistList::lineChosen, [this] { Form2_List1_DblClick(); });
     on(List1, &PlaylistList::pointerMoved, [this](int y) { Form2_List1_MouseMove(y); });
@@ -93,9 +95,9 @@ void Form2::Form2_Form_Paint()
 void Form2::Form2_Image8_Click()
 {
     trapped("open clip", [this] {
-        m_services.pickers.ShowOpenPicker(m_services.module.TypePattern, true);
+        const bool picked = m_services.pickers.ShowOpenPicker(m_services.module.TypePattern, true);
         const QStringList clips = m_services.module.picker.PickedFiles.mid(1);
-        if (!clips.value(0).isEmpty()) {
+        if (picked && !clips.value(0).isEmpty()) {
             open([this, clips] { OpenFiles(m_services.module.playlist, clips); });
         }
     });
@@ -104,9 +106,9 @@ void Form2::Form2_Image8_Click()
 void Form2::Form2_Image14_Click()
 {
     trapped("open file", [this] {
-        m_services.pickers.ShowOpenPicker(u"*.vxl;*.vxg"_s, false);
+        const bool picked = m_services.pickers.ShowOpenPicker(u"*.vxl;*.vxg"_s, false);
         const QString path = m_services.module.picker.PickedFiles.value(1);
-        if (!path.isEmpty()) {
+        if (picked && !path.isEmpty()) {
             openPacketOrGroup(path);
         }
     });
@@ -198,6 +200,26 @@ void Form2::Form2_Image2_Click()
     if (row >= 0) {
         m_lastFound = row;
         List1->setCursorLine(row);
+    }
+    sayFound(row >= 0);
+}
+
+constexpr int kMissedMilliseconds = 2000;
+
+// A tint for the eye, the box's description for assistive technology, both for a moment.
+void Form2::sayFound(bool found)
+{
+    const TextLanguage language =
+        textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
+    Text1->setProperty("missed", !found);
+    Text1->style()->unpolish(Text1);
+    Text1->style()->polish(Text1);
+    Text1->setAccessibleDescription(found ? QString()
+                                          : interfaceText(u"Form2", u"Text1.missed", language));
+    if (found) {
+        m_missed.stop();
+    } else {
+        m_missed.start(kMissedMilliseconds);
     }
 }
 

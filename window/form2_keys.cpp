@@ -30,6 +30,18 @@ void Form2::keyPressEvent(QKeyEvent* event)
     event->setAccepted(served);
 }
 
+// The handbook's key belongs to every window of the program, dialogs too: the filter hears it
+// before any of them. Windows of the system get each key as well, before their widgets do.
+bool Form2::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && watched->isWidgetType() &&
+        commonKey(static_cast<const QKeyEvent&>(*event)) == CommonKey::Help) {
+        m_services.boundary([this] { Form2_doc_Click(); })();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
 bool Form2::Form2_Form_KeyPress(QChar typed)
 {
     const auto key = mainWindowKey(typed);
@@ -65,6 +77,8 @@ void Form2::pressCommonKey(CommonKey key)
     case CommonKey::Find:
         Text1->setFocus(Qt::ShortcutFocusReason);
         return Text1->selectAll();
+    case CommonKey::FindAgain:
+        return Form2_Image2_Click();
     default:
         pressPlayerKey(m_services.engine, key);
     }

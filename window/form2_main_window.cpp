@@ -7,6 +7,7 @@
 #include "window/window_frame.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
 
@@ -32,6 +33,7 @@ Form2::Form2(Form2Services services, QWidget* parent)
     layOut();
     new WindowFrame(this);
     connectHandlers();
+    qApp->installEventFilter(this);
     Form2_Form_Load();
 }
 

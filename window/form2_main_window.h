@@ -152,6 +152,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /// The handbook's key, in every window of the program.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     // Building: form2_controls.cpp, form2_layout.cpp
@@ -214,6 +216,7 @@ private:
     void Form2_tu_Click();
     void Form2_ab_Click();
 
+    void sayFound(bool found);
     void pressCommonKey(CommonKey key);
     void toggleAlwaysOnTop();
     void open(const std::function<void()>& load);
@@ -229,6 +232,7 @@ private:
     TransportLooks m_looks;       // as the buttons show them
     QString m_lastFind;           // text of the last search
     int m_lastFound = 0;          // row of the last match
+    QTimer m_missed;              // while it runs, the find box says that nothing was found
     int m_lineToMark = -1;        // for Timer2
     bool m_sliderHeld = false;
     bool m_minimiseRequested = false; // Wayland never tells that a window is minimised

@@ -184,7 +184,6 @@ bool PlaylistList::toggleAt(QPoint place)
 
 void PlaylistList::mousePressEvent(QMouseEvent* event)
 {
-    m_byKeyboard = false;
     const QPoint place = event->position().toPoint();
     if (event->button() == Qt::LeftButton && !toggleAt(place) && indexAt(place).isValid()) {
         setCursorLine(indexAt(place).row());
@@ -212,16 +211,15 @@ void PlaylistList::mouseDoubleClickEvent(QMouseEvent* event)
 
 void PlaylistList::choose()
 {
-    m_byKeyboard = false;
     Q_EMIT lineChosen();
 }
 
 void PlaylistList::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
-    case Qt::Key_Space:
-        event->setAccepted(m_byKeyboard);
-        if (m_byKeyboard) {
+    case Qt::Key_Space: // without Ctrl it is the player's, here as everywhere
+        event->setAccepted(event->modifiers() == Qt::ControlModifier);
+        if (event->isAccepted() && !event->isAutoRepeat()) {
             toggle(cursorLine());
         }
         break;
@@ -235,7 +233,6 @@ void PlaylistList::keyPressEvent(QKeyEvent* event)
     case Qt::Key_PageDown:
     case Qt::Key_Home:
     case Qt::Key_End:
-        m_byKeyboard = true;
         QListView::keyPressEvent(event);
         break;
     default:
@@ -247,8 +244,6 @@ void PlaylistList::keyPressEvent(QKeyEvent* event)
 void PlaylistList::focusInEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
-    const Qt::FocusReason reason = event->reason();
-    m_byKeyboard |= reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason;
     viewport()->update();
 }
 

@@ -128,8 +128,6 @@ private:
     bool toggleAt(QPoint place);
     void showToolTip(const QPoint& globalPlace, const QPoint& place);
     void choose();
-    /// Whether the keyboard, not the mouse, was used in the list last.
-    bool m_byKeyboard = false;
 
     PlaylistModel* m_model;
 };

@@ -98,6 +98,7 @@ QString styleSheet()
 #Text2 { border-radius: 8px; padding: 0 14px; }
 #Text1:hover, #Text2:hover { border-color: %edge; }
 #Text1:focus, #Text2:focus, #List1:focus { border-color: %deep; }
+#Text1[missed="true"] { background: %missed; border-color: %warning; }
 #List1 { background: %sunken; border: 1px solid %line; border-radius: 8px; padding: 6px 4px; }
 #List1 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
 #List1 QScrollBar::handle:vertical { background: %line; min-height: 24px; border-radius: 3px;
@@ -115,6 +116,8 @@ QToolTip { background: %raised; color: %text; border: 1px solid %edge; padding: 
 )"_s.replace(u"%raised"_s, kRaised.name())
                                       .replace(u"%sunken"_s, kSunken.name())
                                       .replace(u"%text"_s, kText.name())
+                                      .replace(u"%missed"_s, kMissed.name())
+                                      .replace(u"%warning"_s, kWarning.name())
                                       .replace(u"%line"_s, kLine.name())
                                       .replace(u"%edge"_s, kEdge.name())
                                       .replace(u"%grip"_s, kGrip.name())

@@ -3,6 +3,7 @@
 #include "tests/core/test_folder.h"
 #include "tests/support/error_of.h"
 #include "tests/support/log_capture.h"
+#include "tests/support/plain_user.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -98,14 +99,15 @@ TEST_F(Documents, AFolderOfTheSameNameIsAnAccessError)
 
 TEST_F(Documents, AProtectedOneIsAnAccessErrorAndStays)
 {
-    if (geteuid() == 0) {
-        GTEST_SKIP() << "root may write protected files";
-    }
-    const QString file = put(u"a.vxl"_s, "[main]\r\nold=1\r\n");
-    ASSERT_EQ(chmod(QFile::encodeName(file).constData(), 0444), 0);
-    DocumentWriter writer(file);
-    EXPECT_EQ(errorOf([&] { writeFiles(writer, u"0"_s); }), 75);
-    EXPECT_EQ(bytesOf(file), "[main]\r\nold=1\r\n");
+    EXPECT_TRUE(test::holdsForPlainUser([] {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(u"a.vxl"_s);
+        ASSERT_TRUE(writeBytes(file, "[main]\r\nold=1\r\n"));
+        ASSERT_EQ(chmod(QFile::encodeName(file).constData(), 0444), 0);
+        DocumentWriter writer(file);
+        EXPECT_EQ(errorOf([&] { writeFiles(writer, u"0"_s); }), 75);
+        EXPECT_EQ(bytesOf(file), "[main]\r\nold=1\r\n");
+    }));
 }
 
 TEST_F(Documents, TwoWritersOfOneDocumentDoNotMix)

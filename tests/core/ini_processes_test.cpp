@@ -1,7 +1,7 @@
 #include "core/descriptor.h"
 #include "core/ini.h"
-#include "tests/core/child_process.h"
 #include "tests/core/test_folder.h"
+#include "tests/support/child_process.h"
 
 #include <chrono>
 #include <fcntl.h>

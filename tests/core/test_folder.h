@@ -20,10 +20,14 @@ protected:
     /// Writes the bytes in place: the file keeps its identity.
     QString put(const QString& name, const QByteArray& bytes) const
     {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(bytes), bytes.size());
+        EXPECT_TRUE(writeBytes(path(name), bytes));
         return path(name);
+    }
+
+    [[nodiscard]] static bool writeBytes(const QString& path, const QByteArray& bytes)
+    {
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
     }
 
     [[nodiscard]] static QByteArray bytesOf(const QString& path)

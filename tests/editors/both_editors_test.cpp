@@ -7,6 +7,8 @@
 #include "editors/form6_group_editor.h"
 #include "tests/editors/editor_room.h"
 
+#include <QAccessible>
+
 #include <type_traits>
 
 namespace orvanta::test {
@@ -76,6 +78,49 @@ TYPED_TEST(BothEditors, RemoveAndMoveByKeys)
     this->expectEntries({u"a{}1"_s, u"b{}2"_s});
 }
 
+TYPED_TEST(BothEditors, TakeReturnOnAButtonForAClick)
+{
+    this->openWith({u"a{}1"_s, u"b{}2"_s}, 0);
+    this->editor->Command10->setFocus();
+    QTest::keyClick(this->editor->Command10, Qt::Key_Return);
+    this->expectEntries({u"b{}2"_s, u"a{}1"_s});
+    QTest::keyClick(this->editor->Command10, Qt::Key_Tab);
+    this->editor->Text1->setFocus();
+    QTest::keyClick(this->editor->Text1, Qt::Key_Return);
+    this->expectEntries({u"b{}2"_s, u"a{}1"_s});
+    EXPECT_TRUE(this->editor->isVisible());
+    this->editor->Command2->setFocus();
+    QTest::keyClick(this->editor->Command2, Qt::Key_Enter);
+    EXPECT_FALSE(this->editor->isVisible());
+}
+
+TYPED_TEST(BothEditors, TakeATextSetByAssistiveTechnologyForTyping)
+{
+    this->openWith({u"a{}1"_s, u"b{}2"_s});
+    clickRow(this->editor->List1, 0);
+    QAccessibleInterface* box = QAccessible::queryAccessibleInterface(this->editor->Text1);
+    ASSERT_NE(box, nullptr);
+    box->setText(QAccessible::Value, u"spoken"_s);
+    EXPECT_TRUE(this->entries().at(0).startsWith(u"spoken{}"_s));
+    EXPECT_EQ(this->entries().at(1), u"b{}2"_s);
+}
+
+TYPED_TEST(BothEditors, LeaveTheFolderThatAPickerHasStoredLater)
+{
+    QDir(this->room()).mkdir(u"sub"_s);
+    this->openWith({u"a{}1"_s});
+    this->pickers.saveAnswer = this->room(u"sub/out"_s);
+    this->press(&EditorWindow::Command4);
+    this->set(u"save"_s, u"open"_s, this->room(u"sub"_s)); // as the picker does
+    this->editor->close();
+    EXPECT_EQ(this->stored(u"save"_s, u"open"_s), this->room(u"sub"_s));
+    this->openWith({u"a{}1"_s});
+    this->press(&EditorWindow::Command4);
+    this->editor->FolderTreeview1->setFolder(this->room());
+    this->editor->close();
+    EXPECT_EQ(this->stored(u"save"_s, u"open"_s), this->room());
+}
+
 TYPED_TEST(BothEditors, SaveAnEmptyListAsZeroFiles)
 {
     this->open();
@@ -94,6 +139,27 @@ TYPED_TEST(BothEditors, DoNothingWhenAPickerIsCancelled)
     EXPECT_EQ(QDir(this->room()).entryList(QDir::Files), QStringList());
     EXPECT_EQ(this->pickers.calls,
               QStringList({u"save *"_s + this->named({}), u"open *"_s + this->named({})}));
+}
+
+TYPED_TEST(BothEditors, LoadNothingFromAPickerThatIsClosedByItsFrame)
+{
+    this->openWith({u"a{}1"_s});
+    this->module.picker.PickedFiles = {QString(), this->put(u"before"_s, "[main]\nfiles=0\n")};
+    this->pickers.closedByFrame = true;
+    this->press(&EditorWindow::Command3);
+    this->expectEntries({u"a{}1"_s});
+}
+
+TYPED_TEST(BothEditors, ProposeTheNameOfTheDocumentThatWasLoadedOrSavedLast)
+{
+    this->open();
+    this->press(&EditorWindow::Command4);
+    this->pickers.answer = {this->put(u"my.lesson.vxx"_s, "[main]\nfiles=0\n")};
+    this->press(&EditorWindow::Command3);
+    this->pickers.saveAnswer = this->room(u"other.vxx"_s);
+    this->press(&EditorWindow::Command4);
+    this->press(&EditorWindow::Command4);
+    EXPECT_EQ(this->pickers.proposals, QStringList({QString(), u"my.lesson"_s, u"other"_s}));
 }
 
 TYPED_TEST(BothEditors, EndLoadingSilentlyAtABadCount)

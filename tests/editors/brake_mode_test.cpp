@@ -1,5 +1,6 @@
 // Brake mode: the list of brakes, loading and saving it.
 
+#include "editors/folder_tree.h"
 #include "editors/preview_pane.h"
 #include "tests/editors/brake_mode.h"
 
@@ -40,6 +41,37 @@ TEST_F(BrakeMode, AddKeyAppendsAtTheSliderAndLeavesTheListUnsorted)
     press(editor->Command15);
     EXPECT_EQ(brakes(), QStringList({u"000010.00{}late"_s, u"000000.00{}early"_s}));
     EXPECT_EQ(editor->List2->list().selected, -1);
+}
+
+TEST_F(BrakeMode, ANewBrakeIsScrolledIntoSightAndTheNextTextIsTypedOverItsOwn)
+{
+    openClip();
+    QStringList many;
+    for (int i = 0; i < 100; ++i) {
+        many.append(u"000001.00{}%1"_s.arg(i));
+    }
+    setBrakes(many);
+    typeOver(editor->Text4, u"first"_s);
+    press(editor->Command15);
+    const EntryListView& list = *editor->List2;
+    const QRect row = list.visualRect(list.model()->index(100, 0));
+    EXPECT_TRUE(list.viewport()->rect().contains(row));
+    EXPECT_EQ(list.list().selected, -1);
+    EXPECT_EQ(editor->focusWidget(), editor->Text4);
+    QTest::keyClicks(editor->Text4, u"second"_s);
+    QTest::keyClick(editor->Text4, Qt::Key_Return);
+    EXPECT_EQ(brakes().mid(100), QStringList({u"000000.00{}first"_s, u"000000.00{}second"_s}));
+    EXPECT_EQ(editor->Text4->selectedText(), u"second"_s);
+}
+
+TEST_F(BrakeMode, ReturnInTheTextOfASelectedBrakeAddsNone)
+{
+    openClip();
+    setBrakes({u"000010.00{}a"_s});
+    clickRow(editor->List2, 0);
+    typeOver(editor->Text4, u"b"_s);
+    QTest::keyClick(editor->Text4, Qt::Key_Return);
+    EXPECT_EQ(brakes(), QStringList({u"000010.00{}b"_s}));
 }
 
 TEST_F(BrakeMode, EditingTheTextWithNothingSelectedChangesNoBrake)
@@ -159,8 +191,8 @@ TEST_F(BrakeMode, TheMarkStaysWithItsBrakeWhenTheListChanges)
     preview->playTo(25);
     press(editor->Command11);
     EXPECT_EQ(editor->List2->markedRow(), 0);
-    press(editor->Command15);
-    EXPECT_EQ(editor->List2->markedRow(), 0);
+    press(editor->Command15); // right where the preview is
+    EXPECT_EQ(editor->List2->markedRow(), 1);
     put(u"other.avi"_s);
     editor->File2->setFolder(room());
     clickRow(editor->File2, 1);
@@ -197,6 +229,16 @@ TEST_F(BrakeMode, LoadsABrakePacket)
     EXPECT_EQ(pickers.calls, QStringList({u"open *.vxl"_s}));
 }
 
+TEST_F(BrakeMode, ProposesTheNameOfTheBrakePacketThatWasLoaded)
+{
+    open();
+    press(editor->Command16);
+    load(editor->Command7, "[main]\nbrakes=0\n");
+    press(editor->Command16);
+    press(editor->Command4);
+    EXPECT_EQ(pickers.proposals, QStringList({QString(), u"in"_s, QString()}));
+}
+
 TEST_F(BrakeMode, AFileThatHasOnlyTheKeyboardsFocusIsNotTheClip)
 {
     put(u"other.avi"_s);
@@ -205,9 +247,31 @@ TEST_F(BrakeMode, AFileThatHasOnlyTheKeyboardsFocusIsNotTheClip)
     ASSERT_TRUE(QTest::qWaitForWindowActive(editor.get()));
     editor->File2->setFocus(Qt::TabFocusReason);
     ASSERT_TRUE(editor->File2->currentIndex().isValid());
-    const QByteArray folder = room().toUtf8() + '/';
-    EXPECT_TRUE(savedBy(editor->Command16)
-                    .contains("[file1]\r\npath=" + folder + "\r\ntext=" + folder + "\r\n"))
+    EXPECT_TRUE(
+        savedBy(editor->Command16).contains("[file1]\r\npath=/c/clip.avi\r\ntext=/c/clip.avi\r\n"))
+        << bytesOf(room(u"out"_s)).constData();
+}
+
+TEST_F(BrakeMode, TheSavedClipIsTheOpenedOneWhateverTheFilesShowByThen)
+{
+    putAll({u"clip.avi"_s, u"other.avi"_s});
+    QDir(room()).mkdir(u"sub"_s);
+    openClip();
+    const QByteArray clip = room(u"clip.avi"_s).toUtf8();
+    const QByteArray expected = "[file1]\r\npath=" + clip + "\r\ntext=" + clip + "\r\n";
+    QTest::keyClick(editor->File2, Qt::Key_Down);
+    ASSERT_EQ(editor->File2->FileName(), u"other.avi"_s);
+    EXPECT_TRUE(savedBy(editor->Command16).contains(expected));
+    editor->FolderTreeview2->setFolder(room(u"sub"_s));
+    ASSERT_EQ(editor->File2->folder(), room(u"sub"_s));
+    EXPECT_TRUE(savedBy(editor->Command16).contains(expected));
+}
+
+TEST_F(BrakeMode, WithNoClipOpenedThePacketNamesNone)
+{
+    put(u"other.avi"_s);
+    open();
+    EXPECT_TRUE(savedBy(editor->Command16).contains("[file1]\r\npath=\r\ntext=\r\n"))
         << bytesOf(room(u"out"_s)).constData();
 }
 

@@ -3,6 +3,7 @@
 #include "editors/preview_pane.h"
 #include "tests/editors/brake_mode.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QPushButton>
 #include <QWheelEvent>
@@ -196,6 +197,96 @@ TEST_F(BrakeMode, AClickOnThePictureHaltsThePreviewAndLetsItGoOn)
     EXPECT_EQ(preview->CurrentState(), MediaControl::Running);
     QTest::mouseClick(editor->ActiveMovie1, Qt::LeftButton);
     EXPECT_EQ(preview->CurrentState(), MediaControl::Paused);
+}
+
+TEST_F(BrakeMode, TheSliderFollowsTheRunningPreviewAndMovesNoBrake)
+{
+    openClip();
+    setBrakes({u"000010.00{}a"_s});
+    clickRow(editor->List2, 0);
+    preview->playTo(12.5);
+    EXPECT_DOUBLE_EQ(editor->Slider1->seconds(), 12.5);
+    EXPECT_EQ(editor->Label1->text(), u"12.500"_s);
+    EXPECT_EQ(brakes(), QStringList({u"000010.00{}a"_s}));
+    typeOver(editor->Text4, u"b"_s);
+    EXPECT_EQ(brakes(), QStringList({u"000010.00{}b"_s}));
+    EXPECT_EQ(preview->calls, QStringList({u"Stop"_s, u"seek 10"_s, u"Run"_s}));
+}
+
+TEST_F(BrakeMode, AValueSetByAssistiveTechnologyMovesTheSliderAsTheUserDoes)
+{
+    openClip();
+    setBrakes({u"000010.00{}a"_s});
+    clickRow(editor->List2, 0);
+    preview->calls.clear();
+    QAccessibleInterface* slider = QAccessible::queryAccessibleInterface(editor->Slider1);
+    ASSERT_NE(slider, nullptr);
+    ASSERT_NE(slider->valueInterface(), nullptr);
+    slider->valueInterface()->setCurrentValue(15500);
+    EXPECT_EQ(brakes(), QStringList({u"000015.50{}a"_s}));
+    EXPECT_EQ(preview->calls, QStringList({u"Stop"_s, u"seek 15.5"_s, u"Run"_s}));
+    EXPECT_EQ(editor->Label1->text(), u"15.500"_s);
+}
+
+TEST_F(BrakeMode, AddKeyTakesThePlaceThatIsHeard)
+{
+    openClip();
+    press(editor->PreviewButton);
+    preview->playTo(7.25);
+    press(editor->Command15);
+    preview->playTo(9);
+    press(editor->PreviewButton);
+    press(editor->Command15);
+    EXPECT_EQ(brakes(), QStringList({u"000007.25{}"_s, u"000009.00{}"_s}));
+}
+
+TEST_F(BrakeMode, ASliderThatIsHeldDoesNotFollow)
+{
+    openClip();
+    press(editor->PreviewButton);
+    dragAndHold({0.5});
+    const double held = editor->Slider1->seconds();
+    preview->forceState(MediaControl::Running);
+    preview->playTo(3);
+    EXPECT_DOUBLE_EQ(editor->Slider1->seconds(), held);
+}
+
+TEST_F(BrakeMode, SpaceAndAButtonHaltThePreviewAndLetItGoOn)
+{
+    openClip();
+    setBrakes({u"000010.00{}a"_s});
+    key(Qt::Key_Space);
+    EXPECT_EQ(preview->CurrentState(), MediaControl::Running);
+    key(Qt::Key_Space);
+    EXPECT_EQ(preview->CurrentState(), MediaControl::Paused);
+    press(editor->PreviewButton);
+    EXPECT_EQ(preview->CurrentState(), MediaControl::Running);
+    press(editor->PreviewButton);
+    EXPECT_EQ(preview->CurrentState(), MediaControl::Paused);
+    clickRow(editor->List2, 0);
+    ASSERT_EQ(preview->CurrentState(), MediaControl::Running);
+    QTest::keyClick(editor->List2, Qt::Key_Space);
+    EXPECT_EQ(preview->CurrentState(), MediaControl::Paused);
+    EXPECT_EQ(editor->List2->list().selected, 0);
+}
+
+TEST_F(BrakeMode, SpaceInTheTextOfABrakeIsABlank)
+{
+    openClip();
+    typeOver(editor->Text4, u"a b"_s);
+    EXPECT_EQ(editor->Text4->text(), u"a b"_s);
+    EXPECT_NE(preview->CurrentState(), MediaControl::Running);
+}
+
+TEST_F(BrakeMode, TheButtonOfThePreviewCanBePressedOnlyWithAClip)
+{
+    open();
+    EXPECT_FALSE(editor->PreviewButton->isEnabled());
+    openClip();
+    EXPECT_TRUE(editor->PreviewButton->isEnabled());
+    preview->refusedFiles.append(room(u"clip.avi"_s));
+    clickRow(editor->File2, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !editor->PreviewButton->isEnabled(); }));
 }
 
 } // namespace orvanta::test

@@ -117,7 +117,8 @@ TEST_F(GroupEditor, AChosenPictureGoesIntoTheSelectedMemberAndIsShown)
     EXPECT_TRUE(editor->Image1->pixmap().isNull());
     pickers.answer = {room(u"p.bmp"_s)};
     press(editor->Command7);
-    EXPECT_EQ(pickers.calls, QStringList({u"open *.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico"_s}));
+    EXPECT_EQ(pickers.calls,
+              QStringList({u"open *.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico;*.png;*.webp"_s}));
     EXPECT_EQ(entries(), QStringList({u"a{}1{}"_s + room(u"p.bmp"_s)}));
     EXPECT_FALSE(editor->Image1->pixmap().isNull());
     EXPECT_LE(editor->Image1->pixmap().width(), editor->Image1->width());

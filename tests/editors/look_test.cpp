@@ -163,4 +163,37 @@ TEST_F(Look, TabGoesThroughTheWindowsAsOneReads)
               "PathBox FolderTreeview1 File1 Text1 Command2 Command1");
 }
 
+/// Whether the control looks different while it has the focus.
+static bool showsItsFocus(QWidget& window, QWidget& control)
+{
+    const auto look = [&] {
+        return window.grab(QRect(control.mapTo(&window, QPoint()), control.size())).toImage();
+    };
+    control.setFocus(Qt::OtherFocusReason);
+    const QImage focused = look();
+    control.clearFocus();
+    return look() != focused;
+}
+
+TEST_F(Look, EveryListTreeAndBoxShowsItsFocusAlsoWithNothingInIt)
+{
+    inEachWindow([](QWidget& window) {
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        QList<QWidget*> controls;
+        for (auto* view : window.findChildren<QAbstractItemView*>()) {
+            controls.append(view);
+        }
+        for (auto* box : window.findChildren<QLineEdit*>()) {
+            controls.append(box);
+        }
+        for (QWidget* control : controls) {
+            if (control->isVisible()) {
+                EXPECT_TRUE(showsItsFocus(window, *control))
+                    << qPrintable(window.objectName() + u' ' + control->objectName());
+            }
+        }
+    });
+}
+
 } // namespace orvanta::test

@@ -110,6 +110,26 @@ TEST_F(OpenPicker, WithOneFileAllowedADragSelectsNoMoreThanOne)
     EXPECT_EQ(picker->File1->selectedNames(), QStringList({picker->File1->FileName()}));
 }
 
+TEST_F(OpenPicker, AClickBesideTheNamesDeselectsNothing)
+{
+    putAll({u"a.avi"_s, u"b.avi"_s, u"c.avi"_s});
+    open(u"*.avi"_s, true);
+    clickRow(picker->File1, 0);
+    clickRow(picker->File1, 1, Qt::ControlModifier);
+    QWidget* list = picker->File1->viewport();
+    const QPoint beside = list->rect().bottomRight() - QPoint(4, 4);
+    QTest::mouseClick(list, Qt::LeftButton, {}, beside);
+    QTest::mouseDClick(list, Qt::LeftButton, {}, beside);
+    const QPoint third = picker->File1->visualRect(picker->File1->model()->index(2, 0)).center();
+    QTest::mousePress(list, Qt::LeftButton, {}, beside);
+    QMouseEvent move(QEvent::MouseMove, third, list->mapToGlobal(third), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(list, &move);
+    QTest::mouseRelease(list, Qt::LeftButton, {}, third);
+    EXPECT_EQ(picker->File1->selectedNames(), QStringList({u"a.avi"_s, u"b.avi"_s}));
+    EXPECT_TRUE(picker->isVisible());
+}
+
 TEST_F(OpenPicker, DoubleClickAndEnterAreOk)
 {
     putAll({u"a.vxl"_s, u"b.vxl"_s});
@@ -197,13 +217,21 @@ TEST_F(OpenPicker, AFileThatIsClickedCountsMoreThanAPathTypedBefore)
 
 TEST_F(OpenPicker, ATypedPathThatIsNotThereChangesNothing)
 {
-    put(u"a.vxl"_s);
+    QDir(room()).mkdir(u"sub"_s);
+    putAll({u"a.vxl"_s, u"b.vxl"_s, u"other.txt"_s, u"sub/a.vxl"_s});
     open();
-    for (const QString& typed : {u"/no/such/folder"_s, room(u"missing.vxl"_s)}) {
+    picker->File1->selectName(u"b.vxl"_s);
+    for (const QString& typed : {u"/no/such/folder"_s, room(u"missing.vxl"_s), u"missing.vxl"_s,
+                                 room(u"other.txt"_s), room(u"sub/missing.vxl"_s)}) {
         typeOver(picker->PathBox, typed);
         QTest::keyClick(picker->PathBox, Qt::Key_Return);
+        press(picker->Command1);
         EXPECT_TRUE(picker->isVisible());
         EXPECT_EQ(picker->File1->folder(), room());
+        EXPECT_EQ(picker->FolderTreeview1->folder(), room());
+        EXPECT_EQ(picker->File1->selectedNames(), QStringList({u"b.vxl"_s}));
+        EXPECT_EQ(picker->PathBox->text(), typed);
+        EXPECT_EQ(picked(), QStringList({QString()}));
     }
 }
 

@@ -32,8 +32,17 @@ TEST_F(ProgramPickersRoom, ShowTheOpenPickerModally)
 {
     put(u"a.vxl"_s);
     inThePicker<Form7>([](Form7& form) { QTest::keyClick(form.File1, Qt::Key_Return); });
-    shown.ShowOpenPicker(u"*.vxl"_s, false);
+    EXPECT_TRUE(shown.ShowOpenPicker(u"*.vxl"_s, false));
     EXPECT_EQ(module.picker.PickedFiles, QStringList({QString(), room(u"a.vxl"_s)}));
+}
+
+TEST_F(ProgramPickersRoom, ClosedByItsFrameTheOpenPickerPicksNothing)
+{
+    put(u"a.vxl"_s);
+    module.picker.PickedFiles = {QString(), u"/before"_s};
+    inThePicker<Form7>([](Form7&) {});
+    EXPECT_FALSE(shown.ShowOpenPicker(u"*.vxl"_s, false));
+    EXPECT_EQ(module.picker.PickedFiles, QStringList({QString(), u"/before"_s}));
 }
 
 TEST_F(ProgramPickersRoom, ShowTheSavePickerModally)

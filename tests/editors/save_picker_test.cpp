@@ -2,6 +2,7 @@
 #include "editors/folder_tree.h"
 #include "editors/form10_save_picker.h"
 #include "tests/editors/editor_room.h"
+#include "tests/support/plain_user.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -13,9 +14,9 @@ namespace {
 class SavePicker : public EditorRoom
 {
 protected:
-    void open(const QString& pattern = u"*.vxl"_s)
+    void open(const QString& pattern = u"*.vxl"_s, const QString& proposedName = {})
     {
-        picker = std::make_unique<Form10>(module, services().boundary, pattern);
+        picker = std::make_unique<Form10>(module, services().boundary, pattern, proposedName);
         picker->show();
     }
     void pressOk() { QTest::mouseClick(picker->Command1, Qt::LeftButton); }
@@ -32,6 +33,16 @@ TEST_F(SavePicker, BeginsWithNoNameAndNothingChosen)
     open();
     EXPECT_EQ(picker->Text1->text(), u"no name"_s);
     EXPECT_EQ(saved(), QString());
+}
+
+TEST_F(SavePicker, BeginsWithTheNameThatItsCallerProposesReadyToBeTypedOver)
+{
+    put(u"lesson.vxl"_s);
+    open(u"*.vxl"_s, u"lesson"_s);
+    EXPECT_EQ(picker->Text1->selectedText(), u"lesson"_s);
+    EXPECT_EQ(picker->Label1->text(), u"This file exists and will be replaced."_s);
+    pressOk();
+    EXPECT_EQ(saved(), room(u"lesson.vxl"_s));
 }
 
 TEST_F(SavePicker, OkGivesFolderNameAndExtensionAndStoresTheFolder)
@@ -140,6 +151,38 @@ TEST_F(SavePicker, TheLineSaysThatNothingCanBeSavedUnderAName)
     }
     typeOver(picker->Text1, QString(251, u'a'));
     EXPECT_EQ(picker->Label1->text(), QString());
+}
+
+// Each file in a folder of the user's own: what is protected is the file alone, or its folder.
+TEST_F(SavePicker, TheLineSaysThatAProtectedFileOrFolderCannotBeSavedTo)
+{
+    const QString denied = u"Nothing can be saved here under this name."_s;
+    open();
+    EXPECT_TRUE(holdsForPlainUser([&] {
+        const QTemporaryDir folder;
+        QDir(folder.path()).mkdir(u"locked"_s);
+        for (const QString& name : {u"mine.vxl"_s, u"protected.vxl"_s, u"locked/mine.vxl"_s}) {
+            ASSERT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
+        }
+        QFile::link(u"locked/mine.vxl"_s, folder.filePath(u"link.vxl"_s));
+        const auto protect = [&](const QString& name, QFile::Permissions rights) {
+            ASSERT_TRUE(QFile::setPermissions(folder.filePath(name), rights));
+        };
+        protect(u"protected.vxl"_s, QFile::ReadOwner);
+        protect(u"locked"_s, QFile::ReadOwner | QFile::ExeOwner);
+        const auto lineFor = [&](const QString& at, const QString& name) {
+            picker->FolderTreeview1->setFolder(at.isEmpty() ? folder.path() : folder.filePath(at));
+            picker->Text1->setText(name);
+            return picker->Label1->text();
+        };
+        EXPECT_EQ(lineFor({}, u"new"_s), QString());
+        EXPECT_EQ(lineFor({}, u"mine"_s), u"This file exists and will be replaced."_s);
+        EXPECT_EQ(lineFor({}, u"protected"_s), denied);
+        EXPECT_EQ(lineFor({}, u"link"_s), denied);
+        EXPECT_EQ(lineFor(u"locked"_s, u"new"_s), denied);
+        EXPECT_EQ(lineFor(u"locked"_s, u"mine"_s), denied);
+        protect(u"locked"_s, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }));
 }
 
 TEST_F(SavePicker, OkWithAPathTypedGoesThereFirstAndKeepsTheName)

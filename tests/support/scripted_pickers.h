@@ -16,21 +16,28 @@ public:
         : m_module(module)
     {}
 
-    QStringList answer; // the files that the user chooses; none: cancelled
-    QString saveAnswer; // empty: cancelled
+    QStringList answer;         // the files that the user chooses; none: cancelled
+    QString saveAnswer;         // empty: cancelled
+    bool closedByFrame = false; // the open picker gives nothing and leaves what was picked before
     std::function<void()> whileOpen = [] {};
 
-    QStringList calls; // "open *.vxl", "open several *.avi;*.mp3", "save *.vxl"
+    QStringList proposals; // the names that save pickers were shown with; empty for their own
+    QStringList calls;     // "open *.vxl", "open several *.avi;*.mp3", "save *.vxl"
 
-    void ShowOpenPicker(const QString& pattern, bool several) override
+    bool ShowOpenPicker(const QString& pattern, bool several) override
     {
         calls.append((several ? QStringLiteral("open several ") : QStringLiteral("open ")) +
                      pattern);
         whileOpen();
+        if (closedByFrame) {
+            return false;
+        }
         m_module.picker.PickedFiles = QStringList{QString()} + answer;
+        return !answer.isEmpty();
     }
-    void ShowSavePicker(const QString& pattern) override
+    void ShowSavePicker(const QString& pattern, const QString& proposedName) override
     {
+        proposals.append(proposedName);
         calls.append(QStringLiteral("save ") + pattern);
         m_module.picker.SaveFileName = saveAnswer;
     }

@@ -272,6 +272,19 @@ TEST_F(OptionsTypes, AChosenIconIsCopiedRegisteredAndShown)
     EXPECT_EQ(owner(u"avi"_s), QString()); // the icon alone registers nothing
 }
 
+TEST_F(OptionsTypes, APickerClosedByItsFrameCopiesNothingThatWasPickedBefore)
+{
+    makeIcon(u"avi.ico"_s, Qt::red);
+    makeIcon(u"mine.ico"_s, Qt::green);
+    module.picker.PickedFiles = {QString(), home.file(u"mine.ico"_s)};
+    pickers.closedByFrame = true;
+    const QByteArray before = home.bytes(u"avi.ico"_s);
+    open().List1->setCurrentRow(kAvi);
+    click(dialog->Command3);
+    EXPECT_EQ(home.bytes(u"avi.ico"_s), before);
+    EXPECT_EQ(module.picker.PickedFiles.value(1), home.file(u"mine.ico"_s));
+}
+
 TEST_F(OptionsTypes, ACancelledPickerChangesNothing)
 {
     makeIcon(u"avi.ico"_s, Qt::red);

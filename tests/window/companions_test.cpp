@@ -2,7 +2,9 @@
 
 #include "tests/window/window_fixture.h"
 
+#include <QDialog>
 #include <QDir>
+#include <QLineEdit>
 #include <QUrl>
 
 #include <csignal>
@@ -108,6 +110,23 @@ TEST_F(Companions, TheDocumentationIsOpenedByItsProperAddressInTheInterfaceLangu
     load(3).doc->trigger();
     ASSERT_TRUE(ran(home.file(u"opener"_s)));
     EXPECT_TRUE(openedAddress().endsWith("/help_rus.htm"));
+}
+
+TEST_F(Companions, F1OpensTheDocumentationFromEveryWindowAlsoOverADialog)
+{
+    putOpener();
+    QFile file(inFolder(u"help_eng.htm"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    load(1);
+    QDialog dialog(window.get());
+    QLineEdit box(&dialog);
+    dialog.open();
+    for (QWidget* focused : std::initializer_list<QWidget*>{window->List1, window->Text1, &box}) {
+        QFile::remove(home.file(u"opener/arguments"_s));
+        QTest::keyClick(focused, Qt::Key_F1);
+        ASSERT_TRUE(ran(home.file(u"opener"_s)));
+        EXPECT_TRUE(openedAddress().endsWith("/help_eng.htm"));
+    }
 }
 
 TEST_F(Companions, TheShortcutHoldsTheAddressWithOnlyItsBlanksReplaced)

@@ -2,6 +2,8 @@
 
 #include "tests/window/window_fixture.h"
 
+#include <QAccessible>
+
 namespace orvanta::test {
 
 class FindButton : public Form2Test
@@ -74,6 +76,41 @@ TEST_F(FindButton, ReturnInTheFindBoxFinds)
     window->Text1->setText(u"pear"_s);
     QTest::keyClick(window->Text1, Qt::Key_Return);
     EXPECT_EQ(window->List1->cursorLine(), 3);
+}
+
+TEST_F(FindButton, F3FindsAgainFromTheListAndFromTheBox)
+{
+    ASSERT_EQ(find(u"apple"_s), 2);
+    QTest::keyClick(window->List1, Qt::Key_F3);
+    EXPECT_EQ(window->List1->cursorLine(), 4);
+    window->Text1->setText(u"e"_s);
+    QTest::keyClick(window->Text1, Qt::Key_F3);
+    EXPECT_EQ(window->List1->cursorLine(), 2);
+    QTest::keyClick(window->Text1, Qt::Key_F3);
+    EXPECT_EQ(window->List1->cursorLine(), 3);
+}
+
+TEST_F(FindButton, ASearchWithoutAMatchTintsTheBoxAndSaysSoForAMoment)
+{
+    const auto spoken = [&] {
+        return QAccessible::queryAccessibleInterface(window->Text1)->text(QAccessible::Description);
+    };
+    const auto colour = [&] {
+        const QImage box = window->Text1->grab().toImage();
+        return box.pixelColor(box.width() - 12, box.height() / 2);
+    };
+    find(u"pear"_s);
+    const QColor before = colour();
+    const QString tip = spoken();
+    find(u"banana"_s);
+    EXPECT_EQ(spoken(), u"Not found"_s);
+    EXPECT_NE(colour(), before);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return spoken() == tip; }, 20000));
+    EXPECT_EQ(colour(), before);
+    find(u"banana"_s);
+    find(u"pear"_s);
+    EXPECT_EQ(spoken(), tip);
+    EXPECT_EQ(colour(), before);
 }
 
 TEST_F(FindButton, BringsARowIntoSight)

@@ -93,15 +93,17 @@ TEST_F(KeysTest, FAndNSwitchFullScreen)
     EXPECT_FALSE(screen.on);
 }
 
-TEST_F(KeysTest, SpacePausesUntilAnArrowKeyHasMovedInTheList)
+TEST_F(KeysTest, SpacePausesAndPlaysAlsoInTheListAfterItsArrowKeys)
 {
     playOne();
     press(Qt::Key_Space);
     EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
-    press(Qt::Key_Space);
     window->setListIndex(1);
     press(Qt::Key_Down);
     press(Qt::Key_Space);
+    EXPECT_TRUE(window->isLineChecked(2));
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    press(Qt::Key_Space, Qt::ControlModifier);
     EXPECT_FALSE(window->isLineChecked(2));
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
     window->Text2->setFocus();

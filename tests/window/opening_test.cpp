@@ -41,6 +41,16 @@ TEST_F(Opening, AnEmptyFirstEntryIsNothingChosen)
     EXPECT_EQ(module.playlist.PlaylistCount, Int16(0));
 }
 
+TEST_F(Opening, APickerClosedByItsFrameOpensNothingThatWasPickedBefore)
+{
+    module.picker.PickedFiles = {QString(), writePacket(u"lesson.vxl"_s, {u"one"_s})};
+    pickers.closedByFrame = true;
+    click(window->Image8);
+    click(window->Image14);
+    EXPECT_EQ(module.playlist.PlaylistCount, Int16(0));
+    EXPECT_EQ(module.picker.PickedFiles.size(), 2);
+}
+
 TEST_F(Opening, OpenClipMakesOnePacketOfTheChosenFiles)
 {
     addClips(u"before"_s, {u"one"_s});

@@ -77,35 +77,28 @@ TEST_F(PlaylistView, ClickingTheTextMovesTheCursorAndLeavesTheMark)
     EXPECT_EQ(control.calls, QStringList());
 }
 
-TEST_F(PlaylistView, SpaceTogglesTheLineToWhichAKeyHasGone)
+TEST_F(PlaylistView, SpaceWithControlTogglesTheCurrentLine)
 {
     showThreePackets();
     clickRow(2);
     QTest::keyClick(window->List1, Qt::Key_Down);
-    QTest::keyClick(window->List1, Qt::Key_Space);
+    QTest::keyClick(window->List1, Qt::Key_Space, Qt::ControlModifier);
     EXPECT_FALSE(window->isLineChecked(3));
-    QTest::keyClick(window->List1, Qt::Key_Space);
+    QTest::keyClick(window->List1, Qt::Key_Space, Qt::ControlModifier);
     EXPECT_TRUE(window->isLineChecked(3));
 }
 
-TEST_F(PlaylistView, SpaceTogglesInTheListThatTabHasReached)
-{
-    showThreePackets();
-    clickRow(2);
-    window->Image5->setFocus();
-    window->List1->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(window->List1, Qt::Key_Space);
-    EXPECT_FALSE(window->isLineChecked(2));
-}
-
-TEST_F(PlaylistView, SpaceLeavesTheMarkOfALineThatWasClickedOrStarted)
+TEST_F(PlaylistView, SpaceAloneLeavesEveryMark)
 {
     showThreePackets();
     clickRow(2);
     QTest::keyClick(window->List1, Qt::Key_Space);
     EXPECT_TRUE(window->isLineChecked(2));
     QTest::keyClick(window->List1, Qt::Key_Down);
-    QTest::keyClick(window->List1, Qt::Key_Return);
+    QTest::keyClick(window->List1, Qt::Key_Space);
+    EXPECT_TRUE(window->isLineChecked(3));
+    window->Image5->setFocus();
+    window->List1->setFocus(Qt::TabFocusReason);
     QTest::keyClick(window->List1, Qt::Key_Space);
     EXPECT_TRUE(window->isLineChecked(3));
 }
