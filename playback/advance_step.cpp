@@ -114,11 +114,33 @@ void AdvanceStep::closeIfFree()
     }
 }
 
+static PlaylistShape allChecked(PlaylistShape shape)
+{
+    shape.packetChecked = [](Int16) { return true; };
+    shape.clipChecked = [](Int16, Int16) { return true; };
+    return shape;
+}
+
 void AdvanceStep::begin()
 {
     const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);
     if (const auto place = placeToBegin(shape, m_context.cursor())) {
         m_starter.ListClick(place->packet, place->clip);
+    }
+}
+
+void AdvanceStep::beginAtListCursor()
+{
+    const TreePlace line = m_context.view->cursorPlace();
+    if (line.clip >= 1) {
+        return m_starter.startByHand(line.packet, line.clip);
+    }
+    const PlaylistShape shape = shapeOf(m_context.module.playlist, *m_context.view);
+    const auto place = placeToBegin(shape, {line.packet, 0});
+    if (place) {
+        m_starter.ListClick(place->packet, place->clip);
+    } else if (const auto unchecked = placeToBegin(allChecked(shape), {1, 0})) {
+        m_starter.startByHand(unchecked->packet, unchecked->clip);
     }
 }
 

@@ -19,6 +19,8 @@ public:
     void runAfterFailure();
     /// Starts the current place when it is checked, else what comes after it.
     void begin();
+    /// Starts the line under the list's cursor, else the first checked place, else the first.
+    void beginAtListCursor();
     /// To the next or previous checked place, whatever the options say.
     void next();
     void previous();

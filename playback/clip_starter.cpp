@@ -52,6 +52,8 @@ void ClipStarter::start(Cursor place, Way way, FailedMedia failed)
         return;
     }
     makeCurrent(place, way);
+    // Once more, now of the entry that plays: the video window goes to its own saved position.
+    resumeNext("saved position", [&] { handBookmarkOver(); });
     if (started) {
         logStart(place);
     } else {
@@ -67,7 +69,7 @@ void ClipStarter::showPicture(Int16 p)
         hasPicture ? m_context.findFile(packet.Picture, packet.PictureFolder) : QString());
 }
 
-/// Of the entry that is current until now, not of the one being started.
+/// Of the entry that is current.
 void ClipStarter::handBookmarkOver()
 {
     const ClipEntry& entry = m_context.currentPacket().clip(m_context.cursor().clip);

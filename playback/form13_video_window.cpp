@@ -22,6 +22,8 @@ constexpr QSize kSizeWithoutPicture(30, 1000); // twips: the control before a fi
 constexpr QSize kFrame(50, 200);               // twips: the window around the control
 constexpr QSize kSmallFrame(3100, 450);        // twips: the window of a still picture, at least
 constexpr int kNudgeMilliseconds = 30000;
+// Seeks, brakes and changes of clip stand still for a moment; a screen may sleep only after more.
+constexpr int kRestMilliseconds = 2000;
 
 static void paintBlack(QWidget& window)
 {
@@ -52,6 +54,8 @@ void Form13::buildControls()
     Image1->setAlignment(Qt::AlignCenter);
     Image1->hide();
     Timer1.setInterval(kNudgeMilliseconds);
+    m_rest.setInterval(kRestMilliseconds);
+    m_rest.setSingleShot(true);
     m_size = kSizeWithoutPicture + kFrame;
     nameControls({{this, u"Form13"},
                   {ActiveMovie1, u"ActiveMovie1"},
@@ -78,6 +82,8 @@ void Form13::connectHandlers()
             }));
     connect(&Timer1, &QTimer::timeout, this,
             m_services.boundary([this](auto&&...) { Form13_Timer1_Timer(); }));
+    connect(&m_rest, &QTimer::timeout, this,
+            m_services.boundary([this](auto&&...) { letSleep(); }));
 }
 
 void Form13::Form13_ActiveMovie1_PositionEvent()
@@ -121,18 +127,26 @@ void Form13::Form13_ActiveMovie1_StateChange(int /*oldState*/, int newState)
     }
 }
 
-/// The nudge and the desktop's own way, both only while a clip runs.
+/// The nudge and the desktop's own way, both as long as the lesson runs.
 void Form13::keepAwakeWhile(bool running)
 {
-    if (running == Timer1.isActive()) {
+    if (!running) {
+        if (Timer1.isActive() && !m_rest.isActive()) {
+            m_rest.start();
+        }
         return;
     }
-    if (running) {
+    m_rest.stop();
+    if (!Timer1.isActive()) {
         Timer1.start();
-    } else {
-        Timer1.stop();
+        m_services.keepAwake(true);
     }
-    m_services.keepAwake(running);
+}
+
+void Form13::letSleep()
+{
+    Timer1.stop();
+    m_services.keepAwake(false);
 }
 
 void Form13::Form13_Timer1_Timer()

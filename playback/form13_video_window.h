@@ -2,7 +2,7 @@
 //
 //   ActiveMovie1   the running picture
 //   Image1         still picture for clips without one of their own
-//   Timer1         every 30 s: nudges the mouse cursor while a clip runs
+//   Timer1         every 30 s: nudges the mouse cursor while a lesson runs
 #pragma once
 
 #include "core/error_boundary.h"
@@ -26,7 +26,7 @@ struct Form13Services
 {
     MediaControl& control;
     HandlerBoundary boundary;
-    std::function<void(bool)> keepAwake;           // a clip begins to run, or no longer does
+    std::function<void(bool)> keepAwake; // a lesson begins to run, or has stood still for a while
     std::function<bool(CommonKey)> pressPlayerKey; // keys not its own; says whether it served one
     VideoWindowKeys::Seek seek;
     std::function<QWidget*()> mainWindow; // beside which it opens; null: at the top left
@@ -99,6 +99,7 @@ private:
     [[nodiscard]] QPoint placeBeforePush() const;
     [[nodiscard]] QSize sizeOfContents() const;
     void keepAwakeWhile(bool running);
+    void letSleep();
     void hideUnlessOpening();
     void noteComingBack();
     void layOutControls();
@@ -116,6 +117,7 @@ private:
     MediaControl& m_control;
     VideoMirror m_mirror;
     VideoWindowKeys m_keys;
+    QTimer m_rest; // since the clip stands still
     QString m_stillFile;
     QImage m_still;
     int m_left = kOutOfSight; // twips

@@ -242,7 +242,7 @@ void MainWindowKeys::togglePlay()
     if (m_engine.operations().player().isRunning()) {
         m_engine.pressPause();
     } else {
-        m_engine.pressPlay();
+        m_engine.play();
     }
 }
 

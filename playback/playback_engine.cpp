@@ -55,6 +55,7 @@ public:
     void poll();
     void start(Int16 p, Int16 q);
     void begin();
+    void beginAtListCursor();
     void goOnAfterDrop(bool groupDropped);
     void keepPosition();
     void takePlaylist();
@@ -230,6 +231,13 @@ void PlaybackEngine::Private::begin()
     }
 }
 
+void PlaybackEngine::Private::beginAtListCursor()
+{
+    if (!context.closing) {
+        advance.beginAtListCursor();
+    }
+}
+
 // A clip that began since the last tick is loaded all the same.
 void PlaybackEngine::Private::goOnAfterDrop(bool groupDropped)
 {
@@ -275,7 +283,7 @@ PlaybackEngine::~PlaybackEngine() = default;
 void PlaybackEngine::attachView(PlaybackView& view)
 {
     m_private->context.view = &view;
-    view.showTransport(m_private->transport.looks());
+    m_private->transport.showAgain();
 }
 
 PlaybackOperations& PlaybackEngine::operations()
@@ -338,6 +346,16 @@ void PlaybackEngine::pressPlay()
 {
     m_private->poll();
     m_private->transport.pressPlay();
+}
+
+void PlaybackEngine::play()
+{
+    m_private->poll();
+    if (m_private->context.player().isEmpty()) {
+        m_private->enter([&] { m_private->beginAtListCursor(); });
+    } else {
+        m_private->transport.pressPlay();
+    }
 }
 
 void PlaybackEngine::pressPause()

@@ -37,7 +37,10 @@ public:
     void ListClick(Int16 p, Int16 q);
 
     /// The actions of the Play, Pause and Stop buttons.
-    void pressPlay();  // Image5
+    void pressPlay(); // Image5
+    /// What a person means by Play: with nothing loaded the line under the list's cursor begins,
+    /// else the first.
+    void play();
     void pressPause(); // Image3
     void pressStop();  // Image4
     /// The Close button: hides the program ("nc") or ends it.

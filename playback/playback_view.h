@@ -1,7 +1,7 @@
 // What the playback engine, the keys and the media controls need of the main window.
 #pragma once
 
-#include "core/int16.h"
+#include "model/tree_lines.h"
 
 #include <QString>
 
@@ -44,6 +44,9 @@ public:
     [[nodiscard]] virtual int headerLineOf(Int16 p) const = 0;
     [[nodiscard]] virtual int lineCount() const = 0;
     virtual void setListIndex(int line) = 0; // -1: no line is current
+    /// Packet and clip of the line under the list's cursor; clip 0 on a packet's own line, packet 0
+    /// without a cursor.
+    [[nodiscard]] virtual TreePlace cursorPlace() const = 0;
     [[nodiscard]] virtual bool isLineChecked(int line) const = 0;
     virtual void checkLine(int line) = 0;
 

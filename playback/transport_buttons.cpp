@@ -31,7 +31,19 @@ void TransportButtons::setPause(bool enabled)
 void TransportButtons::show(const TransportLooks& looks)
 {
     m_looks = looks;
-    m_context.view->showTransport(m_looks);
+    m_shown = looks;
+    m_shown.playEnabled = looks.playEnabled && canPlay();
+    m_context.view->showTransport(m_shown);
+}
+
+bool TransportButtons::canPlay() const
+{
+    return !m_context.player().isEmpty() || m_context.module.playlist.entryCount() > 0;
+}
+
+void TransportButtons::showAgain()
+{
+    show(m_looks);
 }
 
 void TransportButtons::showPlaying()
@@ -116,6 +128,9 @@ void TransportButtons::stopPlayer()
 
 void TransportButtons::reconcile()
 {
+    if (m_shown.playEnabled != (m_looks.playEnabled && canPlay())) {
+        showAgain();
+    }
     const bool settled = !m_context.player().opening && !m_context.startFailed &&
                          !m_context.module.playback.ClipEnded;
     if (!settled || !m_context.module.playback.StateChanged.take()) {

@@ -24,12 +24,15 @@ public:
     void showUnloaded();
     /// Time and slider at 0, unless the user holds the slider.
     void showBeginning();
+    /// For a view that knows nothing yet.
+    void showAgain();
     /// Takes StateChanged: keys, tray and full screen also change the state.
     void reconcile();
 
     [[nodiscard]] const TransportLooks& looks() const { return m_looks; }
 
 private:
+    [[nodiscard]] bool canPlay() const;
     void stopPlayer();
     void noteEnd(MediaControl::State state);
     void reset();
@@ -39,7 +42,8 @@ private:
 
     EngineContext& m_context;
     PositionSlider& m_slider;
-    TransportLooks m_looks;
+    TransportLooks m_looks; // as the presses leave them
+    TransportLooks m_shown; // Play is lit only where pressing it does something
     MediaControl::State m_knownState = MediaControl::NotLoaded;
 };
 

@@ -175,7 +175,7 @@ void Form2::Form2_Image13_Click()
 
 void Form2::Form2_Image5_Click()
 {
-    m_services.engine.pressPlay();
+    m_services.engine.play();
 }
 
 void Form2::Form2_Image3_Click()

@@ -131,6 +131,7 @@ public:
     [[nodiscard]] int headerLineOf(Int16 p) const override;
     [[nodiscard]] int lineCount() const override;
     void setListIndex(int line) override;
+    [[nodiscard]] TreePlace cursorPlace() const override;
     [[nodiscard]] bool isLineChecked(int line) const override;
     void checkLine(int line) override;
     void showMainWindow() override;

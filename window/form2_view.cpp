@@ -99,6 +99,12 @@ void Form2::setListIndex(int line)
     List1->setCursorLine(line);
 }
 
+TreePlace Form2::cursorPlace() const
+{
+    const int line = List1->cursorLine();
+    return line < 0 ? TreePlace{} : placeOfLine(List1->lines(), line);
+}
+
 bool Form2::isLineChecked(int line) const
 {
     return List1->isLineChecked(line);

@@ -92,16 +92,17 @@ TEST_F(Starting, ShowsThePictureOfThePacketAndClearsItWhereThereIsNone)
     }
 }
 
-TEST_F(Starting, HandsOverTheSavedPositionOfTheEntryThatWasCurrentUntilNowAndSeeksNowhere)
+TEST_F(Starting, HandsOverTheSavedPositionOfTheEntryThatPlaysAndSeeksNowhere)
 {
-    addClips({u"one"_s, u"two"_s});
+    addClips({u"one"_s, u"two"_s, u"three"_s});
     WriteIni(u"pos"_s, u"one"_s, u"11"_s, module.IniPath);
     WriteIni(u"pos"_s, u"two"_s, u"22"_s, module.IniPath);
     play(1, 1);
-    EXPECT_EQ(video.mirror().VideoBookmark, QString());
-    play(1, 2);
     EXPECT_EQ(video.mirror().VideoBookmark, u"11");
     play(1, 2);
+    EXPECT_EQ(video.mirror().VideoBookmark, u"22");
+    play(1, 3);
+    EXPECT_EQ(video.mirror().VideoBookmark, QString());
     EXPECT_TRUE(control.calls.filter(u"seek"_s).isEmpty());
 }
 

@@ -24,9 +24,72 @@ protected:
     }
 };
 
-TEST_F(Transport, IsIdleAtFirst)
+TEST_F(Transport, IsIdleAtFirstAndPlayIsLitOnceThereIsSomethingToPlay)
 {
+    engine->tick();
+    EXPECT_FALSE(view.looks.playEnabled || view.looks.pauseEnabled);
+    addClips({u"one"_s});
+    engine->tick();
     EXPECT_EQ(view.looks, kIdleLooks);
+}
+
+TEST_F(Transport, PlayWithNothingOpenDoesNothing)
+{
+    engine->play();
+    EXPECT_EQ(control.calls, QStringList());
+}
+
+TEST_F(Transport, PlayWithNothingLoadedBeginsWithTheLineUnderTheCursorElseWithTheFirstChecked)
+{
+    struct Row
+    {
+        const char* says;
+        int cursorLine;
+        std::vector<std::size_t> unchecked;
+        std::pair<int, int> begins;
+    };
+    const Row rows[] = {
+        {"no line", -1, {}, {1, 1}},
+        {"no line, the first unchecked", -1, {2}, {1, 2}},
+        {"no line, all unchecked", -1, {1, 2, 3, 4, 5}, {1, 1}},
+        {"a clip", 3, {}, {1, 2}},
+        {"an unchecked clip", 3, {3}, {1, 2}},
+        {"a packet's own line", 4, {}, {2, 1}},
+    };
+    for (const Row& row : rows) {
+        emptyPlaylist();
+        addClips({u"one"_s, u"two"_s});
+        addClips({u"three"_s});
+        for (const std::size_t line : row.unchecked) {
+            view.checked[line] = false;
+        }
+        view.listIndex = row.cursorLine;
+        engine->play();
+        EXPECT_EQ(place(), row.begins) << row.says;
+        waitUntilRunning();
+        control.setFileName({});
+    }
+}
+
+TEST_F(Transport, PlayAfterTheLastClipBeginsAgain)
+{
+    turnOn({"agnc", "agnp"});
+    playClips({u"one"_s, u"two"_s});
+    endClip();
+    endClip();
+    engine->tick();
+    ASSERT_TRUE(view.looks.playEnabled);
+    engine->play();
+    EXPECT_EQ(runningFile(), path(u"one.avi"_s));
+}
+
+TEST_F(Transport, PlayOfAPausedClipGoesOn)
+{
+    playAt7();
+    engine->pressPause();
+    engine->play();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    EXPECT_EQ(loads(), 1);
 }
 
 TEST_F(Transport, IsIgnoredWhileNoClipIsLoaded)

@@ -106,19 +106,32 @@ TEST_F(VideoWindowKeysTest, ALetterHeldWithControlIsNoCommand)
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
 }
 
-TEST_F(VideoWindowKeysTest, TheDesktopIsKeptAwakeOnlyWhileAClipRuns)
+TEST_F(VideoWindowKeysTest, TheDesktopIsKeptAwakeUntilTheClipHasStoodStillForAWhile)
 {
     control.Stop();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !form.Timer1.isActive(); }, 20000));
     toldAwake.clear();
-    EXPECT_FALSE(form.Timer1.isActive());
     control.Run();
     EXPECT_TRUE(form.Timer1.isActive());
     control.Pause();
-    EXPECT_FALSE(form.Timer1.isActive());
+    EXPECT_TRUE(form.Timer1.isActive());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !form.Timer1.isActive(); }, 20000));
+    EXPECT_EQ(toldAwake, (QList<bool>{true, false}));
+}
+
+TEST_F(VideoWindowKeysTest, SeeksAndChangesOfClipNeitherReleaseNorRestartWhatKeepsTheDesktopAwake)
+{
     control.Run();
-    control.setFileName(QString());
-    EXPECT_FALSE(form.Timer1.isActive());
-    EXPECT_EQ(toldAwake, (QList<bool>{true, false, true, false}));
+    toldAwake.clear();
+    const int left = form.Timer1.remainingTime();
+    control.Pause(); // as a seek does
+    control.setCurrentPosition(3);
+    control.Run();
+    control.setFileName(QString()); // as the end of a clip does
+    open(u"/clips/two.avi"_s, {});
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    EXPECT_LE(form.Timer1.remainingTime(), left);
+    EXPECT_EQ(toldAwake, QList<bool>());
 }
 
 /// Keeps the places to which the mouse cursor moves over any window.

@@ -63,6 +63,10 @@ public:
     [[nodiscard]] int headerLineOf(Int16 p) const override { return headerLine(lines, p); }
     [[nodiscard]] int lineCount() const override { return static_cast<int>(lines.size()); }
     void setListIndex(int line) override { listIndex = line; }
+    [[nodiscard]] TreePlace cursorPlace() const override
+    {
+        return listIndex < 0 ? TreePlace{} : placeOfLine(lines, listIndex);
+    }
     [[nodiscard]] bool isLineChecked(int line) const override
     {
         return checked.at(static_cast<std::size_t>(line));

@@ -20,16 +20,28 @@ protected:
     }
 };
 
-TEST_F(Transport, ButtonsAreIgnoredWhileNoClipIsLoaded)
+TEST_F(Transport, StopIsIgnoredWhileNoClipIsLoaded)
 {
     showClips();
     const SkinPicture play = window->Image5->picture();
-    click(window->Image5);
     click(window->Image4);
-    EXPECT_TRUE(window->Image5->isEnabled());
     EXPECT_FALSE(window->Image3->isEnabled());
     EXPECT_EQ(window->Image5->picture(), play);
     EXPECT_EQ(control.calls, QStringList());
+}
+
+TEST_F(Transport, PlayIsLitWhereItDoesSomethingAndBeginsWithTheLineUnderTheCursor)
+{
+    show();
+    engine->tick();
+    EXPECT_FALSE(window->Image5->isEnabled());
+    showClips();
+    engine->tick();
+    EXPECT_TRUE(window->Image5->isEnabled());
+    window->List1->setCursorLine(3);
+    click(window->Image5);
+    EXPECT_EQ(module.playlist.CurrentClip, 2);
+    EXPECT_EQ(control.calls.filter(u"load /"_s).size(), 1);
 }
 
 TEST_F(Transport, PauseThenPlayExchangesStatesAndPictures)

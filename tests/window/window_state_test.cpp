@@ -178,6 +178,7 @@ TEST_F(MainWindow, CornersAreSquareWhereNothingShowsThroughThem)
 
 TEST_F(MainWindow, TabGoesThroughTheControlsInTheirOrder)
 {
+    addClips(u"clips"_s, {u"one"_s}); // Play is no stop on the way while it would do nothing
     show();
     const QList<QWidget*> order = {
         window->Image8,  window->Image14, window->Image9,  window->Image10,
