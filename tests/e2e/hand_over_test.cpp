@@ -99,6 +99,22 @@ TEST_F(HandOver, AFolderBecomesOnePacketOfItsPlayableFiles)
     EXPECT_TRUE(plays(u"start 1 1 a"_s));
 }
 
+TEST_F(HandOver, TheFoldersOfOneLaunchAreOpenedInTheirOrder)
+{
+    QStringList folders;
+    for (const QString& name : {u"second"_s, u"first"_s}) {
+        folders += file(name);
+        ASSERT_TRUE(QDir().mkpath(folders.back()));
+        ASSERT_TRUE(QFile::copy(media(u"short.wav"_s), folders.back() + u'/' + name + u".wav"_s));
+    }
+    home.setOption(u"as"_s, false);
+    ASSERT_TRUE(program.startAndShow(folders));
+    EXPECT_TRUE(loads(1, 2));
+    EXPECT_TRUE(waitFor([this] {
+        return window().rows().mid(2) == QStringList{u"second"_s, u"first"_s};
+    })) << window().rows().join(u'|').toStdString();
+}
+
 TEST_F(HandOver, SeveralFilesOfOneLaunchShareOnePacket)
 {
     ASSERT_TRUE(program.startAndShow({media(u"short.wav"_s), media(u"short.mp3"_s)}));
