@@ -70,7 +70,10 @@ bool StartUp::Main()
     m_program->openTrayWindow();
     letEventsRun();
     // From here on a failing step is passed over.
-    resumeNext("folder verb", [&] { registerFolderVerb(*m_registry, m_module.ApplicationFolder); });
+    if (!qEnvironmentVariableIsSet("ORVANTA_UNREGISTERED")) { // set for a run from the checkout
+        resumeNext("folder verb",
+                   [&] { registerFolderVerb(*m_registry, m_module.ApplicationFolder); });
+    }
     m_program->loadMainWindow();
     resumeNext("showing the main window", [&] { showMainWindowUnlessAuto(); });
     resumeNext("showing the video window",

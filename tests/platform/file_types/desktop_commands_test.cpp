@@ -157,6 +157,22 @@ TEST_F(DesktopCommands, TheFolderScriptStartsTheProgramOnceForAllSelectedFolders
     EXPECT_EQ(room.bytes(u"said"), inside.toUtf8() + '\n' + other.toUtf8() + "\nend\n");
 }
 
+TEST_F(DesktopCommands, AnotherHomeThanTheProgramsOwnChoiceIsCarriedAlong)
+{
+    Registry elsewhere(folder.path(), scribe(), u"/a b/it's"_s);
+    elsewhere.RegWriteString(RegistryHive::ClassesRoot, kFolderKey, {}, u"x"_s);
+    elsewhere.RegWriteString(RegistryHive::LocalMachine, kRunKey, u"orvanta"_s, u"x"_s);
+    elsewhere.RegWriteString(RegistryHive::ClassesRoot, u".avi"_s, {}, u"vxavifile"_s);
+    const QByteArray start = "\nExec=env \"ORVANTA_HOME=/a b/it's\" ";
+    for (const QString& entry :
+         {QStringView(kAutostart).toString(), u"data/applications/orvanta.desktop"_s}) {
+        EXPECT_TRUE(room.bytes(entry).contains(start)) << room.bytes(entry).constData();
+        EXPECT_EQ(complaints(room.path(entry)), "");
+    }
+    EXPECT_TRUE(room.bytes(u"data/kio/servicemenus/orvanta-play-clips.desktop").contains(start));
+    EXPECT_TRUE(room.bytes(kScripts.constFirst()).contains(R"(ORVANTA_HOME='/a b/it'\''s' ')"));
+}
+
 TEST_F(DesktopCommands, APathWithSpecialCharactersIsQuotedAsTheStandardWants)
 {
     EXPECT_EQ(execQuoted(u"/opt/o"_s), "/opt/o");
