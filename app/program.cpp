@@ -110,6 +110,7 @@ void Program::loadMainWindow()
         .showGroupEditor =
             [this] { return showGroupEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
         .showAbout = [this] { showAbout(); },
+        .closingBegins = m_surroundings.closing,
     });
     m_shownWatch = std::make_unique<ShownWatch>(*m_mainWindow);
 }

@@ -36,9 +36,10 @@ struct ProgramSurroundings
     HandlerBoundary boundary;
     /// A media control of its own for the player and for each preview. May raise 53.
     std::function<std::unique_ptr<MediaControl>()> makeControl;
-    QDBusConnection bus;                // the session's
-    std::function<void()> unloadSplash; // Form1 goes at the main window's first activation
-    std::function<void()> ended;        // its windows are gone
+    QDBusConnection bus;                   // the session's
+    std::function<void()> unloadSplash;    // Form1 goes at the main window's first activation
+    std::function<void()> ended;           // its windows are gone
+    std::function<void()> closing = [] {}; // it will end; long before its windows are gone, perhaps
 };
 
 /// Made step by step, as the start goes on. Interface thread only.

@@ -19,13 +19,19 @@
 
 #include <QApplication>
 #include <QDBusConnection>
+#include <QDeadlineTimer>
+#include <QThread>
 #include <QTimer>
 
+#include <chrono>
 #include <utility>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
+
+constexpr std::chrono::seconds kPatienceWithFirst(10);
+constexpr unsigned long kPauseBetweenLooksMs = 15;
 
 static void letEventsRun()
 {
@@ -64,7 +70,10 @@ bool StartUp::Main()
     m_program->openTrayWindow();
     letEventsRun();
     // From here on a failing step is passed over.
-    resumeNext("folder verb", [&] { registerFolderVerb(*m_registry, m_module.ApplicationFolder); });
+    if (!qEnvironmentVariableIsSet("ORVANTA_UNREGISTERED")) { // set for a run from the checkout
+        resumeNext("folder verb",
+                   [&] { registerFolderVerb(*m_registry, m_module.ApplicationFolder); });
+    }
     m_program->loadMainWindow();
     resumeNext("showing the main window", [&] { showMainWindowUnlessAuto(); });
     resumeNext("showing the video window",
@@ -97,13 +106,26 @@ void StartUp::queueCommandLine() const
     HandOverQueue(m_module.IniPath).append(linesToQueue(m_arguments));
 }
 
-bool StartUp::becomeFirstInstance()
+bool StartUp::takePlace()
 {
     m_instance = std::make_unique<SingleInstance>(m_module.ApplicationFolder);
-    if (!m_instance->isFirst()) {
-        const bool heard = m_instance->raiseFirst(m_activationToken);
-        qCInfo(logStartup, "%s", heard ? "the first instance goes on" : "the first is silent");
-        return false;
+    return m_instance->isFirst();
+}
+
+/// Until the first instance has heard this launch and taken what it queued. One that is just ending
+/// does neither, and leaves its place to this one.
+bool StartUp::becomeFirstInstance()
+{
+    const HandOverQueue queue(m_module.IniPath);
+    const QDeadlineTimer patience(kPatienceWithFirst);
+    bool heard = false;
+    while (!takePlace()) {
+        heard = heard || m_instance->raiseFirst(m_activationToken);
+        if ((heard && !queue.hasEntries()) || patience.hasExpired()) {
+            qCInfo(logStartup, "%s", heard ? "the first instance goes on" : "the first is silent");
+            return false;
+        }
+        QThread::msleep(kPauseBetweenLooksMs);
     }
     connect(m_instance.get(), &SingleInstance::raiseRequested, this,
             m_boundary([this](const QString& token) { raiseMainWindow(token); }));
@@ -129,6 +151,7 @@ void StartUp::makeProgram()
         .bus = QDBusConnection::sessionBus(),
         .unloadSplash = [this] { unloadSplash(); },
         .ended = [this] { leaveEventLoop(); },
+        .closing = [this] { m_instance->release(); },
     });
 }
 

@@ -41,6 +41,7 @@ private:
     void buildIniPath();
     void chooseLanguage();
     void queueCommandLine() const;
+    bool takePlace();
     bool becomeFirstInstance();
     void showSplash();
     void makeProgram();

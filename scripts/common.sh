@@ -53,9 +53,11 @@ install_missing() {
         return
     fi
     say "installing ${missing[*]}"
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq
-    as_root env DEBIAN_FRONTEND=noninteractive \
-        apt-get install -y -qq --no-install-recommends "${missing[@]}"
+    # Another package manager, the automatic upgrade for instance, may be at work.
+    local apt=(env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=300)
+    as_root "${apt[@]}" update -qq
+    as_root "${apt[@]}" \
+        install -y -qq --no-install-recommends "${missing[@]}"
 }
 
 # cache_value FOLDER NAME: an entry of the build folder's cache; empty without one.

@@ -59,9 +59,10 @@ struct Form2Services
     std::function<void()> showOptions;      // Form8, modally
     VideoWindowKeys& videoKeys;             // full screen
     // The editors, modally. Each returns the temporary file to open; empty for none.
-    std::function<QString()> showPacketEditor; // Form5
-    std::function<QString()> showGroupEditor;  // Form6
-    std::function<void()> showAbout;           // Form9
+    std::function<QString()> showPacketEditor;   // Form5
+    std::function<QString()> showGroupEditor;    // Form6
+    std::function<void()> showAbout;             // Form9
+    std::function<void()> closingBegins = [] {}; // the program ends, whatever it still waits for
 };
 
 /// Constructing it is its load procedure: texts, add-ins, volume and balance; a step of it that

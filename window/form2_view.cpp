@@ -160,6 +160,7 @@ bool Form2::isModalWindowOpen() const
 // As the window manager closes them. One that refuses goes with the program.
 void Form2::cancelModalWindows()
 {
+    m_services.closingBegins();
     const QWidget* refuses = nullptr;
     for (QWidget* window = QApplication::activeModalWidget();
          window != nullptr && window != refuses; window = QApplication::activeModalWidget()) {

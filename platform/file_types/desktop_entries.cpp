@@ -82,17 +82,31 @@ static QByteArray typeList(const QByteArrayList& types)
     return types.isEmpty() ? QByteArray() : types.join(';') + ';';
 }
 
-DesktopEntries::DesktopEntries(QString executable)
-    : m_executable(std::move(executable))
+DesktopEntries::DesktopEntries(QString executable, QString home)
+    : m_executable(std::move(executable)),
+      m_home(std::move(home))
 {}
+
+QByteArray DesktopEntries::execCommand() const
+{
+    const QByteArray program = execQuoted(m_executable);
+    return m_home.isEmpty() ? program
+                            : "env " + execQuoted(u"ORVANTA_HOME="_s + m_home) + ' ' + program;
+}
+
+QByteArray DesktopEntries::shellCommand() const
+{
+    const QByteArray program = shellQuoted(m_executable);
+    return m_home.isEmpty() ? program : "ORVANTA_HOME=" + shellQuoted(m_home) + ' ' + program;
+}
 
 QByteArray DesktopEntries::filled(const QString& name) const
 {
     const QByteArray plain = m_executable.toUtf8().replace('\\', "\\\\");
     return resource(name)
-        .replace("@EXEC@", execQuoted(m_executable))
+        .replace("@EXEC@", execCommand())
         .replace("@TRY_EXEC@", plain)
-        .replace("@SHELL_COMMAND@", shellQuoted(m_executable));
+        .replace("@SHELL_COMMAND@", shellCommand());
 }
 
 /// An installed program has its icon in one of the system's folders.
@@ -133,7 +147,7 @@ QByteArray DesktopEntries::adapted(const QByteArray& entry, QByteArrayList types
     qsizetype typesLine = -1;
     for (qsizetype i = 1; i < end; ++i) {
         if (lines[i].startsWith("Exec=")) {
-            lines[i] = "Exec=" + execQuoted(m_executable) + " %F";
+            lines[i] = "Exec=" + execCommand() + " %F";
         } else if (lines[i].startsWith("TryExec=")) {
             lines[i] = "TryExec=" + m_executable.toUtf8().replace('\\', "\\\\");
         } else if (lines[i].startsWith("MimeType=")) {

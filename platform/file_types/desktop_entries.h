@@ -9,11 +9,12 @@
 namespace orvanta {
 
 /// All writing is idempotent and replaces files whole; what fails is logged. executable: the
-/// program's absolute path.
+/// program's absolute path. home: the application folder that its commands carry along as
+/// $ORVANTA_HOME; empty where the program finds it by itself.
 class DesktopEntries
 {
 public:
-    explicit DesktopEntries(QString executable);
+    explicit DesktopEntries(QString executable, QString home = {});
 
     /// The desktop entry in the user's applications folder, which opens these types. Whether it
     /// changed. Brings the program's icon along where none is installed.
@@ -32,10 +33,13 @@ public:
     void writeFolderCommand() const;
 
 private:
+    [[nodiscard]] QByteArray execCommand() const;
+    [[nodiscard]] QByteArray shellCommand() const;
     [[nodiscard]] QByteArray filled(const QString& name) const;
     [[nodiscard]] QByteArray adapted(const QByteArray& entry, QByteArrayList types) const;
 
     QString m_executable;
+    QString m_home;
 };
 
 /// A path as the command of a desktop entry's Exec line: quoted, its special characters escaped,

@@ -2,6 +2,7 @@
 
 #include "core/paths.h"
 #include "platform/file_types/desktop_types.h"
+#include "platform/process/application_folder.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -75,9 +76,9 @@ static QString sectionOf(RegistryHive hive, const QString& subkey)
 class Registry::Private
 {
 public:
-    Private(const QString& applicationFolder, const QString& executable)
+    Private(const QString& applicationFolder, const QString& executable, const QString& home)
         : file(programFile(applicationFolder, u"\\registry.ini"_s)),
-          entries(executable),
+          entries(executable, home),
           types(applicationFolder, entries, file, caches)
     {}
 
@@ -130,12 +131,20 @@ Registry::Turn::~Turn()
     m_registry.m_private->endTurn();
 }
 
+/// What the desktop starts must find the same settings.
+static QString homeToCarry(const QString& applicationFolder)
+{
+    const bool found = applicationFolder == folderWithoutVariable();
+    return found ? QString() : applicationFolder;
+}
+
 Registry::Registry(const QString& applicationFolder)
-    : Registry(applicationFolder, QCoreApplication::applicationFilePath())
+    : Registry(applicationFolder, QCoreApplication::applicationFilePath(),
+               homeToCarry(applicationFolder))
 {}
 
-Registry::Registry(const QString& applicationFolder, const QString& executable)
-    : m_private(std::make_unique<Private>(applicationFolder, executable))
+Registry::Registry(const QString& applicationFolder, const QString& executable, const QString& home)
+    : m_private(std::make_unique<Private>(applicationFolder, executable, home))
 {}
 
 Registry::~Registry() = default;

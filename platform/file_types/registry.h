@@ -34,7 +34,8 @@ class Registry
 public:
     explicit Registry(const QString& applicationFolder);
     /// The same for another executable than the running one. An absolute path.
-    Registry(const QString& applicationFolder, const QString& executable);
+    /// home: what the desktop's commands carry as $ORVANTA_HOME; empty for nothing.
+    Registry(const QString& applicationFolder, const QString& executable, const QString& home = {});
     ~Registry();
     Registry(const Registry&) = delete;
     Registry& operator=(const Registry&) = delete;

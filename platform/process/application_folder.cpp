@@ -37,17 +37,20 @@ static bool isPortable(const QString& folder)
     return settings.isFile() && settings.isWritable() && QFileInfo(folder).isWritable();
 }
 
-static QString chosenFolder()
+QString folderWithoutVariable()
 {
-    const QString home = qEnvironmentVariable("ORVANTA_HOME");
-    if (!home.isEmpty()) {
-        return QDir::cleanPath(QDir::current().absoluteFilePath(home));
-    }
     QString besideProgram = QCoreApplication::applicationDirPath();
     if (isPortable(besideProgram)) {
         return besideProgram;
     }
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/orvanta"_s;
+}
+
+static QString chosenFolder()
+{
+    const QString home = qEnvironmentVariable("ORVANTA_HOME");
+    return home.isEmpty() ? folderWithoutVariable()
+                          : QDir::cleanPath(QDir::current().absoluteFilePath(home));
 }
 
 QString applicationFolder()

@@ -9,6 +9,9 @@ namespace orvanta {
 /// orvanta.ini; else $XDG_DATA_HOME/orvanta. Created, with default settings, on first use.
 [[nodiscard]] QString applicationFolder();
 
+/// The folder that the program would choose without $ORVANTA_HOME. Creates nothing.
+[[nodiscard]] QString folderWithoutVariable();
+
 /// Raises 76 when the application folder is not there and could not be made, 75 when it holds no
 /// settings that can be read: whoever went on would wait for them for ever.
 void requireSettings(const QString& folder);

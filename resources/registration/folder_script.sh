@@ -1,11 +1,16 @@
 #!/bin/sh
 # Plays the clips of the selected folders. Written anew at every start of Orvanta.
+count=$#
 for folder in "$@"; do
     case $folder in
     /*) ;;
     *) folder=$PWD/$folder ;;
     esac
     if [ -d "$folder" ]; then
-        @SHELL_COMMAND@ "/f$folder" &
+        set -- "$@" "$folder"
     fi
 done
+shift "$count"
+if [ $# -gt 0 ]; then
+    @SHELL_COMMAND@ "$@" &
+fi

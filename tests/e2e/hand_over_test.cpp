@@ -3,6 +3,7 @@
 #include "platform/process/file_lock.h"
 #include "tests/e2e/support/end_to_end.h"
 
+#include <csignal>
 #include <list>
 
 using namespace Qt::StringLiterals;
@@ -98,6 +99,22 @@ TEST_F(HandOver, AFolderBecomesOnePacketOfItsPlayableFiles)
     EXPECT_TRUE(plays(u"start 1 1 a"_s));
 }
 
+TEST_F(HandOver, TheFoldersOfOneLaunchAreOpenedInTheirOrder)
+{
+    QStringList folders;
+    for (const QString& name : {u"second"_s, u"first"_s}) {
+        folders += file(name);
+        ASSERT_TRUE(QDir().mkpath(folders.back()));
+        ASSERT_TRUE(QFile::copy(media(u"short.wav"_s), folders.back() + u'/' + name + u".wav"_s));
+    }
+    home.setOption(u"as"_s, false);
+    ASSERT_TRUE(program.startAndShow(folders));
+    EXPECT_TRUE(loads(1, 2));
+    EXPECT_TRUE(waitFor([this] {
+        return window().rows().mid(2) == QStringList{u"second"_s, u"first"_s};
+    })) << window().rows().join(u'|').toStdString();
+}
+
 TEST_F(HandOver, SeveralFilesOfOneLaunchShareOnePacket)
 {
     ASSERT_TRUE(program.startAndShow({media(u"short.wav"_s), media(u"short.mp3"_s)}));
@@ -123,6 +140,32 @@ TEST_F(HandOver, ALaunchWaitsForABusyQueueAndSaysSo)
     EXPECT_EQ(home.get(u"ftl"_s, u"wr"_s), u"1"_s);
     holder.reset();
     EXPECT_TRUE(loads(1, 1)) << "nobody holds the queue any more";
+}
+
+TEST_F(HandOver, ALaunchWhileTheFirstInstanceEndsTakesItsPlace)
+{
+    // What is left of an instance that ends: it hears nobody any more.
+    std::optional<FileLock> ending(home.file(u"instance.lock"_s));
+    ASSERT_EQ(ending->tryLock(), FileLock::Outcome::Held);
+    program.start({media(u"video2.mp4"_s)});
+    ASSERT_TRUE(waitFor([this] { return home.get(u"ftl"_s, u"num"_s) == u"1"_s; }));
+    ending.reset();
+    EXPECT_TRUE(loads(1, 1)) << program.said();
+}
+
+TEST_F(HandOver, NoLaunchIsSwallowedByAnInstanceThatIsToldToEnd)
+{
+    home.setOption(u"as"_s, false);
+    std::list<Application> instances;
+    ASSERT_TRUE(instances.emplace_back(desktop, home).startAndShow());
+    for (int round = 1; round <= 4; ++round) {
+        Application& ending = instances.back();
+        Application& launch = instances.emplace_back(desktop, home);
+        ending.sendSignal(SIGTERM);
+        launch.start({media(u"short.wav"_s)});
+        ASSERT_TRUE(launch.next(u"loaded 1 packets, 1 entries"_s)) << launch.said();
+        EXPECT_EQ(ending.statusAtEnd(), 0);
+    }
 }
 
 TEST_F(HandOver, AHundredLaunchesAtOnceLoseNoLine)

@@ -256,14 +256,27 @@ TEST_F(Registration, StartedWithTheSessionTheProgramStaysHiddenUntilAFileIsOpene
         command = line.startsWith("Exec=") ? line.mid(5) : command;
     }
     const QStringList words = QProcess::splitCommand(QString::fromUtf8(command));
-    ASSERT_EQ(words.value(0), programPath());
+    const QString variable = u"ORVANTA_HOME="_s + home.folder();
+    ASSERT_EQ(words.mid(0, 3), (QStringList{u"env"_s, variable, programPath()}));
     Application session(desktop, home);
-    session.start(words.mid(1));
+    session.start(words.mid(3));
     ASSERT_TRUE(session.next(u"^orvanta.startup: ready$"_s)) << session.said();
     EXPECT_TRUE(tray.waitForIcons(1));
     EXPECT_EQ(desktop.visibleWindows(u"!Orvanta!"_s), 0);
     EXPECT_EQ(launchAgain(desktop, home, {media(u"short.mp4"_s)}), 0);
     EXPECT_TRUE(waitFor([this] { return desktop.visibleWindows(u"!Orvanta!"_s) > 0; }));
+}
+
+TEST_F(Registration, ADevelopmentRunRegistersNothingByItself)
+{
+    program.setVariable(u"ORVANTA_UNREGISTERED"_s, u"1"_s);
+    ASSERT_TRUE(program.startAndShow());
+    EXPECT_EQ(readFile(u".local/share/nautilus/scripts/Play clips"_s), "");
+    program.sendSignal(SIGTERM);
+    ASSERT_TRUE(program.waitForEnd());
+    Application installed(desktop, home);
+    ASSERT_TRUE(installed.startAndShow());
+    EXPECT_NE(readFile(u".local/share/nautilus/scripts/Play clips"_s), "");
 }
 
 TEST_F(Registration, TheTrayIconComesAndGoesWithItsOptionAtOnce)

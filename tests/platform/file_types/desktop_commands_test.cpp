@@ -50,11 +50,12 @@ struct DesktopCommands : testing::Test
                                 folder.path() + u"\\orvanta.exe /f%1"_s);
     }
 
-    /// A stand-in for the program: writes its arguments into "said", one a line.
+    /// A stand-in for the program: writes its arguments into "said", one a line, and "end".
     [[nodiscard]] QString scribe() const
     {
         room.write(u"it's a $program/orvanta",
                    "#!/bin/sh\nfor a in \"$@\"; do echo \"$a\"; done >>\"" +
+                       room.path(u"said").toUtf8() + "\"\necho end >>\"" +
                        room.path(u"said").toUtf8() + "\"\n");
         const QString program = room.path(u"it's a $program/orvanta");
         QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
@@ -125,7 +126,7 @@ TEST_F(DesktopCommands, FoldersHaveACommandInEveryFileManager)
     }
     const QByteArray menu = room.bytes(u"data/kio/servicemenus/orvanta-play-clips.desktop");
     EXPECT_TRUE(menu.contains("\nName=Play clips\n"));
-    EXPECT_TRUE(menu.contains("\nExec=/opt/o/orvanta /f%f\n"));
+    EXPECT_TRUE(menu.contains("\nExec=/opt/o/orvanta %F\n"));
     EXPECT_FALSE(room.has(u"data/applications")); // nothing that could open folders
 }
 
@@ -138,20 +139,38 @@ TEST_F(DesktopCommands, TheFolderCommandIsWrittenAgainWhenSomebodyChangedIt)
     EXPECT_EQ(room.bytes(kScripts.constFirst()), before);
 }
 
-TEST_F(DesktopCommands, TheFolderScriptStartsTheProgramForEachSelectedFolder)
+TEST_F(DesktopCommands, TheFolderScriptStartsTheProgramOnceForAllSelectedFolders)
 {
     Registry(folder.path(), scribe())
         .RegWriteString(RegistryHive::ClassesRoot, kFolderKey, {}, u"x"_s);
     const QString inside = room.path(u"films/it's one");
+    const QString other = room.path(u"films/another");
     QDir().mkpath(inside);
+    QDir().mkpath(other);
     room.write(u"films/no folder", "");
     QProcess script;
     script.setWorkingDirectory(room.path(u"films"));
-    script.start(room.path(kScripts.constFirst()), {u"it's one"_s, u"no folder"_s});
+    script.start(room.path(kScripts.constFirst()), {u"it's one"_s, u"no folder"_s, other});
     ASSERT_TRUE(script.waitForFinished());
     EXPECT_EQ(script.exitCode(), 0);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !room.bytes(u"said").isEmpty(); }, 20000));
-    EXPECT_EQ(room.bytes(u"said"), "/f" + inside.toUtf8() + '\n');
+    EXPECT_TRUE(QTest::qWaitFor([&] { return room.bytes(u"said").endsWith("end\n"); }, 20000));
+    EXPECT_EQ(room.bytes(u"said"), inside.toUtf8() + '\n' + other.toUtf8() + "\nend\n");
+}
+
+TEST_F(DesktopCommands, AnotherHomeThanTheProgramsOwnChoiceIsCarriedAlong)
+{
+    Registry elsewhere(folder.path(), scribe(), u"/a b/it's"_s);
+    elsewhere.RegWriteString(RegistryHive::ClassesRoot, kFolderKey, {}, u"x"_s);
+    elsewhere.RegWriteString(RegistryHive::LocalMachine, kRunKey, u"orvanta"_s, u"x"_s);
+    elsewhere.RegWriteString(RegistryHive::ClassesRoot, u".avi"_s, {}, u"vxavifile"_s);
+    const QByteArray start = "\nExec=env \"ORVANTA_HOME=/a b/it's\" ";
+    for (const QString& entry :
+         {QStringView(kAutostart).toString(), u"data/applications/orvanta.desktop"_s}) {
+        EXPECT_TRUE(room.bytes(entry).contains(start)) << room.bytes(entry).constData();
+        EXPECT_EQ(complaints(room.path(entry)), "");
+    }
+    EXPECT_TRUE(room.bytes(u"data/kio/servicemenus/orvanta-play-clips.desktop").contains(start));
+    EXPECT_TRUE(room.bytes(kScripts.constFirst()).contains(R"(ORVANTA_HOME='/a b/it'\''s' ')"));
 }
 
 TEST_F(DesktopCommands, APathWithSpecialCharactersIsQuotedAsTheStandardWants)
@@ -171,9 +190,9 @@ TEST_F(DesktopCommands, ADesktopStartsAProgramWithAnUnusualPath)
     QProcess launcher;
     launcher.start(u"gio"_s, {u"launch"_s, entry, room.path(u"a clip.avi")});
     ASSERT_TRUE(launcher.waitForFinished()) << "gio does not run";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !room.bytes(u"said").isEmpty(); }, 20000))
+    EXPECT_TRUE(QTest::qWaitFor([&] { return room.bytes(u"said").endsWith("end\n"); }, 20000))
         << launcher.readAllStandardError().constData();
-    EXPECT_EQ(room.bytes(u"said"), room.path(u"a clip.avi").toUtf8() + '\n');
+    EXPECT_EQ(room.bytes(u"said"), room.path(u"a clip.avi").toUtf8() + "\nend\n");
 }
 
 // Caches
