@@ -124,6 +124,7 @@ constexpr std::array kTexts{
     InterfaceText{u"Form10", u"Command1.tip", u"OK", u"ОК"},
     InterfaceText{u"Form10", u"Command2", u"Cancel", u"Отмена"},
     InterfaceText{u"Form10", u"PathBox.label", u"Path:", u"Путь:"},
+    InterfaceText{u"Form10", u"FolderLabel.in", u"In the folder \"%1\"", u"В папке «%1»"},
     InterfaceText{u"Form10", u"Text1", u"no name", u"no name"},
     InterfaceText{u"Form10", u"Text1.label", u"Name:", u"Имя:"},
     InterfaceText{u"Form10", u"Label1.replaced", u"This file exists and will be replaced.",
