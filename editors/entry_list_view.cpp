@@ -17,7 +17,10 @@ namespace orvanta {
 class EntryModel : public QAbstractListModel
 {
 public:
-    using QAbstractListModel::QAbstractListModel;
+    explicit EntryModel(const EntryListView* view, QObject* parent)
+        : QAbstractListModel(parent),
+          m_view(view)
+    {}
 
     void setEntries(const QStringList& next);
 
@@ -27,13 +30,31 @@ public:
     }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override
     {
-        return role == Qt::DisplayRole ? QVariant(m_entries.at(index.row())) : QVariant();
+        switch (role) {
+        case Qt::DisplayRole:
+            return m_entries.at(index.row());
+        case Qt::ToolTipRole:
+        case Qt::AccessibleDescriptionRole:
+            return wordsFor(index.row(), role);
+        default:
+            return {};
+        }
     }
 
 private:
+    /// None leaves the view's own tool tip.
+    [[nodiscard]] QVariant wordsFor(int row, int role) const
+    {
+        const QString tip = m_view->lookOf(row).tip;
+        if (tip.isEmpty()) {
+            return {};
+        }
+        return role == Qt::ToolTipRole ? plainToolTip(tip) : tip;
+    }
     void removeRowsBetween(qsizetype first, qsizetype end);
     void insertRowsOf(const QStringList& next, qsizetype first, qsizetype end);
 
+    const EntryListView* m_view;
     QStringList m_entries;
 };
 
@@ -78,10 +99,11 @@ void EntryModel::insertRowsOf(const QStringList& next, qsizetype first, qsizetyp
 
 EntryListView::EntryListView(Look look, QWidget* parent)
     : QListView(parent),
-      m_model(new EntryModel(this))
+      m_model(new EntryModel(this, this)),
+      m_look(std::move(look))
 {
     setModel(m_model);
-    setItemDelegate(new EntryPainter(std::move(look), this));
+    setItemDelegate(new EntryPainter(this));
     setUniformItemSizes(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -100,6 +122,12 @@ void EntryListView::change(const std::function<void(EntryList&)>& operation)
         throw;
     }
     show(next);
+}
+
+EntryLook EntryListView::lookOf(int row) const
+{
+    const bool isThere = row >= 0 && row < m_list.entries.size();
+    return isThere ? m_look(m_list.entries, row) : EntryLook();
 }
 
 void EntryListView::show(const EntryList& next)

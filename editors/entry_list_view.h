@@ -14,9 +14,11 @@ class EntryModel;
 /// How an entry is painted: what names it, what it holds, and where that comes from.
 struct EntryLook
 {
-    QString lead;  // a time; empty for none
-    QString text;  // the entry's own text
-    QString aside; // the path, muted
+    QString lead;        // a time; empty for none
+    QString text;        // the entry's own text
+    QString aside;       // the path, muted
+    bool isLent = false; // the text is another entry's: muted, too
+    QString tip;         // what cannot be seen, in words; empty for none
 };
 
 /// Rows are the entries themselves (their text is the whole entry); the look only paints them.
@@ -26,11 +28,13 @@ class EntryListView : public QListView
     Q_OBJECT
 
 public:
-    using Look = std::function<EntryLook(const QString& entry)>;
+    using Look = std::function<EntryLook(const QStringList& entries, int row)>;
 
     explicit EntryListView(Look look, QWidget* parent = nullptr);
 
     [[nodiscard]] const EntryList& list() const { return m_list; }
+    /// How a row is painted, counted from 0.
+    [[nodiscard]] EntryLook lookOf(int row) const;
     /// Applies one of the list operations and shows the result.
     void change(const std::function<void(EntryList&)>& operation);
 
@@ -62,6 +66,7 @@ private:
     void updateRow(int row);
 
     EntryModel* m_model;
+    Look m_look;
     EntryList m_list;
     int m_markedRow = -1;
     bool m_programChanges = false;

@@ -19,9 +19,8 @@ static QColor muted(QColor colour)
     return colour;
 }
 
-EntryPainter::EntryPainter(EntryListView::Look look, EntryListView* view)
+EntryPainter::EntryPainter(EntryListView* view)
     : QStyledItemDelegate(view),
-      m_look(std::move(look)),
       m_view(view)
 {}
 
@@ -103,7 +102,7 @@ void EntryPainter::paintTexts(QPainter& painter, const QStyleOptionViewItem& opt
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     const QColor text =
         option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
-    const EntryLook look = m_look(index.data().toString());
+    const EntryLook look = m_view->lookOf(index.row());
     const QFontMetrics& metrics = option.fontMetrics;
     painter.save();
     painter.setFont(option.font);
@@ -122,7 +121,8 @@ void EntryPainter::paintTexts(QPainter& painter, const QStyleOptionViewItem& opt
     const int pathLeast = look.aside.isEmpty() ? 0 : row.restWidth() / 3;
     const int textWidth =
         std::min(metrics.horizontalAdvance(look.text) + 1, row.restWidth() - pathLeast);
-    row.addElided(look.text, textWidth, Qt::ElideRight, Qt::AlignLeft, text);
+    row.addElided(look.text, textWidth, Qt::ElideRight, Qt::AlignLeft,
+                  look.isLent ? muted(text) : text);
     row.addElided(look.aside, row.restWidth(), Qt::ElideMiddle, Qt::AlignRight, muted(text));
     painter.restore();
 }

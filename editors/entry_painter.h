@@ -12,7 +12,7 @@ namespace orvanta {
 class EntryPainter : public QStyledItemDelegate
 {
 public:
-    EntryPainter(EntryListView::Look look, EntryListView* view);
+    explicit EntryPainter(EntryListView* view);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -24,7 +24,6 @@ private:
     void paintTexts(QPainter& painter, const QStyleOptionViewItem& option,
                     const QModelIndex& index) const;
 
-    EntryListView::Look m_look;
     EntryListView* m_view;
 };
 

@@ -5,8 +5,10 @@
 #include "editors/file_list_box.h"
 #include "editors/folder_names.h"
 #include "editors/folder_tree.h"
+#include "platform/screen/window_basics.h"
 
 #include <QBoxLayout>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLabel>
@@ -37,6 +39,12 @@ Form10::Form10(Module1& module, const HandlerBoundary& boundary, const QString& 
 
 void Form10::buildNameRow()
 {
+    FolderLabel = new QLabel(this);
+    FolderLabel->setTextFormat(Qt::PlainText);
+    QFont prominent = FolderLabel->font();
+    prominent.setBold(true);
+    FolderLabel->setFont(prominent);
+    lowerPart()->addWidget(FolderLabel);
     Text1 = new LineBox(this);
     Label1 = new QLabel(this);
     Label1->setForegroundRole(QPalette::PlaceholderText);
@@ -50,9 +58,10 @@ void Form10::buildNameRow()
 
 ControlRows Form10::controls()
 {
-    return {{this, u"Form10"},       {PathBox, u"PathBox"},  {FolderTreeview1, u"FolderTreeview1"},
-            {File1, u"File1"},       {Text1, u"Text1"},      {Label1, u"Label1"},
-            {Command2, u"Command2"}, {Command1, u"Command1"}};
+    return {
+        {this, u"Form10"},   {PathBox, u"PathBox"},         {FolderTreeview1, u"FolderTreeview1"},
+        {File1, u"File1"},   {FolderLabel, u"FolderLabel"}, {Text1, u"Text1"},
+        {Label1, u"Label1"}, {Command2, u"Command2"},       {Command1, u"Command1"}};
 }
 
 QString Form10::target() const
@@ -87,6 +96,18 @@ void Form10::showOutlook()
         }
     }
     Label1->setText(outlook);
+}
+
+void Form10::folderShown()
+{
+    constexpr int kLongestName = 30; // average letters: a longer one would widen the window
+    const QString folder = QDir(File1->folder()).dirName();
+    const QFontMetrics metrics = FolderLabel->fontMetrics();
+    const QString name = metrics.elidedText(folder.isEmpty() ? u"/"_s : folder, Qt::ElideMiddle,
+                                            kLongestName * metrics.averageCharWidth());
+    FolderLabel->setText(texts()(u"FolderLabel.in").arg(name));
+    FolderLabel->setToolTip(plainToolTip(File1->folder()));
+    showOutlook();
 }
 
 void Form10::Form10_File1_Click()

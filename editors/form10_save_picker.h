@@ -1,6 +1,7 @@
 // Form10, the save picker.
 //
 //   FolderTreeview1  the folders      File1     the folder's files that match the pattern
+//   FolderLabel      the folder's name
 //   Text1            the new name     Label1    what OK will meet: an older file, no right
 //   Command1         OK               Command2  Cancel
 //   PathBox          the folder's path, or one to go to
@@ -21,7 +22,8 @@ public:
     Form10(Module1& module, const HandlerBoundary& boundary, const QString& pattern,
            const QString& proposedName = {}, QWidget* parent = nullptr);
 
-    LineBox* Text1 = nullptr; // the new file's name without its extension
+    QLabel* FolderLabel = nullptr; // where the file will lie, by the folder's own name
+    LineBox* Text1 = nullptr;      // the new file's name without its extension
     QLabel* Label1 = nullptr; // a quiet line: the file will be replaced, or cannot be saved there
 
 protected:
@@ -30,7 +32,7 @@ protected:
     void Command2_Click() override { Form10_Command2_Click(); }
     [[nodiscard]] bool leadsSomewhere(const TypedPath& /*typed*/) const override { return true; }
     void takeTypedName(const QString& name) override;
-    void folderShown() override { showOutlook(); }
+    void folderShown() override;
 
 private:
     void buildNameRow();

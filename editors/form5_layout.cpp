@@ -19,16 +19,16 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-static EntryLook lookOfClip(const QString& entry)
+static EntryLook lookOfClip(const QStringList& entries, int row)
 {
-    const MarkerSplit split = splitAtLastMarker(entry);
-    return {.lead = {}, .text = split.after, .aside = split.before};
+    const MarkerSplit split = splitAtLastMarker(entries.at(row));
+    return {.lead = {}, .text = split.after, .aside = split.before, .isLent = false, .tip = {}};
 }
 
-static EntryLook lookOfBrake(const QString& entry)
+static EntryLook lookOfBrake(const QStringList& entries, int row)
 {
-    const MarkerSplit split = splitAtLastMarker(entry);
-    return {.lead = split.before, .text = split.after, .aside = {}};
+    const MarkerSplit split = splitAtLastMarker(entries.at(row));
+    return {.lead = split.before, .text = split.after, .aside = {}, .isLent = false, .tip = {}};
 }
 
 void Form5::buildControls()

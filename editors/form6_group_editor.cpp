@@ -39,6 +39,8 @@ void Form6::connectHandlers()
     on(Command3, &QPushButton::clicked, [this](auto&&...) { Form6_Command3_Click(); });
     on(Command4, &QPushButton::clicked, [this](auto&&...) { Form6_Command4_Click(); });
     on(Command7, &QPushButton::clicked, [this](auto&&...) { Form6_Command7_Click(); });
+    on(List1, &EntryListView::entriesChanged,
+       [this] { m_lenders = lendersOf(List1->list().entries); });
     on(List1, &EntryListView::Click, [this](auto&&...) { Form6_List1_Click(); });
 }
 

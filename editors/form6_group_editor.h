@@ -39,6 +39,7 @@ private:
     void layOut();
     [[nodiscard]] QWidget* memberPart();
     [[nodiscard]] QGridLayout* fieldRows();
+    [[nodiscard]] EntryLook lookOfMember(const QStringList& entries, int row) const;
 
     // Handlers: form6_group_editor.cpp
     void connectHandlers();
@@ -55,7 +56,8 @@ private:
     void fill(const MemberFields& fields);
     void showPicture();
 
-    bool m_filling = false; // while set, changes of the boxes do not rebuild the entry
+    std::vector<int> m_lenders; // for each member the one whose text and picture it is written with
+    bool m_filling = false;     // while set, changes of the boxes do not rebuild the entry
 };
 
 } // namespace orvanta

@@ -1,3 +1,5 @@
+#include "core/group_file.h"
+#include "core/paths.h"
 #include "editors/entry_list_view.h"
 #include "editors/file_list_box.h"
 #include "editors/folder_tree.h"
@@ -9,22 +11,46 @@
 #include <QPushButton>
 #include <QSplitter>
 
+#include <algorithm>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-static EntryLook lookOfMember(const QString& entry)
+/// The text, and the picture's name behind it.
+static QString inARow(const MemberFields& fields)
 {
-    const MemberFields fields = shownAfterClick({}, entry);
-    const bool hasThreeFields = splitAtLastMarker(entry).before != fields.path;
-    return {.lead = {},
-            .text = hasThreeFields ? fields.text : splitAtLastMarker(entry).after,
-            .aside = fields.path};
+    const bool hasPicture =
+        !fields.picture.isEmpty() && fields.picture != QStringView(kNoPicture).toString();
+    return hasPicture ? fields.text + u" · "_s + fileNameOfPath(fields.picture) : fields.text;
+}
+
+EntryLook Form6::lookOfMember(const QStringList& entries, int row) const
+{
+    const QString& entry = entries.at(row);
+    const QString path = entry.left(std::max<qsizetype>(entry.indexOf(entryMarker()), 0));
+    const auto place = static_cast<std::size_t>(row);
+    const WrittenFields written =
+        writtenFields(entries, row, place < m_lenders.size() ? m_lenders[place] : -1);
+    if (!written.areLent) {
+        const bool isMember = entry.contains(entryMarker());
+        return {.lead = {},
+                .text = isMember ? written.fields.text : QString(),
+                .aside = path,
+                .isLent = false,
+                .tip = {}};
+    }
+    const QString words = written.areThere ? texts()(u"List1.lent") + u' ' + written.fields.text +
+                                                 u" · "_s + written.fields.picture
+                                           : texts()(u"List1.bare");
+    return {
+        .lead = {}, .text = inARow(written.fields), .aside = path, .isLent = true, .tip = words};
 }
 
 void Form6::buildControls()
 {
-    buildListControls(this, lookOfMember);
+    buildListControls(
+        this, [this](const QStringList& entries, int row) { return lookOfMember(entries, row); });
     Text3 = new LineBox(this);
     Image1 = new QLabel(this);
     Image1->setFixedSize(144, 108);

@@ -35,6 +35,41 @@ MemberFields shownAfterClick(MemberFields shown, const QString& entry)
     return shown;
 }
 
+/// Between the first marker and the last; a single one makes a path with nothing behind it.
+static bool hasOwnFields(const QString& entry)
+{
+    const QString marker = entryMarker();
+    return entry.lastIndexOf(marker) >= entry.indexOf(marker) + marker.size();
+}
+
+std::vector<int> lendersOf(const QStringList& entries)
+{
+    std::vector<int> lenders;
+    lenders.reserve(static_cast<std::size_t>(entries.size()));
+    int lender = -1;
+    for (const QString& entry : entries) {
+        lender = hasOwnFields(entry) ? static_cast<int>(lenders.size()) : lender;
+        lenders.push_back(lender);
+    }
+    return lenders;
+}
+
+WrittenFields writtenFields(const QStringList& entries, int row, int lender)
+{
+    WrittenFields written;
+    written.areLent = lender != row && entries.at(row).contains(entryMarker());
+    written.areThere = lender >= 0;
+    if (written.areThere) {
+        const QString marker = entryMarker();
+        const QString& entry = entries.at(lender);
+        const qsizetype text = entry.indexOf(marker) + marker.size();
+        const qsizetype last = entry.lastIndexOf(marker);
+        written.fields.text = entry.mid(text, last - text);
+        written.fields.picture = entry.mid(last + marker.size());
+    }
+    return written;
+}
+
 void loadMembers(EntryList& list, const QString& group)
 {
     removeAll(list);

@@ -2,6 +2,7 @@
 
 #include "platform/file_types/drawing.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPixmap>
@@ -26,9 +27,42 @@ QIcon drawnIcon(const QString& drawing)
     return icon;
 }
 
+namespace {
+
+/// Everything as a button, but for what it is said to be.
+class AccessiblePicture : public QAccessibleWidget
+{
+public:
+    explicit AccessiblePicture(DrawnPicture* picture)
+        : QAccessibleWidget(picture, QAccessible::Graphic)
+    {}
+
+    [[nodiscard]] QStringList actionNames() const override
+    {
+        return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& action) override
+    {
+        if (action == pressAction()) {
+            static_cast<DrawnPicture*>(widget())->click();
+        } else {
+            QAccessibleWidget::doAction(action);
+        }
+    }
+};
+
+} // namespace
+
+static QAccessibleInterface* accessiblePicture(const QString& /*className*/, QObject* object)
+{
+    auto* picture = qobject_cast<DrawnPicture*>(object);
+    return picture != nullptr ? new AccessiblePicture(picture) : nullptr;
+}
+
 DrawnPicture::DrawnPicture(QWidget* parent)
     : QAbstractButton(parent)
 {
+    QAccessible::installFactory(accessiblePicture); // once, however often it is called
     loadDrawings();
     setCursor(Qt::PointingHandCursor);
 }

@@ -10,7 +10,7 @@ namespace orvanta {
 [[nodiscard]] QIcon drawnIcon(const QString& drawing);
 
 /// Fills itself with a drawing, whose shape is kept, crisp at every scale of the screen. Space and
-/// Enter click it too.
+/// Enter click it too. Assistive technology is told of a picture that can be pressed.
 class DrawnPicture : public QAbstractButton
 {
     Q_OBJECT

@@ -58,7 +58,10 @@ void walk(QAccessibleInterface& control, const QString& above, AccessibleWalk& r
     if (control.role() == QAccessible::NoRole) {
         complain(u"has no role"_s);
     }
-    if (isOneOf(kContainers, control.role()) || isOneOf(kUsable, control.role())) {
+    // A picture is mostly to look at; one that can be pressed is met like a button.
+    const bool isUsablePicture = control.role() == QAccessible::Graphic && hasAction(control);
+    if (isOneOf(kContainers, control.role()) || isOneOf(kUsable, control.role()) ||
+        isUsablePicture) {
         ++result.met;
         if (const QString complaint = complaintAbout(control); !complaint.isEmpty()) {
             complain(complaint);

@@ -1,6 +1,7 @@
 // The list box of the editors: its rows and its selection follow whatever is done to the list.
 
 #include "editors/entry_list_view.h"
+#include "platform/screen/window_basics.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
@@ -32,8 +33,12 @@ protected:
         return selected.isEmpty() ? -1 : selected.first().row();
     }
 
-    EntryListView view{
-        [](const QString& entry) { return EntryLook{.lead = {}, .text = entry, .aside = {}}; }};
+    bool isLent = false;
+    QString tip;
+    EntryListView view{[this](const QStringList& entries, int row) {
+        return EntryLook{
+            .lead = {}, .text = entries.at(row), .aside = {}, .isLent = isLent, .tip = tip};
+    }};
 };
 
 } // namespace
@@ -77,6 +82,19 @@ TEST_F(EntryListViewTest, WhatAFailingChangeDidBeforeIsShown)
     };
     EXPECT_THROW(view.change(failing), int);
     EXPECT_EQ(rows(), QStringList({u"before"_s}));
+}
+
+TEST_F(EntryListViewTest, ALentTextIsMutedAndItsRowHasATipOfItsOwn)
+{
+    view.change([](EntryList& list) { list.entries = {u"text"_s}; });
+    const QImage own = view.grab().toImage();
+    const QModelIndex row = view.model()->index(0, 0);
+    EXPECT_FALSE(row.data(Qt::ToolTipRole).isValid());
+    isLent = true;
+    tip = u"in words"_s;
+    EXPECT_NE(view.grab().toImage(), own);
+    EXPECT_EQ(row.data(Qt::ToolTipRole).toString(), plainToolTip(tip));
+    EXPECT_EQ(row.data(Qt::AccessibleDescriptionRole).toString(), tip);
 }
 
 } // namespace orvanta::test

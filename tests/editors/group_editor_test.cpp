@@ -107,6 +107,25 @@ TEST_F(GroupEditor, ClickingAMemberDoesNotRebuildIt)
     EXPECT_EQ(entries(), QStringList({u"a{}b{}c{}d"_s, u"e{}f"_s}));
 }
 
+TEST_F(GroupEditor, AMemberOfTwoFieldsShowsWhatItWillBeWrittenWith)
+{
+    openWith({u"/a.vxl{}A"_s, u"/b.vxl{}B{}/p/b.jpg"_s, u"/c.vxl{}C"_s,
+              u"/d.vxl{}D{}{No picture}"_s, u"/e.vxl{}E"_s});
+    const EntryListView& list = *editor->List1;
+    const QStringList texts = {QString(), u"B"_s, u"B · b.jpg"_s, u"D"_s, u"D"_s};
+    const QList<bool> lent = {true, false, true, false, true};
+    for (int row = 0; row < 5; ++row) {
+        EXPECT_EQ(list.lookOf(row).text, texts.at(row)) << row;
+        EXPECT_EQ(list.lookOf(row).isLent, lent.at(row)) << row;
+        EXPECT_EQ(list.lookOf(row).tip.isEmpty(), !lent.at(row)) << row;
+        EXPECT_EQ(list.lookOf(row).aside, entries().at(row).left(6)) << row;
+    }
+    EXPECT_TRUE(list.lookOf(2).tip.contains(u"above: B · /p/b.jpg"_s));
+    const QByteArray saved = savedBy(editor->Command4);
+    EXPECT_TRUE(saved.contains("path=/c.vxl\r\ntext=B\r\npicture=/p/b.jpg\r\n"));
+    EXPECT_TRUE(saved.contains("path=/a.vxl\r\ntext=\r\npicture=\r\n"));
+}
+
 TEST_F(GroupEditor, AChosenPictureGoesIntoTheSelectedMemberAndIsShown)
 {
     QImage image(400, 300, QImage::Format_RGB32);

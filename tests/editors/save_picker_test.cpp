@@ -97,6 +97,22 @@ TEST_F(SavePicker, ADoubleClickTakesTheFilesNameAndIsOk)
     EXPECT_FALSE(picker->isVisible());
 }
 
+TEST_F(SavePicker, SaysProminentlyInWhichFolderTheFileWillLie)
+{
+    QDir(room()).mkdir(u"sub & <b>"_s);
+    open();
+    EXPECT_EQ(picker->FolderLabel->text(), u"In the folder \"room\""_s);
+    EXPECT_TRUE(picker->FolderLabel->font().bold());
+    picker->FolderTreeview1->setFolder(room(u"sub & <b>"_s));
+    EXPECT_EQ(picker->FolderLabel->text(), u"In the folder \"sub & <b>\""_s);
+    QDir(room()).mkdir(QString(200, u'w'));
+    picker->FolderTreeview1->setFolder(room(QString(200, u'w')));
+    EXPECT_TRUE(picker->FolderLabel->toolTip().contains(QString(200, u'w')));
+    EXPECT_LT(picker->FolderLabel->sizeHint().width(), picker->width());
+    picker->FolderTreeview1->setFolder(u"/"_s);
+    EXPECT_EQ(picker->FolderLabel->text(), u"In the folder \"/\""_s);
+}
+
 TEST_F(SavePicker, AnotherFolderKeepsTheTypedName)
 {
     QDir(room()).mkdir(u"sub"_s);

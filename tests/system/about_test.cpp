@@ -7,6 +7,7 @@
 #include "system/form9_about.h"
 #include "tests/support/settings_folder.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -187,6 +188,19 @@ TEST_F(About, ThePicturesCanBeClickedByKeys)
     EXPECT_TRUE(window->pictureWindow()->isVisible());
     QTest::keyClick(window->pictureWindow()->Image1, Qt::Key_Space);
     EXPECT_FALSE(window->pictureWindow()->isVisible());
+}
+
+TEST_F(About, ItsPictureIsAnnouncedAsAPictureThatCanBePressed)
+{
+    show(u"1"_s);
+    QAccessibleInterface* picture = QAccessible::queryAccessibleInterface(window->Image1);
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->role(), QAccessible::Graphic);
+    EXPECT_FALSE(picture->text(QAccessible::Name).isEmpty());
+    ASSERT_NE(picture->actionInterface(), nullptr);
+    picture->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    ASSERT_NE(window->pictureWindow(), nullptr);
+    EXPECT_TRUE(window->pictureWindow()->isVisible());
 }
 
 TEST_F(About, ItsDrawingsAreReallyDrawn)
