@@ -151,7 +151,7 @@ void EditorWindow::Command8_Click()
 QString EditorWindow::pickFile(const QString& pattern)
 {
     const bool picked = m_services.pickers.ShowOpenPicker(pattern, false);
-    const QString file = picked ? m_services.module.picker.PickedFiles.value(1) : QString();
+    QString file = picked ? m_services.module.picker.PickedFiles.value(1) : QString();
     m_pickerWasLast = m_pickerWasLast || !file.isEmpty();
     return file;
 }
