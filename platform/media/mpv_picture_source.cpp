@@ -49,14 +49,14 @@ static QImage newImage(QSize size)
 }
 
 /// The library leaves the fourth byte of a pixel as it comes, and a compositor that blends windows
-/// takes it for the opacity.
+/// takes it for the opacity. Sixteen pixels at once, as lines are aligned: it is done to each
+/// frame.
 static void makeOpaque(QImage& image)
 {
-    constexpr quint32 kOpaque = 0xff000000U;
-    for (int y = 0; y < image.height(); ++y) {
-        auto* line = reinterpret_cast<quint32*>(image.scanLine(y));
-        std::for_each(line, line + image.width(), [](quint32& pixel) { pixel |= kOpaque; });
-    }
+    using Pixels = quint32 __attribute__((vector_size(kAlignment)));
+    auto* pixels = reinterpret_cast<Pixels*>(image.bits());
+    const auto count = static_cast<std::size_t>(image.sizeInBytes()) / sizeof(Pixels);
+    std::for_each(pixels, pixels + count, [](Pixels& some) { some |= 0xff000000U; });
 }
 
 MpvPictureSource::MpvPictureSource(mpv_handle* player)
