@@ -152,4 +152,50 @@ QString Settings::addInCaption(int i, TextLanguage language) const
     return read(isEnglish ? iniKey(u"add-ins", u"namee#") : iniKey(u"add-ins", u"namer#"), i);
 }
 
+int Settings::wholeNumber(const SettingKey& key, int otherwise) const
+{
+    const QString text = read(key);
+    int number = otherwise;
+    if (!text.isEmpty()) {
+        resumeNext("reading a number", [&] { number = roundToInt16(decimalValue(text)).value(); });
+    }
+    return number;
+}
+
+Practice Settings::practice() const
+{
+    const Practice usual;
+    const Practice stored = {.speed = wholeNumber(iniKey(u"practice", u"speed"), usual.speed),
+                             .times = wholeNumber(iniKey(u"practice", u"repeat"), usual.times),
+                             .wait = wholeNumber(iniKey(u"practice", u"wait"), usual.wait),
+                             .seconds = wholeNumber(iniKey(u"practice", u"seconds"), usual.seconds),
+                             .from = wholeNumber(iniKey(u"practice", u"from"), usual.from),
+                             .step = wholeNumber(iniKey(u"practice", u"step"), usual.step),
+                             .mirror = read(iniKey(u"practice", u"mirror")) == u"1",
+                             .even = read(iniKey(u"practice", u"even")) == u"1"};
+    return stored.inRange();
+}
+
+/// A value that is as usual and was never stored stays away.
+void Settings::setPractice(const Practice& practice) const
+{
+    const Practice to = practice.inRange();
+    const Practice usual;
+    std::vector<IniChange> changes;
+    const auto store = [&](const SettingKey& key, int value, int usualValue) {
+        if (value != usualValue || !read(key).isEmpty()) {
+            changes.push_back(change(key, QString::number(value)));
+        }
+    };
+    store(iniKey(u"practice", u"speed"), to.speed, usual.speed);
+    store(iniKey(u"practice", u"repeat"), to.times, usual.times);
+    store(iniKey(u"practice", u"wait"), to.wait, usual.wait);
+    store(iniKey(u"practice", u"seconds"), to.seconds, usual.seconds);
+    store(iniKey(u"practice", u"from"), to.from, usual.from);
+    store(iniKey(u"practice", u"step"), to.step, usual.step);
+    store(iniKey(u"practice", u"mirror"), to.mirror, usual.mirror);
+    store(iniKey(u"practice", u"even"), to.even, usual.even);
+    writeTogether(std::move(changes));
+}
+
 } // namespace orvanta

@@ -4,6 +4,7 @@
 
 #include "core/ini.h"
 #include "core/numbers.h"
+#include "model/practice.h"
 #include "model/texts.h"
 
 #include <QMap>
@@ -40,32 +41,40 @@ struct SettingKey
 };
 
 inline constexpr std::array kSettings = {
-    SettingKey{u"options", u"as", u"1"},        // playing starts after opening
-    SettingKey{u"options", u"agnc", u"1"},      // a clip's end goes on to the next clip
-    SettingKey{u"options", u"agnp", u"1"},      // a packet's end goes on to the next packet
-    SettingKey{u"options", u"acp", u"0"},       // the end of files from outside closes
-    SettingKey{u"options", u"ar", u"0"},        // the end of all goes to the beginning
-    SettingKey{u"options", u"si", u"0"},        // icon in the tray
-    SettingKey{u"options", u"nc", u"0"},        // closing the window keeps the program
-    SettingKey{u"options", u"r", u"0"},         // clips on drive A are copied first
-    SettingKey{u"options", u"ws", u"0"},        // starts with the session
-    SettingKey{u"main", u"language", nullptr},  // 1 English, 2 Russian
-    SettingKey{u"main", u"screxe", u""},        // where the setup program came from
-    SettingKey{u"ftl", u"wr", u"0"},            // 1 while the hand-over queue is emptied
-    SettingKey{u"ftl", u"num", u"0"},           // lines in the queue
-    SettingKey{u"ftl", u"#", nullptr},          // such a line, from 1
-    SettingKey{u"types", u"num", u"21"},        // types of playable files
-    SettingKey{u"types", u"file#", u"avi"},     // such a type, from 0
-    SettingKey{u"types", u"#reg", nullptr},     // who had the type of a row, from 0, before
-    SettingKey{u"save", u"volume", u"0"},       // hundredths of a decibel, 0 the loudest
-    SettingKey{u"save", u"balance", u"50"},     // 0 to 100
-    SettingKey{u"save", u"open", u""},          // the folder last used
-    SettingKey{u"add-ins", u"num", u"0"},       // programs in the menu Add-ins
-    SettingKey{u"add-ins", u"namee#", nullptr}, // an add-in's English caption, from 1
-    SettingKey{u"add-ins", u"namer#", nullptr}, // its Russian one
-    SettingKey{u"add-ins", u"path#", nullptr},  // its program, seen from the settings' folder
-    SettingKey{u"pos", u"#", nullptr},          // the saved position of a clip, seconds
-    SettingKey{u"text", u"codepage", nullptr},  // of old files; in platform.ini
+    SettingKey{u"options", u"as", u"1"},          // playing starts after opening
+    SettingKey{u"options", u"agnc", u"1"},        // a clip's end goes on to the next clip
+    SettingKey{u"options", u"agnp", u"1"},        // a packet's end goes on to the next packet
+    SettingKey{u"options", u"acp", u"0"},         // the end of files from outside closes
+    SettingKey{u"options", u"ar", u"0"},          // the end of all goes to the beginning
+    SettingKey{u"options", u"si", u"0"},          // icon in the tray
+    SettingKey{u"options", u"nc", u"0"},          // closing the window keeps the program
+    SettingKey{u"options", u"r", u"0"},           // clips on drive A are copied first
+    SettingKey{u"options", u"ws", u"0"},          // starts with the session
+    SettingKey{u"main", u"language", nullptr},    // 1 English, 2 Russian
+    SettingKey{u"main", u"screxe", u""},          // where the setup program came from
+    SettingKey{u"ftl", u"wr", u"0"},              // 1 while the hand-over queue is emptied
+    SettingKey{u"ftl", u"num", u"0"},             // lines in the queue
+    SettingKey{u"ftl", u"#", nullptr},            // such a line, from 1
+    SettingKey{u"types", u"num", u"21"},          // types of playable files
+    SettingKey{u"types", u"file#", u"avi"},       // such a type, from 0
+    SettingKey{u"types", u"#reg", nullptr},       // who had the type of a row, from 0, before
+    SettingKey{u"save", u"volume", u"0"},         // hundredths of a decibel, 0 the loudest
+    SettingKey{u"save", u"balance", u"50"},       // 0 to 100
+    SettingKey{u"save", u"open", u""},            // the folder last used
+    SettingKey{u"add-ins", u"num", u"0"},         // programs in the menu Add-ins
+    SettingKey{u"add-ins", u"namee#", nullptr},   // an add-in's English caption, from 1
+    SettingKey{u"add-ins", u"namer#", nullptr},   // its Russian one
+    SettingKey{u"add-ins", u"path#", nullptr},    // its program, seen from the settings' folder
+    SettingKey{u"pos", u"#", nullptr},            // the saved position of a clip, seconds
+    SettingKey{u"practice", u"speed", nullptr},   // percent
+    SettingKey{u"practice", u"repeat", nullptr},  // times for each line, 0 endlessly
+    SettingKey{u"practice", u"wait", nullptr},    // 0 off, -1 for a key, -2 seconds, else percent
+    SettingKey{u"practice", u"seconds", nullptr}, // of a wait of -2
+    SettingKey{u"practice", u"from", nullptr},    // percent of the speed, of the first round
+    SettingKey{u"practice", u"step", nullptr},    // percent of the speed, more with each round
+    SettingKey{u"practice", u"mirror", nullptr},  // 1: left to right
+    SettingKey{u"practice", u"even", nullptr},    // 1: even loudness
+    SettingKey{u"text", u"codepage", nullptr},    // of old files; in platform.ini
 };
 
 /// A row of the table. What is not there does not compile.
@@ -159,6 +168,11 @@ public:
     [[nodiscard]] QString addInCaption(int i, TextLanguage language) const;
     [[nodiscard]] QString addInPath(int i) const { return read(iniKey(u"add-ins", u"path#"), i); }
 
+    /// How the lesson is practised. What is absent or spoilt is as usual.
+    [[nodiscard]] Practice practice() const;
+    /// All of it in one replacement of the file. A failure is logged.
+    void setPractice(const Practice& practice) const;
+
     /// The file that installed the program.
     [[nodiscard]] QString setupSource() const { return read(iniKey(u"main", u"screxe")); }
     /// Of platform.ini: the code page of old files, "windows-1251"; empty: by the user's locale.
@@ -173,6 +187,8 @@ private:
     }
     /// What is absent counts as in a new file.
     [[nodiscard]] double number(const SettingKey& key) const;
+    /// A whole number; what is absent or no number is the other one.
+    [[nodiscard]] int wholeNumber(const SettingKey& key, int otherwise) const;
     void write(const SettingKey& key, const QString& value, const QString& name = {}) const;
     void writeTogether(std::vector<IniChange> changes) const;
     [[nodiscard]] double languageNumber() const;

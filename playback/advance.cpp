@@ -1,6 +1,7 @@
 #include "playback/advance.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace orvanta {
 
@@ -80,6 +81,32 @@ AdvanceDecision nextAfterClip(const AdvanceOptions& options, const PlaylistShape
     }
     return place ? AdvanceDecision{AdvanceDecision::Start, *place}
                  : AdvanceDecision{AdvanceDecision::Over, {1, 1}};
+}
+
+std::optional<Cursor> lineBehind(Int16 packetCount, const std::function<Int16(Int16)>& lineCount,
+                                 Cursor current)
+{
+    int next = current.clip.value() + 1;
+    for (int p = std::max(current.packet.value(), 1); p <= packetCount.value(); ++p) {
+        if (next <= lineCount(p).value()) {
+            return Cursor{p, next};
+        }
+        next = 1;
+    }
+    return std::nullopt;
+}
+
+std::optional<Cursor> lineBefore(const std::function<Int16(Int16)>& lineCount, Cursor current)
+{
+    int upTo = current.clip.value() - 1;
+    for (int p = current.packet.value(); p >= 1; --p) {
+        const int last = std::min(upTo, lineCount(p).value());
+        if (last >= 1) {
+            return Cursor{p, last};
+        }
+        upTo = std::numeric_limits<int>::max();
+    }
+    return std::nullopt;
 }
 
 Cursor previousClip(const PlaylistShape& playlist, Cursor current)

@@ -62,4 +62,11 @@ struct AdvanceDecision
 /// first clip stays. Unchecked lines are passed over.
 [[nodiscard]] Cursor previousClip(const PlaylistShape& playlist, Cursor current);
 
+/// The line behind or before, checked or not, of packets that have lines. None past either end.
+/// lineCount: the lines of a packet; an end mark is none.
+[[nodiscard]] std::optional<Cursor>
+lineBehind(Int16 packetCount, const std::function<Int16(Int16)>& lineCount, Cursor current);
+[[nodiscard]] std::optional<Cursor> lineBefore(const std::function<Int16(Int16)>& lineCount,
+                                               Cursor current);
+
 } // namespace orvanta

@@ -1,7 +1,9 @@
 #include "playback/advance_step.h"
 
+#include "playback/brakes.h"
 #include "playback/playlist_marks.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvanta {
@@ -141,6 +143,23 @@ void AdvanceStep::beginAtListCursor()
         m_starter.ListClick(place->packet, place->clip);
     } else if (const auto unchecked = placeToBegin(allChecked(shape), {1, 0})) {
         m_starter.startByHand(unchecked->packet, unchecked->clip);
+    }
+}
+
+static Int16 lineCount(const PlaylistEntry& packet)
+{
+    return packet.HasBrakes ? std::max(endMarkOf(packet).value() - 1, 0) : packet.ClipCount.value();
+}
+
+void AdvanceStep::lineStep(int direction)
+{
+    const PlaylistState& playlist = m_context.module.playlist;
+    const auto lines = [&](Int16 p) { return lineCount(playlist.packet(p)); };
+    const Cursor here = m_context.cursor();
+    const auto place = direction > 0 ? lineBehind(playlist.PlaylistCount, lines, here)
+                                     : std::optional(lineBefore(lines, here).value_or(here));
+    if (place && place->packet >= 1 && place->clip >= 1) {
+        m_starter.startByHand(place->packet, place->clip);
     }
 }
 

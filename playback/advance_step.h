@@ -24,6 +24,9 @@ public:
     /// To the next or previous checked place, whatever the options say.
     void next();
     void previous();
+    /// To the line behind (1) or before (-1), checked or not; an end mark is none. The first line
+    /// begins again where there is none before it.
+    void lineStep(int direction);
     /// The player rests behind the last place: no line is current, and the program ends where the
     /// option says so.
     void listIsOver();

@@ -10,27 +10,44 @@ namespace orvanta {
 // A running player moves many times a second; one that does not is not waited for.
 constexpr int kLongestWaitMs = 150;
 
-BrakeStep::BrakeStep(EngineContext& context, ClipStarter& starter, AdvanceStep& advance)
+BrakeStep::BrakeStep(EngineContext& context, ClipStarter& starter, AdvanceStep& advance,
+                     PracticeStep& practice)
     : m_context(context),
       m_starter(starter),
-      m_advance(advance)
+      m_advance(advance),
+      m_practice(practice)
 {}
 
 void BrakeStep::run(Position position)
 {
     if (m_context.areBrakesPlaying() && isPastNext() &&
         (position == JustReported || staysAfterMoving())) {
-        apply(decide());
+        const BrakeDecision decision = decide(positionSeconds());
+        if (decision.what != BrakeDecision::Nothing &&
+            !m_practice.brakeReached([this] { goOn(); })) {
+            apply(decision);
+        }
     }
 }
 
-bool BrakeStep::isDue(double seconds) const
+/// After a wait the player may be anywhere, and run already: what was due then is due still, and is
+/// heard from its beginning.
+void BrakeStep::goOn()
+{
+    const auto time = timeOfNextBrake(m_context.currentPacket(), m_context.cursor().clip);
+    if (time) {
+        m_context.operations.PauseIfRunning();
+        apply(decide(*time));
+    }
+}
+
+std::optional<double> BrakeStep::secondsToNext(double seconds) const
 {
     if (!m_context.areBrakesPlaying() || !m_context.player().isRunning()) {
-        return false;
+        return std::nullopt;
     }
     const auto time = timeOfNextBrake(m_context.currentPacket(), m_context.cursor().clip);
-    return time && seconds > *time;
+    return time ? std::optional(*time - seconds) : std::nullopt;
 }
 
 void BrakeStep::clipEnded()
@@ -70,7 +87,7 @@ bool BrakeStep::staysAfterMoving()
            m_context.areBrakesPlaying();
 }
 
-BrakeDecision BrakeStep::decide() const
+BrakeDecision BrakeStep::decide(double seconds) const
 {
     const PlaylistState& playlist = m_context.module.playlist;
     const PlaylistShape shape = shapeOf(playlist, *m_context.view);
@@ -78,8 +95,7 @@ BrakeDecision BrakeStep::decide() const
     const BrakeMarks isChecked = [&](Int16 brake) {
         return shape.packetChecked(p) && shape.clipChecked(p, brake);
     };
-    return brakeReached(m_context.currentPacket(), playlist.CurrentClip, positionSeconds(),
-                        isChecked);
+    return brakeReached(m_context.currentPacket(), playlist.CurrentClip, seconds, isChecked);
 }
 
 void BrakeStep::apply(BrakeDecision decision)

@@ -33,6 +33,11 @@ static int endMark(const PlaylistEntry& packet)
     return readableUpTo(packet, packet.ClipCount.value());
 }
 
+Int16 endMarkOf(const PlaylistEntry& packet)
+{
+    return endMark(packet);
+}
+
 /// The first brake behind this one whose time can be read; past the last without one.
 static int readableBehind(const PlaylistEntry& packet, int brake)
 {

@@ -54,6 +54,9 @@ inline constexpr double kSoonAfterBrake = 0.5; // seconds
 [[nodiscard]] BrakeDecision brakeReached(const PlaylistEntry& packet, Int16 currentBrake,
                                          double positionSeconds, const BrakeMarks& isChecked);
 
+/// The last brake whose time can be read; 0 without one.
+[[nodiscard]] Int16 endMarkOf(const PlaylistEntry& packet);
+
 /// Whether the end mark is so near the end of the clip that no tick may see the position past it:
 /// in its last second, or behind it by no more than a time in hundredths is rounded. Then the end
 /// of the clip passes it.

@@ -17,6 +17,7 @@ void EngineContext::supersede(FailedMedia takenAlong)
     failedMedia = std::move(takenAlong);
     startFailed = false;
     closeWhenFree = false;
+    onSuperseded();
 }
 
 Cursor EngineContext::cursor() const

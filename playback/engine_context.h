@@ -40,6 +40,8 @@ struct EngineContext
     std::function<QString(const QString& pathText, const QString& folder)> findFile;
     /// For who shows the current clip elsewhere.
     std::function<void()> onCursorMoved = [] {};
+    /// Something else begins: what waits has nothing to wait for.
+    std::function<void()> onSuperseded = [] {};
     FailedMedia failedMedia;      // in this generation
     bool startFailed = false;     // the last start left the player empty: the tick advances again
     bool closeWhenFree = false;   // playback is over: the program ends once no window waits

@@ -4,16 +4,17 @@
 #include "model/loaders.h"
 #include "playback/advance_step.h"
 #include "playback/brake_step.h"
+#include "playback/brake_watch.h"
 #include "playback/clip_starter.h"
 #include "playback/close_sequence.h"
 #include "playback/engine_context.h"
 #include "playback/hand_over_drain.h"
 #include "playback/position_slider.h"
+#include "playback/practice_controls.h"
 #include "playback/transport_buttons.h"
 #include "playback/volume_sliders.h"
 
 #include <QScopedValueRollback>
-#include <QTimer>
 
 #include <utility>
 
@@ -23,18 +24,20 @@ using namespace Qt::StringLiterals;
 
 class PlaybackEngine::Private
 {
+    PlaybackEngine& m_engine;
+
 public:
     Private(Module1& module, MediaControl& control, VideoWindow& video, PlaybackEngine& engine)
-        : context(module, control, video),
+        : m_engine(engine),
+          context(module, control, video),
           volume(context, [&engine] { Q_EMIT engine.volumeChanged(); })
     {
-        context.onCursorMoved = [&engine] { Q_EMIT engine.cursorChanged(); };
-        brakeDue.setSingleShot(true);
-        brakeDue.setInterval(0);
-        QObject::connect(&brakeDue, &QTimer::timeout, &engine, [this, &engine] {
-            const QScopedValueRollback now(positionAge, BrakeStep::JustReported);
-            engine.tick();
-        });
+        context.onSuperseded = [this] { practice.step().beginLine(); };
+        context.onCursorMoved = [this, &engine] {
+            practice.step().beginLine();
+            Q_EMIT engine.cursorChanged();
+        };
+        context.operations.keepsClipAtEnd = [this] { return practice.step().keepsClip(); };
     }
 
     /// Runs one entry into the engine. A program end that is asked for inside waits until the
@@ -59,19 +62,20 @@ public:
     void goOnAfterDrop(bool groupDropped);
     void keepPosition();
     void takePlaylist();
-    /// The player has reported a position: a brake does not wait for the timer.
-    void watchBrakes();
+    void playLineAgain();
+    void brakeIsDue();
 
     EngineContext context;
+    PracticeControls practice{context, [this](const auto& action) { enter(action); }};
     PositionSlider slider{context};
     TransportButtons transport{context, slider};
     VolumeSliders volume;
     ClipStarter starter{context, transport};
     CloseSequence close{context, transport, slider};
     AdvanceStep advance{context, transport, starter, close};
-    BrakeStep brakes{context, starter, advance};
+    BrakeStep brakes{context, starter, advance, practice.step()};
     HandOverDrain handOver{context, transport, slider, starter};
-    QTimer brakeDue; // from the queue: a seek of the engine's own also reports a position
+    BrakeWatch brakeWatch{context, brakes, [this] { brakeIsDue(); }};
     BrakeStep::Position positionAge = BrakeStep::PolledByTick;
     bool ticking = false;
 
@@ -79,6 +83,7 @@ private:
     void showVideoWindowWithMainWindow();
     void display();
     [[nodiscard]] bool moveOnAfterEnd();
+    bool serveEnd();
     [[nodiscard]] bool moveOnAfterFailure();
     void serveTray();
     void pressForTray();
@@ -128,11 +133,24 @@ void PlaybackEngine::Private::display()
     }
 }
 
-void PlaybackEngine::Private::watchBrakes()
+void PlaybackEngine::Private::brakeIsDue()
 {
-    const bool followed = context.view != nullptr && !context.view->isSliderHeld();
-    if (followed && brakes.isDue(context.operations.secondsNow())) {
-        brakeDue.start();
+    const QScopedValueRollback now(positionAge, BrakeStep::JustReported);
+    m_engine.tick();
+}
+
+void PlaybackEngine::Private::playLineAgain()
+{
+    const Cursor place = context.cursor();
+    if (context.closing || place.packet < 1) {
+        return;
+    }
+    practice.giveUpWait();
+    const bool loaded = !context.player().isEmpty() && !context.openedMeanwhile;
+    if (loaded && (!context.isCurrentPacketBraked() || context.areBrakesPlaying())) {
+        practice.step().playFromStart();
+    } else if (place.clip >= 1) {
+        starter.startByHand(place.packet, place.clip);
     }
 }
 
@@ -153,6 +171,15 @@ bool PlaybackEngine::Private::moveOnAfterEnd()
         return false;
     }
     context.log.ended(context.cursor());
+    const bool held = practice.step().clipEnded([this] {
+        context.operations.UnloadMedia();
+        serveEnd();
+    });
+    return held || serveEnd();
+}
+
+bool PlaybackEngine::Private::serveEnd()
+{
     if (context.isCurrentPacketBraked() && !context.openedMeanwhile) {
         transport.showBeginning();
         resumeNext("end of a braked clip", [&] { brakes.clipEnded(); });
@@ -250,6 +277,7 @@ void PlaybackEngine::Private::goOnAfterDrop(bool groupDropped)
             start(1, 1);
         }
     } else if (context.player().isLoaded()) {
+        practice.giveUpWait();
         context.operations.StopIfRunning();
         slider.reset();
         context.view->setCurrentTime(u"0.00"_s);
@@ -271,7 +299,10 @@ PlaybackEngine::PlaybackEngine(Module1& module, MediaControl& control, VideoWind
             }
         },
         Qt::QueuedConnection);
-    connect(&control, &MediaControl::position, this, [this] { m_private->watchBrakes(); });
+    connect(&control, &MediaControl::position, this,
+            [this] { m_private->brakeWatch.positionReported(); });
+    connect(&control, &MediaControl::stateChange, this,
+            [this](auto /*from*/, MediaControl::State to) { m_private->practice.playerIs(to); });
     connect(&control, &MediaControl::openFailed, this, [this] {
         m_private->context.operations.look();
         m_private->starter.openingFailed();
@@ -294,6 +325,28 @@ PlaybackOperations& PlaybackEngine::operations()
 const TransportLooks& PlaybackEngine::transport() const
 {
     return m_private->transport.looks();
+}
+
+PracticeControls& PlaybackEngine::practice()
+{
+    return m_private->practice;
+}
+
+void PlaybackEngine::lineStep(int direction)
+{
+    m_private->enter([&] {
+        if (direction > 0 && m_private->practice.isWaiting() &&
+            !m_private->practice.values().isEndless()) {
+            m_private->practice.step().goOn();
+        } else if (!m_private->context.closing) {
+            m_private->advance.lineStep(direction);
+        }
+    });
+}
+
+void PlaybackEngine::lineAgain()
+{
+    m_private->enter([&] { m_private->playLineAgain(); });
 }
 
 void PlaybackEngine::keepPosition()
@@ -366,6 +419,7 @@ void PlaybackEngine::pressPause()
 
 void PlaybackEngine::pressStop()
 {
+    m_private->practice.giveUpWait();
     m_private->poll();
     m_private->transport.pressStop();
 }

@@ -11,6 +11,8 @@
 
 namespace orvanta {
 
+class PracticeControls;
+
 /// Drives the playlist through the control and the view. Interface thread only. Handlers below may
 /// be entered while an outer one waits in the event loop; who waited leaves when it was superseded.
 /// Each goes by one snapshot of the player, taken as it begins and again after a wait.
@@ -28,6 +30,8 @@ public:
 
     [[nodiscard]] PlaybackOperations& operations();
     [[nodiscard]] const TransportLooks& transport() const;
+    /// Tempo, repeats and waiting.
+    [[nodiscard]] PracticeControls& practice();
 
     /// One playback tick (Form2_Timer1_Timer). Does not re-enter itself. Raises nothing.
     void tick();
@@ -84,6 +88,12 @@ public:
     /// To the next or previous checked clip or brake, whatever the options say: a person asked.
     void nextChecked();
     void previousChecked();
+
+    /// To the next (1) or previous (-1) line, checked or not: a person asked. During a wait the
+    /// next one is what comes after it.
+    void lineStep(int direction);
+    /// The current line from its start.
+    void lineAgain();
 
     [[nodiscard]] bool isClosing() const;
 

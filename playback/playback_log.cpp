@@ -16,6 +16,17 @@ void PlaybackLog::ended(Cursor place) const
     qCInfo(logPlayback, "ended %d %d", place.packet.value(), place.clip.value());
 }
 
+void PlaybackLog::again(Cursor place, int round)
+{
+    running();
+    qCInfo(logPlayback, "again %d %d %d", place.packet.value(), place.clip.value(), round);
+}
+
+void PlaybackLog::waiting(Cursor place) const
+{
+    qCInfo(logPlayback, "waiting %d %d", place.packet.value(), place.clip.value());
+}
+
 void PlaybackLog::stopped()
 {
     if (!m_saidStopped) {

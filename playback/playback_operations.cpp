@@ -77,6 +77,9 @@ void PlaybackOperations::pollEnd()
     }
     m_module.playback.ClipEnded = true;
     (void)GetPlayerDuration(); // still known
+    if (keepsClipAtEnd()) {
+        return;
+    }
     const MediaControl::State atEnd = std::min(m_player.state, MediaControl::Stopped);
     m_control.Stop();
     m_control.setFileName({});
@@ -129,6 +132,12 @@ void PlaybackOperations::PlayerRun()
         m_control.Run();
         look();
     }
+}
+
+void PlaybackOperations::HoldPlayer()
+{
+    m_control.Pause();
+    look();
 }
 
 void PlaybackOperations::SetBookmark(const QString& seconds)

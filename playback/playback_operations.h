@@ -5,6 +5,8 @@
 #include "playback/player_snapshot.h"
 #include "playback/video_window.h"
 
+#include <functional>
+
 namespace orvanta {
 
 class PlaybackOperations
@@ -23,6 +25,13 @@ public:
 
     /// Where the player is at this moment, seconds; a snapshot may be older.
     [[nodiscard]] double secondsNow() const { return m_control.CurrentPosition(); }
+    /// Asks the player where it is: a position() of the control follows if it has moved.
+    void RefreshPosition() { m_control.refreshPosition(); }
+    /// Seconds; 0 while unknown.
+    [[nodiscard]] double durationSeconds() const { return m_control.Duration(); }
+
+    /// Asked as a clip comes to its end: whether it stays in the player, stopped at 0.
+    std::function<bool()> keepsClipAtEnd = [] { return false; };
 
     [[nodiscard]] QString GetPlayerPosition() const { return m_player.position; }
     [[nodiscard]] int GetPlayerState() const { return m_player.state; }
@@ -34,6 +43,14 @@ public:
     void PauseIfRunning();
     void StopIfRunning();
     void PlayerRun();
+    /// Pauses the player also where it stands at the end of its clip.
+    void HoldPlayer();
+    /// 1: as recorded.
+    void SetSpeed(double speed) { m_control.setSpeed(speed); }
+    [[nodiscard]] double Speed() const { return m_control.Speed(); }
+    /// From left to right.
+    void SetMirrored(bool mirrored) { m_control.setMirrored(mirrored); }
+    void SetEvenLoudness(bool even) { m_control.setEvenLoudness(even); }
     void SetBookmark(const QString& seconds);
     /// Loads a located file straight into the control.
     void OpenMedia(const QString& fileName);

@@ -55,6 +55,16 @@ public:
     virtual void setVolume(int hundredthsOfDecibel) = 0;
     [[nodiscard]] virtual int Volume() const = 0;
 
+    /// 0.25 to 2; 1 as recorded. The pitch stays. Kept from clip to clip.
+    virtual void setSpeed(double speed) = 0;
+    [[nodiscard]] virtual double Speed() const = 0;
+    /// The picture from left to right. Kept from clip to clip.
+    virtual void setMirrored(bool mirrored) = 0;
+    /// Loud and quiet clips, and parts of them, at one level. Kept from clip to clip.
+    virtual void setEvenLoudness(bool even) = 0;
+    /// Asks for the position anew, between two reports: position() follows when it has moved.
+    virtual void refreshPosition() = 0;
+
     /// Whether the file is open and can be sought and run.
     [[nodiscard]] virtual bool isReady() const = 0;
     /// Whether a load has begun and is neither open nor failed.

@@ -9,6 +9,8 @@ namespace orvanta {
 constexpr int kLookMilliseconds = 40;
 constexpr int kSeekGuardMilliseconds = 5000;
 constexpr int kSilence = -10000; // hundredths of a decibel
+// Broadcast loudness, with a limiter behind it: no peak above -1.5 dB.
+constexpr char kEvenLoudness[] = "lavfi=[loudnorm=I=-18:TP=-1.5:LRA=7]";
 
 static std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
 {
@@ -90,6 +92,35 @@ void MpvPlayer::setVolume(int hundredthsOfDecibel)
     m_volume = std::clamp(hundredthsOfDecibel, kSilence, 0);
     m_mpv->set("volume", mpvVolume(m_volume));
     m_mpv->set("mute", m_volume == kSilence);
+}
+
+void MpvPlayer::setSpeed(double speed)
+{
+    if (m_speed != speed) {
+        m_speed = speed;
+        m_mpv->set("speed", speed);
+    }
+}
+
+void MpvPlayer::setMirrored(bool mirrored)
+{
+    if (m_mirrored != mirrored) {
+        m_mirrored = mirrored;
+        m_mpv->command({"vf", "set", mirrored ? "hflip" : ""}, idOf(Unasked, 0));
+    }
+}
+
+void MpvPlayer::setEvenLoudness(bool even)
+{
+    if (m_even != even) {
+        m_even = even;
+        m_mpv->command({"af", "set", even ? kEvenLoudness : ""}, idOf(Unasked, 0));
+    }
+}
+
+void MpvPlayer::refreshPosition()
+{
+    m_mpv->ask("time-pos", MPV_FORMAT_DOUBLE, idOf(PositionNow, m_load));
 }
 
 double MpvPlayer::CurrentPosition() const

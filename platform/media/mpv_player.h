@@ -38,6 +38,11 @@ public:
     void Stop() override;
     void setVolume(int hundredthsOfDecibel) override;
     [[nodiscard]] int Volume() const override { return m_volume; }
+    void setSpeed(double speed) override;
+    [[nodiscard]] double Speed() const override { return m_speed; }
+    void setMirrored(bool mirrored) override;
+    void setEvenLoudness(bool even) override;
+    void refreshPosition() override;
     [[nodiscard]] bool isReady() const override { return m_phase == Ready; }
     [[nodiscard]] bool isOpening() const override { return m_phase == Opening; }
     [[nodiscard]] PictureSource* picture() override { return &m_picture; }
@@ -124,6 +129,9 @@ private:
     Phase m_phase = Empty;
     State m_state = NotLoaded;
     int m_volume = 0;
+    double m_speed = 1;
+    bool m_mirrored = false;
+    bool m_even = false;
 
     quint64 m_load = 0;         // serial of the newest load
     qint64 m_entry = -1;        // the library's number of that load; -1: not told yet

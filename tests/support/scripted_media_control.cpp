@@ -121,6 +121,27 @@ void ScriptedMediaControl::setVolume(int hundredthsOfDecibel)
     m_volume = hundredthsOfDecibel;
 }
 
+void ScriptedMediaControl::setSpeed(double speed)
+{
+    if (std::exchange(m_speed, speed) != speed) {
+        calls.append(QStringLiteral("speed %1").arg(speed));
+    }
+}
+
+void ScriptedMediaControl::setMirrored(bool mirrored)
+{
+    if (std::exchange(m_mirrored, mirrored) != mirrored) {
+        calls.append(mirrored ? QStringLiteral("mirrored") : QStringLiteral("not mirrored"));
+    }
+}
+
+void ScriptedMediaControl::setEvenLoudness(bool even)
+{
+    if (std::exchange(m_even, even) != even) {
+        calls.append(even ? QStringLiteral("even") : QStringLiteral("not even"));
+    }
+}
+
 void ScriptedMediaControl::jumpTo(double seconds)
 {
     if (!m_ready || failSeeks) {

@@ -21,6 +21,7 @@ public:
     QSize pictureSize;        // what openComplete reports; empty: no picture
     double duration = 10.0;   // seconds
     QStringList refusedFiles; // these fail to open
+    int positionsAsked = 0;   // calls of refreshPosition
     QStringList calls;        // every call in order: "Run", "Pause", "seek 12.5", "load /a.avi"
 
     void completeOpening();
@@ -43,6 +44,11 @@ public:
     void Stop() override;
     void setVolume(int hundredthsOfDecibel) override;
     [[nodiscard]] int Volume() const override { return m_volume; }
+    void setSpeed(double speed) override;
+    [[nodiscard]] double Speed() const override { return m_speed; }
+    void setMirrored(bool mirrored) override;
+    void setEvenLoudness(bool even) override;
+    void refreshPosition() override { ++positionsAsked; }
     [[nodiscard]] bool isReady() const override { return m_ready; }
     [[nodiscard]] bool isOpening() const override { return m_opening; }
 
@@ -55,6 +61,9 @@ private:
     double m_position = 0;
     State m_state = NotLoaded;
     int m_volume = 0;
+    double m_speed = 1;
+    bool m_mirrored = false;
+    bool m_even = false;
     bool m_ready = false;
     bool m_opening = false;
     quint64 m_load = 0; // serial of the newest load

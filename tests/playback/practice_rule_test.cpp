@@ -1,0 +1,84 @@
+// What comes after a line has been played.
+#include "playback/practice_rule.h"
+
+#include <gtest/gtest.h>
+
+namespace orvanta::test {
+
+TEST(NextAfterLine, GoesOnWhenNothingIsPractised)
+{
+    EXPECT_EQ(nextAfterLine({}, 1, 5), AfterLine::GoOn);
+}
+
+TEST(NextAfterLine, IsTheLineAgainUntilItsRoundsAreOver)
+{
+    const Practice thrice = {.times = 3};
+    EXPECT_EQ(nextAfterLine(thrice, 1, 5), AfterLine::Again);
+    EXPECT_EQ(nextAfterLine(thrice, 2, 5), AfterLine::Again);
+    EXPECT_EQ(nextAfterLine(thrice, 3, 5), AfterLine::GoOn);
+}
+
+TEST(NextAfterLine, IsTheWaitBehindTheLastRound)
+{
+    const Practice practice = {.times = 2, .wait = 100};
+    EXPECT_EQ(nextAfterLine(practice, 1, 5), AfterLine::Again);
+    EXPECT_EQ(nextAfterLine(practice, 2, 5), AfterLine::Wait);
+    EXPECT_EQ(nextAfterWait(practice), AfterLine::GoOn);
+}
+
+TEST(NextAfterLine, IsTheWaitBetweenEndlessRounds)
+{
+    const Practice practice = {.times = Practice::kEndless, .wait = Practice::kWaitForKey};
+    EXPECT_EQ(nextAfterLine(practice, 1000, 5), AfterLine::Wait);
+    EXPECT_EQ(nextAfterWait(practice), AfterLine::Again);
+}
+
+TEST(NextAfterLine, IsTheLineAgainForEverWhenItIsEndless)
+{
+    EXPECT_EQ(nextAfterLine({.times = Practice::kEndless}, 1000, 5), AfterLine::Again);
+}
+
+TEST(NextAfterLine, DoesNotWaitForALineWithoutALengthUnlessForAKeyOrSeconds)
+{
+    EXPECT_EQ(nextAfterLine({.wait = 100}, 1, 0), AfterLine::GoOn);
+    EXPECT_EQ(nextAfterLine({.wait = Practice::kWaitForKey}, 1, 0), AfterLine::Wait);
+    EXPECT_EQ(nextAfterLine({.wait = Practice::kWaitForSeconds}, 1, 0), AfterLine::Wait);
+}
+
+TEST(WaitAfterLine, IsAsLongAsTheLineLastedAtItsSpeed)
+{
+    EXPECT_DOUBLE_EQ(waitAfterLine({.wait = 100}, 4, 0.8).value(), 5);
+    EXPECT_DOUBLE_EQ(waitAfterLine({.wait = 300}, 4, 1).value(), 12);
+}
+
+TEST(WaitAfterLine, IsWhatTheSettingsSayInSeconds)
+{
+    const Practice practice = {.wait = Practice::kWaitForSeconds, .seconds = 7};
+    EXPECT_DOUBLE_EQ(waitAfterLine(practice, 4, 0.5).value(), 7);
+}
+
+TEST(WaitAfterLine, HasNoEndBeforeTheKey)
+{
+    EXPECT_FALSE(waitAfterLine({.wait = Practice::kWaitForKey}, 4, 1));
+}
+
+TEST(SpeedOfRound, GrowsFromTheBeginningToTheSpeedAndNoFurther)
+{
+    const Practice practice = {.speed = 80, .from = 50, .step = 20};
+    EXPECT_DOUBLE_EQ(speedOfRound(practice, 1), 0.4);
+    EXPECT_DOUBLE_EQ(speedOfRound(practice, 2), 0.56);
+    EXPECT_DOUBLE_EQ(speedOfRound(practice, 4), 0.8);
+    EXPECT_DOUBLE_EQ(speedOfRound(practice, 1000), 0.8);
+}
+
+TEST(SpeedOfRound, IsNeverBelowAQuarter)
+{
+    EXPECT_DOUBLE_EQ(speedOfRound({.speed = 30, .from = 20}, 1), 0.25);
+}
+
+TEST(SpeedOfRound, IsAsRecordedWhenNothingIsPractised)
+{
+    EXPECT_DOUBLE_EQ(speedOfRound({}, 1), 1);
+}
+
+} // namespace orvanta::test
