@@ -9,8 +9,9 @@ namespace orvanta {
 constexpr int kLookMilliseconds = 40;
 constexpr int kSeekGuardMilliseconds = 5000;
 constexpr int kSilence = -10000; // hundredths of a decibel
-// Broadcast loudness, with a limiter behind it: no peak above -1.5 dB.
-constexpr char kEvenLoudness[] = "lavfi=[loudnorm=I=-18:TP=-1.5:LRA=7]";
+// By the measure of broadcasting, with a limiter behind it: no peak above -1.5 dB. The filter works
+// at 192 kHz, which no device needs.
+constexpr char kEvenLoudness[] = "lavfi=[loudnorm=I=-18:TP=-1.5:LRA=7,aresample=48000]";
 
 static std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
 {

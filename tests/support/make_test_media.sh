@@ -34,6 +34,12 @@ ff -f lavfi -i "$sound" -t 1 -c:a libvorbis one.ogg
 ff -f lavfi -i "$sound" -t 1 one.mp3
 ff -f lavfi -i "sine=frequency=1000:sample_rate=48000" -t 0.5 -c:a pcm_f32le level.wav
 
+# The same noise, loud and 26 decibels below, and a tone that is long enough to be slowed down.
+noise="anoisesrc=color=pink:amplitude=0.5:sample_rate=48000:seed=7,tremolo=f=3:d=0.8"
+ff -f lavfi -i "$noise" -t 6 loud.wav
+ff -f lavfi -i "$noise,volume=-26dB" -t 6 quiet.wav
+ff -f lavfi -i "sine=frequency=440:sample_rate=48000" -t 2 tone.wav
+
 # Bare streams.
 ff -f lavfi -i "$picture" -t 0.6 -pix_fmt yuv420p -c:v libx264 raw.h264
 ff -f lavfi -i "$sound" -t 0.6 -c:a aac raw.aac
@@ -42,6 +48,10 @@ ff -f lavfi -i "$sound" -t 0.6 -c:a aac raw.aac
 shades="color=black:size=64x64:rate=25,format=gray,geq=lum='20+3*N',format=yuv420p"
 ff -f lavfi -i "$shades" -t 3 -c:v libx264 -qp 4 -g 250 -bf 2 shades.mp4
 ff -f lavfi -i "$shades" -t 3 -c:v libx264 -qp 4 -g 50 -muxdelay 0 shades.ts
+
+# White on its left half, black on its right one.
+ff -f lavfi -i "color=black:size=64x64:rate=25,drawbox=w=32:h=64:color=white:t=fill" -t 1 \
+    -pix_fmt yuv420p -c:v libx264 sides.mp4
 
 # Lengths that are wrong or unknown, and files that break off.
 ff -i three.mkv -c copy -movflags +faststart whole.mp4
