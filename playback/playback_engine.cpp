@@ -12,6 +12,7 @@
 #include "playback/position_slider.h"
 #include "playback/practice_controls.h"
 #include "playback/transport_buttons.h"
+#include "playback/tray_step.h"
 #include "playback/volume_sliders.h"
 
 #include <QScopedValueRollback>
@@ -74,6 +75,7 @@ public:
     CloseSequence close{context, transport, slider};
     AdvanceStep advance{context, transport, starter, close};
     BrakeStep brakes{context, starter, advance, practice.step()};
+    TrayStep tray{context, transport, advance, close};
     HandOverDrain handOver{context, transport, slider, starter};
     BrakeWatch brakeWatch{context, brakes, [this] { brakeIsDue(); }};
     BrakeStep::Position positionAge = BrakeStep::PolledByTick;
@@ -85,8 +87,6 @@ private:
     [[nodiscard]] bool moveOnAfterEnd();
     bool serveEnd();
     [[nodiscard]] bool moveOnAfterFailure();
-    void serveTray();
-    void pressForTray();
 
     int m_depth = 0;
 };
@@ -109,7 +109,7 @@ void PlaybackEngine::Private::tick()
         }
     });
     if (!moveOnAfterEnd() && !moveOnAfterFailure()) {
-        resumeNext("tray", [&] { serveTray(); });
+        resumeNext("tray", [&] { tray.run(); });
     }
     resumeNext("close after playing", [&] { advance.closeIfFree(); });
     if (!context.closing) {
@@ -198,50 +198,6 @@ bool PlaybackEngine::Private::moveOnAfterFailure()
     context.startFailed = false;
     resumeNext("advance after a failure", [&] { advance.runAfterFailure(); });
     return true;
-}
-
-void PlaybackEngine::Private::serveTray()
-{
-    TrayRequests& tray = context.module.tray;
-    if (!context.module.optionIsOn(Option::TrayIcon)) {
-        return;
-    }
-    if (tray.TrayRestoreRequest.take()) {
-        context.view->showMainWindow();
-        context.view->enableTimer3();
-    }
-    if (tray.TrayNextRequest.take()) {
-        advance.run();
-        return;
-    }
-    pressForTray();
-    if (tray.TrayCloseRequest.take()) {
-        close.request();
-    } else if (tray.TrayPreviousRequest.take()) {
-        advance.previous();
-    }
-}
-
-/// A button that was pressed without effect shows the wrong look until the state is taken again.
-void PlaybackEngine::Private::pressForTray()
-{
-    TrayRequests& tray = context.module.tray;
-    const bool pause = tray.TrayPauseRequest.take();
-    const bool play = tray.TrayPlayRequest.take();
-    const bool stop = tray.TrayStopRequest.take();
-    if (pause) {
-        transport.pressPause();
-    }
-    if (play) {
-        transport.pressPlay();
-    }
-    if (stop) {
-        transport.pressStop();
-    }
-    context.operations.PollPlayer();
-    if (pause || play || stop) {
-        context.module.playback.StateChanged = true;
-    }
 }
 
 void PlaybackEngine::Private::start(Int16 p, Int16 q)

@@ -1,19 +1,22 @@
 #include "system/mpris_player.h"
 
 #include "model/dropped_files.h"
+#include "playback/practice_controls.h"
 
 #include <QUrl>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-MprisPlayer::MprisPlayer(QObject* object, MprisPorts& ports)
+MprisPlayer::MprisPlayer(QObject* object, MprisPorts& ports, std::function<void()> announce)
     : QDBusAbstractAdaptor(object),
-      m_ports(ports)
+      m_ports(ports),
+      m_announce(std::move(announce))
 {}
 
 QString MprisPlayer::playbackStatus() const
@@ -23,10 +26,40 @@ QString MprisPlayer::playbackStatus() const
 
 void MprisPlayer::setRate(double rate)
 {
-    // Only normal speed exists; the interface asks that a rate of 0 acts like Pause.
-    if (rate == 0.0) {
+    if (rate == 0.0) { // the interface asks that this acts like Pause
         Pause();
+    } else if (rate > 0) {
+        Practice practice = this->practice();
+        practice.speed = static_cast<int>(std::lround(std::min(rate, maximumRate()) * 100));
+        m_ports.engine.practice().set(practice);
     }
+}
+
+Practice MprisPlayer::practice() const
+{
+    return m_ports.engine.practice().values();
+}
+
+QString MprisPlayer::loopStatus() const
+{
+    if (practice().isEndless()) {
+        return u"Track"_s;
+    }
+    return m_ports.module.optionIsOn(Option::Replay) ? u"Playlist"_s : u"None"_s;
+}
+
+void MprisPlayer::setLoopStatus(const QString& status)
+{
+    if (status != u"None" && status != u"Track" && status != u"Playlist") {
+        return;
+    }
+    if (practice().isEndless() != (status == u"Track")) {
+        m_ports.engine.practice().toggleRepeat();
+    }
+    if (status != u"Track") {
+        m_ports.module.settings().storeOptions({{Option::Replay, status == u"Playlist"}});
+    }
+    m_announce();
 }
 
 QVariantMap MprisPlayer::metadata() const
@@ -78,6 +111,8 @@ QVariantMap MprisPlayer::announcedProperties() const
 {
     return {
         {u"PlaybackStatus"_s, playbackStatus()},
+        {u"Rate"_s, rate()},
+        {u"LoopStatus"_s, loopStatus()},
         {u"Metadata"_s, metadata()},
         {u"Volume"_s, volume()},
         {u"CanGoNext"_s, canGoNext()},

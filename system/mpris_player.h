@@ -17,8 +17,9 @@ class MprisPlayer : public QDBusAbstractAdaptor
     Q_PROPERTY(QVariantMap Metadata READ metadata)
     Q_PROPERTY(double Volume READ volume WRITE setVolume)
     Q_PROPERTY(qlonglong Position READ position)
-    Q_PROPERTY(double MinimumRate READ rate)
-    Q_PROPERTY(double MaximumRate READ rate)
+    Q_PROPERTY(double MinimumRate READ minimumRate)
+    Q_PROPERTY(double MaximumRate READ maximumRate)
+    Q_PROPERTY(QString LoopStatus READ loopStatus WRITE setLoopStatus)
     Q_PROPERTY(bool CanGoNext READ canGoNext)
     Q_PROPERTY(bool CanGoPrevious READ canGoPrevious)
     Q_PROPERTY(bool CanPlay READ canPlay)
@@ -27,11 +28,18 @@ class MprisPlayer : public QDBusAbstractAdaptor
     Q_PROPERTY(bool CanControl READ canControl)
 
 public:
-    MprisPlayer(QObject* object, MprisPorts& ports);
+    /// announce: something has changed here that nobody else reports.
+    MprisPlayer(QObject* object, MprisPorts& ports, std::function<void()> announce);
 
     [[nodiscard]] QString playbackStatus() const;
-    [[nodiscard]] double rate() const { return 1.0; }
+    /// As the player runs now: a round may be slower than the speed that was chosen.
+    [[nodiscard]] double rate() const { return m_ports.control.Speed(); }
     void setRate(double rate);
+    [[nodiscard]] double minimumRate() const { return Practice::kSlowest / 100.0; }
+    [[nodiscard]] double maximumRate() const { return Practice::kFastest / 100.0; }
+    /// "Track": the line endlessly; "Playlist": everything from the beginning again; "None".
+    [[nodiscard]] QString loopStatus() const;
+    void setLoopStatus(const QString& status);
     [[nodiscard]] QVariantMap metadata() const;
     [[nodiscard]] double volume() const;
     void setVolume(double volume);
@@ -62,9 +70,11 @@ Q_SIGNALS:
 
 private:
     [[nodiscard]] bool isLoaded() const;
+    [[nodiscard]] Practice practice() const;
     [[nodiscard]] Cursor current() const;
 
     MprisPorts& m_ports;
+    std::function<void()> m_announce;
 };
 
 } // namespace orvanta

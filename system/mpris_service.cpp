@@ -1,6 +1,7 @@
 #include "system/mpris_service.h"
 
 #include "core/log.h"
+#include "playback/practice_controls.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>
@@ -29,7 +30,7 @@ MprisService::MprisService(MprisPorts ports, QDBusConnection bus, QObject* paren
       m_ports(std::move(ports)),
       m_bus(std::move(bus)),
       m_root(this, m_ports),
-      m_player(this, m_ports),
+      m_player(this, m_ports, [this] { announceSoon(); }),
       m_trackList(this, m_ports)
 {
     if (!m_bus.isConnected()) {
@@ -69,6 +70,9 @@ void MprisService::connectSources()
     connect(&m_ports.control, &MediaControl::durationChange, this, &MprisService::announceSoon);
     connect(&m_ports.engine, &PlaybackEngine::cursorChanged, this, &MprisService::announceSoon);
     connect(&m_ports.engine, &PlaybackEngine::volumeChanged, this, &MprisService::announceSoon);
+    const PracticeControls& practice = m_ports.engine.practice();
+    connect(&practice, &PracticeControls::changed, this, &MprisService::announceSoon);
+    connect(&practice, &PracticeControls::againBegan, this, &MprisService::announceSoon);
     connect(&m_ports.control, &MediaControl::positionChange, this,
             [this](double, double now) { Q_EMIT m_player.Seeked(microseconds(now)); });
 }

@@ -1,5 +1,6 @@
 // The program on the desktop's media controls, over a real bus, with clients of their own.
 #include "model/loaders.h"
+#include "playback/practice_controls.h"
 #include "system/mpris_service.h"
 #include "tests/playback/engine_fixture.h"
 #include "tests/support/plain_screen.h"
@@ -312,15 +313,43 @@ TEST_F(Mpris, AVolumeThatIsNoNumberIsIgnored)
     EXPECT_DOUBLE_EQ(property(kPlayer, "Volume").toDouble(), 0.0);
 }
 
-TEST_F(Mpris, TheRateIsAlwaysOneAndARateOfZeroPauses)
+TEST_F(Mpris, TheRateIsThePracticesSpeedAndARateOfZeroPauses)
 {
     addClips({u"one"_s});
     play(1, 1);
     engine->tick();
     EXPECT_DOUBLE_EQ(property(kPlayer, "Rate").toDouble(), 1.0);
-    EXPECT_DOUBLE_EQ(property(kPlayer, "MinimumRate").toDouble(), 1.0);
+    EXPECT_DOUBLE_EQ(property(kPlayer, "MinimumRate").toDouble(), 0.25);
+    EXPECT_DOUBLE_EQ(property(kPlayer, "MaximumRate").toDouble(), 2.0);
+    setProperty(kPlayer, "Rate", 0.8);
+    EXPECT_DOUBLE_EQ(control.Speed(), 0.8);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return heard.properties.value(u"Rate"_s) == 0.8; }));
+    setProperty(kPlayer, "Rate", 9.0);
+    EXPECT_DOUBLE_EQ(control.Speed(), 2.0);
+    setProperty(kPlayer, "Rate", qQNaN());
+    EXPECT_DOUBLE_EQ(control.Speed(), 2.0);
     setProperty(kPlayer, "Rate", 0.0);
     EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    EXPECT_DOUBLE_EQ(control.Speed(), 2.0);
+}
+
+TEST_F(Mpris, TheLoopIsThisLineOrEverythingOrNone)
+{
+    addClips({u"one"_s});
+    EXPECT_EQ(property(kPlayer, "LoopStatus"), u"None"_s);
+    setProperty(kPlayer, "LoopStatus", u"Track"_s);
+    EXPECT_TRUE(engine->practice().values().isEndless());
+    EXPECT_EQ(property(kPlayer, "LoopStatus"), u"Track"_s);
+    setProperty(kPlayer, "LoopStatus", u"Playlist"_s);
+    EXPECT_FALSE(engine->practice().values().isEndless());
+    EXPECT_TRUE(module.optionIsOn(Option::Replay));
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return heard.properties.value(u"LoopStatus"_s) == u"Playlist"_s; }));
+    setProperty(kPlayer, "LoopStatus", u"Sideways"_s);
+    EXPECT_EQ(property(kPlayer, "LoopStatus"), u"Playlist"_s);
+    setProperty(kPlayer, "LoopStatus", u"None"_s);
+    EXPECT_FALSE(module.optionIsOn(Option::Replay));
+    EXPECT_EQ(property(kPlayer, "LoopStatus"), u"None"_s);
 }
 
 TEST_F(Mpris, RaiseQuitAndFullscreenReachTheProgram)
