@@ -2,9 +2,12 @@
 
 #include "window/skin.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
+
+#include <utility>
 
 namespace orvanta {
 
@@ -20,12 +23,49 @@ void ClipLine::showText(const QString& text)
     setCursorPosition(0);
 }
 
+void ClipLine::keepAtRight(QWidget* child, std::function<void(int width)> fit)
+{
+    m_child = child;
+    m_fit = std::move(fit);
+    child->setParent(this);
+    child->installEventFilter(this);
+    placeChild();
+}
+
+bool ClipLine::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_child && event->type() == QEvent::LayoutRequest) {
+        placeChild();
+    }
+    return QLineEdit::eventFilter(watched, event);
+}
+
+void ClipLine::resizeEvent(QResizeEvent* event)
+{
+    QLineEdit::resizeEvent(event);
+    placeChild();
+}
+
+void ClipLine::placeChild()
+{
+    if (m_child == nullptr) {
+        return;
+    }
+    m_fit(this->width() * 2 / 3); // the text matters more
+    const int width = m_child->sizeHint().width();
+    m_child->setGeometry(this->width() - width - skin::kGrid, 0, width, height());
+    setTextMargins(0, 0, width > 0 ? width + skin::kGrid : 0, 0);
+}
+
 QRect ClipLine::textRect() const
 {
     QStyleOptionFrame frame;
     initStyleOption(&frame);
     // A line edit keeps two pixels between its frame and its text.
-    return style()->subElementRect(QStyle::SE_LineEditContents, &frame, this).adjusted(2, 0, -2, 0);
+    return style()
+        ->subElementRect(QStyle::SE_LineEditContents, &frame, this)
+        .marginsRemoved(textMargins())
+        .adjusted(2, 0, -2, 0);
 }
 
 bool ClipLine::mustElide() const

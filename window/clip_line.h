@@ -3,6 +3,8 @@
 
 #include <QLineEdit>
 
+#include <functional>
+
 namespace orvanta {
 
 /// A read-only line. A text that is too long ends in an ellipsis; with the keyboard focus the line
@@ -16,14 +18,25 @@ public:
 
     /// Shows a text from its beginning.
     void showText(const QString& text);
+    /// Keeps a child at the right end, in its own width; the text ends before it. fit: makes the
+    /// child no wider than this.
+    void keepAtRight(QWidget* child, std::function<void(int width)> fit);
+    /// Also called when the child's wishes have changed.
+    void placeChild();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    /// The child's width changes with what it holds.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     [[nodiscard]] QRect textRect() const;
     [[nodiscard]] bool mustElide() const;
+
+    QWidget* m_child = nullptr;
+    std::function<void(int width)> m_fit;
 };
 
 } // namespace orvanta

@@ -1,6 +1,8 @@
 #include "window/clip_line.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
+#include "window/practice_chips.h"
+#include "window/practice_panel.h"
 #include "window/skin.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
@@ -66,6 +68,8 @@ void Form2::buildButtons()
     Image3 = button(Face::Raised, skin::kTransportSide, {u"pause"_s, skin::kTreeLine});
     Image3->setEnabled(false);
     Image5 = button(Face::Accent, skin::kPlaySide, {u"play"_s, skin::kSurface});
+    PracticeButton = button(Face::Raised, skin::kButtonSide, bright(u"practice"_s));
+    PracticeButton->setCheckable(true);
     Image15 = new PictureHolder({u"play"_s, skin::kPlayOff}, m_surface);
     Image17 = new PictureHolder(bright(u"pause"_s), m_surface);
     Image20 = new PictureHolder({}, m_surface);
@@ -83,6 +87,11 @@ void Form2::buildBoxes()
     Text2->setFont(skin::interfaceFont(17));
     Text2->setFixedHeight(skin::kClipHeight);
     List1 = new PlaylistList(m_surface);
+    const TextLanguage language =
+        textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
+    Chips = new PracticeChips(language, Text2);
+    Text2->keepAtRight(Chips, [this](int width) { Chips->fitInto(width); });
+    Panel = new PracticePanel(language, m_surface);
 }
 
 void Form2::buildSliders()
@@ -125,16 +134,47 @@ void Form2::buildMenus()
 ControlRows Form2::controls()
 {
     return {
-        {this, u"Form2"},      {Image8, u"Image8"},   {Image14, u"Image14"}, {Image9, u"Image9"},
-        {Image10, u"Image10"}, {Image11, u"Image11"}, {Text1, u"Text1"},     {Image2, u"Image2"},
-        {Text2, u"Text2"},     {List1, u"List1"},     {Label1, u"Label1"},   {Slider1, u"Slider1"},
-        {Label2, u"Label2"},   {Image4, u"Image4"},   {Image3, u"Image3"},   {Image5, u"Image5"},
-        {Slider2, u"Slider2"}, {Slider3, u"Slider3"}, {Image12, u"Image12"}, {Image13, u"Image13"},
-        {Image15, u"Image15"}, {Image17, u"Image17"}, {Image20, u"Image20"}, {create, u"create"},
-        {cp, u"cp"},           {cg, u"cg"},           {tools, u"tools"},     {op, u"op"},
-        {cdc, u"cdc"},         {ai, u"ai"},           {add.front(), u"add"}, {help, u"help"},
-        {doc, u"doc"},         {tu, u"tu"},           {ab, u"ab"},           {&Timer1, u"Timer1"},
-        {&Timer2, u"Timer2"},  {&Timer3, u"Timer3"},
+        {this, u"Form2"},
+        {Image8, u"Image8"},
+        {Image14, u"Image14"},
+        {Image9, u"Image9"},
+        {Image10, u"Image10"},
+        {Image11, u"Image11"},
+        {Text1, u"Text1"},
+        {Image2, u"Image2"},
+        {Text2, u"Text2"},
+        {List1, u"List1"},
+        {Label1, u"Label1"},
+        {Slider1, u"Slider1"},
+        {Label2, u"Label2"},
+        {Image4, u"Image4"},
+        {Image3, u"Image3"},
+        {Image5, u"Image5"},
+        {PracticeButton, u"PracticeButton"},
+        {Panel, u"Panel"},
+        {Chips, u"Chips"},
+        {Slider2, u"Slider2"},
+        {Slider3, u"Slider3"},
+        {Image12, u"Image12"},
+        {Image13, u"Image13"},
+        {Image15, u"Image15"},
+        {Image17, u"Image17"},
+        {Image20, u"Image20"},
+        {create, u"create"},
+        {cp, u"cp"},
+        {cg, u"cg"},
+        {tools, u"tools"},
+        {op, u"op"},
+        {cdc, u"cdc"},
+        {ai, u"ai"},
+        {add.front(), u"add"},
+        {help, u"help"},
+        {doc, u"doc"},
+        {tu, u"tu"},
+        {ab, u"ab"},
+        {&Timer1, u"Timer1"},
+        {&Timer2, u"Timer2"},
+        {&Timer3, u"Timer3"},
     };
 }
 

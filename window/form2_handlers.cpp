@@ -47,6 +47,7 @@ void Form2::connectHandlers()
     press(Image3, &Form2::Form2_Image3_Click);
     press(Image4, &Form2::Form2_Image4_Click);
     press(Image2, &Form2::Form2_Image2_Click);
+    connectPractice();
     on(Text1, &QLineEdit::returnPressed, [this] { Form2_Image2_Click(); });
     on(&m_missed, &QTimer::timeout, [this](auto&&...) { sayFound(true); });
     on(List1, &PlaylistList::cursorMoved, [this](int line) { Form2_List1_Click(line); });

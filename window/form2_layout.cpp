@@ -151,6 +151,8 @@ QBoxLayout* Form2::transportRow()
     layout->addWidget(Image4);
     layout->addWidget(Image3);
     layout->addWidget(Image5);
+    layout->addSpacing(skin::kGrid);
+    layout->addWidget(PracticeButton);
     layout->addStretch(1);
     layout->addSpacing(skin::kMargin);
     layout->addWidget(sign(u"volume"_s, m_surface));

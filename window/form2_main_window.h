@@ -10,6 +10,7 @@
 //   Image5    Play                          Image3   Pause        Image4   Stop
 //   Image15   Play's other picture          Image17  Pause's other picture
 //   Image20   holds a picture while two are exchanged
+//   PracticeButton  opens Panel: tempo, repeats, waiting     Chips  what of it is not as usual
 //   Timer1    the playback tick             Timer2   marks a line afterwards
 //   Timer3    brings the window to the front
 //   create    cp packet editor, cg group editor
@@ -42,6 +43,8 @@ class ClipLine;
 class PictureHolder;
 enum class CommonKey;
 class PlaylistList;
+class PracticeChips;
+class PracticePanel;
 class SkinButton;
 class SkinSlider;
 
@@ -99,6 +102,10 @@ public:
     SkinSlider* Slider1 = nullptr; // position, percent of the clip or of the brake's span
     SkinSlider* Slider2 = nullptr; // volume, 0 to 100
     SkinSlider* Slider3 = nullptr; // balance, 0 to 100, centre 50
+
+    SkinButton* PracticeButton = nullptr; // opens the panel of practice
+    PracticePanel* Panel = nullptr;       // tempo, repeats, waiting
+    PracticeChips* Chips = nullptr;       // what is practised, at the clip's text
 
     QMenu* create = nullptr;   // New
     QAction* cp = nullptr;     // packet editor
@@ -171,6 +178,7 @@ private:
     [[nodiscard]] QBoxLayout* positionRow();
     [[nodiscard]] QBoxLayout* transportRow();
     void connectHandlers();
+    void connectPractice();
 
     // Loading: form2_main_window.cpp
     void Form2_Form_Load();
@@ -206,6 +214,11 @@ private:
     // Handlers: form2_keys.cpp
     bool Form2_Form_KeyPress(QChar typed);
     void Form2_List1_OLEDragDrop(const QStringList& files);
+
+    // Handlers: form2_practice.cpp
+    void Form2_PracticeButton_Click();
+    void Form2_Panel_Chosen(const Practice& practice);
+    void showPractice();
 
     // Handlers: form2_create.cpp
     void Form2_cp_Click();

@@ -1,0 +1,161 @@
+#include "window/practice_chips.h"
+
+#include "playback/practice_texts.h"
+#include "window/skin.h"
+
+#include <QHBoxLayout>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kRingSide = 20;
+constexpr int kRingFrameMilliseconds = 100;
+constexpr int kChipHeight = 24;
+
+WaitRing::WaitRing(TextLanguage language, QWidget* parent)
+    : QWidget(parent)
+{
+    setFixedSize(kRingSide, kRingSide);
+    setObjectName(u"Ring"_s);
+    setToolTip(interfaceText(u"Practice", u"Waiting", language));
+    setAccessibleName(toolTip());
+    setCursor(Qt::PointingHandCursor);
+    m_frames.setInterval(kRingFrameMilliseconds);
+    connect(&m_frames, &QTimer::timeout, this, qOverload<>(&QWidget::update));
+    hide();
+}
+
+void WaitRing::begin(double seconds)
+{
+    m_seconds = seconds;
+    m_since.start();
+    if (seconds > 0) {
+        m_frames.start();
+    }
+    show();
+    update();
+}
+
+void WaitRing::end()
+{
+    m_frames.stop();
+    hide();
+}
+
+/// Of the whole, 1 to 0.
+double WaitRing::left() const
+{
+    const double gone = static_cast<double>(m_since.elapsed()) / 1000;
+    return m_seconds > 0 ? std::clamp(1 - gone / m_seconds, 0.0, 1.0) : 1;
+}
+
+void WaitRing::paintEvent(QPaintEvent* /*event*/)
+{
+    constexpr double kPen = 2.5;
+    constexpr int kTop = 90 * 16; // sixteenths of a degree
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF ring = QRectF(rect()).adjusted(kPen, kPen, -kPen, -kPen);
+    painter.setPen(QPen(skin::kLine, kPen));
+    painter.drawEllipse(ring);
+    painter.setPen(QPen(skin::kAccent, kPen, Qt::SolidLine, Qt::RoundCap));
+    painter.drawArc(ring, kTop, static_cast<int>(left() * 360 * 16));
+}
+
+void WaitRing::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        Q_EMIT pressed();
+    }
+}
+
+PracticeChips::PracticeChips(TextLanguage language, QWidget* parent)
+    : QWidget(parent),
+      Ring(new WaitRing(language, this)),
+      m_language(language),
+      m_row(new QHBoxLayout(this)),
+      m_more(makeChip({}))
+{
+    setObjectName(u"Chips"_s);
+    setFont(skin::interfaceFont(11)); // for what is in it
+    m_row->setContentsMargins(0, 0, 0, 0);
+    m_row->setSpacing(skin::kGrid);
+    m_row->addWidget(Ring);
+    m_row->addWidget(m_more);
+    m_more->hide();
+    connect(m_more, &QPushButton::clicked, this, &PracticeChips::morePressed);
+}
+
+QPushButton* PracticeChips::makeChip(const QString& text)
+{
+    auto* chip = new QPushButton(text, this);
+    chip->setFont(skin::interfaceFont(11));
+    chip->setFixedHeight(kChipHeight);
+    chip->setCursor(Qt::PointingHandCursor);
+    chip->setAccessibleName(text);
+    return chip;
+}
+
+// A chip that is pressed must outlive its own click.
+void PracticeChips::setValues(const Practice& practice)
+{
+    if (practice == m_values) {
+        return;
+    }
+    m_values = practice;
+    for (QPushButton* chip : m_chips) {
+        chip->hide();
+        m_row->removeWidget(chip);
+        chip->deleteLater();
+    }
+    m_chips.clear();
+    for (const PracticeChip& chip : practiceChips(practice, m_language)) {
+        QPushButton* button = makeChip(chip.text);
+        button->setToolTip(interfaceText(u"Practice", u"chip.tip", m_language).arg(chip.text));
+        button->setAccessibleDescription(button->toolTip());
+        connect(button, &QPushButton::clicked, this,
+                [this, without = chip.without] { Q_EMIT chosen(without); });
+        m_row->insertWidget(m_row->count() - 1, button);
+        QWidget::setTabOrder(m_chips.empty() ? parentWidget() : m_chips.back(), button);
+        m_chips.push_back(button);
+        button->show();
+    }
+}
+
+void PracticeChips::fitInto(int width)
+{
+    showMore(static_cast<int>(m_chips.size()));
+    const int more = m_more->sizeHint().width() + skin::kGrid;
+    int left = width - (Ring->isHidden() ? 0 : kRingSide + skin::kGrid);
+    int hidden = 0;
+    for (std::size_t i = 0; i < m_chips.size(); ++i) {
+        const int needed = m_chips[i]->sizeHint().width() + skin::kGrid;
+        const bool isLast = i + 1 == m_chips.size();
+        const bool fits = hidden == 0 && needed <= left - (isLast ? 0 : more);
+        m_chips[i]->setVisible(fits);
+        left -= needed;
+        hidden += fits ? 0 : 1;
+    }
+    showMore(hidden);
+    m_row->activate();
+}
+
+void PracticeChips::showMore(int hidden)
+{
+    m_more->setText(u"+%1"_s.arg(hidden));
+    QStringList names;
+    for (const QPushButton* chip : m_chips) {
+        names += chip->isHidden() ? QStringList{chip->text()} : QStringList{};
+    }
+    m_more->setToolTip(names.join(u", "_s));
+    m_more->setAccessibleName(m_more->toolTip());
+    m_more->setVisible(hidden > 0);
+}
+
+} // namespace orvanta
