@@ -40,7 +40,7 @@ void Program::openVideoWindow()
         .control = *m_control,
         .boundary = m_surroundings.boundary,
         .keepAwake = [this](bool awake) { m_idleInhibition->hold(awake); },
-        .pressPlayerKey = [this](CommonKey key) { return pressPlayerKey(*m_engine, key); },
+        .carryOut = [this](Command command) { return carryOutInPlayer(*m_engine, command); },
         .seek = [this](double seconds) { m_engine->seekTo(seconds); },
         .mainWindow = [this] { return m_mainWindow.get(); },
     });

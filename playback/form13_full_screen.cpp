@@ -72,7 +72,8 @@ void Form13::leaveScreen()
 void Form13::keyPressEvent(QKeyEvent* event)
 {
     m_services.boundary([&] {
-        if (!pressCommonKey(*event)) {
+        const auto command = namedCommand(*event);
+        if (!command || !carryOut(*command)) {
             Form13_Form_KeyPress(typedCharacter(*event));
         }
         m_keys.serveRequest();
@@ -83,37 +84,18 @@ void Form13::keyPressEvent(QKeyEvent* event)
 /// Capital letters are no keys here.
 void Form13::Form13_Form_KeyPress(QChar typed)
 {
-    if (const auto key = videoWindowKey(typed)) {
-        m_keys.press(*key);
+    if (const auto command = videoWindowLetter(typed)) {
+        (void)carryOut(*command);
     }
 }
 
-bool Form13::pressCommonKey(const QKeyEvent& event)
+bool Form13::carryOut(Command command)
 {
-    const auto key = commonKey(event);
-    if (!key) {
-        return false;
-    }
-    switch (*key) {
-    case CommonKey::TogglePlay:
-        m_keys.togglePlay();
-        break;
-    case CommonKey::StepBack:
-        m_keys.seekBy(-kKeyStep);
-        break;
-    case CommonKey::StepForward:
-        m_keys.seekBy(kKeyStep);
-        break;
-    case CommonKey::ToggleFullScreen:
-        m_keys.toggleFullScreen();
-        break;
-    case CommonKey::LeaveFullScreen:
+    if (command == Command::LeaveFullScreen) {
         Form13_ActiveMovie1_Escape();
-        break;
-    default:
-        return m_services.pressPlayerKey(*key);
+        return true;
     }
-    return true;
+    return m_keys.press(command) || m_services.carryOut(command);
 }
 
 void Form13::mouseDoubleClickEvent(QMouseEvent* event)

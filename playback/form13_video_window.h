@@ -26,8 +26,8 @@ struct Form13Services
 {
     MediaControl& control;
     HandlerBoundary boundary;
-    std::function<void(bool)> keepAwake; // a lesson begins to run, or has stood still for a while
-    std::function<bool(CommonKey)> pressPlayerKey; // keys not its own; says whether it served one
+    std::function<void(bool)> keepAwake;   // a lesson begins to run, or has stood still for a while
+    std::function<bool(Command)> carryOut; // commands not its own; says whether it served one
     VideoWindowKeys::Seek seek;
     std::function<QWidget*()> mainWindow; // beside which it opens; null: at the top left
 };
@@ -104,7 +104,7 @@ private:
     void noteComingBack();
     void layOutControls();
     void scaleStillPicture();
-    bool pressCommonKey(const QKeyEvent& event);
+    bool carryOut(Command command);
     void applyFullScreen();
     void fillScreen();
     void takeKeyboard();

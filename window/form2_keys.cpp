@@ -20,9 +20,9 @@ void Form2::keyPressEvent(QKeyEvent* event)
 {
     bool served = false;
     m_services.boundary([&] {
-        if (const auto key = commonKey(*event)) {
+        if (const auto command = namedCommand(*event)) {
             served = true;
-            pressCommonKey(*key);
+            carryOut(*command);
         } else {
             served = Form2_Form_KeyPress(typedCharacter(*event));
         }
@@ -35,7 +35,7 @@ void Form2::keyPressEvent(QKeyEvent* event)
 bool Form2::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::KeyPress && watched->isWidgetType() &&
-        commonKey(static_cast<const QKeyEvent&>(*event)) == CommonKey::Help) {
+        namedCommand(static_cast<const QKeyEvent&>(*event)) == Command::Help) {
         m_services.boundary([this] { Form2_doc_Click(); })();
         return true;
     }
@@ -44,11 +44,11 @@ bool Form2::eventFilter(QObject* watched, QEvent* event)
 
 bool Form2::Form2_Form_KeyPress(QChar typed)
 {
-    const auto key = mainWindowKey(typed);
-    if (key && !m_keys.press(*key)) {
-        toggleAlwaysOnTop();
+    const auto command = mainWindowLetter(typed);
+    if (command) {
+        carryOut(*command);
     }
-    return key.has_value();
+    return command.has_value();
 }
 
 void Form2::toggleAlwaysOnTop()
@@ -57,30 +57,24 @@ void Form2::toggleAlwaysOnTop()
     setAlwaysOnTop(windowHandle(), m_alwaysOnTop);
 }
 
-void Form2::pressCommonKey(CommonKey key)
+void Form2::carryOut(Command command)
 {
-    switch (key) {
-    case CommonKey::TogglePlay:
-        return m_keys.togglePlay();
-    case CommonKey::StepBack:
-        return m_keys.seekBy(-kKeyStep);
-    case CommonKey::StepForward:
-        return m_keys.seekBy(kKeyStep);
-    case CommonKey::ToggleFullScreen:
-        return m_services.videoKeys.toggleFullScreen();
-    case CommonKey::LeaveFullScreen:
-        return m_services.videoKeys.leaveFullScreen();
-    case CommonKey::OpenFile:
+    switch (command) {
+    case Command::AlwaysOnTop:
+        return toggleAlwaysOnTop();
+    case Command::OpenFile:
         return Form2_Image14_Click();
-    case CommonKey::OpenClips:
+    case Command::OpenClips:
         return Form2_Image8_Click();
-    case CommonKey::Find:
+    case Command::Find:
         Text1->setFocus(Qt::ShortcutFocusReason);
         return Text1->selectAll();
-    case CommonKey::FindAgain:
+    case Command::FindAgain:
         return Form2_Image2_Click();
     default:
-        pressPlayerKey(m_services.engine, key);
+        if (!m_keys.press(command)) {
+            carryOutInPlayer(m_services.engine, command);
+        }
     }
 }
 

@@ -40,7 +40,6 @@ namespace orvanta {
 
 class ClipLine;
 class PictureHolder;
-enum class CommonKey;
 class PlaylistList;
 class SkinButton;
 class SkinSlider;
@@ -219,7 +218,7 @@ private:
     void Form2_ab_Click();
 
     void sayFound(bool found);
-    void pressCommonKey(CommonKey key);
+    void carryOut(Command command);
     void toggleAlwaysOnTop();
     void open(const std::function<void()>& load);
     void openFromEditor(const std::function<QString()>& showEditor,

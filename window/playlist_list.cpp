@@ -1,6 +1,7 @@
 #include "window/playlist_list.h"
 
 #include "model/dropped_files.h"
+#include "playback/typed_key.h"
 #include "window/skin.h"
 
 #include <QDropEvent>
@@ -216,12 +217,12 @@ void PlaylistList::choose()
 
 void PlaylistList::keyPressEvent(QKeyEvent* event)
 {
+    if (namedCommand(*event, KeyPlace::List) == Command::CheckLine) {
+        return toggle(cursorLine());
+    }
     switch (event->key()) {
     case Qt::Key_Space: // without Ctrl it is the player's, here as everywhere
         event->setAccepted(event->modifiers() == Qt::ControlModifier);
-        if (event->isAccepted() && !event->isAutoRepeat()) {
-            toggle(cursorLine());
-        }
         break;
     case Qt::Key_Return:
     case Qt::Key_Enter:

@@ -121,7 +121,7 @@ void inEveryForm(const std::function<void(const QString& form, const Named& name
         .control = surroundings.control,
         .boundary = surroundings.boundary,
         .keepAwake = [](bool) {},
-        .pressPlayerKey = [](CommonKey) { return false; },
+        .carryOut = [](Command) { return false; },
         .seek = [](double) {},
         .mainWindow = [] { return nullptr; },
     });
@@ -218,8 +218,9 @@ TEST(ControlTexts, BelongToControlsThatThereAre)
     for (const InterfaceText& text : interfaceTexts()) {
         const auto form = documented.find(text.window.toString());
         if (form == documented.end()) {
-            // A part of several windows, and what is said at a terminal.
-            EXPECT_TRUE(text.window == u"FolderTree" || text.window == u"CommandLine");
+            // A part of several windows, what is said at a terminal, and what can be asked for.
+            EXPECT_TRUE(text.window == u"FolderTree" || text.window == u"CommandLine" ||
+                        text.window == u"Command");
             continue;
         }
         EXPECT_TRUE(controlOf(text) == form->first ||
