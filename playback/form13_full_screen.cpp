@@ -37,9 +37,9 @@ void Form13::applyFullScreen()
 
 void Form13::fillScreen()
 {
-    setCursor(Qt::BlankCursor);
     m_hasPlaceBefore = isVisible();
     setWindowState(windowState() | Qt::WindowFullScreen);
+    hidePointerOnWholeScreen();
     takeKeyboard();
 }
 
@@ -95,7 +95,54 @@ bool Form13::carryOut(Command command)
         Form13_ActiveMovie1_Escape();
         return true;
     }
+    if (command == Command::ShowMenu) {
+        openMenu(mapToGlobal(rect().center()));
+        return true;
+    }
     return m_keys.press(command) || m_services.carryOut(command);
+}
+
+void Form13::choose(Command command)
+{
+    (void)carryOut(command);
+    m_keys.serveRequest();
+}
+
+void Form13::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    m_services.boundary(
+        [&] { openMenu(byKey ? mapToGlobal(rect().center()) : event->globalPos()); })();
+}
+
+// The pointer can be seen as long as there is something to point at.
+void Form13::openMenu(QPoint place)
+{
+    unsetCursor();
+    PictureMenu->setLanguage(m_services.language());
+    PictureMenu->open(place, commandFacts());
+}
+
+void Form13::hidePointerOnWholeScreen()
+{
+    if (isFillingScreen()) {
+        setCursor(Qt::BlankCursor);
+    }
+}
+
+CommandFacts Form13::commandFacts() const
+{
+    const MediaControl::State state = m_control.CurrentState();
+    return {
+        .hasEntries = m_services.hasEntries(),
+        .loaded = state != MediaControl::NotLoaded,
+        .stopped = state == MediaControl::Stopped,
+        .hasPlace = true,
+        // The key, too, goes there while the clip runs.
+        .hasBookmark = state == MediaControl::Running && !m_mirror.VideoBookmark.isEmpty(),
+        .fullScreen = m_fullScreen,
+    };
 }
 
 void Form13::mouseDoubleClickEvent(QMouseEvent* event)

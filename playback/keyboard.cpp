@@ -285,9 +285,12 @@ void MainWindowKeys::goToBookmark()
 
 void MainWindowKeys::seekToSavedPosition()
 {
-    resumeNext("saved position", [this] {
-        m_engine.seekTo(decimalValue(m_module.settings().position(currentText())));
-    });
+    resumeNext("saved position", [this] { m_engine.seekTo(decimalValue(savedPosition())); });
+}
+
+QString MainWindowKeys::savedPosition() const
+{
+    return m_module.settings().position(currentText());
 }
 
 QString MainWindowKeys::currentText() const

@@ -45,6 +45,7 @@ public:
     /// Leaves full screen in any state of the player, enters it with any clip.
     void toggleFullScreen();
     void leaveFullScreen();
+    [[nodiscard]] bool isFullScreen() const { return m_screen.isFullScreen(); }
     /// Does nothing in any other state of the player.
     void switchFullScreenWhileRunning(bool on);
     /// Serves the request flag: hands VideoState and VideoVolume to the player and clears it.
@@ -80,6 +81,8 @@ public:
     void seekBy(double seconds);
     /// Play when paused or stopped, pause when running.
     void togglePlay();
+    /// Of the current clip, seconds as text; empty for none. Raises 9 when no clip is current.
+    [[nodiscard]] QString savedPosition() const;
 
 private:
     friend struct CommandActions;

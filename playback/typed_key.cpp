@@ -29,7 +29,8 @@ constexpr Qt::KeyboardModifiers kCommandModifiers =
 static bool countsOnce(Command command)
 {
     return command == Command::TogglePlay || command == Command::ToggleFullScreen ||
-           command == Command::CheckLine || command == Command::Help;
+           command == Command::CheckLine || command == Command::PlayLine ||
+           command == Command::Help;
 }
 
 /// The key on a Latin keyboard. Key values of letters are their upper-case code points.

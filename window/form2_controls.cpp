@@ -1,3 +1,4 @@
+#include "playback/command_menu.h"
 #include "window/clip_line.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
@@ -120,21 +121,26 @@ void Form2::buildMenus()
     doc = help->addAction(QString());
     tu = help->addAction(QString());
     ab = help->addAction(QString());
+    ListMenu = new CommandMenu(MenuPlace::List, m_surface);
+    ListMenu->setStyleSheet(skin::commandMenuSheet());
 }
 
 ControlRows Form2::controls()
 {
     return {
-        {this, u"Form2"},      {Image8, u"Image8"},   {Image14, u"Image14"}, {Image9, u"Image9"},
-        {Image10, u"Image10"}, {Image11, u"Image11"}, {Text1, u"Text1"},     {Image2, u"Image2"},
-        {Text2, u"Text2"},     {List1, u"List1"},     {Label1, u"Label1"},   {Slider1, u"Slider1"},
-        {Label2, u"Label2"},   {Image4, u"Image4"},   {Image3, u"Image3"},   {Image5, u"Image5"},
-        {Slider2, u"Slider2"}, {Slider3, u"Slider3"}, {Image12, u"Image12"}, {Image13, u"Image13"},
-        {Image15, u"Image15"}, {Image17, u"Image17"}, {Image20, u"Image20"}, {create, u"create"},
-        {cp, u"cp"},           {cg, u"cg"},           {tools, u"tools"},     {op, u"op"},
-        {cdc, u"cdc"},         {ai, u"ai"},           {add.front(), u"add"}, {help, u"help"},
-        {doc, u"doc"},         {tu, u"tu"},           {ab, u"ab"},           {&Timer1, u"Timer1"},
-        {&Timer2, u"Timer2"},  {&Timer3, u"Timer3"},
+        {this, u"Form2"},      {Image8, u"Image8"},   {Image14, u"Image14"},
+        {Image9, u"Image9"},   {Image10, u"Image10"}, {Image11, u"Image11"},
+        {Text1, u"Text1"},     {Image2, u"Image2"},   {Text2, u"Text2"},
+        {List1, u"List1"},     {Label1, u"Label1"},   {Slider1, u"Slider1"},
+        {Label2, u"Label2"},   {Image4, u"Image4"},   {Image3, u"Image3"},
+        {Image5, u"Image5"},   {Slider2, u"Slider2"}, {Slider3, u"Slider3"},
+        {Image12, u"Image12"}, {Image13, u"Image13"}, {Image15, u"Image15"},
+        {Image17, u"Image17"}, {Image20, u"Image20"}, {create, u"create"},
+        {cp, u"cp"},           {cg, u"cg"},           {tools, u"tools"},
+        {op, u"op"},           {cdc, u"cdc"},         {ai, u"ai"},
+        {add.front(), u"add"}, {help, u"help"},       {doc, u"doc"},
+        {tu, u"tu"},           {ab, u"ab"},           {ListMenu, u"ListMenu"},
+        {&Timer1, u"Timer1"},  {&Timer2, u"Timer2"},  {&Timer3, u"Timer3"},
     };
 }
 

@@ -34,9 +34,17 @@ void Form2::keyPressEvent(QKeyEvent* event)
 // before any of them. Windows of the system get each key as well, before their widgets do.
 bool Form2::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && watched->isWidgetType() &&
-        namedCommand(static_cast<const QKeyEvent&>(*event)) == Command::Help) {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) {
+        return QWidget::eventFilter(watched, event);
+    }
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (namedCommand(key) == Command::Help) {
         m_services.boundary([this] { Form2_doc_Click(); })();
+        return true;
+    }
+    // For the box itself it would be one Return more.
+    if (watched == Text1 && namedCommand(key, KeyPlace::FindBox) == Command::PlayLine) {
+        m_services.boundary([this] { Form2_Text1_CtrlReturn(); })();
         return true;
     }
     return QWidget::eventFilter(watched, event);
@@ -60,6 +68,14 @@ void Form2::toggleAlwaysOnTop()
 void Form2::carryOut(Command command)
 {
     switch (command) {
+    case Command::PlayLine:
+        return Form2_List1_DblClick();
+    case Command::CheckLine:
+        return List1->toggleLine(List1->cursorLine());
+    case Command::ShowMenu:
+        return List1->hasFocus() ? List1->askForMenu() : void();
+    case Command::Help:
+        return Form2_doc_Click();
     case Command::AlwaysOnTop:
         return toggleAlwaysOnTop();
     case Command::OpenFile:

@@ -179,7 +179,7 @@ bool PlaylistList::toggleAt(QPoint place)
         !PlaylistDelegate::boxArea(visualRect(line)).contains(place)) {
         return false;
     }
-    toggle(line.row());
+    toggleLine(line.row());
     return true;
 }
 
@@ -218,7 +218,7 @@ void PlaylistList::choose()
 void PlaylistList::keyPressEvent(QKeyEvent* event)
 {
     if (namedCommand(*event, KeyPlace::List) == Command::CheckLine) {
-        return toggle(cursorLine());
+        return toggleLine(cursorLine());
     }
     switch (event->key()) {
     case Qt::Key_Space: // without Ctrl it is the player's, here as everywhere
@@ -239,6 +239,27 @@ void PlaylistList::keyPressEvent(QKeyEvent* event)
     default:
         event->ignore();
     }
+}
+
+// The right button takes the line under the pointer; the key and beside the lines none is taken.
+void PlaylistList::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        return askForMenu();
+    }
+    const QPoint place = viewport()->mapFromGlobal(event->globalPos());
+    if (const QModelIndex line = indexAt(place); line.row() >= 1) {
+        setCursorLine(line.row());
+    }
+    Q_EMIT menuAsked(event->globalPos());
+}
+
+void PlaylistList::askForMenu()
+{
+    const QRect line = visualRect(currentIndex()).intersected(viewport()->rect());
+    const QPoint place = line.isEmpty() ? viewport()->rect().topLeft() : line.bottomLeft();
+    Q_EMIT menuAsked(viewport()->mapToGlobal(place + QPoint(skin::kGrid, 0)));
 }
 
 // The base class would make the first line current as soon as the list is reached by Tab.

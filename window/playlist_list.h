@@ -94,6 +94,10 @@ public:
     [[nodiscard]] int topLine() const;
     [[nodiscard]] bool isLineChecked(int line) const { return m_model->isChecked(line); }
     void checkLine(int line) { m_model->setChecked(line, true); }
+    /// Ignored for the root and outside the list.
+    void toggleLine(int line) { m_model->setChecked(line, !m_model->isChecked(line)); }
+    /// Asks for the menu of the current line, as the Menu key does.
+    void askForMenu();
     void setPacketWord(const QString& word) { m_model->setPacketWord(word); }
 
     void keyboardSearch(const QString& /*search*/) override {}
@@ -103,6 +107,8 @@ Q_SIGNALS:
     void cursorMoved(int line);
     /// Double click on a line's text, or Return on the current line.
     void lineChosen();
+    /// A menu is wanted at this place of the screen; what it concerns is the current line.
+    void menuAsked(QPoint place);
     /// The pointer moved over the list; y in pixels from the top of the lines.
     void pointerMoved(int y);
     /// Files were dropped on the list: their paths, at least one.
@@ -117,13 +123,13 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void toggle(int line) { m_model->setChecked(line, !m_model->isChecked(line)); }
     /// Toggles when the place is in a line's box; says whether it was.
     bool toggleAt(QPoint place);
     void showToolTip(const QPoint& globalPlace, const QPoint& place);

@@ -142,6 +142,8 @@ const QMap<QString, QString>& withoutTexts()
         {u"Form2/create"_s, menu},
         {u"Form2/tools"_s, menu},
         {u"Form2/help"_s, menu},
+        {u"Form2/ListMenu"_s, menu},
+        {u"Form13/PictureMenu"_s, menu},
         {u"Form11/Image1"_s, picture},
         {u"Form11/Image2"_s, picture},
         {u"Form12/tray"_s, menu},
