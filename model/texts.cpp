@@ -46,6 +46,8 @@ constexpr std::array kTexts{
     // Not translated on purpose: the pointer replaces it by the line's text anyway.
     InterfaceText{u"Form2", u"List1.tip", u"Playlist", u"Playlist"},
     InterfaceText{u"Form2", u"List1.packet", u"Packet", u"Пакет"},
+    InterfaceText{u"Form2", u"List1.playing", u"playing", u"играет"},
+    InterfaceText{u"Form2", u"List1.paused", u"paused", u"приостановлено"},
     InterfaceText{u"Form2", u"Label1.tip", u"Current time", u"Текущее время"},
     InterfaceText{u"Form2", u"Label2.tip", u"Length of clip", u"Длина клипа"},
     InterfaceText{u"Form2", u"Slider2.tip", u"Volume", u"Громкость"},

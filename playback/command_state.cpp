@@ -12,7 +12,7 @@ CommandState stateOf(Command command, const CommandFacts& facts)
     case Command::TogglePlay:
         return {facts.loaded || facts.hasEntries};
     case Command::Stop:
-        return {facts.loaded && !facts.stopped};
+        return {facts.canStop};
     case Command::NextClip:
     case Command::PreviousClip:
         return {facts.hasEntries};

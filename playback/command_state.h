@@ -10,7 +10,7 @@ struct CommandFacts
 {
     bool hasEntries = false; // something is in the playlist
     bool loaded = false;     // a clip is in the player
-    bool stopped = false;    // and stands at its beginning
+    bool canStop = false;    // and Stop does something to it
     bool hasPlace = false;   // a clip or brake of the playlist is current
     bool hasBookmark = false;
     bool fullScreen = false;

@@ -137,7 +137,7 @@ CommandFacts Form13::commandFacts() const
     return {
         .hasEntries = m_services.hasEntries(),
         .loaded = state != MediaControl::NotLoaded,
-        .stopped = state == MediaControl::Stopped,
+        .canStop = state == MediaControl::Running || state == MediaControl::Paused,
         .hasPlace = true,
         // The key, too, goes there while the clip runs.
         .hasBookmark = state == MediaControl::Running && !m_mirror.VideoBookmark.isEmpty(),

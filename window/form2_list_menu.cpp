@@ -21,7 +21,7 @@ CommandFacts Form2::commandFacts() const
     CommandFacts facts{
         .hasEntries = playlist.entryCount() > 0,
         .loaded = player.isLoaded(),
-        .stopped = player.state == MediaControl::Stopped,
+        .canStop = player.isRunning(), // a paused clip keeps its place
         .hasPlace = playlist.CurrentPacket >= 1 && playlist.CurrentClip >= 1,
         .fullScreen = m_services.videoKeys.isFullScreen(),
         .alwaysOnTop = m_alwaysOnTop,

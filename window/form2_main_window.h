@@ -134,6 +134,7 @@ public:
     void moveSlider(Int16 percent) override;
     void setVolumeSlider(Int16 value) override;
     void showTransport(const TransportLooks& looks) override;
+    void showPlaying(const PlayingPlace& place) override;
     void RebuildTree() override;
     void clearList() override;
     [[nodiscard]] int headerLineOf(Int16 p) const override;

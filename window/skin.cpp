@@ -129,7 +129,7 @@ QString commandMenuSheet()
 {
     static const QString kSheet = uR"(
 QMenu { background: %raised; color: %text; border: 1px solid %edge; padding: 4px; }
-QMenu::item { padding: 5px 14px 5px 28px; border-radius: 4px; }
+QMenu::item { padding: 5px 14px 5px 8px; border-radius: 4px; }
 QMenu::item:selected { background: %deep; }
 QMenu::item:disabled { color: %muted; background: transparent; }
 QMenu::separator { height: 1px; background: %edge; margin: 4px 8px; }
