@@ -14,6 +14,7 @@
 #include "system/form9_about.h"
 #include "system/mpris_service.h"
 #include "window/form2_main_window.h"
+#include "window/skin.h"
 
 #include <QTimer>
 
@@ -40,9 +41,19 @@ void Program::openVideoWindow()
         .control = *m_control,
         .boundary = m_surroundings.boundary,
         .keepAwake = [this](bool awake) { m_idleInhibition->hold(awake); },
-        .pressPlayerKey = [this](CommonKey key) { return pressPlayerKey(*m_engine, key); },
+        .carryOut =
+            [this](Command command) {
+                return carryOutInPlayer(*m_engine, command) ||
+                       (m_mainWindow && m_mainWindow->carryOutForVideoWindow(command));
+            },
         .seek = [this](double seconds) { m_engine->seekTo(seconds); },
         .mainWindow = [this] { return m_mainWindow.get(); },
+        .language =
+            [this] {
+                return textLanguage(m_surroundings.module.Language.value(), TextLanguage::Russian);
+            },
+        .hasEntries = [this] { return m_surroundings.module.playlist.entryCount() > 0; },
+        .menuSheet = skin::commandMenuSheet(),
     });
     m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
     m_videoWindow->mirror().VideoState = 0;

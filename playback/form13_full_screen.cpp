@@ -37,9 +37,9 @@ void Form13::applyFullScreen()
 
 void Form13::fillScreen()
 {
-    setCursor(Qt::BlankCursor);
     m_hasPlaceBefore = isVisible();
     setWindowState(windowState() | Qt::WindowFullScreen);
+    hidePointerOnWholeScreen();
     takeKeyboard();
 }
 
@@ -72,7 +72,8 @@ void Form13::leaveScreen()
 void Form13::keyPressEvent(QKeyEvent* event)
 {
     m_services.boundary([&] {
-        if (!pressCommonKey(*event)) {
+        const auto command = namedCommand(*event);
+        if (!command || !carryOut(*command)) {
             Form13_Form_KeyPress(typedCharacter(*event));
         }
         m_keys.serveRequest();
@@ -83,37 +84,65 @@ void Form13::keyPressEvent(QKeyEvent* event)
 /// Capital letters are no keys here.
 void Form13::Form13_Form_KeyPress(QChar typed)
 {
-    if (const auto key = videoWindowKey(typed)) {
-        m_keys.press(*key);
+    if (const auto command = videoWindowLetter(typed)) {
+        (void)carryOut(*command);
     }
 }
 
-bool Form13::pressCommonKey(const QKeyEvent& event)
+bool Form13::carryOut(Command command)
 {
-    const auto key = commonKey(event);
-    if (!key) {
-        return false;
-    }
-    switch (*key) {
-    case CommonKey::TogglePlay:
-        m_keys.togglePlay();
-        break;
-    case CommonKey::StepBack:
-        m_keys.seekBy(-kKeyStep);
-        break;
-    case CommonKey::StepForward:
-        m_keys.seekBy(kKeyStep);
-        break;
-    case CommonKey::ToggleFullScreen:
-        m_keys.toggleFullScreen();
-        break;
-    case CommonKey::LeaveFullScreen:
+    if (command == Command::LeaveFullScreen) {
         Form13_ActiveMovie1_Escape();
-        break;
-    default:
-        return m_services.pressPlayerKey(*key);
+        return true;
     }
-    return true;
+    if (command == Command::ShowMenu) {
+        openMenu(mapToGlobal(rect().center()));
+        return true;
+    }
+    return m_keys.press(command) || m_services.carryOut(command);
+}
+
+void Form13::choose(Command command)
+{
+    (void)carryOut(command);
+    m_keys.serveRequest();
+}
+
+void Form13::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    m_services.boundary(
+        [&] { openMenu(byKey ? mapToGlobal(rect().center()) : event->globalPos()); })();
+}
+
+// The pointer can be seen as long as there is something to point at.
+void Form13::openMenu(QPoint place)
+{
+    unsetCursor();
+    PictureMenu->setLanguage(m_services.language());
+    PictureMenu->open(place, commandFacts());
+}
+
+void Form13::hidePointerOnWholeScreen()
+{
+    if (isFillingScreen()) {
+        setCursor(Qt::BlankCursor);
+    }
+}
+
+CommandFacts Form13::commandFacts() const
+{
+    const MediaControl::State state = m_control.CurrentState();
+    return {
+        .hasEntries = m_services.hasEntries(),
+        .loaded = state != MediaControl::NotLoaded,
+        .canStop = state == MediaControl::Running || state == MediaControl::Paused,
+        .hasPlace = true,
+        // The key, too, goes there while the clip runs.
+        .hasBookmark = state == MediaControl::Running && !m_mirror.VideoBookmark.isEmpty(),
+        .fullScreen = m_fullScreen,
+    };
 }
 
 void Form13::mouseDoubleClickEvent(QMouseEvent* event)

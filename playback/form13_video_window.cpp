@@ -53,6 +53,8 @@ void Form13::buildControls()
     Image1 = new QLabel(this);
     Image1->setAlignment(Qt::AlignCenter);
     Image1->hide();
+    PictureMenu = new CommandMenu(MenuPlace::VideoWindow, this);
+    PictureMenu->setStyleSheet(m_services.menuSheet);
     Timer1.setInterval(kNudgeMilliseconds);
     m_rest.setInterval(kRestMilliseconds);
     m_rest.setSingleShot(true);
@@ -60,6 +62,7 @@ void Form13::buildControls()
     nameControls({{this, u"Form13"},
                   {ActiveMovie1, u"ActiveMovie1"},
                   {Image1, u"Image1"},
+                  {PictureMenu, u"PictureMenu"},
                   {&Timer1, u"Timer1"}});
 }
 
@@ -82,6 +85,9 @@ void Form13::connectHandlers()
             }));
     connect(&Timer1, &QTimer::timeout, this,
             m_services.boundary([this](auto&&...) { Form13_Timer1_Timer(); }));
+    connect(PictureMenu, &CommandMenu::chosen, this,
+            m_services.boundary([this](Command command) { choose(command); }));
+    connect(PictureMenu, &QMenu::aboutToHide, this, [this] { hidePointerOnWholeScreen(); });
     connect(&m_rest, &QTimer::timeout, this,
             m_services.boundary([this](auto&&...) { letSleep(); }));
 }

@@ -2,12 +2,14 @@
 //
 //   ActiveMovie1   the running picture
 //   Image1         still picture for clips without one of their own
+//   PictureMenu    what can be asked of the player
 //   Timer1         every 30 s: nudges the mouse cursor while a lesson runs
 #pragma once
 
 #include "core/error_boundary.h"
 #include "platform/media/media_control.h"
 #include "platform/media/video_surface.h"
+#include "playback/command_menu.h"
 #include "playback/keyboard.h"
 #include "playback/video_layout.h"
 #include "playback/video_window.h"
@@ -26,10 +28,14 @@ struct Form13Services
 {
     MediaControl& control;
     HandlerBoundary boundary;
-    std::function<void(bool)> keepAwake; // a lesson begins to run, or has stood still for a while
-    std::function<bool(CommonKey)> pressPlayerKey; // keys not its own; says whether it served one
+    std::function<void(bool)> keepAwake;   // a lesson begins to run, or has stood still for a while
+    std::function<bool(Command)> carryOut; // commands not its own; says whether it served one
     VideoWindowKeys::Seek seek;
     std::function<QWidget*()> mainWindow; // beside which it opens; null: at the top left
+    // Of the menu.
+    std::function<TextLanguage()> language = [] { return TextLanguage::English; };
+    std::function<bool()> hasEntries = [] { return false; }; // something is in the playlist
+    QString menuSheet = {};                                  // its style sheet
 };
 
 /// Its logical place (Left, Width, Height in twips) follows the program; the native window is
@@ -45,6 +51,7 @@ public:
 
     VideoSurface* ActiveMovie1; // the running picture
     QLabel* Image1;             // still picture for clips without one of their own
+    CommandMenu* PictureMenu;   // what can be asked of the player
     QTimer Timer1;              // 30 s: the mouse nudge
 
     [[nodiscard]] VideoMirror& mirror() override { return m_mirror; }
@@ -77,6 +84,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void buildControls();
@@ -104,7 +112,11 @@ private:
     void noteComingBack();
     void layOutControls();
     void scaleStillPicture();
-    bool pressCommonKey(const QKeyEvent& event);
+    bool carryOut(Command command);
+    void choose(Command command);
+    void openMenu(QPoint place);
+    void hidePointerOnWholeScreen();
+    [[nodiscard]] CommandFacts commandFacts() const;
     void applyFullScreen();
     void fillScreen();
     void takeKeyboard();

@@ -2,6 +2,7 @@
 
 #include "core/error_boundary.h"
 #include "core/numbers.h"
+#include "playback/typed_key.h"
 #include "playback/volume.h"
 
 #include <algorithm>
@@ -15,59 +16,61 @@ using namespace Qt::StringLiterals;
 constexpr double kMinute = 60.0; // seconds
 constexpr int kVolumeStep = 5;   // on the volume slider's scale
 
-template <typename Action> static constexpr KeyRow inBoth(char16_t character, Action action)
+namespace {
+
+/// What a command does in each window.
+struct ActionRow
 {
-    return {character, action, action};
+    Command command;
+    void (*inMainWindow)(MainWindowKeys& keys);
+    void (*inVideoWindow)(VideoWindowKeys& keys);
+};
+
+} // namespace
+
+template <typename Action> static constexpr ActionRow inBoth(Command command, Action action)
+{
+    return {command, action, action};
 }
 
-/// What the keys of both windows do. A friend of theirs: a key that needs no more than they have is
-/// one line here.
-struct KeyTable
+/// A friend of both windows' keys: a command that needs no more than they have is one line here.
+struct CommandActions
 {
     using Main = MainWindowKeys;
     using Video = VideoWindowKeys;
 
     static constexpr std::array rows{
-        inBoth(u'+', [](auto& keys) { keys.stepVolume(kVolumeStep); }),
-        inBoth(u'-', [](auto& keys) { keys.stepVolume(-kVolumeStep); }),
-        inBoth(u'b', [](auto& keys) { keys.seekBy(-kMinute); }),
-        inBoth(u'f', [](auto& keys) { keys.switchFullScreenWhileRunning(true); }),
-        inBoth(u'k', [](auto& keys) { keys.setBookmark(); }),
-        inBoth(u'l', [](auto& keys) { keys.goToBookmark(); }),
-        inBoth(u'm', [](auto& keys) { keys.seekBy(kMinute); }),
-        inBoth(u'n', [](auto& keys) { keys.switchFullScreenWhileRunning(false); }),
-        KeyRow{u'p', [](Main& keys) { keys.m_engine.operations().PauseIfRunning(); },
-               [](Video& keys) { keys.requestState(MediaControl::Paused); }},
-        KeyRow{u'r', [](Main& keys) { keys.m_engine.operations().PlayerRun(); },
-               [](Video& keys) { keys.requestState(MediaControl::Running); }},
-        KeyRow{u's', [](Main& keys) { keys.m_engine.operations().StopIfRunning(); },
-               [](Video& keys) { keys.requestState(MediaControl::Stopped); }},
-        KeyRow{u't', nullptr, nullptr}, // always on top
+        inBoth(Command::TogglePlay, [](auto& keys) { keys.togglePlay(); }),
+        ActionRow{Command::Play, [](Main& keys) { keys.m_engine.operations().PlayerRun(); },
+                  [](Video& keys) { keys.requestState(MediaControl::Running); }},
+        ActionRow{Command::Pause, [](Main& keys) { keys.m_engine.operations().PauseIfRunning(); },
+                  [](Video& keys) { keys.requestState(MediaControl::Paused); }},
+        ActionRow{Command::Stop, [](Main& keys) { keys.m_engine.operations().StopIfRunning(); },
+                  [](Video& keys) { keys.requestState(MediaControl::Stopped); }},
+        inBoth(Command::StepBack, [](auto& keys) { keys.seekBy(-kKeyStep); }),
+        inBoth(Command::StepForward, [](auto& keys) { keys.seekBy(kKeyStep); }),
+        inBoth(Command::MinuteBack, [](auto& keys) { keys.seekBy(-kMinute); }),
+        inBoth(Command::MinuteForward, [](auto& keys) { keys.seekBy(kMinute); }),
+        inBoth(Command::VolumeUp, [](auto& keys) { keys.stepVolume(kVolumeStep); }),
+        inBoth(Command::VolumeDown, [](auto& keys) { keys.stepVolume(-kVolumeStep); }),
+        inBoth(Command::SetBookmark, [](auto& keys) { keys.setBookmark(); }),
+        inBoth(Command::GoToBookmark, [](auto& keys) { keys.goToBookmark(); }),
+        inBoth(Command::FillScreen, [](auto& keys) { keys.switchFullScreenWhileRunning(true); }),
+        inBoth(Command::LeaveScreen, [](auto& keys) { keys.switchFullScreenWhileRunning(false); }),
+        inBoth(Command::ToggleFullScreen, [](auto& keys) { keys.toggleFullScreen(); }),
+        inBoth(Command::LeaveFullScreen, [](auto& keys) { keys.leaveFullScreen(); }),
     };
+
+    [[nodiscard]] static const ActionRow* of(Command command)
+    {
+        const auto row = std::ranges::find(rows, command, &ActionRow::command);
+        return row == rows.end() ? nullptr : &*row;
+    }
 };
 
 static Int16 clampedVolume(Int16 volume)
 {
     return std::clamp(volume.value(), 0, 100);
-}
-
-std::span<const KeyRow> playbackKeys()
-{
-    return KeyTable::rows;
-}
-
-std::optional<KeyRow> mainWindowKey(QChar typed)
-{
-    const char16_t character = typed.toLower().unicode();
-    const auto row = std::ranges::find(KeyTable::rows, character, &KeyRow::character);
-    return row == KeyTable::rows.end() ? std::nullopt : std::optional(*row);
-}
-
-std::optional<KeyRow> videoWindowKey(QChar typed)
-{
-    const auto row = mainWindowKey(typed);
-    const bool known = row && row->character == typed.unicode() && row->inVideoWindow != nullptr;
-    return known ? row : std::nullopt;
 }
 
 VideoWindowKeys::VideoWindowKeys(MediaControl& control, VideoMirror& mirror,
@@ -78,11 +81,13 @@ VideoWindowKeys::VideoWindowKeys(MediaControl& control, VideoMirror& mirror,
       m_seek(std::move(seek))
 {}
 
-void VideoWindowKeys::press(const KeyRow& key)
+bool VideoWindowKeys::press(Command command)
 {
-    if (key.inVideoWindow != nullptr) {
-        key.inVideoWindow(*this);
+    const ActionRow* action = CommandActions::of(command);
+    if (action != nullptr) {
+        action->inVideoWindow(*this);
     }
+    return action != nullptr;
 }
 
 void VideoWindowKeys::toggleFullScreen()
@@ -219,13 +224,14 @@ void MainWindowKeys::poll()
     trapped("poll for a key", [this] { m_engine.operations().PollPlayer(); });
 }
 
-bool MainWindowKeys::press(const KeyRow& key)
+bool MainWindowKeys::press(Command command)
 {
-    poll();
-    if (key.inMainWindow != nullptr) {
-        key.inMainWindow(*this);
+    const ActionRow* action = CommandActions::of(command);
+    if (action != nullptr) {
+        poll();
+        action->inMainWindow(*this);
     }
-    return key.inMainWindow != nullptr;
+    return action != nullptr;
 }
 
 void MainWindowKeys::seekBy(double seconds)
@@ -279,9 +285,12 @@ void MainWindowKeys::goToBookmark()
 
 void MainWindowKeys::seekToSavedPosition()
 {
-    resumeNext("saved position", [this] {
-        m_engine.seekTo(decimalValue(m_module.settings().position(currentText())));
-    });
+    resumeNext("saved position", [this] { m_engine.seekTo(decimalValue(savedPosition())); });
+}
+
+QString MainWindowKeys::savedPosition() const
+{
+    return m_module.settings().position(currentText());
 }
 
 QString MainWindowKeys::currentText() const
@@ -290,19 +299,19 @@ QString MainWindowKeys::currentText() const
     return playlist.packet(playlist.CurrentPacket).clip(playlist.CurrentClip).Text;
 }
 
-bool pressPlayerKey(PlaybackEngine& engine, CommonKey key)
+bool carryOutInPlayer(PlaybackEngine& engine, Command command)
 {
-    switch (key) {
-    case CommonKey::Quit:
+    switch (command) {
+    case Command::Quit:
         engine.closeProgram();
         return true;
-    case CommonKey::Stop:
+    case Command::StopButton:
         engine.pressStop();
         return true;
-    case CommonKey::NextClip:
+    case Command::NextClip:
         engine.nextChecked();
         return true;
-    case CommonKey::PreviousClip:
+    case Command::PreviousClip:
         engine.previousChecked();
         return true;
     default:

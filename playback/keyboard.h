@@ -1,42 +1,19 @@
-// The keys that steer playback: one table for both windows, and what each window does with a key.
+// The commands that steer playback: what each of the two windows does with one.
 #pragma once
 
+#include "playback/commands.h"
 #include "playback/playback_engine.h"
-#include "playback/typed_key.h"
-
-#include <QChar>
 
 #include <functional>
-#include <optional>
-#include <span>
-#include <utility>
 
 namespace orvanta {
 
 class MainWindowKeys;
 class VideoWindowKeys;
 
-/// One key: its character, lower case, and what it does in each window.
-struct KeyRow
-{
-    char16_t character;
-    void (*inMainWindow)(MainWindowKeys& keys);   // null: the window's own affair
-    void (*inVideoWindow)(VideoWindowKeys& keys); // null: no key there
-
-    friend bool operator==(const KeyRow&, const KeyRow&) = default;
-};
-
-/// The whole table, for dispatch, help and tests.
-[[nodiscard]] std::span<const KeyRow> playbackKeys();
-
-/// The main window's reading of a typed character: upper case acts like lower case.
-[[nodiscard]] std::optional<KeyRow> mainWindowKey(QChar typed);
-/// The video window's reading: lower case only, and no always-on-top.
-[[nodiscard]] std::optional<KeyRow> videoWindowKey(QChar typed);
-
-/// What the keys do that are the same in every window: Quit, Stop, NextClip and PreviousClip. False
+/// What is the same wherever it is asked for: Quit, StopButton, NextClip and PreviousClip. False
 /// for the others.
-bool pressPlayerKey(PlaybackEngine& engine, CommonKey key);
+bool carryOutInPlayer(PlaybackEngine& engine, Command command);
 
 /// Full-screen mode of the player, and its window's always-on-top order.
 class FullScreenControl
@@ -58,8 +35,9 @@ public:
     VideoWindowKeys(MediaControl& control, VideoMirror& mirror, FullScreenControl& screen,
                     Seek seek);
 
-    /// Raises 6 when a volume step leaves 16 bits. Seeks that fail are passed over.
-    void press(const KeyRow& key);
+    /// Raises 6 when a volume step leaves 16 bits. Seeks that fail are passed over. False when the
+    /// command is not one of the player's.
+    bool press(Command command);
     /// Seconds, for the arrow keys.
     void seekBy(double seconds);
     /// Asks for a pause when running, else for a run.
@@ -67,13 +45,14 @@ public:
     /// Leaves full screen in any state of the player, enters it with any clip.
     void toggleFullScreen();
     void leaveFullScreen();
+    [[nodiscard]] bool isFullScreen() const { return m_screen.isFullScreen(); }
     /// Does nothing in any other state of the player.
     void switchFullScreenWhileRunning(bool on);
     /// Serves the request flag: hands VideoState and VideoVolume to the player and clears it.
     void serveRequest();
 
 private:
-    friend struct KeyTable;
+    friend struct CommandActions;
     void stepVolume(int step);
     void requestState(MediaControl::State state);
     void setBookmark();
@@ -96,18 +75,22 @@ public:
     MainWindowKeys(Module1& module, PlaybackEngine& engine, PlaybackView& view,
                    VideoWindowKeys& videoKeys);
 
-    /// Seeks that fail are passed over. False when the key is the window's own affair.
-    bool press(const KeyRow& key);
+    /// Seeks that fail are passed over. False when the command is the window's own affair.
+    bool press(Command command);
     /// Seconds, for the arrow keys.
     void seekBy(double seconds);
     /// Play when paused or stopped, pause when running.
     void togglePlay();
+    /// Of the current clip, seconds as text; empty for none. Raises 9 when no clip is current.
+    [[nodiscard]] QString savedPosition() const;
 
 private:
-    friend struct KeyTable;
+    friend struct CommandActions;
     void poll();
     void stepVolume(int step);
     void switchFullScreenWhileRunning(bool on) { m_videoKeys.switchFullScreenWhileRunning(on); }
+    void toggleFullScreen() { m_videoKeys.toggleFullScreen(); }
+    void leaveFullScreen() { m_videoKeys.leaveFullScreen(); }
     void setBookmark();
     void goToBookmark();
     void seekToSavedPosition();

@@ -84,6 +84,7 @@ public:
 private:
     void showVideoWindowWithMainWindow();
     void display();
+    [[nodiscard]] PlayingPlace playingPlace() const;
     [[nodiscard]] bool moveOnAfterEnd();
     bool serveEnd();
     [[nodiscard]] bool moveOnAfterFailure();
@@ -115,6 +116,20 @@ void PlaybackEngine::Private::tick()
     if (!context.closing) {
         resumeNext("hand-over queue", [&] { handOver.serve(); });
     }
+    context.view->showPlaying(playingPlace());
+}
+
+// What plays on while another playlist is open has no line there.
+PlayingPlace PlaybackEngine::Private::playingPlace() const
+{
+    const MediaControl::State state = context.player().state;
+    const bool shown = state == MediaControl::Running || state == MediaControl::Paused;
+    const Cursor place = context.cursor();
+    if (!shown || context.openedMeanwhile || place.packet < 1) {
+        return {};
+    }
+    const bool runs = state == MediaControl::Running;
+    return {place.packet, place.clip, runs ? PlayingSign::Playing : PlayingSign::Paused};
 }
 
 void PlaybackEngine::Private::showVideoWindowWithMainWindow()

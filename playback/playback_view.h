@@ -19,6 +19,25 @@ struct TransportLooks
     friend bool operator==(const TransportLooks&, const TransportLooks&) = default;
 };
 
+/// The sign of the line that the player is at.
+enum class PlayingSign
+{
+    None, // nothing is loaded, or it is stopped
+    Playing,
+    Paused,
+};
+
+/// Where it stands: a packet and its clip or brake; clip 0, the packet's own line, before its first
+/// brake.
+struct PlayingPlace
+{
+    Int16 packet;
+    Int16 clip;
+    PlayingSign sign = PlayingSign::None;
+
+    friend bool operator==(const PlayingPlace&, const PlayingPlace&) = default;
+};
+
 /// The main window as they see it. Interface thread only.
 class PlaybackView
 {
@@ -37,6 +56,10 @@ public:
     virtual void moveSlider(Int16 percent) = 0;           // Slider1, without looking like a user
     virtual void setVolumeSlider(Int16 value) = 0;        // Slider2, without looking like a user
     virtual void showTransport(const TransportLooks& looks) = 0; // Image5, Image3
+
+    /// Asked at each tick: a place that is shown already must cost nothing. A list that is rebuilt
+    /// shows none.
+    virtual void showPlaying(const PlayingPlace& /*place*/) {} // List1
 
     virtual void RebuildTree() = 0;
     virtual void clearList() = 0;

@@ -8,27 +8,6 @@
 
 namespace orvanta {
 
-constexpr std::array kCommonKeys{
-    CommonKeyRow{Qt::Key_Space, Qt::NoModifier, CommonKey::TogglePlay},
-    CommonKeyRow{Qt::Key_Left, Qt::NoModifier, CommonKey::StepBack},
-    CommonKeyRow{Qt::Key_Right, Qt::NoModifier, CommonKey::StepForward},
-    CommonKeyRow{Qt::Key_F11, Qt::NoModifier, CommonKey::ToggleFullScreen},
-    CommonKeyRow{Qt::Key_Escape, Qt::NoModifier, CommonKey::LeaveFullScreen},
-    CommonKeyRow{Qt::Key_O, Qt::ControlModifier, CommonKey::OpenFile},
-    CommonKeyRow{Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier, CommonKey::OpenClips},
-    CommonKeyRow{Qt::Key_F, Qt::ControlModifier, CommonKey::Find},
-    CommonKeyRow{Qt::Key_F3, Qt::NoModifier, CommonKey::FindAgain},
-    CommonKeyRow{Qt::Key_F1, Qt::NoModifier, CommonKey::Help},
-    CommonKeyRow{Qt::Key_Q, Qt::ControlModifier, CommonKey::Quit},
-    // Where no desktop takes them for its own player controls.
-    CommonKeyRow{Qt::Key_MediaPlay, Qt::NoModifier, CommonKey::TogglePlay},
-    CommonKeyRow{Qt::Key_MediaTogglePlayPause, Qt::NoModifier, CommonKey::TogglePlay},
-    CommonKeyRow{Qt::Key_MediaPause, Qt::NoModifier, CommonKey::TogglePlay},
-    CommonKeyRow{Qt::Key_MediaStop, Qt::NoModifier, CommonKey::Stop},
-    CommonKeyRow{Qt::Key_MediaNext, Qt::NoModifier, CommonKey::NextClip},
-    CommonKeyRow{Qt::Key_MediaPrevious, Qt::NoModifier, CommonKey::PreviousClip},
-};
-
 namespace {
 
 /// Letters that lie side by side on a Latin keyboard, with the scan code of the first.
@@ -46,10 +25,12 @@ constexpr Qt::KeyboardModifiers kCommandModifiers =
 
 } // namespace
 
-static bool isToggle(CommonKey key)
+/// Repeated, it would undo itself, or open the same again and again.
+static bool countsOnce(Command command)
 {
-    return key == CommonKey::TogglePlay || key == CommonKey::ToggleFullScreen ||
-           key == CommonKey::Help;
+    return command == Command::TogglePlay || command == Command::ToggleFullScreen ||
+           command == Command::CheckLine || command == Command::PlayLine ||
+           command == Command::Help;
 }
 
 /// The key on a Latin keyboard. Key values of letters are their upper-case code points.
@@ -74,23 +55,21 @@ QChar latinLetter(QChar typed, quint32 scanCode)
     return typed.isUpper() ? letter.toUpper() : letter;
 }
 
-std::span<const CommonKeyRow> commonKeys()
-{
-    return kCommonKeys;
-}
-
-std::optional<CommonKey> commonKey(const QKeyEvent& event)
+std::optional<Command> namedCommand(const QKeyEvent& event, KeyPlace place)
 {
     const int key = latinKey(event);
-    // The arrows of a number pad are arrows.
+    // The keys of a number pad are arrows and Enter as well.
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    const auto row = std::ranges::find_if(kCommonKeys, [&](const CommonKeyRow& candidate) {
-        return candidate.key == key && candidate.modifiers == modifiers;
+    const auto isPressed = [&](const NamedKey& candidate) {
+        return candidate.key == key && candidate.modifiers == modifiers && candidate.place == place;
+    };
+    const auto row = std::ranges::find_if(commands(), [&](const CommandRow& candidate) {
+        return std::ranges::any_of(candidate.namedKeys(), isPressed);
     });
-    if (row == kCommonKeys.end() || (event.isAutoRepeat() && isToggle(row->what))) {
+    if (row == commands().end() || (event.isAutoRepeat() && countsOnce(row->command))) {
         return std::nullopt;
     }
-    return row->what;
+    return row->command;
 }
 
 QChar typedCharacter(const QKeyEvent& event)

@@ -1,3 +1,4 @@
+#include "playback/command_menu.h"
 #include "window/clip_line.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
@@ -129,6 +130,8 @@ void Form2::buildMenus()
     doc = help->addAction(QString());
     tu = help->addAction(QString());
     ab = help->addAction(QString());
+    ListMenu = new CommandMenu(MenuPlace::List, m_surface);
+    ListMenu->setStyleSheet(skin::commandMenuSheet());
 }
 
 ControlRows Form2::controls()
@@ -172,6 +175,7 @@ ControlRows Form2::controls()
         {doc, u"doc"},
         {tu, u"tu"},
         {ab, u"ab"},
+        {ListMenu, u"ListMenu"},
         {&Timer1, u"Timer1"},
         {&Timer2, u"Timer2"},
         {&Timer3, u"Timer3"},

@@ -4,6 +4,7 @@
 #include "platform/screen/busy_cursor.h"
 #include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
+#include "playback/command_menu.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin_button.h"
@@ -53,6 +54,8 @@ void Form2::connectHandlers()
     on(List1, &PlaylistList::cursorMoved, [this](int line) { Form2_List1_Click(line); });
     on(List1, &PlaylistList::lineChosen, [this] { Form2_List1_DblClick(); });
     on(List1, &PlaylistList::pointerMoved, [this](int y) { Form2_List1_MouseMove(y); });
+    on(List1, &PlaylistList::menuAsked, [this](QPoint place) { Form2_List1_Menu(place); });
+    on(ListMenu, &CommandMenu::chosen, [this](Command command) { carryOut(command); });
     // From the queue: the program that dragged waits for the drop's answer.
     connect(
         List1, &PlaylistList::filesDropped, this,
@@ -191,10 +194,24 @@ void Form2::Form2_Image4_Click()
 
 void Form2::Form2_Image2_Click()
 {
-    const QString wanted = Text1->text();
-    if (wanted.isEmpty()) {
-        return;
+    if (!Text1->text().isEmpty()) {
+        (void)find(Text1->text());
     }
+}
+
+/// A text that was typed and not searched for yet is found first; one that is nowhere plays
+/// nothing.
+void Form2::Form2_Text1_CtrlReturn()
+{
+    const QString wanted = Text1->text();
+    const bool isNew = !wanted.isEmpty() && wanted != m_lastFind;
+    if (!isNew || find(wanted)) {
+        Form2_List1_DblClick();
+    }
+}
+
+bool Form2::find(const QString& wanted)
+{
     const int first = wanted == m_lastFind ? m_lastFound + 1 : 1;
     m_lastFind = wanted;
     const int row = findRow(List1->lines(), wanted, first);
@@ -203,6 +220,7 @@ void Form2::Form2_Image2_Click()
         List1->setCursorLine(row);
     }
     sayFound(row >= 0);
+    return row >= 0;
 }
 
 constexpr int kMissedMilliseconds = 2000;

@@ -20,9 +20,9 @@ void Form2::keyPressEvent(QKeyEvent* event)
 {
     bool served = false;
     m_services.boundary([&] {
-        if (const auto key = commonKey(*event)) {
+        if (const auto command = namedCommand(*event)) {
             served = true;
-            pressCommonKey(*key);
+            carryOut(*command);
         } else {
             served = Form2_Form_KeyPress(typedCharacter(*event));
         }
@@ -34,9 +34,17 @@ void Form2::keyPressEvent(QKeyEvent* event)
 // before any of them. Windows of the system get each key as well, before their widgets do.
 bool Form2::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::KeyPress && watched->isWidgetType() &&
-        commonKey(static_cast<const QKeyEvent&>(*event)) == CommonKey::Help) {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) {
+        return QWidget::eventFilter(watched, event);
+    }
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (namedCommand(key) == Command::Help) {
         m_services.boundary([this] { Form2_doc_Click(); })();
+        return true;
+    }
+    // For the box itself it would be one Return more.
+    if (watched == Text1 && namedCommand(key, KeyPlace::FindBox) == Command::PlayLine) {
+        m_services.boundary([this] { Form2_Text1_CtrlReturn(); })();
         return true;
     }
     return QWidget::eventFilter(watched, event);
@@ -44,11 +52,11 @@ bool Form2::eventFilter(QObject* watched, QEvent* event)
 
 bool Form2::Form2_Form_KeyPress(QChar typed)
 {
-    const auto key = mainWindowKey(typed);
-    if (key && !m_keys.press(*key)) {
-        toggleAlwaysOnTop();
+    const auto command = mainWindowLetter(typed);
+    if (command) {
+        carryOut(*command);
     }
-    return key.has_value();
+    return command.has_value();
 }
 
 void Form2::toggleAlwaysOnTop()
@@ -57,30 +65,32 @@ void Form2::toggleAlwaysOnTop()
     setAlwaysOnTop(windowHandle(), m_alwaysOnTop);
 }
 
-void Form2::pressCommonKey(CommonKey key)
+void Form2::carryOut(Command command)
 {
-    switch (key) {
-    case CommonKey::TogglePlay:
-        return m_keys.togglePlay();
-    case CommonKey::StepBack:
-        return m_keys.seekBy(-kKeyStep);
-    case CommonKey::StepForward:
-        return m_keys.seekBy(kKeyStep);
-    case CommonKey::ToggleFullScreen:
-        return m_services.videoKeys.toggleFullScreen();
-    case CommonKey::LeaveFullScreen:
-        return m_services.videoKeys.leaveFullScreen();
-    case CommonKey::OpenFile:
+    switch (command) {
+    case Command::PlayLine:
+        return Form2_List1_DblClick();
+    case Command::CheckLine:
+        return List1->toggleLine(List1->cursorLine());
+    case Command::ShowMenu:
+        return List1->hasFocus() ? List1->askForMenu() : void();
+    case Command::Help:
+        return Form2_doc_Click();
+    case Command::AlwaysOnTop:
+        return toggleAlwaysOnTop();
+    case Command::OpenFile:
         return Form2_Image14_Click();
-    case CommonKey::OpenClips:
+    case Command::OpenClips:
         return Form2_Image8_Click();
-    case CommonKey::Find:
+    case Command::Find:
         Text1->setFocus(Qt::ShortcutFocusReason);
         return Text1->selectAll();
-    case CommonKey::FindAgain:
+    case Command::FindAgain:
         return Form2_Image2_Click();
     default:
-        pressPlayerKey(m_services.engine, key);
+        if (!m_keys.press(command)) {
+            carryOutInPlayer(m_services.engine, command);
+        }
     }
 }
 

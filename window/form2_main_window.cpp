@@ -1,5 +1,6 @@
 #include "window/form2_main_window.h"
 
+#include "playback/command_menu.h"
 #include "window/clip_line.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
@@ -45,8 +46,11 @@ void Form2::Form2_Form_Load()
     const TextLanguage language =
         textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
     applyTexts(controls(), language);
-    List1->setPacketWord(interfaceText(u"Form2", u"List1.packet", language));
+    List1->setWords({.packet = interfaceText(u"Form2", u"List1.packet", language),
+                     .playing = interfaceText(u"Form2", u"List1.playing", language),
+                     .paused = interfaceText(u"Form2", u"List1.paused", language)});
     Text1->setPlaceholderText(Text1->toolTip());
+    ListMenu->setLanguage(language);
     resumeNext("main window load, add-ins", [&] { buildAddInsMenu(language); });
     m_services.engine.attachView(*this);
     resumeNext("main window load, volume",

@@ -16,10 +16,12 @@
 //   create    cp packet editor, cg group editor
 //   tools     op options, cdc CD creation, ai the add-ins (entries add)
 //   help      doc documentation, tu tutorial, ab about
+//   ListMenu  what can be done with a line of the playlist, and with the player
 #pragma once
 
 #include "core/error_boundary.h"
 #include "model/pickers.h"
+#include "playback/command_state.h"
 #include "playback/control_rows.h"
 #include "playback/keyboard.h"
 #include "playback/playback_engine.h"
@@ -40,8 +42,8 @@ class QWindow;
 namespace orvanta {
 
 class ClipLine;
+class CommandMenu;
 class PictureHolder;
-enum class CommonKey;
 class PlaylistList;
 class PracticeChips;
 class PracticePanel;
@@ -120,9 +122,14 @@ public:
     QAction* tu = nullptr;     // tutorial program
     QAction* ab = nullptr;     // about
 
+    CommandMenu* ListMenu = nullptr; // List1's: what can be done with a line and the player
+
     QTimer Timer1; // 300 ms: the playback tick; runs as long as the window exists
     QTimer Timer2; // 100 ms, one shot: marks the line that enableTimer2 was given
     QTimer Timer3; // 200 ms, one shot: brings the window to the front
+
+    /// What the video window hands on: opening, finding, the handbook. False for other commands.
+    bool carryOutForVideoWindow(Command command);
 
     // PlaybackView
     [[nodiscard]] bool isWindowNormal() const override;
@@ -134,6 +141,7 @@ public:
     void moveSlider(Int16 percent) override;
     void setVolumeSlider(Int16 value) override;
     void showTransport(const TransportLooks& looks) override;
+    void showPlaying(const PlayingPlace& place) override;
     void RebuildTree() override;
     void clearList() override;
     [[nodiscard]] int headerLineOf(Int16 p) const override;
@@ -161,7 +169,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    /// The handbook's key, in every window of the program.
+    /// The handbook's key, in every window of the program, and the find box's own.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -198,6 +206,7 @@ private:
     void Form2_Image3_Click();
     void Form2_Image4_Click();
     void Form2_Image2_Click();
+    void Form2_Text1_CtrlReturn();
     void Form2_List1_Click(int line);
     void Form2_List1_DblClick();
     void Form2_List1_MouseMove(int y);
@@ -219,6 +228,9 @@ private:
     void Form2_PracticeButton_Click();
     void Form2_Panel_Chosen(const Practice& practice);
     void showPractice();
+    // Handlers: form2_list_menu.cpp
+    void Form2_List1_Menu(QPoint place);
+    [[nodiscard]] CommandFacts commandFacts() const;
 
     // Handlers: form2_create.cpp
     void Form2_cp_Click();
@@ -231,8 +243,9 @@ private:
     void Form2_tu_Click();
     void Form2_ab_Click();
 
+    [[nodiscard]] bool find(const QString& wanted);
     void sayFound(bool found);
-    void pressCommonKey(CommonKey key);
+    void carryOut(Command command);
     void toggleAlwaysOnTop();
     void open(const std::function<void()>& load);
     void openFromEditor(const std::function<QString()>& showEditor,

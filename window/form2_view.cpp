@@ -74,6 +74,11 @@ void Form2::showTransport(const TransportLooks& looks)
     m_looks = looks;
 }
 
+void Form2::showPlaying(const PlayingPlace& place)
+{
+    List1->showPlaying(place);
+}
+
 void Form2::RebuildTree()
 {
     List1->setLines(treeLines(m_services.module.playlist));

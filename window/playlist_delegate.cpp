@@ -13,6 +13,9 @@ namespace {
 constexpr int kBoxLeft = 6;
 constexpr int kBoxSide = 9;
 constexpr int kRootTextLeft = 22;
+constexpr double kSignLeft = 17; // between the box and the first stem
+constexpr double kSignWidth = 6;
+constexpr double kSignHeight = 8;
 constexpr double kFirstStem = 24.5;
 constexpr double kSecondStem = 37.5;
 constexpr double kBranch = 6;
@@ -47,6 +50,7 @@ void PlaylistDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     if (m_model->hasBox(row)) {
         paintBox(*painter, option.rect, m_model->isChecked(row));
     }
+    paintSign(*painter, option.rect, m_model->signOf(row));
     const bool current = (option.state & QStyle::State_Selected) != 0;
     painter->setPen(QPen(current ? skin::kAccent : skin::kTreeLine, 1));
     const int textLeft = paintTree(*painter, option.rect, row);
@@ -68,6 +72,26 @@ void PlaylistDelegate::paintRow(QPainter& painter, const QStyleOptionViewItem& o
         painter.setPen(Qt::NoPen);
         painter.setBrush(current ? skin::kAccentDeep : skin::kRaised);
         painter.drawRoundedRect(option.rect, 3, 3);
+    }
+}
+
+// A triangle while it plays, two bars while it is paused.
+void PlaylistDelegate::paintSign(QPainter& painter, const QRect& line, PlayingSign sign) const
+{
+    if (sign == PlayingSign::None) {
+        return;
+    }
+    const QRectF place(line.left() + kSignLeft, line.top() + (line.height() - kSignHeight) / 2,
+                       kSignWidth, kSignHeight);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(skin::kAccentHover); // the accent on the current line's darker accent, too
+    if (sign == PlayingSign::Playing) {
+        const QPointF triangle[] = {place.topLeft(), QPointF(place.right(), place.center().y()),
+                                    place.bottomLeft()};
+        painter.drawPolygon(triangle, 3);
+    } else {
+        painter.drawRect(QRectF(place.topLeft(), QSizeF(2, kSignHeight)));
+        painter.drawRect(QRectF(place.topRight() - QPointF(2, 0), QSizeF(2, kSignHeight)));
     }
 }
 

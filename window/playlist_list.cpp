@@ -1,6 +1,7 @@
 #include "window/playlist_list.h"
 
 #include "model/dropped_files.h"
+#include "playback/typed_key.h"
 #include "window/skin.h"
 
 #include <QDropEvent>
@@ -23,6 +24,8 @@ void PlaylistModel::setLines(std::vector<TreeLine> lines)
     beginResetModel();
     m_lines = std::move(lines);
     m_checked.assign(m_lines.size(), true);
+    m_playing = {};
+    m_playingLine = -1;
     endResetModel();
 }
 
@@ -41,6 +44,44 @@ void PlaylistModel::growTo(std::vector<TreeLine> lines)
     endInsertRows();
     // A last branch may have become one of many.
     Q_EMIT dataChanged(index(0), index(before - 1), {Qt::DisplayRole});
+}
+
+void PlaylistModel::showPlaying(const PlayingPlace& place)
+{
+    if (place == m_playing) {
+        return;
+    }
+    m_playing = place;
+    const int header = place.sign == PlayingSign::None ? -1 : headerLine(m_lines, place.packet);
+    const int line = header + place.clip.value();
+    const bool exists = header >= 0 && line < rowCount({});
+    const int before = std::exchange(m_playingLine, exists ? line : -1);
+    announce(before);
+    announce(m_playingLine);
+}
+
+void PlaylistModel::announce(int line)
+{
+    if (line >= 0) {
+        Q_EMIT dataChanged(index(line), index(line), {Qt::AccessibleDescriptionRole});
+    }
+}
+
+PlayingSign PlaylistModel::signOf(int line) const
+{
+    return line >= 0 && line == m_playingLine ? m_playing.sign : PlayingSign::None;
+}
+
+QString PlaylistModel::describe(int line) const
+{
+    const QString packet =
+        isHeaderLine(m_lines[static_cast<std::size_t>(line)].text) ? m_words.packet : QString();
+    const PlayingSign sign = signOf(line);
+    if (sign == PlayingSign::None) {
+        return packet;
+    }
+    const QString& playing = sign == PlayingSign::Playing ? m_words.playing : m_words.paused;
+    return packet.isEmpty() ? playing : packet + u", "_s + playing;
 }
 
 bool PlaylistModel::isChecked(int line) const
@@ -75,8 +116,9 @@ QVariant PlaylistModel::data(const QModelIndex& index, int role) const
         const QString text = textWithoutPrefix(m_lines[line].text);
         return text.isEmpty() ? u" "_s : text; // for an empty one the toolkit takes the line
     }
-    if (role == Qt::AccessibleDescriptionRole && isHeaderLine(m_lines[line].text)) {
-        return m_packetWord;
+    if (role == Qt::AccessibleDescriptionRole) {
+        const QString description = describe(index.row());
+        return description.isNull() ? QVariant() : description;
     }
     if (role == Qt::CheckStateRole && hasBox(index.row())) {
         return isChecked(index.row()) ? Qt::Checked : Qt::Unchecked;
@@ -178,7 +220,7 @@ bool PlaylistList::toggleAt(QPoint place)
         !PlaylistDelegate::boxArea(visualRect(line)).contains(place)) {
         return false;
     }
-    toggle(line.row());
+    toggleLine(line.row());
     return true;
 }
 
@@ -216,12 +258,12 @@ void PlaylistList::choose()
 
 void PlaylistList::keyPressEvent(QKeyEvent* event)
 {
+    if (namedCommand(*event, KeyPlace::List) == Command::CheckLine) {
+        return toggleLine(cursorLine());
+    }
     switch (event->key()) {
     case Qt::Key_Space: // without Ctrl it is the player's, here as everywhere
         event->setAccepted(event->modifiers() == Qt::ControlModifier);
-        if (event->isAccepted() && !event->isAutoRepeat()) {
-            toggle(cursorLine());
-        }
         break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -238,6 +280,27 @@ void PlaylistList::keyPressEvent(QKeyEvent* event)
     default:
         event->ignore();
     }
+}
+
+// The right button takes the line under the pointer; the key and beside the lines none is taken.
+void PlaylistList::contextMenuEvent(QContextMenuEvent* event)
+{
+    event->accept();
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        return askForMenu();
+    }
+    const QPoint place = viewport()->mapFromGlobal(event->globalPos());
+    if (const QModelIndex line = indexAt(place); line.row() >= 1) {
+        setCursorLine(line.row());
+    }
+    Q_EMIT menuAsked(event->globalPos());
+}
+
+void PlaylistList::askForMenu()
+{
+    const QRect line = visualRect(currentIndex()).intersected(viewport()->rect());
+    const QPoint place = line.isEmpty() ? viewport()->rect().topLeft() : line.bottomLeft();
+    Q_EMIT menuAsked(viewport()->mapToGlobal(place + QPoint(skin::kGrid, 0)));
 }
 
 // The base class would make the first line current as soon as the list is reached by Tab.

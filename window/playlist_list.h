@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/tree_lines.h"
+#include "playback/playback_view.h"
 
 #include <QAbstractListModel>
 #include <QListView>
@@ -10,6 +11,14 @@
 #include <vector>
 
 namespace orvanta {
+
+/// What assistive technology says of a line beside its text.
+struct LineWords
+{
+    QString packet; // of a packet's own line
+    QString playing;
+    QString paused;
+};
 
 /// A snapshot of the tree's lines and their marks, never a live view of the playlist. The root has
 /// no box.
@@ -25,8 +34,10 @@ public:
     /// Shows more lines after those that are shown now, which keep their marks.
     void growTo(std::vector<TreeLine> lines);
     [[nodiscard]] const std::vector<TreeLine>& lines() const { return m_lines; }
-    /// What assistive technology says of a packet's line, beside its text.
-    void setPacketWord(const QString& word) { m_packetWord = word; }
+    void setWords(const LineWords& words) { m_words = words; }
+    /// Which line has the sign; none after setLines. A place that is no line has none.
+    void showPlaying(const PlayingPlace& place);
+    [[nodiscard]] PlayingSign signOf(int line) const;
     [[nodiscard]] bool hasBox(int line) const { return line >= 1 && line < rowCount({}); }
     /// False for the root and outside the list.
     [[nodiscard]] bool isChecked(int line) const;
@@ -39,13 +50,18 @@ public:
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
 private:
+    [[nodiscard]] QString describe(int line) const;
+    void announce(int line);
+
     std::vector<TreeLine> m_lines;
     std::vector<bool> m_checked;
-    QString m_packetWord;
+    LineWords m_words;
+    PlayingPlace m_playing; // as it was shown last
+    int m_playingLine = -1;
 };
 
-/// Paints a line: box, tree, text. The tree's prefix is drawn as lines, in the places where its
-/// characters would stand.
+/// Paints a line: box, sign of playing, tree, text. The tree's prefix is drawn as lines, in the
+/// places where its characters would stand.
 class PlaylistDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -62,6 +78,7 @@ public:
 
 private:
     void paintRow(QPainter& painter, const QStyleOptionViewItem& option) const;
+    void paintSign(QPainter& painter, const QRect& line, PlayingSign sign) const;
     void paintBox(QPainter& painter, const QRect& line, bool checked) const;
     [[nodiscard]] int paintTree(QPainter& painter, const QRect& line, int row) const;
     [[nodiscard]] QColor textColour(int row) const;
@@ -94,7 +111,13 @@ public:
     [[nodiscard]] int topLine() const;
     [[nodiscard]] bool isLineChecked(int line) const { return m_model->isChecked(line); }
     void checkLine(int line) { m_model->setChecked(line, true); }
-    void setPacketWord(const QString& word) { m_model->setPacketWord(word); }
+    /// Ignored for the root and outside the list.
+    void toggleLine(int line) { m_model->setChecked(line, !m_model->isChecked(line)); }
+    /// Asks for the menu of the current line, as the Menu key does.
+    void askForMenu();
+    void setWords(const LineWords& words) { m_model->setWords(words); }
+    void showPlaying(const PlayingPlace& place) { m_model->showPlaying(place); }
+    [[nodiscard]] PlayingSign signOf(int line) const { return m_model->signOf(line); }
 
     void keyboardSearch(const QString& /*search*/) override {}
 
@@ -103,6 +126,8 @@ Q_SIGNALS:
     void cursorMoved(int line);
     /// Double click on a line's text, or Return on the current line.
     void lineChosen();
+    /// A menu is wanted at this place of the screen; what it concerns is the current line.
+    void menuAsked(QPoint place);
     /// The pointer moved over the list; y in pixels from the top of the lines.
     void pointerMoved(int y);
     /// Files were dropped on the list: their paths, at least one.
@@ -117,13 +142,13 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void toggle(int line) { m_model->setChecked(line, !m_model->isChecked(line)); }
     /// Toggles when the place is in a line's box; says whether it was.
     bool toggleAt(QPoint place);
     void showToolTip(const QPoint& globalPlace, const QPoint& place);

@@ -154,4 +154,21 @@ QToolTip { background: %raised; color: %text; border: 1px solid %edge; padding: 
     return kSheet;
 }
 
+QString commandMenuSheet()
+{
+    static const QString kSheet = uR"(
+QMenu { background: %raised; color: %text; border: 1px solid %edge; padding: 4px; }
+QMenu::item { padding: 5px 14px 5px 8px; border-radius: 4px; }
+QMenu::item:selected { background: %deep; }
+QMenu::item:disabled { color: %muted; background: transparent; }
+QMenu::separator { height: 1px; background: %edge; margin: 4px 8px; }
+QMenu::indicator { width: 12px; height: 12px; left: 9px; }
+)"_s.replace(u"%raised"_s, kRaised.name())
+                                      .replace(u"%text"_s, kText.name())
+                                      .replace(u"%muted"_s, kTextMuted.name())
+                                      .replace(u"%edge"_s, kEdge.name())
+                                      .replace(u"%deep"_s, kAccentDeep.name());
+    return kSheet;
+}
+
 } // namespace orvanta::skin

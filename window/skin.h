@@ -61,5 +61,7 @@ inline constexpr int kListPadding = 6;
 
 /// The style sheet of everything that the skin does not paint itself.
 [[nodiscard]] QString styleSheet();
+/// The style sheet of a menu of commands, whatever its window: entries with marks and keys.
+[[nodiscard]] QString commandMenuSheet();
 
 } // namespace orvanta::skin

@@ -1,5 +1,6 @@
 // Every caption of every window can be read, in both languages; access keys are clear.
 
+#include "playback/command_menu.h"
 #include "system/form12_tray.h"
 #include "tests/captions/captions.h"
 #include "tests/captions/every_window.h"
@@ -90,6 +91,14 @@ TEST_P(Menus, OfTheMainWindowHaveAccessKeysOfTheirOwn)
     for (const QMenu* menu : {main.create, main.tools, main.help}) {
         expectGoodMenu(*menu);
     }
+    expectGoodMenu(*main.ListMenu);
+}
+
+TEST_P(Menus, OfTheVideoWindowHasAccessKeysOfItsOwn)
+{
+    CommandMenu menu(MenuPlace::VideoWindow, nullptr);
+    menu.setLanguage(GetParam() == 1 ? TextLanguage::English : TextLanguage::Russian);
+    expectGoodMenu(menu);
 }
 
 // The tray's captions are as they have always been: pressing a shared key twice goes to the second.

@@ -128,7 +128,7 @@ void inEveryForm(const std::function<void(const QString& form, const Named& name
         .control = surroundings.control,
         .boundary = surroundings.boundary,
         .keepAwake = [](bool) {},
-        .pressPlayerKey = [](CommonKey) { return false; },
+        .carryOut = [](Command) { return false; },
         .seek = [](double) {},
         .mainWindow = [] { return nullptr; },
     });
@@ -157,6 +157,8 @@ const QMap<QString, QString>& withoutTexts()
         {u"PracticePanel/WaitBox"_s, label},
         {u"PracticePanel/FromBox"_s, label},
         {u"PracticePanel/StepBox"_s, label},
+        {u"Form2/ListMenu"_s, menu},
+        {u"Form13/PictureMenu"_s, menu},
         {u"Form11/Image1"_s, picture},
         {u"Form11/Image2"_s, picture},
         {u"Form12/tray"_s, menu},
@@ -234,9 +236,10 @@ TEST(ControlTexts, BelongToControlsThatThereAre)
     for (const InterfaceText& text : interfaceTexts()) {
         const auto form = documented.find(text.window.toString());
         if (form == documented.end()) {
-            // A part of several windows, and what is said at a terminal.
+            // A part of several windows, what is said at a terminal, what can be asked for, and how
+            // practice is said.
             EXPECT_TRUE(text.window == u"FolderTree" || text.window == u"CommandLine" ||
-                        text.window == u"Practice");
+                        text.window == u"Command" || text.window == u"Practice");
             continue;
         }
         EXPECT_TRUE(controlOf(text) == form->first ||

@@ -1,7 +1,6 @@
 // The handbook in both languages: complete, alike, and true to the program's captions and keys.
 
-#include "playback/keyboard.h"
-#include "playback/typed_key.h"
+#include "playback/commands.h"
 #include "tests/help/handbook.h"
 
 #include <QDirIterator>
@@ -51,42 +50,46 @@ QStringList captionsOfWindow(QStringView window, TextLanguage language)
 }
 
 /// How the handbook prints a key that has a sign or a name of its own.
-QString printed(const QString& key, TextLanguage language)
+QString printed(QString key, TextLanguage language)
 {
-    const std::array<std::pair<QString, QString>, 3> names = {{
+    const std::array<std::pair<QString, QString>, 4> names = {{
         {u"Left"_s, u"←"_s},
         {u"Right"_s, u"→"_s},
+        {u"Return"_s, u"Enter"_s},
         {u"Space"_s, language == TextLanguage::English ? u"Space"_s : u"Пробел"_s},
     }};
-    const auto named = std::ranges::find(
-        names, key, [](const auto& pair) -> const QString& { return pair.first; });
-    return named == names.end() ? key : named->second;
+    for (const auto& [name, print] : names) {
+        key.replace(name, print);
+    }
+    return key;
 }
 
-/// The keys that every player has, as the handbook prints them, and those of lists and dialogs.
-QStringList otherKeys(TextLanguage language)
+/// The keys of the table of commands, as the handbook prints them.
+QStringList keysOfCommands(TextLanguage language)
 {
-    // Alt with a number: a page of the options. Page Up to End: the slider of the editor.
-    QStringList keys = {u"Enter"_s, u"Tab"_s,     u"Ctrl+↑"_s,    u"Ctrl+↓"_s, u"Delete"_s,
-                        u"Ctrl"_s,  u"Shift"_s,   u"Alt"_s,       u"1"_s,      u"2"_s,
-                        u"3"_s,     u"Page Up"_s, u"Page Down"_s, u"Home"_s,   u"End"_s};
-    for (const CommonKeyRow& row : commonKeys()) {
-        const QKeySequence sequence(QKeyCombination(row.modifiers, row.key));
-        const QString name = sequence.toString(QKeySequence::PortableText);
-        if (!name.contains(u"Media ")) { // the handbook speaks of them in words
-            keys.append(printed(name, language));
+    QStringList keys;
+    for (const CommandRow& row : commands()) {
+        for (const NamedKey& key : row.namedKeys()) {
+            const QKeySequence sequence(QKeyCombination(key.modifiers, key.key));
+            const QString name = sequence.toString(QKeySequence::PortableText);
+            if (!name.contains(u"Media ")) { // the handbook speaks of them in words
+                keys.append(printed(name, language));
+            }
+        }
+        if (row.letter != 0) {
+            keys.append(QChar(row.letter));
         }
     }
     return keys;
 }
 
-QStringList letterKeys()
+/// Those of lists and dialogs. Alt with a number: a page of the options. Page Up to End: the slider
+/// of the editor.
+QStringList otherKeys()
 {
-    QStringList keys;
-    for (const KeyRow& row : playbackKeys()) {
-        keys.append(QChar(row.character));
-    }
-    return keys;
+    return {u"Enter"_s, u"Tab"_s,     u"Ctrl+↑"_s,    u"Ctrl+↓"_s, u"Delete"_s,
+            u"Ctrl"_s,  u"Shift"_s,   u"Alt"_s,       u"1"_s,      u"2"_s,
+            u"3"_s,     u"Page Up"_s, u"Page Down"_s, u"Home"_s,   u"End"_s};
 }
 
 QStringList missingFrom(const QStringList& wanted, const QStringList& there)
@@ -198,14 +201,14 @@ TEST_P(Help, EveryCaptionOfTheMainWindowTheEditorsAndTheTrayIsInIt)
 
 TEST_P(Help, EveryKeyInItIsOneOfTheProgram)
 {
-    const QStringList known = letterKeys() + otherKeys(GetParam());
+    const QStringList known = keysOfCommands(GetParam()) + otherKeys();
     EXPECT_EQ(missingFrom(book.keys, known), QStringList())
         << qPrintable(missingFrom(book.keys, known).join(u' '));
 }
 
 TEST_P(Help, EveryKeyOfTheProgramIsInIt)
 {
-    const QStringList wanted = letterKeys() + otherKeys(GetParam());
+    const QStringList wanted = keysOfCommands(GetParam()) + otherKeys();
     EXPECT_EQ(missingFrom(wanted, book.keys), QStringList())
         << qPrintable(missingFrom(wanted, book.keys).join(u' '));
 }

@@ -1,6 +1,7 @@
 // The key tables and what the video window does with each key.
 #include "core/numbers.h"
 #include "playback/keyboard.h"
+#include "playback/typed_key.h"
 #include "tests/support/error_of.h"
 #include "tests/support/plain_screen.h"
 #include "tests/support/scripted_media_control.h"
@@ -29,8 +30,8 @@ protected:
 
     void type(char16_t character)
     {
-        if (const auto key = videoWindowKey(character)) {
-            keys.press(*key);
+        if (const auto command = videoWindowLetter(character)) {
+            EXPECT_TRUE(keys.press(*command));
         }
     }
 
@@ -41,36 +42,42 @@ protected:
     VideoWindowKeys keys{control, mirror, screen, [this](double seconds) { seek(seconds); }};
 };
 
-TEST(Keys, EveryKeyOfTheTableIsKnownToTheMainWindowInBothCases)
+TEST(Keys, EveryLetterOfTheTableIsKnownToTheMainWindowInBothCases)
 {
-    for (const KeyRow& row : playbackKeys()) {
-        EXPECT_EQ(mainWindowKey(row.character), row);
-        EXPECT_EQ(mainWindowKey(QChar(row.character).toUpper()), row);
+    int letters = 0;
+    for (const CommandRow& row : commands()) {
+        if (row.letter != 0) {
+            ++letters;
+            EXPECT_EQ(mainWindowLetter(row.letter), row.command);
+            EXPECT_EQ(mainWindowLetter(QChar(row.letter).toUpper()), row.command);
+        }
     }
+    EXPECT_EQ(letters, 12);
 }
 
 TEST(Keys, UpperCaseLettersDoNothingInTheVideoWindow)
 {
-    for (const KeyRow& row : playbackKeys()) {
-        const QChar upper = QChar(row.character).toUpper();
-        if (upper != QChar(row.character)) {
-            EXPECT_FALSE(videoWindowKey(upper).has_value()) << qPrintable(QString(upper));
+    for (const CommandRow& row : commands()) {
+        const QChar upper = QChar(row.letter).toUpper();
+        if (upper != QChar(row.letter)) {
+            EXPECT_FALSE(videoWindowLetter(upper).has_value()) << qPrintable(QString(upper));
         }
     }
 }
 
 TEST(Keys, AlwaysOnTopIsIgnoredInTheVideoWindow)
 {
-    EXPECT_TRUE(mainWindowKey(u't').has_value());
-    EXPECT_FALSE(videoWindowKey(u't').has_value());
+    EXPECT_EQ(mainWindowLetter(u't'), Command::AlwaysOnTop);
+    EXPECT_FALSE(videoWindowLetter(u't').has_value());
 }
 
 TEST(Keys, EveryOtherCharacterIsIgnored)
 {
     for (const char16_t character : u"acdeghijoquvwxyz0 *,./") {
-        if (character != 0) {
-            EXPECT_FALSE(mainWindowKey(character).has_value());
-        }
+        EXPECT_FALSE(mainWindowLetter(character).has_value())
+            << qPrintable(QString(QChar(character)));
+        EXPECT_FALSE(videoWindowLetter(character).has_value())
+            << qPrintable(QString(QChar(character)));
     }
 }
 
@@ -88,11 +95,12 @@ bool isOnAPhysicalKey(QChar letter)
 TEST(Keys, EveryLetterHasAPhysicalKeyUnderOtherLayouts)
 {
     QString wanted;
-    for (const KeyRow& row : playbackKeys()) {
-        wanted += QChar(row.character);
-    }
-    for (const CommonKeyRow& row : commonKeys()) {
-        wanted += row.modifiers != 0 ? QChar(row.key).toLower() : QChar(u'+');
+    for (const CommandRow& row : commands()) {
+        wanted += row.letter != 0 ? QChar(row.letter) : QChar(u'+');
+        for (const NamedKey& key : row.namedKeys()) {
+            const bool isLetter = key.key >= Qt::Key_A && key.key <= Qt::Key_Z;
+            wanted += isLetter ? QChar(key.key).toLower() : QChar(u'+');
+        }
     }
     for (const QChar letter : wanted) {
         const bool typedAlikeEverywhere = letter == u'+' || letter == u'-';

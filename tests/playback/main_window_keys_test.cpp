@@ -23,7 +23,7 @@ protected:
         engine->tick();
     }
 
-    bool type(char16_t character) { return keys.press(mainWindowKey(character).value()); }
+    bool type(char16_t character) { return keys.press(mainWindowLetter(character).value()); }
 
     QString savedPosition() { return ReadIni(u"pos"_s, u"one"_s, module.IniPath); }
 

@@ -3,6 +3,7 @@
 
 #include <QKeyEvent>
 
+#include <array>
 #include <gtest/gtest.h>
 
 using namespace orvanta;
@@ -36,10 +37,28 @@ TEST(TypedKey, KeysThatTypeNothingOrAreHeldWithAModifierAreNoCharacters)
     EXPECT_TRUE(typedCharacter(press(Qt::Key_P, Qt::AltModifier, 33, u"p"_s)).isNull());
 }
 
-TEST(TypedKey, EveryCommonKeyIsRead)
+TEST(TypedKey, EveryNamedKeyIsReadAtItsPlaceAndNowhereElse)
 {
-    for (const CommonKeyRow& row : commonKeys()) {
-        EXPECT_EQ(commonKey(press(row.key, row.modifiers, 0, {})), row.what);
+    constexpr std::array kPlaces{KeyPlace::Windows, KeyPlace::List, KeyPlace::FindBox};
+    for (const CommandRow& row : commands()) {
+        for (const NamedKey& key : row.namedKeys()) {
+            for (const KeyPlace place : kPlaces) {
+                const auto read = namedCommand(press(key.key, key.modifiers, 0, {}), place);
+                EXPECT_EQ(read == row.command, place == key.place)
+                    << qPrintable(row.name.toString());
+            }
+        }
+    }
+}
+
+TEST(TypedKey, NoKeyIsThereTwiceAtOnePlace)
+{
+    for (const CommandRow& row : commands()) {
+        for (const NamedKey& key : row.namedKeys()) {
+            EXPECT_EQ(namedCommand(press(key.key, key.modifiers, 0, {}), key.place), row.command);
+        }
+        EXPECT_TRUE(row.letter == 0 || mainWindowLetter(row.letter) == row.command);
+        EXPECT_EQ(&rowOf(row.command), &row);
     }
 }
 
@@ -47,21 +66,21 @@ TEST(TypedKey, CommandsAreReadUnderARussianLayout)
 {
     constexpr int kScanCodeOfO = 32;
     const QKeyEvent event = press(0x429, Qt::ControlModifier, kScanCodeOfO, u"щ"_s);
-    EXPECT_EQ(commonKey(event), CommonKey::OpenFile);
+    EXPECT_EQ(namedCommand(event), Command::OpenFile);
 }
 
 TEST(TypedKey, OtherModifiersMakeItAnotherKey)
 {
-    EXPECT_FALSE(commonKey(press(Qt::Key_Left, Qt::AltModifier, 0, {})).has_value());
-    EXPECT_FALSE(commonKey(press(Qt::Key_O, Qt::NoModifier, 32, u"o"_s)).has_value());
-    EXPECT_EQ(commonKey(press(Qt::Key_Left, Qt::KeypadModifier, 0, {})), CommonKey::StepBack);
+    EXPECT_FALSE(namedCommand(press(Qt::Key_Left, Qt::AltModifier, 0, {})).has_value());
+    EXPECT_FALSE(namedCommand(press(Qt::Key_O, Qt::NoModifier, 32, u"o"_s)).has_value());
+    EXPECT_EQ(namedCommand(press(Qt::Key_Left, Qt::KeypadModifier, 0, {})), Command::StepBack);
 }
 
 TEST(TypedKey, AToggleThatIsHeldDownCountsOnce)
 {
-    EXPECT_FALSE(commonKey(press(Qt::Key_Space, {}, 65, u" "_s, true)).has_value());
-    EXPECT_FALSE(commonKey(press(Qt::Key_F11, {}, 95, {}, true)).has_value());
-    EXPECT_EQ(commonKey(press(Qt::Key_Right, {}, 114, {}, true)), CommonKey::StepForward);
+    EXPECT_FALSE(namedCommand(press(Qt::Key_Space, {}, 65, u" "_s, true)).has_value());
+    EXPECT_FALSE(namedCommand(press(Qt::Key_F11, {}, 95, {}, true)).has_value());
+    EXPECT_EQ(namedCommand(press(Qt::Key_Right, {}, 114, {}, true)), Command::StepForward);
 }
 
 } // namespace

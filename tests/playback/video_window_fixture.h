@@ -44,14 +44,14 @@ protected:
     ScriptedMediaControl control;
     QWidget* neighbour = nullptr;
     QList<bool> toldAwake;
-    QList<CommonKey> askedKeys;
+    QList<Command> asked;
     Form13 form{Form13Services{
         .control = control,
         .boundary = HandlerBoundary(),
         .keepAwake = [this](bool awake) { toldAwake += awake; },
-        .pressPlayerKey =
-            [this](CommonKey key) {
-                askedKeys += key;
+        .carryOut =
+            [this](Command command) {
+                asked += command;
                 return true;
             },
         .seek = [this](double seconds) { control.setCurrentPosition(seconds); },

@@ -95,8 +95,8 @@ TEST_F(VideoWindowKeysTest, TheQuitKeyAndTheMediaKeysAskThePlayer)
     QTest::keyClick(&form, Qt::Key_MediaStop);
     QTest::keyClick(&form, Qt::Key_MediaNext);
     QTest::keyClick(&form, Qt::Key_MediaPrevious);
-    EXPECT_EQ(askedKeys, (QList{CommonKey::Quit, CommonKey::Stop, CommonKey::NextClip,
-                                CommonKey::PreviousClip}));
+    EXPECT_EQ(asked, (QList{Command::Quit, Command::StopButton, Command::NextClip,
+                            Command::PreviousClip}));
 }
 
 TEST_F(VideoWindowKeysTest, ALetterHeldWithControlIsNoCommand)

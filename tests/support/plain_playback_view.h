@@ -37,6 +37,7 @@ public:
     int bookmarkSigns = 0;
     int unloaded = 0;
     int rebuilt = 0;
+    PlayingPlace playing;
     std::function<void()> onUnload;
 
     [[nodiscard]] bool isWindowNormal() const override { return windowNormal; }
@@ -48,6 +49,8 @@ public:
     void moveSlider(Int16 percent) override { slider = percent.value(); }
     void setVolumeSlider(Int16 value) override { volume = value.value(); }
     void showTransport(const TransportLooks& shownLooks) override { looks = shownLooks; }
+
+    void showPlaying(const PlayingPlace& place) override { playing = place; }
 
     void RebuildTree() override
     {

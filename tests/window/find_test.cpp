@@ -54,6 +54,43 @@ TEST_F(FindButton, GoesFromRowToRow)
     }
 }
 
+TEST_F(FindButton, CtrlReturnPlaysWhatReturnFoundAndTheBoxKeepsTheKeyboard)
+{
+    window->Text1->setFocus();
+    window->Text1->setText(u"pear"_s);
+    QTest::keyClick(window->Text1, Qt::Key_Return);
+    EXPECT_EQ(window->List1->cursorLine(), 3);
+    EXPECT_TRUE(window->Text1->hasFocus());
+    EXPECT_EQ(control.CurrentState(), MediaControl::NotLoaded);
+    QTest::keyClick(window->Text1, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(module.playlist.CurrentClip.value(), 2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return control.CurrentState() == MediaControl::Running; }));
+    EXPECT_TRUE(window->Text1->hasFocus());
+    EXPECT_EQ(window->Text1->text(), u"pear"_s);
+}
+
+TEST_F(FindButton, CtrlReturnOfTheNumberPadPlaysTheFoundLineThatWasUncheckedToo)
+{
+    find(u"apple"_s);
+    QTest::mouseClick(window->List1->viewport(), Qt::LeftButton, {}, boxOfRow(2));
+    ASSERT_FALSE(window->isLineChecked(2));
+    QTest::keyClick(window->Text1, Qt::Key_Enter, Qt::ControlModifier | Qt::KeypadModifier);
+    EXPECT_EQ(module.playlist.CurrentClip.value(), 1);
+    EXPECT_TRUE(window->isLineChecked(2));
+}
+
+TEST_F(FindButton, CtrlReturnFindsANewTextFirstAndPlaysNothingWhereThereIsNone)
+{
+    find(u"pear"_s);
+    window->Text1->setText(u"banana"_s);
+    QTest::keyClick(window->Text1, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(module.playlist.CurrentClip.value(), 0);
+    EXPECT_EQ(window->Text1->property("missed").toBool(), true);
+    window->Text1->setText(u"груша"_s);
+    QTest::keyClick(window->Text1, Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(module.playlist.CurrentClip.value(), 4);
+}
+
 TEST_F(FindButton, AFailedRepetitionKeepsFailingUntilTheTextChanges)
 {
     find(u"pear"_s);

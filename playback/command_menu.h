@@ -1,0 +1,34 @@
+// The menu of the commands that one place offers.
+#pragma once
+
+#include "model/texts.h"
+#include "playback/command_state.h"
+
+#include <QMenu>
+
+namespace orvanta {
+
+/// Goes by the table of commands. Each entry shows its key; an entry that can do nothing is grey.
+/// The keys are shown alone: the windows hear them.
+class CommandMenu : public QMenu
+{
+    Q_OBJECT
+
+public:
+    CommandMenu(MenuPlace place, QWidget* parent);
+
+    /// Gives the entries their captions. An open menu keeps its own.
+    void setLanguage(TextLanguage language);
+    /// Opens at a place of the screen. Does nothing while it is open.
+    void open(QPoint place, const CommandFacts& facts);
+    /// Null for a command that this menu does not offer.
+    [[nodiscard]] QAction* entryOf(Command command) const;
+
+Q_SIGNALS:
+    void chosen(Command command);
+
+private:
+    void addCommand(const CommandRow& row);
+};
+
+} // namespace orvanta

@@ -1,0 +1,32 @@
+// Which commands can do something now: a pure rule, for the menus.
+#pragma once
+
+#include "playback/commands.h"
+
+namespace orvanta {
+
+/// What the answer depends on, as a window knows it when its menu opens.
+struct CommandFacts
+{
+    bool hasEntries = false; // something is in the playlist
+    bool loaded = false;     // a clip is in the player
+    bool canStop = false;    // and Stop does something to it
+    bool hasPlace = false;   // a clip or brake of the playlist is current
+    bool hasBookmark = false;
+    bool fullScreen = false;
+    bool alwaysOnTop = false;
+    bool lineStarts = false; // the list's current line is a clip's or a brake's
+    bool lineHasBox = false;
+    bool lineChecked = false;
+};
+
+struct CommandState
+{
+    bool enabled = true;
+    bool checked = false; // of a switch
+    friend bool operator==(const CommandState&, const CommandState&) = default;
+};
+
+[[nodiscard]] CommandState stateOf(Command command, const CommandFacts& facts);
+
+} // namespace orvanta

@@ -1,0 +1,109 @@
+// The menu of the video window.
+#include "playback/command_menu.h"
+#include "tests/playback/video_window_fixture.h"
+
+#include <QContextMenuEvent>
+
+namespace orvanta::test {
+namespace {
+
+class VideoMenu : public VideoWindowTest
+{
+protected:
+    void SetUp() override
+    {
+        control.duration = 600.0;
+        open(u"/clip.avi"_s, {160, 120});
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    }
+    void TearDown() override { form.PictureMenu->hide(); }
+
+    void rightClick()
+    {
+        const QPoint place = form.rect().center();
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, form.mapToGlobal(place));
+        QCoreApplication::sendEvent(form.ActiveMovie1, &event);
+    }
+    [[nodiscard]] QAction& entry(Command command) const
+    {
+        return *form.PictureMenu->entryOf(command);
+    }
+};
+
+TEST_F(VideoMenu, OpensOverThePictureAndByKey)
+{
+    rightClick();
+    EXPECT_TRUE(form.PictureMenu->isVisible());
+    EXPECT_EQ(entry(Command::TogglePlay).text(), u"Play or p&ause"_s);
+    form.PictureMenu->hide();
+    QTest::keyClick(&form, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_TRUE(form.PictureMenu->isVisible());
+    form.PictureMenu->hide();
+    QTest::keyClick(&form, Qt::Key_Menu);
+    EXPECT_TRUE(form.PictureMenu->isVisible());
+}
+
+TEST_F(VideoMenu, OffersNothingOfTheListAndOfTheMainWindowAlone)
+{
+    for (const Command command :
+         {Command::PlayLine, Command::CheckLine, Command::AlwaysOnTop, Command::FindAgain}) {
+        EXPECT_EQ(form.PictureMenu->entryOf(command), nullptr);
+    }
+}
+
+TEST_F(VideoMenu, SteersThePlayerAtOnce)
+{
+    entry(Command::TogglePlay).trigger();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Paused);
+    entry(Command::TogglePlay).trigger();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    entry(Command::Stop).trigger();
+    EXPECT_EQ(control.CurrentState(), MediaControl::Stopped);
+    rightClick();
+    EXPECT_FALSE(entry(Command::Stop).isEnabled());
+}
+
+TEST_F(VideoMenu, HandsOnWhatIsNotItsOwn)
+{
+    for (const Command command :
+         {Command::NextClip, Command::PreviousClip, Command::OpenFile, Command::OpenClips,
+          Command::Find, Command::Help, Command::Quit}) {
+        entry(command).trigger();
+    }
+    EXPECT_EQ(asked, (QList{Command::NextClip, Command::PreviousClip, Command::OpenFile,
+                            Command::OpenClips, Command::Find, Command::Help, Command::Quit}));
+}
+
+TEST_F(VideoMenu, ShowsThePointerInFullScreenAndFullScreenStays)
+{
+    form.setFullScreen(true);
+    ASSERT_EQ(form.cursor().shape(), Qt::BlankCursor);
+    rightClick();
+    EXPECT_TRUE(form.PictureMenu->isVisible());
+    EXPECT_TRUE(form.isFullScreen());
+    EXPECT_NE(form.cursor().shape(), Qt::BlankCursor);
+    EXPECT_TRUE(entry(Command::ToggleFullScreen).isChecked());
+    form.PictureMenu->hide();
+    EXPECT_EQ(form.cursor().shape(), Qt::BlankCursor);
+    EXPECT_TRUE(form.windowState().testFlag(Qt::WindowFullScreen));
+    entry(Command::ToggleFullScreen).trigger();
+    EXPECT_FALSE(form.isFullScreen());
+    EXPECT_NE(form.cursor().shape(), Qt::BlankCursor);
+}
+
+TEST_F(VideoMenu, GoesToABookmarkOnlyWhereThereIsOne)
+{
+    rightClick();
+    EXPECT_FALSE(entry(Command::GoToBookmark).isEnabled());
+    form.PictureMenu->hide();
+    control.playTo(50.0);
+    entry(Command::SetBookmark).trigger();
+    control.playTo(90.0);
+    rightClick();
+    EXPECT_TRUE(entry(Command::GoToBookmark).isEnabled());
+    entry(Command::GoToBookmark).trigger();
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 50.0);
+}
+
+} // namespace
+} // namespace orvanta::test
