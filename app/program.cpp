@@ -43,8 +43,13 @@ void Program::openVideoWindow()
         .pressPlayerKey = [this](CommonKey key) { return pressPlayerKey(*m_engine, key); },
         .seek = [this](double seconds) { m_engine->seekTo(seconds); },
         .mainWindow = [this] { return m_mainWindow.get(); },
+        .textLevel = [this] { return m_surroundings.module.settings().textLevel(); },
+        .setTextLevel =
+            [this](TextLevel level) { m_surroundings.module.settings().setTextLevel(level); },
     });
     m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
+    connect(m_engine.get(), &PlaybackEngine::cursorChanged, m_videoWindow.get(),
+            [this] { m_videoWindow->setLine(currentLine(m_surroundings.module.playlist)); });
     m_videoWindow->mirror().VideoState = 0;
     m_engine->operations().ShowVideoWindow(true);
 }
@@ -105,6 +110,7 @@ void Program::loadMainWindow()
         .showBookmarkSign = [] { showBookmarkSign(); },
         .showOptions = [this] { changeOptions(); },
         .videoKeys = m_videoWindow->keys(),
+        .nextTextLevel = [this] { m_videoWindow->nextTextLevel(); },
         .showPacketEditor =
             [this] { return showPacketEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
         .showGroupEditor =

@@ -66,6 +66,15 @@ inline constexpr std::array kSettings = {
     SettingKey{u"add-ins", u"path#", nullptr},  // its program, seen from the settings' folder
     SettingKey{u"pos", u"#", nullptr},          // the saved position of a clip, seconds
     SettingKey{u"text", u"codepage", nullptr},  // of old files; in platform.ini
+    SettingKey{u"practice", u"text", nullptr},  // over the picture: 0 off, 1 text, 2 large text
+};
+
+/// The lesson's text over the picture. The numbers are those of the settings file.
+enum class TextLevel
+{
+    Off = 0,
+    Text = 1,
+    Large = 2,
 };
 
 /// A row of the table. What is not there does not compile.
@@ -149,6 +158,10 @@ public:
     {
         write(iniKey(u"pos", u"#"), to, text);
     }
+
+    /// Off, too, where there is no such level.
+    [[nodiscard]] TextLevel textLevel() const;
+    void setTextLevel(TextLevel level) const;
 
     /// Raises 13 or 6.
     [[nodiscard]] Int16 addInCount() const

@@ -110,6 +110,9 @@ bool Form13::pressCommonKey(const QKeyEvent& event)
     case CommonKey::LeaveFullScreen:
         Form13_ActiveMovie1_Escape();
         break;
+    case CommonKey::NextTextLevel:
+        nextTextLevel();
+        break;
     default:
         return m_services.pressPlayerKey(*key);
     }

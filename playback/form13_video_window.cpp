@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "platform/screen/pointer_nudge.h"
 #include "playback/control_rows.h"
+#include "playback/overlay_picture.h"
 #include "playback/still_picture.h"
 
 #include <QCloseEvent>
@@ -18,9 +19,8 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-constexpr QSize kSizeWithoutPicture(30, 1000); // twips: the control before a file is open
-constexpr QSize kFrame(50, 200);               // twips: the window around the control
-constexpr QSize kSmallFrame(3100, 450);        // twips: the window of a still picture, at least
+constexpr QSize kFrame(50, 200);        // twips: the window around the control
+constexpr QSize kSmallFrame(3100, 450); // twips: the window of a still picture, at least
 constexpr int kNudgeMilliseconds = 30000;
 // Seeks, brakes and changes of clip stand still for a moment; a screen may sleep only after more.
 constexpr int kRestMilliseconds = 2000;
@@ -53,6 +53,7 @@ void Form13::buildControls()
     Image1 = new QLabel(this);
     Image1->setAlignment(Qt::AlignCenter);
     Image1->hide();
+    LessonText = new OverlayPicture(this);
     Timer1.setInterval(kNudgeMilliseconds);
     m_rest.setInterval(kRestMilliseconds);
     m_rest.setSingleShot(true);
@@ -60,6 +61,7 @@ void Form13::buildControls()
     nameControls({{this, u"Form13"},
                   {ActiveMovie1, u"ActiveMovie1"},
                   {Image1, u"Image1"},
+                  {LessonText, u"LessonText"},
                   {&Timer1, u"Timer1"}});
 }
 
@@ -104,6 +106,7 @@ void Form13::Form13_ActiveMovie1_OpenComplete(QSize picture)
 {
     m_controlSize = picture.isEmpty() ? kSizeWithoutPicture : picture * kTwipsPerPixel;
     m_size = m_controlSize + kFrame;
+    m_textLevel = m_services.textLevel();
     Image1->hide();
     if (m_controlSize == kSizeWithoutPicture) {
         showStillPicture();
@@ -156,7 +159,8 @@ void Form13::Form13_Timer1_Timer()
 
 void Form13::prepareForMedia()
 {
-    ActiveMovie1->show();
+    // Between two texts on a ground there is no black.
+    ActiveMovie1->setVisible(!hasTextGround());
     moveOutOfSight();
     m_controlSize = kSizeWithoutPicture;
 }
@@ -184,14 +188,15 @@ void Form13::showClipPicture(QSize picture)
 void Form13::showStillPicture()
 {
     m_still = readStillPicture(m_stillFile);
-    if (m_still.isNull()) {
+    if (m_still.isNull() && !hasTextGround()) {
         m_left = kOutOfSight;
         hideUnlessOpening();
         return;
     }
     ActiveMovie1->hide();
-    Image1->show();
-    m_size = kSmallFrame.expandedTo(m_still.size() * kTwipsPerPixel);
+    Image1->setVisible(!m_still.isNull());
+    const QSize contents = hasTextGround() ? sizeOfTextGround() : m_still.size();
+    m_size = kSmallFrame.expandedTo(contents * kTwipsPerPixel);
     bringIntoSight(pixelsOfTwips(m_size));
 }
 
@@ -299,16 +304,18 @@ void Form13::noteComingBack()
 void Form13::layOutControls()
 {
     ActiveMovie1->setGeometry(rect());
-    Image1->setGeometry(rect());
+    Image1->setGeometry(placeOfStill());
     if (!Image1->isHidden()) {
         scaleStillPicture();
     }
+    paintGround();
+    showLessonText();
 }
 
 /// A small picture keeps its size in a window, but not on the whole screen.
 void Form13::scaleStillPicture()
 {
-    const QSize room = size() * devicePixelRatioF();
+    const QSize room = Image1->size() * devicePixelRatioF();
     const QSize pixels = isFillingScreen() ? m_still.size().scaled(room, Qt::KeepAspectRatio)
                                            : shrunkToFit(m_still.size(), room);
     QPixmap picture =

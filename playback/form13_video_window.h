@@ -2,12 +2,14 @@
 //
 //   ActiveMovie1   the running picture
 //   Image1         still picture for clips without one of their own
+//   LessonText     the current line's text, over the picture
 //   Timer1         every 30 s: nudges the mouse cursor while a lesson runs
 #pragma once
 
 #include "core/error_boundary.h"
 #include "platform/media/media_control.h"
 #include "platform/media/video_surface.h"
+#include "playback/current_line.h"
 #include "playback/keyboard.h"
 #include "playback/video_layout.h"
 #include "playback/video_window.h"
@@ -30,7 +32,14 @@ struct Form13Services
     std::function<bool(CommonKey)> pressPlayerKey; // keys not its own; says whether it served one
     VideoWindowKeys::Seek seek;
     std::function<QWidget*()> mainWindow; // beside which it opens; null: at the top left
+    // Of the text over the picture, in the settings.
+    std::function<TextLevel()> textLevel = [] { return TextLevel::Off; };
+    std::function<void(TextLevel)> setTextLevel = [](TextLevel) {};
 };
+
+class OverlayPicture;
+
+inline constexpr QSize kSizeWithoutPicture(30, 1000); // twips: the control before a file is open
 
 /// Its logical place (Left, Width, Height in twips) follows the program; the native window is
 /// hidden while the logical one is out of sight, but not between two clips that both have a
@@ -45,6 +54,7 @@ public:
 
     VideoSurface* ActiveMovie1; // the running picture
     QLabel* Image1;             // still picture for clips without one of their own
+    OverlayPicture* LessonText; // the current line's text, over the picture
     QTimer Timer1;              // 30 s: the mouse nudge
 
     [[nodiscard]] VideoMirror& mirror() override { return m_mirror; }
@@ -57,6 +67,12 @@ public:
     /// is in sight, a clip's own or a still one, with the mouse cursor hidden.
     [[nodiscard]] bool isFullScreen() const override { return m_fullScreen; }
     void setFullScreen(bool on) override;
+
+    /// The line that is on; its text lies over the picture when the settings say so.
+    void setLine(const LessonLine& line);
+    /// Off, text, large text and round; kept in the settings. Sound alone has a window of its own
+    /// while there is text.
+    void nextTextLevel();
 
     /// What this window's keys do; the main window hands some of its own to them.
     [[nodiscard]] VideoWindowKeys& keys() { return m_keys; }
@@ -104,6 +120,14 @@ private:
     void noteComingBack();
     void layOutControls();
     void scaleStillPicture();
+    [[nodiscard]] bool hasTextGround() const;
+    [[nodiscard]] double textBand() const;
+    [[nodiscard]] QSize sizeOfTextGround() const;
+    [[nodiscard]] QRect placeOfStill() const;
+    [[nodiscard]] int shownHeight() const;
+    void paintGround();
+    void showLessonText();
+    void placeLessonText();
     bool pressCommonKey(const QKeyEvent& event);
     void applyFullScreen();
     void fillScreen();
@@ -128,11 +152,13 @@ private:
     bool m_fullScreen = false;
     bool m_hasPlaceBefore = false; // it stood somewhere before it filled the screen
     bool m_comesBack = false;      // from full screen, to that place
-    QSize m_contents;              // pixels, of the clip or the still picture that is in sight
-    QSize m_givenSize;             // pixels, the size that the program asked for last
-    QPoint m_pushedFrom;           // where the window stood before a large clip had no room there
-    QPoint m_pushedTo;             // and where the program has put it
-    QSize m_givenSizeBefore;       // its predecessor may still come back from the window system
+    LessonLine m_line;
+    TextLevel m_textLevel = TextLevel::Off; // as the settings said last
+    QSize m_contents;        // pixels, of the clip or the still picture that is in sight
+    QSize m_givenSize;       // pixels, the size that the program asked for last
+    QPoint m_pushedFrom;     // where the window stood before a large clip had no room there
+    QPoint m_pushedTo;       // and where the program has put it
+    QSize m_givenSizeBefore; // its predecessor may still come back from the window system
 };
 
 } // namespace orvanta

@@ -14,6 +14,7 @@ constexpr std::array kCommonKeys{
     CommonKeyRow{Qt::Key_Right, Qt::NoModifier, CommonKey::StepForward},
     CommonKeyRow{Qt::Key_F11, Qt::NoModifier, CommonKey::ToggleFullScreen},
     CommonKeyRow{Qt::Key_Escape, Qt::NoModifier, CommonKey::LeaveFullScreen},
+    CommonKeyRow{Qt::Key_F5, Qt::NoModifier, CommonKey::NextTextLevel},
     CommonKeyRow{Qt::Key_O, Qt::ControlModifier, CommonKey::OpenFile},
     CommonKeyRow{Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier, CommonKey::OpenClips},
     CommonKeyRow{Qt::Key_F, Qt::ControlModifier, CommonKey::Find},
@@ -49,7 +50,7 @@ constexpr Qt::KeyboardModifiers kCommandModifiers =
 static bool isToggle(CommonKey key)
 {
     return key == CommonKey::TogglePlay || key == CommonKey::ToggleFullScreen ||
-           key == CommonKey::Help;
+           key == CommonKey::Help || key == CommonKey::NextTextLevel;
 }
 
 /// The key on a Latin keyboard. Key values of letters are their upper-case code points.

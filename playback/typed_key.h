@@ -19,6 +19,7 @@ enum class CommonKey
     StepForward,
     ToggleFullScreen,
     LeaveFullScreen,
+    NextTextLevel,
     OpenFile,
     OpenClips,
     Find,

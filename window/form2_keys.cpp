@@ -70,6 +70,8 @@ void Form2::pressCommonKey(CommonKey key)
         return m_services.videoKeys.toggleFullScreen();
     case CommonKey::LeaveFullScreen:
         return m_services.videoKeys.leaveFullScreen();
+    case CommonKey::NextTextLevel:
+        return m_services.nextTextLevel();
     case CommonKey::OpenFile:
         return Form2_Image14_Click();
     case CommonKey::OpenClips:

@@ -45,6 +45,7 @@ protected:
     QWidget* neighbour = nullptr;
     QList<bool> toldAwake;
     QList<CommonKey> askedKeys;
+    TextLevel storedLevel = TextLevel::Off;
     Form13 form{Form13Services{
         .control = control,
         .boundary = HandlerBoundary(),
@@ -56,6 +57,8 @@ protected:
             },
         .seek = [this](double seconds) { control.setCurrentPosition(seconds); },
         .mainWindow = [this] { return neighbour; },
+        .textLevel = [this] { return storedLevel; },
+        .setTextLevel = [this](TextLevel level) { storedLevel = level; },
     }};
     QTemporaryDir folder;
 };

@@ -1,0 +1,42 @@
+// The line of the lesson that is on.
+#include "playback/current_line.h"
+
+#include <gtest/gtest.h>
+
+using namespace orvanta;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+PlaylistState lesson()
+{
+    PlaylistState playlist;
+    playlist.Playlist.resize(1);
+    playlist.Playlist[0].Clips = {{.Time = {}, .Text = u"One"_s, .Path = {}},
+                                  {.Time = {}, .Text = u"Two"_s, .Path = {}}};
+    playlist.Playlist[0].ClipCount = 2;
+    playlist.PlaylistCount = 1;
+    return playlist;
+}
+
+TEST(CurrentLine, HasItsTextAndItsPlaceInThePacket)
+{
+    PlaylistState playlist = lesson();
+    playlist.CurrentPacket = 1;
+    playlist.CurrentClip = 2;
+    EXPECT_EQ(currentLine(playlist), (LessonLine{.text = u"Two"_s, .number = 2, .count = 2}));
+}
+
+TEST(CurrentLine, IsNoneBeforeTheFirstBrakeAndBeyondTheLists)
+{
+    PlaylistState playlist = lesson();
+    EXPECT_EQ(currentLine(playlist), LessonLine());
+    playlist.CurrentPacket = 1;
+    EXPECT_EQ(currentLine(playlist).text, QString());
+    playlist.CurrentClip = 3;
+    EXPECT_EQ(currentLine(playlist).number, 0);
+    playlist.CurrentPacket = 2;
+    EXPECT_EQ(currentLine(playlist), LessonLine());
+}
+
+} // namespace
