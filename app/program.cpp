@@ -46,10 +46,16 @@ void Program::openVideoWindow()
         .textLevel = [this] { return m_surroundings.module.settings().textLevel(); },
         .setTextLevel =
             [this](TextLevel level) { m_surroundings.module.settings().setTextLevel(level); },
+        .language =
+            [this] {
+                return textLanguage(m_surroundings.module.Language.value(), TextLanguage::English);
+            },
     });
     m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
     connect(m_engine.get(), &PlaybackEngine::cursorChanged, m_videoWindow.get(),
             [this] { m_videoWindow->setLine(currentLine(m_surroundings.module.playlist)); });
+    connect(m_engine.get(), &PlaybackEngine::volumeChanged, m_videoWindow.get(),
+            &Form13::showVolume);
     m_videoWindow->mirror().VideoState = 0;
     m_engine->operations().ShowVideoWindow(true);
 }
@@ -107,7 +113,11 @@ void Program::loadMainWindow()
         .unloadSplash = m_surroundings.unloadSplash,
         .unloadOtherForms = [this] { unloadOtherForms(); },
         .videoWindow = [this] { return m_videoWindow->windowHandle(); },
-        .showBookmarkSign = [] { showBookmarkSign(); },
+        .showBookmarkSign =
+            [this] {
+                showBookmarkSign();
+                m_videoWindow->showBookmark();
+            },
         .showOptions = [this] { changeOptions(); },
         .videoKeys = m_videoWindow->keys(),
         .nextTextLevel = [this] { m_videoWindow->nextTextLevel(); },

@@ -166,6 +166,17 @@ constexpr std::array kTexts{
     InterfaceText{u"Form8", u"Text1.label", u"&New type:", u"&Новый тип:"},
     InterfaceText{u"Form8", u"Image6.name", u"Icon of the type", u"Иконка типа"},
 
+    InterfaceText{u"Form13", u"Sign.pause", u"Pause", u"Пауза"},
+    InterfaceText{u"Form13", u"Sign.play", u"Play", u"Воспроизведение"},
+    InterfaceText{u"Form13", u"Sign.stop", u"Stop", u"Стоп"},
+    InterfaceText{u"Form13", u"Sign.volume", u"Volume %1 %", u"Громкость %1 %"},
+    InterfaceText{u"Form13", u"Sign.line", u"%1 of %2", u"%1 из %2"},
+    InterfaceText{u"Form13", u"Sign.bookmark", u"Bookmark at %1", u"Закладка на %1"},
+    InterfaceText{u"Form13", u"Sign.noBookmark", u"No bookmark here", u"Здесь нет закладки"},
+    InterfaceText{u"Form13", u"Sign.textOff", u"Text off", u"Текст выключен"},
+    InterfaceText{u"Form13", u"Sign.text", u"Text", u"Текст"},
+    InterfaceText{u"Form13", u"Sign.textLarge", u"Large text", u"Крупный текст"},
+
     InterfaceText{u"FolderTree", u"home", u"Home", u"Домашняя папка"},
     InterfaceText{u"FolderTree", u"root", u"Computer", u"Компьютер"},
 

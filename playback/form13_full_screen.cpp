@@ -6,6 +6,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
+
+#include <cstdlib>
 
 namespace orvanta {
 
@@ -72,10 +75,11 @@ void Form13::leaveScreen()
 void Form13::keyPressEvent(QKeyEvent* event)
 {
     m_services.boundary([&] {
-        if (!pressCommonKey(*event)) {
-            Form13_Form_KeyPress(typedCharacter(*event));
-        }
-        m_keys.serveRequest();
+        doByHand([&] {
+            if (!pressCommonKey(*event)) {
+                Form13_Form_KeyPress(typedCharacter(*event));
+            }
+        });
     })();
     event->accept();
 }
@@ -117,6 +121,30 @@ bool Form13::pressCommonKey(const QKeyEvent& event)
         return m_services.pressPlayerKey(*key);
     }
     return true;
+}
+
+void Form13::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::MiddleButton) {
+        m_services.boundary([this] { doByHand([this] { m_keys.togglePlay(); }); })();
+    }
+}
+
+/// As the keys + and -. Fine wheels send parts of a step.
+void Form13::wheelEvent(QWheelEvent* event)
+{
+    constexpr int kStep = QWheelEvent::DefaultDeltasPerStep;
+    m_wheel += event->angleDelta().y();
+    const int steps = m_wheel / kStep;
+    m_wheel -= steps * kStep;
+    m_services.boundary([&] {
+        doByHand([&] {
+            for (int i = 0; i < std::abs(steps); ++i) {
+                Form13_Form_KeyPress(steps > 0 ? u'+' : u'-');
+            }
+        });
+    })();
+    event->accept();
 }
 
 void Form13::mouseDoubleClickEvent(QMouseEvent* event)

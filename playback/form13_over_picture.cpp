@@ -1,10 +1,13 @@
-// What lies over the video window's picture: the lesson's text.
+// What lies over the video window's picture: the lesson's text and the signs.
+#include "playback/clock_text.h"
 #include "playback/form13_video_window.h"
 #include "playback/overlay_picture.h"
 #include "playback/picture_look.h"
 #include "playback/picture_text.h"
+#include "playback/sign_picture.h"
 
 #include <algorithm>
+#include <array>
 
 namespace orvanta {
 
@@ -31,6 +34,8 @@ void Form13::nextTextLevel()
         showStillPicture();
     }
     layOutControls();
+    constexpr std::array kSigns = {u"Sign.textOff", u"Sign.text", u"Sign.textLarge"};
+    showSign(text(kSigns.at(std::size_t(next))));
 }
 
 /// Sound alone has the text on a ground, below the still picture where there is one.
@@ -97,6 +102,68 @@ void Form13::placeLessonText()
         top = above + (height() - above - LessonText->height()) / 2;
     }
     LessonText->move(left, top);
+}
+
+QString Form13::text(QStringView name) const
+{
+    return interfaceText(u"Form13", name, m_services.language());
+}
+
+void Form13::showSign(const QString& text, const QString& lead)
+{
+    if (!isVisible() || m_left == kOutOfSight) {
+        return;
+    }
+    const int fontSize = signTextSize(height());
+    const int edge = fontSize * 3 / 2;
+    Sign->showPicture(pictureOfSign(lead, text,
+                                    {.fontSize = fontSize,
+                                     .width = width() - 2 * edge,
+                                     .devicePixelRatio = devicePixelRatioF()}));
+    Sign->move(edge, edge);
+    Sign->raise();
+    m_signTime.start();
+}
+
+void Form13::showVolume()
+{
+    showSign(text(u"Sign.volume").arg(m_mirror.VideoVolume.value()));
+}
+
+void Form13::showBookmark()
+{
+    showSign(text(u"Sign.bookmark").arg(clockText(m_control.CurrentPosition())));
+}
+
+void Form13::doByHand(const std::function<void()>& action)
+{
+    const int state = m_control.CurrentState();
+    const Int16 volume = m_mirror.VideoVolume;
+    const LessonLine line = m_line;
+    action();
+    m_keys.serveRequest();
+    showChanges(state, volume, line);
+}
+
+// A line that comes brings its own start with it: that the player stood or ran before says nothing.
+void Form13::showChanges(int stateBefore, Int16 volumeBefore, const LessonLine& lineBefore)
+{
+    const int state = m_control.CurrentState();
+    if (m_line != lineBefore) {
+        if (m_line.number > 0) {
+            showSign(m_line.text,
+                     text(u"Sign.line")
+                         .arg(QString::number(m_line.number), QString::number(m_line.count)));
+        }
+    } else if (m_mirror.VideoVolume != volumeBefore) {
+        showVolume();
+    } else if (state != stateBefore && state == MediaControl::Running) {
+        showSign(text(u"Sign.play"));
+    } else if (state != stateBefore && state == MediaControl::Paused) {
+        showSign(text(u"Sign.pause"));
+    } else if (state != stateBefore && state == MediaControl::Stopped) {
+        showSign(text(u"Sign.stop"));
+    }
 }
 
 } // namespace orvanta

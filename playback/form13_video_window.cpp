@@ -22,6 +22,7 @@ using namespace Qt::StringLiterals;
 constexpr QSize kFrame(50, 200);        // twips: the window around the control
 constexpr QSize kSmallFrame(3100, 450); // twips: the window of a still picture, at least
 constexpr int kNudgeMilliseconds = 30000;
+constexpr int kSignMilliseconds = 2000;
 // Seeks, brakes and changes of clip stand still for a moment; a screen may sleep only after more.
 constexpr int kRestMilliseconds = 2000;
 
@@ -54,6 +55,9 @@ void Form13::buildControls()
     Image1->setAlignment(Qt::AlignCenter);
     Image1->hide();
     LessonText = new OverlayPicture(this);
+    Sign = new OverlayPicture(this);
+    m_signTime.setInterval(kSignMilliseconds);
+    m_signTime.setSingleShot(true);
     Timer1.setInterval(kNudgeMilliseconds);
     m_rest.setInterval(kRestMilliseconds);
     m_rest.setSingleShot(true);
@@ -62,6 +66,7 @@ void Form13::buildControls()
                   {ActiveMovie1, u"ActiveMovie1"},
                   {Image1, u"Image1"},
                   {LessonText, u"LessonText"},
+                  {Sign, u"Sign"},
                   {&Timer1, u"Timer1"}});
 }
 
@@ -84,6 +89,8 @@ void Form13::connectHandlers()
             }));
     connect(&Timer1, &QTimer::timeout, this,
             m_services.boundary([this](auto&&...) { Form13_Timer1_Timer(); }));
+    connect(&m_signTime, &QTimer::timeout, Sign, &OverlayPicture::fadeOut);
+    m_keys.whenBookmarkIsMissing([this] { showSign(text(u"Sign.noBookmark")); });
     connect(&m_rest, &QTimer::timeout, this,
             m_services.boundary([this](auto&&...) { letSleep(); }));
 }

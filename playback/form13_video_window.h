@@ -3,6 +3,7 @@
 //   ActiveMovie1   the running picture
 //   Image1         still picture for clips without one of their own
 //   LessonText     the current line's text, over the picture
+//   Sign           what a key has changed, for two seconds
 //   Timer1         every 30 s: nudges the mouse cursor while a lesson runs
 #pragma once
 
@@ -35,6 +36,7 @@ struct Form13Services
     // Of the text over the picture, in the settings.
     std::function<TextLevel()> textLevel = [] { return TextLevel::Off; };
     std::function<void(TextLevel)> setTextLevel = [](TextLevel) {};
+    std::function<TextLanguage()> language = [] { return TextLanguage::English; };
 };
 
 class OverlayPicture;
@@ -55,6 +57,7 @@ public:
     VideoSurface* ActiveMovie1; // the running picture
     QLabel* Image1;             // still picture for clips without one of their own
     OverlayPicture* LessonText; // the current line's text, over the picture
+    OverlayPicture* Sign;       // what a key has changed, at the upper left for two seconds
     QTimer Timer1;              // 30 s: the mouse nudge
 
     [[nodiscard]] VideoMirror& mirror() override { return m_mirror; }
@@ -74,6 +77,13 @@ public:
     /// while there is text.
     void nextTextLevel();
 
+    /// Two seconds of a few words at the upper left, while a picture is in sight. lead: before
+    /// them, in the accent's colour.
+    void showSign(const QString& text, const QString& lead = {});
+    /// Signs of what a person has changed, here or elsewhere.
+    void showVolume();
+    void showBookmark();
+
     /// What this window's keys do; the main window hands some of its own to them.
     [[nodiscard]] VideoWindowKeys& keys() { return m_keys; }
 
@@ -92,6 +102,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
@@ -128,6 +140,10 @@ private:
     void paintGround();
     void showLessonText();
     void placeLessonText();
+    /// What is done by hand here, and the sign of what it has changed.
+    void doByHand(const std::function<void()>& action);
+    void showChanges(int stateBefore, Int16 volumeBefore, const LessonLine& lineBefore);
+    [[nodiscard]] QString text(QStringView name) const;
     bool pressCommonKey(const QKeyEvent& event);
     void applyFullScreen();
     void fillScreen();
@@ -141,7 +157,9 @@ private:
     MediaControl& m_control;
     VideoMirror m_mirror;
     VideoWindowKeys m_keys;
-    QTimer m_rest; // since the clip stands still
+    QTimer m_signTime;
+    int m_wheel = 0; // eighths of a degree, not yet a step
+    QTimer m_rest;   // since the clip stands still
     QString m_stillFile;
     QImage m_still;
     int m_left = kOutOfSight; // twips

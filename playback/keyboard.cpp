@@ -170,8 +170,19 @@ void VideoWindowKeys::setBookmark()
     m_mirror.VideoBookmark = decimalText(m_control.CurrentPosition());
 }
 
+bool VideoWindowKeys::hasBookmark() const
+{
+    return conditionHolds("video window, bookmark", [this] {
+        (void)decimalValue(m_mirror.VideoBookmark);
+        return true;
+    });
+}
+
 void VideoWindowKeys::goToBookmark()
 {
+    if (m_control.CurrentState() != MediaControl::NotLoaded && !hasBookmark()) {
+        return m_bookmarkIsMissing();
+    }
     if (m_control.CurrentState() != MediaControl::Running) {
         return;
     }

@@ -58,6 +58,9 @@ public:
     VideoWindowKeys(MediaControl& control, VideoMirror& mirror, FullScreenControl& screen,
                     Seek seek);
 
+    /// For the window: the key of the bookmark was pressed in a clip that has none.
+    void whenBookmarkIsMissing(std::function<void()> say) { m_bookmarkIsMissing = std::move(say); }
+
     /// Raises 6 when a volume step leaves 16 bits. Seeks that fail are passed over.
     void press(const KeyRow& key);
     /// Seconds, for the arrow keys.
@@ -77,6 +80,7 @@ private:
     void stepVolume(int step);
     void requestState(MediaControl::State state);
     void setBookmark();
+    [[nodiscard]] bool hasBookmark() const;
     void goToBookmark();
     void switchFullScreen(bool on);
     void handOverState();
@@ -86,6 +90,7 @@ private:
     VideoMirror& m_mirror;
     FullScreenControl& m_screen;
     Seek m_seek;
+    std::function<void()> m_bookmarkIsMissing = [] {};
     bool m_volumeStepped = false;
 };
 

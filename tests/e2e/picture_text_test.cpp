@@ -66,6 +66,16 @@ TEST_F(PictureText, GoesRoundByItsKeyInBothWindowsAndOnTheWholeScreen)
     EXPECT_TRUE(waitFor([this] { return whiteBelow(videoPlace()) == 0; }));
 }
 
+TEST_F(PictureText, TheWheelOverThePictureIsTheVolume)
+{
+    playLesson();
+    ASSERT_TRUE(volumeBecomes(100));
+    desktop.turnWheel(videoPlace().center(), -3);
+    EXPECT_TRUE(volumeBecomes(85));
+    desktop.turnWheel(videoPlace().center(), 1);
+    EXPECT_TRUE(volumeBecomes(90));
+}
+
 TEST_F(PictureText, GivesSoundAWindowThatStaysOutOfSightWithoutIt)
 {
     const QString packet = writeClips(file(u"words.vxl"_s), {{media(u"tone20.wav"_s), u"Apple"_s}});

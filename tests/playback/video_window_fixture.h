@@ -45,6 +45,8 @@ protected:
     QWidget* neighbour = nullptr;
     QList<bool> toldAwake;
     QList<CommonKey> askedKeys;
+    TextLanguage language = TextLanguage::English;
+    std::function<void()> onPlayerKey = [] {};
     TextLevel storedLevel = TextLevel::Off;
     Form13 form{Form13Services{
         .control = control,
@@ -53,12 +55,14 @@ protected:
         .pressPlayerKey =
             [this](CommonKey key) {
                 askedKeys += key;
+                onPlayerKey();
                 return true;
             },
         .seek = [this](double seconds) { control.setCurrentPosition(seconds); },
         .mainWindow = [this] { return neighbour; },
         .textLevel = [this] { return storedLevel; },
         .setTextLevel = [this](TextLevel level) { storedLevel = level; },
+        .language = [this] { return language; },
     }};
     QTemporaryDir folder;
 };
