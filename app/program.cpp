@@ -50,6 +50,13 @@ void Program::openVideoWindow()
             [this] {
                 return textLanguage(m_surroundings.module.Language.value(), TextLanguage::English);
             },
+        .bar = {.previousLine = [this] { m_engine->previousChecked(); },
+                .nextLine = [this] { m_engine->nextChecked(); },
+                .marks = [this] { return currentMarks(m_surroundings.module.playlist); },
+                .toggleRepeat = nullptr,
+                .isRepeating = nullptr,
+                .repeatText = nullptr,
+                .speed = nullptr},
     });
     m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
     connect(m_engine.get(), &PlaybackEngine::cursorChanged, m_videoWindow.get(),

@@ -177,6 +177,17 @@ constexpr std::array kTexts{
     InterfaceText{u"Form13", u"Sign.text", u"Text", u"Текст"},
     InterfaceText{u"Form13", u"Sign.textLarge", u"Large text", u"Крупный текст"},
 
+    InterfaceText{u"Form13", u"Bar.previous", u"Previous line", u"Предыдущая строка"},
+    InterfaceText{u"Form13", u"Bar.play", u"Play or pause (Space)",
+                  u"Играть или приостановить (Пробел)"},
+    InterfaceText{u"Form13", u"Bar.next", u"Next line", u"Следующая строка"},
+    InterfaceText{u"Form13", u"Bar.repeat", u"Repeat the line", u"Повторять строку"},
+    InterfaceText{u"Form13", u"Bar.speed", u"Speed", u"Скорость"},
+    InterfaceText{u"Form13", u"Bar.text", u"Text over the picture (F5)",
+                  u"Текст поверх изображения (F5)"},
+    InterfaceText{u"Form13", u"Bar.fullScreen", u"Full screen (F11)", u"Полный экран (F11)"},
+    InterfaceText{u"Form13", u"Bar.track", u"Position", u"Позиция"},
+
     InterfaceText{u"FolderTree", u"home", u"Home", u"Домашняя папка"},
     InterfaceText{u"FolderTree", u"root", u"Computer", u"Компьютер"},
 

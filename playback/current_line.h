@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace orvanta {
 
 struct LessonLine
@@ -17,5 +19,18 @@ struct LessonLine
 };
 
 [[nodiscard]] LessonLine currentLine(const PlaylistState& playlist);
+
+/// A brake of the clip that plays.
+struct LessonMark
+{
+    double seconds = 0;
+    QString text;
+    bool isEnd = false; // the end mark
+
+    friend bool operator==(const LessonMark&, const LessonMark&) = default;
+};
+
+/// The brakes of the current packet whose times can be read; none in a packet of clips.
+[[nodiscard]] std::vector<LessonMark> currentMarks(const PlaylistState& playlist);
 
 } // namespace orvanta

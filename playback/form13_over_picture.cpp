@@ -1,6 +1,7 @@
 // What lies over the video window's picture: the lesson's text and the signs.
 #include "playback/clock_text.h"
 #include "playback/form13_video_window.h"
+#include "playback/overlay_bar.h"
 #include "playback/overlay_picture.h"
 #include "playback/picture_look.h"
 #include "playback/picture_text.h"
@@ -8,13 +9,16 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace orvanta {
 
-constexpr double kTextWidth = 0.9; // of the window's width
-constexpr int kBottomPart = 30;    // below the text this part of the picture's height stays free
-constexpr double kTextBand = 0.24; // of the window's height, below a still picture
+constexpr double kMovedByHand = 0.5; // seconds; less the clip may have run meanwhile
+constexpr double kTextWidth = 0.9;   // of the window's width
+constexpr int kBottomPart = 30;      // below the text this part of the picture's height stays free
+constexpr double kTextBand = 0.24;   // of the window's height, below a still picture
 constexpr double kLargeTextBand = 0.4; // three lines of the large text
+constexpr int kIntoBar = 12;           // pixels: the bar begins with nearly nothing
 constexpr QSize kTextGround(640, 360); // pixels
 
 void Form13::setLine(const LessonLine& line)
@@ -22,6 +26,9 @@ void Form13::setLine(const LessonLine& line)
     m_line = line;
     m_textLevel = m_services.textLevel();
     showLessonText();
+    if (isBarShown()) {
+        refreshBar();
+    }
 }
 
 /// Off, text, large text, off.
@@ -101,6 +108,9 @@ void Form13::placeLessonText()
         const int above = m_still.isNull() ? 0 : placeOfStill().height();
         top = above + (height() - above - LessonText->height()) / 2;
     }
+    if (isBarShown()) {
+        top = std::min(top, Bar->y() - LessonText->height() + kIntoBar);
+    }
     LessonText->move(left, top);
 }
 
@@ -140,9 +150,15 @@ void Form13::doByHand(const std::function<void()>& action)
     const int state = m_control.CurrentState();
     const Int16 volume = m_mirror.VideoVolume;
     const LessonLine line = m_line;
+    const double position = m_control.CurrentPosition();
     action();
     m_keys.serveRequest();
     showChanges(state, volume, line);
+    const bool hasMoved = std::abs(m_control.CurrentPosition() - position) >= kMovedByHand;
+    if (hasMoved || state != m_control.CurrentState() || volume != m_mirror.VideoVolume ||
+        line != m_line) {
+        showBar();
+    }
 }
 
 // A line that comes brings its own start with it: that the player stood or ran before says nothing.

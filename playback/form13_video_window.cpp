@@ -3,6 +3,7 @@
 #include "core/numbers.h"
 #include "platform/screen/pointer_nudge.h"
 #include "playback/control_rows.h"
+#include "playback/overlay_bar.h"
 #include "playback/overlay_picture.h"
 #include "playback/still_picture.h"
 
@@ -55,6 +56,7 @@ void Form13::buildControls()
     Image1->setAlignment(Qt::AlignCenter);
     Image1->hide();
     LessonText = new OverlayPicture(this);
+    buildBar();
     Sign = new OverlayPicture(this);
     m_signTime.setInterval(kSignMilliseconds);
     m_signTime.setSingleShot(true);
@@ -66,6 +68,7 @@ void Form13::buildControls()
                   {ActiveMovie1, u"ActiveMovie1"},
                   {Image1, u"Image1"},
                   {LessonText, u"LessonText"},
+                  {Bar, u"Bar"},
                   {Sign, u"Sign"},
                   {&Timer1, u"Timer1"}});
 }
@@ -99,6 +102,9 @@ void Form13::Form13_ActiveMovie1_PositionEvent()
 {
     m_mirror.VideoPosition = decimalText(m_control.CurrentPosition());
     m_mirror.VideoPositionUpdated = true;
+    if (isBarShown()) {
+        showBarTime();
+    }
 }
 
 /// The program's one and only test for the end of a clip.
@@ -131,6 +137,9 @@ void Form13::Form13_ActiveMovie1_OpenFailed()
 void Form13::Form13_ActiveMovie1_StateChange(int /*oldState*/, int newState)
 {
     m_mirror.VideoState = newState;
+    if (isBarShown()) {
+        refreshBar();
+    }
     keepAwakeWhile(newState == MediaControl::Running);
     if (newState == MediaControl::NotLoaded && !m_control.isOpening()) {
         moveOutOfSight();
@@ -177,6 +186,7 @@ void Form13::prepareForMedia()
 void Form13::moveOutOfSight()
 {
     m_left = kOutOfSight;
+    hideBar();
     QTimer::singleShot(0, this, [this] { hideUnlessOpening(); });
 }
 
@@ -314,6 +324,9 @@ void Form13::layOutControls()
     Image1->setGeometry(placeOfStill());
     if (!Image1->isHidden()) {
         scaleStillPicture();
+    }
+    if (isBarShown()) {
+        Bar->fitInto(size());
     }
     paintGround();
     showLessonText();

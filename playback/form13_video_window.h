@@ -4,12 +4,14 @@
 //   Image1         still picture for clips without one of their own
 //   LessonText     the current line's text, over the picture
 //   Sign           what a key has changed, for two seconds
+//   Bar            position, times and buttons, while the mouse moves over the picture
 //   Timer1         every 30 s: nudges the mouse cursor while a lesson runs
 #pragma once
 
 #include "core/error_boundary.h"
 #include "platform/media/media_control.h"
 #include "platform/media/video_surface.h"
+#include "playback/bar_ports.h"
 #include "playback/current_line.h"
 #include "playback/keyboard.h"
 #include "playback/video_layout.h"
@@ -37,9 +39,11 @@ struct Form13Services
     std::function<TextLevel()> textLevel = [] { return TextLevel::Off; };
     std::function<void(TextLevel)> setTextLevel = [](TextLevel) {};
     std::function<TextLanguage()> language = [] { return TextLanguage::English; };
+    BarPorts bar = {};
 };
 
 class OverlayPicture;
+class PictureBar;
 
 inline constexpr QSize kSizeWithoutPicture(30, 1000); // twips: the control before a file is open
 
@@ -57,6 +61,7 @@ public:
     VideoSurface* ActiveMovie1; // the running picture
     QLabel* Image1;             // still picture for clips without one of their own
     OverlayPicture* LessonText; // the current line's text, over the picture
+    PictureBar* Bar;            // position, times and buttons, while the mouse moves over it
     OverlayPicture* Sign;       // what a key has changed, at the upper left for two seconds
     QTimer Timer1;              // 30 s: the mouse nudge
 
@@ -103,6 +108,8 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
@@ -144,6 +151,13 @@ private:
     void doByHand(const std::function<void()>& action);
     void showChanges(int stateBefore, Int16 volumeBefore, const LessonLine& lineBefore);
     [[nodiscard]] QString text(QStringView name) const;
+    void buildBar();
+    [[nodiscard]] bool isBarShown() const;
+    void showBar();
+    void hideBar();
+    void hideBarUnlessInUse();
+    void refreshBar();
+    void showBarTime();
     bool pressCommonKey(const QKeyEvent& event);
     void applyFullScreen();
     void fillScreen();
@@ -158,8 +172,10 @@ private:
     VideoMirror m_mirror;
     VideoWindowKeys m_keys;
     QTimer m_signTime;
-    int m_wheel = 0; // eighths of a degree, not yet a step
-    QTimer m_rest;   // since the clip stands still
+    QTimer m_barTime;
+    QPoint m_restingPointer; // on the screen, where it was last when it had really moved
+    int m_wheel = 0;         // eighths of a degree, not yet a step
+    QTimer m_rest;           // since the clip stands still
     QString m_stillFile;
     QImage m_still;
     int m_left = kOutOfSight; // twips

@@ -1,7 +1,5 @@
 #include "playback/sign_picture.h"
 
-#include "playback/picture_look.h"
-
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QPainter>
@@ -43,7 +41,7 @@ static SignMeasures measuresOf(int fontSize)
     return measures;
 }
 
-static QPixmap ground(QSize size, qreal devicePixelRatio)
+static QPixmap groundOf(QSize size, qreal devicePixelRatio, const QColor& colour)
 {
     QPixmap picture((QSizeF(size) * devicePixelRatio).toSize());
     picture.setDevicePixelRatio(devicePixelRatio);
@@ -51,13 +49,14 @@ static QPixmap ground(QSize size, qreal devicePixelRatio)
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(look::kSoftGround);
+    painter.setBrush(colour);
     const double radius = size.height() / 4.5;
     painter.drawRoundedRect(QRectF(QPointF(), size), radius, radius);
     return picture;
 }
 
-QPixmap pictureOfSign(const QString& lead, const QString& text, const TextShape& shape)
+QPixmap pictureOfSign(const QString& lead, const QString& text, const TextShape& shape,
+                      const QColor& ground)
 {
     const SignMeasures measures = measuresOf(shape.fontSize);
     const QFontMetrics metrics(measures.font);
@@ -67,7 +66,7 @@ QPixmap pictureOfSign(const QString& lead, const QString& text, const TextShape&
     const int end = shown.isEmpty() ? begin - (begin > 0 ? measures.gap : 0)
                                     : begin + metrics.horizontalAdvance(shown);
     const QSize size(end + 2 * measures.side, measures.height);
-    QPixmap picture = ground(size, shape.devicePixelRatio);
+    QPixmap picture = groundOf(size, shape.devicePixelRatio, ground);
     QPainter painter(&picture);
     painter.setFont(measures.font);
     const QRect words = QRect(QPoint(), size).adjusted(measures.side, 0, -measures.side / 2, 0);

@@ -39,4 +39,21 @@ TEST(CurrentLine, IsNoneBeforeTheFirstBrakeAndBeyondTheLists)
     EXPECT_EQ(currentLine(playlist), LessonLine());
 }
 
+TEST(CurrentMarks, AreTheBrakesWhoseTimesCanBeReadAndTheLastIsTheEnd)
+{
+    PlaylistState playlist = lesson();
+    PlaylistEntry& packet = playlist.Playlist[0];
+    playlist.CurrentPacket = 1;
+    EXPECT_TRUE(currentMarks(playlist).empty());
+    packet.HasBrakes = true;
+    packet.Clips[0].Time = u"1.5"_s;
+    packet.Clips[1].Time = u"4"_s;
+    packet.Clips.push_back({.Time = u"spoilt"_s, .Text = u"Three"_s, .Path = {}});
+    EXPECT_EQ(currentMarks(playlist),
+              (std::vector<LessonMark>{{.seconds = 1.5, .text = u"One"_s, .isEnd = false},
+                                       {.seconds = 4, .text = u"Two"_s, .isEnd = true}}));
+    playlist.CurrentPacket = 0;
+    EXPECT_TRUE(currentMarks(playlist).empty());
+}
+
 } // namespace

@@ -47,6 +47,8 @@ protected:
     QList<CommonKey> askedKeys;
     TextLanguage language = TextLanguage::English;
     std::function<void()> onPlayerKey = [] {};
+    QList<int> lineSteps;
+    std::vector<LessonMark> marks;
     TextLevel storedLevel = TextLevel::Off;
     Form13 form{Form13Services{
         .control = control,
@@ -63,6 +65,13 @@ protected:
         .textLevel = [this] { return storedLevel; },
         .setTextLevel = [this](TextLevel level) { storedLevel = level; },
         .language = [this] { return language; },
+        .bar = {.previousLine = [this] { lineSteps += -1; },
+                .nextLine = [this] { lineSteps += 1; },
+                .marks = [this] { return marks; },
+                .toggleRepeat = nullptr,
+                .isRepeating = nullptr,
+                .repeatText = nullptr,
+                .speed = nullptr},
     }};
     QTemporaryDir folder;
 };
