@@ -1,5 +1,6 @@
 // The lesson's text over the picture, read back from the screen.
 
+#include "tests/e2e/support/accessibility.h"
 #include "tests/e2e/support/steered.h"
 
 #include <QImage>
@@ -64,6 +65,47 @@ TEST_F(PictureText, GoesRoundByItsKeyInBothWindowsAndOnTheWholeScreen)
     desktop.press(u"F5"_s);
     EXPECT_TRUE(waitFor([this] { return home.get(u"practice"_s, u"text"_s) == u"0"; }));
     EXPECT_TRUE(waitFor([this] { return whiteBelow(videoPlace()) == 0; }));
+}
+
+TEST_F(PictureText, TheBarShowsUnderTheMouseAndATickOfItGoesToItsBrake)
+{
+    const QString packet = writeBrakes(file(u"brakes.vxl"_s), media(u"video200.mp4"_s),
+                                       {{0, u"One beat"_s},
+                                        {60, u"Listen, and clap on every third beat"_s},
+                                        {120, u"Three beats"_s},
+                                        {190, u"End"_s}});
+    home.set(u"practice"_s, u"text"_s, u"1"_s);
+    ASSERT_TRUE(program.startAndShow({packet}));
+    ASSERT_TRUE(becomes(u"Playing"_s));
+    ASSERT_TRUE(videoIsInWindow());
+    desktop.resizeWindow(kVideoWindow, {640, 480});
+    ASSERT_TRUE(waitFor([this] { return videoPlace().size() == QSize(640, 480); }));
+    const QRect place = videoPlace();
+    // On the tick of the second brake: the track goes from edge to edge beside the times.
+    AccessibilityBus accessibility(desktop);
+    desktop.moveMouse(place.center());
+    desktop.moveMouse(place.center() + QPoint(20, 20));
+    keepScreen(u"bar_window"_s);
+    std::optional<Accessible> track;
+    const auto hasTrack = [&] {
+        desktop.moveMouse(place.center() + QPoint(20, 20));
+        desktop.moveMouse(place.center());
+        const auto top = accessibility.program(program.pid());
+        track = top ? top->find([&](const Accessible& each) {
+            return each.role() == u"slider" && each.isShowing() && place.contains(each.place());
+        })
+                    : std::nullopt;
+        return track.has_value();
+    };
+    ASSERT_TRUE(waitFor(hasTrack));
+    const QRect slider = track->place();
+    const int tick = slider.left() + 8 + (slider.width() - 16) * 60 / 200;
+    desktop.moveMouse({tick, slider.center().y()});
+    keepScreen(u"bar_bubble"_s);
+    desktop.click({tick, slider.center().y()});
+    EXPECT_TRUE(comesBetween(59.5, 75));
+    desktop.moveMouse({10, 10});
+    EXPECT_TRUE(waitFor([&] { return !track->isShowing(); }));
 }
 
 TEST_F(PictureText, TheWheelOverThePictureIsTheVolume)
