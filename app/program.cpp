@@ -9,6 +9,7 @@
 #include "playback/form13_video_window.h"
 #include "playback/form4_bookmark_sign.h"
 #include "playback/playback_engine.h"
+#include "playback/practice_controls.h"
 #include "system/form12_tray.h"
 #include "system/form8_options_dialog.h"
 #include "system/form9_about.h"
@@ -48,14 +49,33 @@ void Program::openVideoWindow()
             },
         .seek = [this](double seconds) { m_engine->seekTo(seconds); },
         .mainWindow = [this] { return m_mainWindow.get(); },
+        .textLevel = [this] { return m_surroundings.module.settings().textLevel(); },
+        .setTextLevel =
+            [this](TextLevel level) { m_surroundings.module.settings().setTextLevel(level); },
         .language =
             [this] {
                 return textLanguage(m_surroundings.module.Language.value(), TextLanguage::Russian);
             },
         .hasEntries = [this] { return m_surroundings.module.playlist.entryCount() > 0; },
+        .practice = [this] { return m_engine->practice().values(); },
         .menuSheet = skin::commandMenuSheet(),
+        .bar = {.previousLine = [this] { m_engine->lineStep(-1); },
+                .nextLine = [this] { m_engine->lineStep(1); },
+                .marks = [this] { return currentMarks(m_surroundings.module.playlist); },
+                .toggleRepeat = [this] { m_engine->practice().toggleRepeat(); },
+                .isRepeating = [this] { return m_engine->practice().values().isEndless(); },
+                .repeatText = nullptr,
+                .speed = [this] { return m_control->Speed(); }},
     });
     m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
+    connect(m_engine.get(), &PlaybackEngine::cursorChanged, m_videoWindow.get(),
+            [this] { m_videoWindow->setLine(currentLine(m_surroundings.module.playlist)); });
+    connect(m_engine.get(), &PlaybackEngine::volumeChanged, m_videoWindow.get(),
+            &Form13::showVolume);
+    connect(&m_engine->practice(), &PracticeControls::said, m_videoWindow.get(),
+            [this](const QString& text) { m_videoWindow->showSign(text); });
+    connect(&m_engine->practice(), &PracticeControls::changed, m_videoWindow.get(),
+            &Form13::refreshBar);
     m_videoWindow->mirror().VideoState = 0;
     m_engine->operations().ShowVideoWindow(true);
 }
@@ -113,9 +133,14 @@ void Program::loadMainWindow()
         .unloadSplash = m_surroundings.unloadSplash,
         .unloadOtherForms = [this] { unloadOtherForms(); },
         .videoWindow = [this] { return m_videoWindow->windowHandle(); },
-        .showBookmarkSign = [] { showBookmarkSign(); },
+        .showBookmarkSign =
+            [this] {
+                showBookmarkSign();
+                m_videoWindow->showBookmark();
+            },
         .showOptions = [this] { changeOptions(); },
         .videoKeys = m_videoWindow->keys(),
+        .nextTextLevel = [this] { m_videoWindow->nextTextLevel(); },
         .showPacketEditor =
             [this] { return showPacketEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
         .showGroupEditor =

@@ -146,6 +146,24 @@ void Settings::saveOwners(const QMap<int, QString>& owners) const
     writeTogether(std::move(changes));
 }
 
+TextLevel Settings::textLevel() const
+{
+    const QString text = read(iniKey(u"practice", u"text"));
+    if (text == u"1" || text == u"2") {
+        return text == u"1" ? TextLevel::Text : TextLevel::Large;
+    }
+    if (!text.isEmpty() && text != u"0") {
+        qCInfo(logErrors, "[practice] text=%ls is no level: the text is off",
+               qUtf16Printable(text));
+    }
+    return TextLevel::Off;
+}
+
+void Settings::setTextLevel(TextLevel level) const
+{
+    write(iniKey(u"practice", u"text"), QString::number(static_cast<int>(level)));
+}
+
 QString Settings::addInCaption(int i, TextLanguage language) const
 {
     const bool isEnglish = language == TextLanguage::English;

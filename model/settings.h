@@ -74,7 +74,16 @@ inline constexpr std::array kSettings = {
     SettingKey{u"practice", u"step", nullptr},    // percent of the speed, more with each round
     SettingKey{u"practice", u"mirror", nullptr},  // 1: left to right
     SettingKey{u"practice", u"even", nullptr},    // 1: even loudness
+    SettingKey{u"practice", u"text", nullptr},    // over the picture: 0 off, 1 text, 2 large text
     SettingKey{u"text", u"codepage", nullptr},    // of old files; in platform.ini
+};
+
+/// The lesson's text over the picture. The numbers are those of the settings file.
+enum class TextLevel
+{
+    Off = 0,
+    Text = 1,
+    Large = 2,
 };
 
 /// A row of the table. What is not there does not compile.
@@ -158,6 +167,10 @@ public:
     {
         write(iniKey(u"pos", u"#"), to, text);
     }
+
+    /// Off, too, where there is no such level.
+    [[nodiscard]] TextLevel textLevel() const;
+    void setTextLevel(TextLevel level) const;
 
     /// Raises 13 or 6.
     [[nodiscard]] Int16 addInCount() const

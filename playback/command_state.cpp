@@ -13,9 +13,17 @@ CommandState stateOf(Command command, const CommandFacts& facts)
         return {facts.loaded || facts.hasEntries};
     case Command::Stop:
         return {facts.canStop};
+    case Command::NextLine:
+    case Command::PreviousLine:
     case Command::NextClip:
     case Command::PreviousClip:
         return {facts.hasEntries};
+    case Command::LineAgain:
+        return {facts.hasPlace};
+    case Command::RepeatLine:
+        return {true, facts.repeatsLine};
+    case Command::NormalSpeed:
+        return {!facts.speedIsNormal};
     case Command::SetBookmark:
         return {facts.loaded && facts.hasPlace};
     case Command::GoToBookmark:

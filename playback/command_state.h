@@ -14,6 +14,8 @@ struct CommandFacts
     bool hasPlace = false;   // a clip or brake of the playlist is current
     bool hasBookmark = false;
     bool fullScreen = false;
+    bool repeatsLine = false;
+    bool speedIsNormal = true;
     bool alwaysOnTop = false;
     bool lineStarts = false; // the list's current line is a clip's or a brake's
     bool lineHasBox = false;

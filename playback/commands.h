@@ -19,10 +19,18 @@ enum class Command
     TogglePlay,
     Play,
     Pause,
-    Stop,       // at once, in a packet of brakes too
-    StopButton, // as the button does it: back to the brake, there
-    NextClip,
-    PreviousClip,
+    Stop,         // at once, in a packet of brakes too
+    StopButton,   // as the button does it: back to the brake, there
+    NextLine,     // checked or not
+    PreviousLine, // checked or not
+    LineAgain,
+    NextClip,     // checked
+    PreviousClip, // checked
+    RepeatLine,
+    Slower,
+    Faster,
+    NormalSpeed,
+    NextWait,
     StepBack,
     StepForward,
     MinuteBack,
@@ -35,6 +43,7 @@ enum class Command
     LeaveScreen, // while a clip runs
     ToggleFullScreen,
     LeaveFullScreen,
+    NextTextLevel,
     AlwaysOnTop,
     OpenFile,
     OpenClips,
@@ -67,6 +76,7 @@ enum class MenuGroup
     None, // in no menu
     Line, // of the list
     Playing,
+    Practice,
     Bookmark,
     Window,
     Opening,

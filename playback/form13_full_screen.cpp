@@ -6,6 +6,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWheelEvent>
+
+#include <cstdlib>
 
 namespace orvanta {
 
@@ -72,11 +75,12 @@ void Form13::leaveScreen()
 void Form13::keyPressEvent(QKeyEvent* event)
 {
     m_services.boundary([&] {
-        const auto command = namedCommand(*event);
-        if (!command || !carryOut(*command)) {
-            Form13_Form_KeyPress(typedCharacter(*event));
-        }
-        m_keys.serveRequest();
+        doByHand([&] {
+            const auto command = namedCommand(*event);
+            if (!command || !carryOut(*command)) {
+                Form13_Form_KeyPress(typedCharacter(*event));
+            }
+        });
     })();
     event->accept();
 }
@@ -93,6 +97,10 @@ bool Form13::carryOut(Command command)
 {
     if (command == Command::LeaveFullScreen) {
         Form13_ActiveMovie1_Escape();
+        return true;
+    }
+    if (command == Command::NextTextLevel) {
+        nextTextLevel();
         return true;
     }
     if (command == Command::ShowMenu) {
@@ -134,6 +142,7 @@ void Form13::hidePointerOnWholeScreen()
 CommandFacts Form13::commandFacts() const
 {
     const MediaControl::State state = m_control.CurrentState();
+    const Practice practice = m_services.practice();
     return {
         .hasEntries = m_services.hasEntries(),
         .loaded = state != MediaControl::NotLoaded,
@@ -142,7 +151,33 @@ CommandFacts Form13::commandFacts() const
         // The key, too, goes there while the clip runs.
         .hasBookmark = state == MediaControl::Running && !m_mirror.VideoBookmark.isEmpty(),
         .fullScreen = m_fullScreen,
+        .repeatsLine = practice.isEndless(),
+        .speedIsNormal = practice.speed == Practice().speed,
     };
+}
+
+void Form13::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::MiddleButton) {
+        m_services.boundary([this] { doByHand([this] { m_keys.togglePlay(); }); })();
+    }
+}
+
+/// As the keys + and -. Fine wheels send parts of a step.
+void Form13::wheelEvent(QWheelEvent* event)
+{
+    constexpr int kStep = QWheelEvent::DefaultDeltasPerStep;
+    m_wheel += event->angleDelta().y();
+    const int steps = m_wheel / kStep;
+    m_wheel -= steps * kStep;
+    m_services.boundary([&] {
+        doByHand([&] {
+            for (int i = 0; i < std::abs(steps); ++i) {
+                Form13_Form_KeyPress(steps > 0 ? u'+' : u'-');
+            }
+        });
+    })();
+    event->accept();
 }
 
 void Form13::mouseDoubleClickEvent(QMouseEvent* event)

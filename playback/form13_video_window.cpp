@@ -3,6 +3,8 @@
 #include "core/numbers.h"
 #include "platform/screen/pointer_nudge.h"
 #include "playback/control_rows.h"
+#include "playback/overlay_bar.h"
+#include "playback/overlay_picture.h"
 #include "playback/still_picture.h"
 
 #include <QCloseEvent>
@@ -18,10 +20,10 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-constexpr QSize kSizeWithoutPicture(30, 1000); // twips: the control before a file is open
-constexpr QSize kFrame(50, 200);               // twips: the window around the control
-constexpr QSize kSmallFrame(3100, 450);        // twips: the window of a still picture, at least
+constexpr QSize kFrame(50, 200);        // twips: the window around the control
+constexpr QSize kSmallFrame(3100, 450); // twips: the window of a still picture, at least
 constexpr int kNudgeMilliseconds = 30000;
+constexpr int kSignMilliseconds = 2000;
 // Seeks, brakes and changes of clip stand still for a moment; a screen may sleep only after more.
 constexpr int kRestMilliseconds = 2000;
 
@@ -55,6 +57,11 @@ void Form13::buildControls()
     Image1->hide();
     PictureMenu = new CommandMenu(MenuPlace::VideoWindow, this);
     PictureMenu->setStyleSheet(m_services.menuSheet);
+    LessonText = new OverlayPicture(this);
+    buildBar();
+    Sign = new OverlayPicture(this);
+    m_signTime.setInterval(kSignMilliseconds);
+    m_signTime.setSingleShot(true);
     Timer1.setInterval(kNudgeMilliseconds);
     m_rest.setInterval(kRestMilliseconds);
     m_rest.setSingleShot(true);
@@ -63,6 +70,9 @@ void Form13::buildControls()
                   {ActiveMovie1, u"ActiveMovie1"},
                   {Image1, u"Image1"},
                   {PictureMenu, u"PictureMenu"},
+                  {LessonText, u"LessonText"},
+                  {Bar, u"Bar"},
+                  {Sign, u"Sign"},
                   {&Timer1, u"Timer1"}});
 }
 
@@ -88,6 +98,8 @@ void Form13::connectHandlers()
     connect(PictureMenu, &CommandMenu::chosen, this,
             m_services.boundary([this](Command command) { choose(command); }));
     connect(PictureMenu, &QMenu::aboutToHide, this, [this] { hidePointerOnWholeScreen(); });
+    connect(&m_signTime, &QTimer::timeout, Sign, &OverlayPicture::fadeOut);
+    m_keys.whenBookmarkIsMissing([this] { showSign(text(u"Sign.noBookmark")); });
     connect(&m_rest, &QTimer::timeout, this,
             m_services.boundary([this](auto&&...) { letSleep(); }));
 }
@@ -96,6 +108,9 @@ void Form13::Form13_ActiveMovie1_PositionEvent()
 {
     m_mirror.VideoPosition = decimalText(m_control.CurrentPosition());
     m_mirror.VideoPositionUpdated = true;
+    if (isBarShown()) {
+        showBarTime();
+    }
 }
 
 /// The program's one and only test for the end of a clip.
@@ -110,6 +125,7 @@ void Form13::Form13_ActiveMovie1_OpenComplete(QSize picture)
 {
     m_controlSize = picture.isEmpty() ? kSizeWithoutPicture : picture * kTwipsPerPixel;
     m_size = m_controlSize + kFrame;
+    m_textLevel = m_services.textLevel();
     Image1->hide();
     if (m_controlSize == kSizeWithoutPicture) {
         showStillPicture();
@@ -127,6 +143,9 @@ void Form13::Form13_ActiveMovie1_OpenFailed()
 void Form13::Form13_ActiveMovie1_StateChange(int /*oldState*/, int newState)
 {
     m_mirror.VideoState = newState;
+    if (isBarShown()) {
+        refreshBar();
+    }
     keepAwakeWhile(newState == MediaControl::Running);
     if (newState == MediaControl::NotLoaded && !m_control.isOpening()) {
         moveOutOfSight();
@@ -162,7 +181,8 @@ void Form13::Form13_Timer1_Timer()
 
 void Form13::prepareForMedia()
 {
-    ActiveMovie1->show();
+    // Between two texts on a ground there is no black.
+    ActiveMovie1->setVisible(!hasTextGround());
     moveOutOfSight();
     m_controlSize = kSizeWithoutPicture;
 }
@@ -172,6 +192,7 @@ void Form13::prepareForMedia()
 void Form13::moveOutOfSight()
 {
     m_left = kOutOfSight;
+    hideBar();
     QTimer::singleShot(0, this, [this] { hideUnlessOpening(); });
 }
 
@@ -190,14 +211,15 @@ void Form13::showClipPicture(QSize picture)
 void Form13::showStillPicture()
 {
     m_still = readStillPicture(m_stillFile);
-    if (m_still.isNull()) {
+    if (m_still.isNull() && !hasTextGround()) {
         m_left = kOutOfSight;
         hideUnlessOpening();
         return;
     }
     ActiveMovie1->hide();
-    Image1->show();
-    m_size = kSmallFrame.expandedTo(m_still.size() * kTwipsPerPixel);
+    Image1->setVisible(!m_still.isNull());
+    const QSize contents = hasTextGround() ? sizeOfTextGround() : m_still.size();
+    m_size = kSmallFrame.expandedTo(contents * kTwipsPerPixel);
     bringIntoSight(pixelsOfTwips(m_size));
 }
 
@@ -305,16 +327,21 @@ void Form13::noteComingBack()
 void Form13::layOutControls()
 {
     ActiveMovie1->setGeometry(rect());
-    Image1->setGeometry(rect());
+    Image1->setGeometry(placeOfStill());
     if (!Image1->isHidden()) {
         scaleStillPicture();
     }
+    if (isBarShown()) {
+        Bar->fitInto(size());
+    }
+    paintGround();
+    showLessonText();
 }
 
 /// A small picture keeps its size in a window, but not on the whole screen.
 void Form13::scaleStillPicture()
 {
-    const QSize room = size() * devicePixelRatioF();
+    const QSize room = Image1->size() * devicePixelRatioF();
     const QSize pixels = isFillingScreen() ? m_still.size().scaled(room, Qt::KeepAspectRatio)
                                            : shrunkToFit(m_still.size(), room);
     QPixmap picture =

@@ -3,13 +3,18 @@
 //   ActiveMovie1   the running picture
 //   Image1         still picture for clips without one of their own
 //   PictureMenu    what can be asked of the player
+//   LessonText     the current line's text, over the picture
+//   Sign           what a key has changed, for two seconds
+//   Bar            position, times and buttons, while the mouse moves over the picture
 //   Timer1         every 30 s: nudges the mouse cursor while a lesson runs
 #pragma once
 
 #include "core/error_boundary.h"
 #include "platform/media/media_control.h"
 #include "platform/media/video_surface.h"
+#include "playback/bar_ports.h"
 #include "playback/command_menu.h"
+#include "playback/current_line.h"
 #include "playback/keyboard.h"
 #include "playback/video_layout.h"
 #include "playback/video_window.h"
@@ -32,11 +37,21 @@ struct Form13Services
     std::function<bool(Command)> carryOut; // commands not its own; says whether it served one
     VideoWindowKeys::Seek seek;
     std::function<QWidget*()> mainWindow; // beside which it opens; null: at the top left
+    // Of the text over the picture, in the settings.
+    std::function<TextLevel()> textLevel = [] { return TextLevel::Off; };
+    std::function<void(TextLevel)> setTextLevel = [](TextLevel) {};
     // Of the menu.
     std::function<TextLanguage()> language = [] { return TextLanguage::English; };
     std::function<bool()> hasEntries = [] { return false; }; // something is in the playlist
-    QString menuSheet = {};                                  // its style sheet
+    std::function<Practice()> practice = [] { return Practice(); };
+    QString menuSheet = {}; // its style sheet
+    BarPorts bar = {};
 };
+
+class OverlayPicture;
+class PictureBar;
+
+inline constexpr QSize kSizeWithoutPicture(30, 1000); // twips: the control before a file is open
 
 /// Its logical place (Left, Width, Height in twips) follows the program; the native window is
 /// hidden while the logical one is out of sight, but not between two clips that both have a
@@ -52,6 +67,9 @@ public:
     VideoSurface* ActiveMovie1; // the running picture
     QLabel* Image1;             // still picture for clips without one of their own
     CommandMenu* PictureMenu;   // what can be asked of the player
+    OverlayPicture* LessonText; // the current line's text, over the picture
+    PictureBar* Bar;            // position, times and buttons, while the mouse moves over it
+    OverlayPicture* Sign;       // what a key has changed, at the upper left for two seconds
     QTimer Timer1;              // 30 s: the mouse nudge
 
     [[nodiscard]] VideoMirror& mirror() override { return m_mirror; }
@@ -64,6 +82,21 @@ public:
     /// is in sight, a clip's own or a still one, with the mouse cursor hidden.
     [[nodiscard]] bool isFullScreen() const override { return m_fullScreen; }
     void setFullScreen(bool on) override;
+
+    /// The line that is on; its text lies over the picture when the settings say so.
+    void setLine(const LessonLine& line);
+    /// Off, text, large text and round; kept in the settings. Sound alone has a window of its own
+    /// while there is text.
+    void nextTextLevel();
+
+    /// Two seconds of a few words at the upper left, while a picture is in sight. lead: before
+    /// them, in the accent's colour.
+    void showSign(const QString& text, const QString& lead = {});
+    /// Signs of what a person has changed, here or elsewhere.
+    void showVolume();
+    /// What the bar shows of the lesson and of the practice has changed.
+    void refreshBar();
+    void showBookmark();
 
     /// What this window's keys do; the main window hands some of its own to them.
     [[nodiscard]] VideoWindowKeys& keys() { return m_keys; }
@@ -83,6 +116,10 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
@@ -117,6 +154,24 @@ private:
     void openMenu(QPoint place);
     void hidePointerOnWholeScreen();
     [[nodiscard]] CommandFacts commandFacts() const;
+    [[nodiscard]] bool hasTextGround() const;
+    [[nodiscard]] double textBand() const;
+    [[nodiscard]] QSize sizeOfTextGround() const;
+    [[nodiscard]] QRect placeOfStill() const;
+    [[nodiscard]] int shownHeight() const;
+    void paintGround();
+    void showLessonText();
+    void placeLessonText();
+    /// What is done by hand here, and the sign of what it has changed.
+    void doByHand(const std::function<void()>& action);
+    void showChanges(int stateBefore, Int16 volumeBefore, const LessonLine& lineBefore);
+    [[nodiscard]] QString text(QStringView name) const;
+    void buildBar();
+    [[nodiscard]] bool isBarShown() const;
+    void showBar();
+    void hideBar();
+    void hideBarUnlessInUse();
+    void showBarTime();
     void applyFullScreen();
     void fillScreen();
     void takeKeyboard();
@@ -129,7 +184,11 @@ private:
     MediaControl& m_control;
     VideoMirror m_mirror;
     VideoWindowKeys m_keys;
-    QTimer m_rest; // since the clip stands still
+    QTimer m_signTime;
+    QTimer m_barTime;
+    QPoint m_restingPointer; // on the screen, where it was last when it had really moved
+    int m_wheel = 0;         // eighths of a degree, not yet a step
+    QTimer m_rest;           // since the clip stands still
     QString m_stillFile;
     QImage m_still;
     int m_left = kOutOfSight; // twips
@@ -140,11 +199,13 @@ private:
     bool m_fullScreen = false;
     bool m_hasPlaceBefore = false; // it stood somewhere before it filled the screen
     bool m_comesBack = false;      // from full screen, to that place
-    QSize m_contents;              // pixels, of the clip or the still picture that is in sight
-    QSize m_givenSize;             // pixels, the size that the program asked for last
-    QPoint m_pushedFrom;           // where the window stood before a large clip had no room there
-    QPoint m_pushedTo;             // and where the program has put it
-    QSize m_givenSizeBefore;       // its predecessor may still come back from the window system
+    LessonLine m_line;
+    TextLevel m_textLevel = TextLevel::Off; // as the settings said last
+    QSize m_contents;        // pixels, of the clip or the still picture that is in sight
+    QSize m_givenSize;       // pixels, the size that the program asked for last
+    QPoint m_pushedFrom;     // where the window stood before a large clip had no room there
+    QPoint m_pushedTo;       // and where the program has put it
+    QSize m_givenSizeBefore; // its predecessor may still come back from the window system
 };
 
 } // namespace orvanta

@@ -2,6 +2,7 @@
 
 #include "core/error_boundary.h"
 #include "core/numbers.h"
+#include "playback/practice_controls.h"
 #include "playback/typed_key.h"
 #include "playback/volume.h"
 
@@ -45,7 +46,7 @@ struct CommandActions
                   [](Video& keys) { keys.requestState(MediaControl::Running); }},
         ActionRow{Command::Pause, [](Main& keys) { keys.m_engine.operations().PauseIfRunning(); },
                   [](Video& keys) { keys.requestState(MediaControl::Paused); }},
-        ActionRow{Command::Stop, [](Main& keys) { keys.m_engine.operations().StopIfRunning(); },
+        ActionRow{Command::Stop, [](Main& keys) { keys.stop(); },
                   [](Video& keys) { keys.requestState(MediaControl::Stopped); }},
         inBoth(Command::StepBack, [](auto& keys) { keys.seekBy(-kKeyStep); }),
         inBoth(Command::StepForward, [](auto& keys) { keys.seekBy(kKeyStep); }),
@@ -175,8 +176,19 @@ void VideoWindowKeys::setBookmark()
     m_mirror.VideoBookmark = decimalText(m_control.CurrentPosition());
 }
 
+bool VideoWindowKeys::hasBookmark() const
+{
+    return conditionHolds("video window, bookmark", [this] {
+        (void)decimalValue(m_mirror.VideoBookmark);
+        return true;
+    });
+}
+
 void VideoWindowKeys::goToBookmark()
 {
+    if (m_control.CurrentState() != MediaControl::NotLoaded && !hasBookmark()) {
+        return m_bookmarkIsMissing();
+    }
     if (m_control.CurrentState() != MediaControl::Running) {
         return;
     }
@@ -232,6 +244,13 @@ bool MainWindowKeys::press(Command command)
         action->inMainWindow(*this);
     }
     return action != nullptr;
+}
+
+/// A lesson that waits is paused: what has been stopped does not go on.
+void MainWindowKeys::stop()
+{
+    m_engine.practice().giveUpWait();
+    m_engine.operations().StopIfRunning();
 }
 
 void MainWindowKeys::seekBy(double seconds)
@@ -299,6 +318,29 @@ QString MainWindowKeys::currentText() const
     return playlist.packet(playlist.CurrentPacket).clip(playlist.CurrentClip).Text;
 }
 
+static bool carryOutPractice(PracticeControls& practice, Command command)
+{
+    switch (command) {
+    case Command::RepeatLine:
+        practice.toggleRepeat();
+        return true;
+    case Command::Slower:
+        practice.slower();
+        return true;
+    case Command::Faster:
+        practice.faster();
+        return true;
+    case Command::NormalSpeed:
+        practice.normalSpeed();
+        return true;
+    case Command::NextWait:
+        practice.nextWait();
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool carryOutInPlayer(PlaybackEngine& engine, Command command)
 {
     switch (command) {
@@ -308,6 +350,15 @@ bool carryOutInPlayer(PlaybackEngine& engine, Command command)
     case Command::StopButton:
         engine.pressStop();
         return true;
+    case Command::NextLine:
+        engine.lineStep(1);
+        return true;
+    case Command::PreviousLine:
+        engine.lineStep(-1);
+        return true;
+    case Command::LineAgain:
+        engine.lineAgain();
+        return true;
     case Command::NextClip:
         engine.nextChecked();
         return true;
@@ -315,7 +366,7 @@ bool carryOutInPlayer(PlaybackEngine& engine, Command command)
         engine.previousChecked();
         return true;
     default:
-        return false;
+        return carryOutPractice(engine.practice(), command);
     }
 }
 

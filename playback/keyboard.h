@@ -35,6 +35,9 @@ public:
     VideoWindowKeys(MediaControl& control, VideoMirror& mirror, FullScreenControl& screen,
                     Seek seek);
 
+    /// For the window: the key of the bookmark was pressed in a clip that has none.
+    void whenBookmarkIsMissing(std::function<void()> say) { m_bookmarkIsMissing = std::move(say); }
+
     /// Raises 6 when a volume step leaves 16 bits. Seeks that fail are passed over. False when the
     /// command is not one of the player's.
     bool press(Command command);
@@ -56,6 +59,7 @@ private:
     void stepVolume(int step);
     void requestState(MediaControl::State state);
     void setBookmark();
+    [[nodiscard]] bool hasBookmark() const;
     void goToBookmark();
     void switchFullScreen(bool on);
     void handOverState();
@@ -65,6 +69,7 @@ private:
     VideoMirror& m_mirror;
     FullScreenControl& m_screen;
     Seek m_seek;
+    std::function<void()> m_bookmarkIsMissing = [] {};
     bool m_volumeStepped = false;
 };
 
@@ -91,6 +96,7 @@ private:
     void switchFullScreenWhileRunning(bool on) { m_videoKeys.switchFullScreenWhileRunning(on); }
     void toggleFullScreen() { m_videoKeys.toggleFullScreen(); }
     void leaveFullScreen() { m_videoKeys.leaveFullScreen(); }
+    void stop();
     void setBookmark();
     void goToBookmark();
     void seekToSavedPosition();

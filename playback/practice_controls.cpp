@@ -1,8 +1,12 @@
 #include "playback/practice_controls.h"
 
+#include "playback/practice_texts.h"
+
 #include <utility>
 
 namespace orvanta {
+
+using namespace Qt::StringLiterals;
 
 constexpr int kNormal = 100;       // percent
 constexpr int kAsLongAsLine = 100; // percent
@@ -16,7 +20,11 @@ PracticeControls::PracticeControls(EngineContext& context,
 
 PracticeReports PracticeControls::reports()
 {
-    return {.again = [this](int round) { Q_EMIT againBegan(round); },
+    return {.again =
+                [this](int round) {
+                    Q_EMIT againBegan(round);
+                    Q_EMIT said(roundText(round, values().times, language()));
+                },
             .waitBegan = [this](auto seconds) { Q_EMIT waitBegan(seconds.value_or(0)); },
             .waitOver = [this] { Q_EMIT waitOver(); },
             .waitRanOut = [this] { goOn(); }};
@@ -31,6 +39,31 @@ void PracticeControls::set(const Practice& practice)
     m_context.module.settings().setPractice(practice);
     m_enter([this] { m_step.settingsChanged(); });
     Q_EMIT changed();
+    if (const QString text = changesFrom(before, values()); !text.isEmpty()) {
+        Q_EMIT said(text);
+    }
+}
+
+TextLanguage PracticeControls::language() const
+{
+    return textLanguage(m_context.module.Language.value(), TextLanguage::Russian);
+}
+
+QString PracticeControls::changesFrom(const Practice& before, const Practice& now) const
+{
+    QStringList texts;
+    if (now.speed != before.speed) {
+        texts += speedText(now.speed);
+    }
+    if (now.times != before.times) {
+        texts += interfaceText(u"Practice", u"said.times", language())
+                     .arg(timesText(now.times, language()));
+    }
+    if (now.wait != before.wait) {
+        texts += interfaceText(u"Practice", u"said.wait", language())
+                     .arg(waitText(now.wait, now.seconds, language()));
+    }
+    return texts.join(u", "_s);
 }
 
 void PracticeControls::change(int Practice::*value, int to)

@@ -42,6 +42,8 @@ public:
 
 Q_SIGNALS:
     void changed();
+    /// What has changed, or begins, in a few words: "0.8 ×", "Repeat 2 of 5".
+    void said(const QString& text);
     /// The current line begins its round-th round, counted from 1.
     void againBegan(int round);
     /// seconds: how long it will last, real time; 0: until a key.
@@ -51,6 +53,8 @@ Q_SIGNALS:
 private:
     PracticeReports reports();
     void change(int Practice::*value, int to);
+    [[nodiscard]] QString changesFrom(const Practice& before, const Practice& now) const;
+    [[nodiscard]] TextLanguage language() const;
 
     EngineContext& m_context;
     std::function<void(const std::function<void()>&)> m_enter;

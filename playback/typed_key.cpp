@@ -30,7 +30,9 @@ static bool countsOnce(Command command)
 {
     return command == Command::TogglePlay || command == Command::ToggleFullScreen ||
            command == Command::CheckLine || command == Command::PlayLine ||
-           command == Command::Help;
+           command == Command::Help || command == Command::NextTextLevel ||
+           command == Command::RepeatLine || command == Command::NextWait ||
+           command == Command::LineAgain;
 }
 
 /// The key on a Latin keyboard. Key values of letters are their upper-case code points.

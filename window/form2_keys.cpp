@@ -76,6 +76,8 @@ void Form2::carryOut(Command command)
         return List1->hasFocus() ? List1->askForMenu() : void();
     case Command::Help:
         return Form2_doc_Click();
+    case Command::NextTextLevel:
+        return m_services.nextTextLevel();
     case Command::AlwaysOnTop:
         return toggleAlwaysOnTop();
     case Command::OpenFile:

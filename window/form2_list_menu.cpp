@@ -2,6 +2,7 @@
 // window hands on.
 #include "platform/screen/window_stacking.h"
 #include "playback/command_menu.h"
+#include "playback/practice_controls.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 
@@ -29,6 +30,9 @@ CommandFacts Form2::commandFacts() const
         .lineHasBox = List1->cursorLine() >= 1,
         .lineChecked = List1->isLineChecked(List1->cursorLine()),
     };
+    const Practice practice = m_services.engine.practice().values();
+    facts.repeatsLine = practice.isEndless();
+    facts.speedIsNormal = practice.speed == Practice().speed;
     resumeNext("bookmark of the current clip",
                [&] { facts.hasBookmark = facts.hasPlace && !m_keys.savedPosition().isEmpty(); });
     return facts;

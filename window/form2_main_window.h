@@ -57,12 +57,13 @@ struct Form2Services
     PlaybackEngine& engine;
     Pickers& pickers;
     HandlerBoundary boundary;
-    std::function<void()> unloadSplash;     // Form1 goes at the first activation
-    std::function<void()> unloadOtherForms; // tray form, then video window, then the program
-    std::function<QWindow*()> videoWindow;  // stays right behind this one; null: not there yet
-    std::function<void()> showBookmarkSign; // Form4
-    std::function<void()> showOptions;      // Form8, modally
-    VideoWindowKeys& videoKeys;             // full screen
+    std::function<void()> unloadSplash;          // Form1 goes at the first activation
+    std::function<void()> unloadOtherForms;      // tray form, then video window, then the program
+    std::function<QWindow*()> videoWindow;       // stays right behind this one; null: not there yet
+    std::function<void()> showBookmarkSign;      // Form4
+    std::function<void()> showOptions;           // Form8, modally
+    VideoWindowKeys& videoKeys;                  // full screen
+    std::function<void()> nextTextLevel = [] {}; // of the text over the picture
     // The editors, modally. Each returns the temporary file to open; empty for none.
     std::function<QString()> showPacketEditor;   // Form5
     std::function<QString()> showGroupEditor;    // Form6

@@ -271,8 +271,6 @@ void PlaylistList::keyPressEvent(QKeyEvent* event)
         break;
     case Qt::Key_Up:
     case Qt::Key_Down:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
     case Qt::Key_Home:
     case Qt::Key_End:
         QListView::keyPressEvent(event);

@@ -64,6 +64,8 @@ constexpr Row kRows[] = {
     {"playback/advance.cpp", "<mpv/client.h>", false},
     {"playback/form13_video_window.cpp", "<QWidget>", true},
     {"playback/form13_video_window.cpp", "\"platform/media/video_surface.h\"", true},
+    {"playback/overlay_picture.cpp", "<QWidget>", true},
+    {"playback/keyboard.cpp", "\"playback/overlay_picture.h\"", false},
     {"playback/playback_engine.cpp", "\"playback/form13_video_window.h\"", false},
     {"window/skin.cpp", "<QWidget>", true},
     {"window/skin.cpp", "\"editors/form5_packet_editor.h\"", false},

@@ -164,6 +164,7 @@ const QMap<QString, QString>& withoutTexts()
         {u"Form12/tray"_s, menu},
         {u"Form13/Image1"_s, picture},
         {u"Form13/ActiveMovie1"_s, picture},
+        {u"Form13/LessonText"_s, picture},
         {u"Form3/Image1"_s, u"has the name of its window"_s},
         {u"Form6/Image1"_s, u"has the name of the box beside it"_s},
         {u"Form9/Image8"_s, u"has the name of the note beside it"_s},

@@ -52,10 +52,12 @@ QStringList captionsOfWindow(QStringView window, TextLanguage language)
 /// How the handbook prints a key that has a sign or a name of its own.
 QString printed(QString key, TextLanguage language)
 {
-    const std::array<std::pair<QString, QString>, 4> names = {{
+    const std::array<std::pair<QString, QString>, 6> names = {{
         {u"Left"_s, u"←"_s},
         {u"Right"_s, u"→"_s},
         {u"Return"_s, u"Enter"_s},
+        {u"PgUp"_s, u"Page Up"_s},
+        {u"PgDown"_s, u"Page Down"_s},
         {u"Space"_s, language == TextLanguage::English ? u"Space"_s : u"Пробел"_s},
     }};
     for (const auto& [name, print] : names) {

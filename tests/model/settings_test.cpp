@@ -286,6 +286,22 @@ TEST(SavedValues, AreReadBackFromTheirKeys)
     EXPECT_EQ(Settings(folder.file(u"platform.ini"_s)).codePage(), u"windows-1251");
 }
 
+TEST(SavedValues, TheLevelOfTheTextIsOffWhereItIsAbsentOrSpoilt)
+{
+    const SettingsFolder folder;
+    const Settings settings(folder.ini());
+    EXPECT_EQ(settings.textLevel(), TextLevel::Off);
+    for (const TextLevel level : {TextLevel::Large, TextLevel::Text, TextLevel::Off}) {
+        settings.setTextLevel(level);
+        EXPECT_EQ(settings.textLevel(), level);
+    }
+    EXPECT_EQ(folder.value("practice", "text"), u"0");
+    for (const QString& spoilt : {u"3"_s, u"-1"_s, u"large"_s, u"1.0"_s}) {
+        WriteIni(u"practice"_s, u"text"_s, spoilt, folder.ini());
+        EXPECT_EQ(settings.textLevel(), TextLevel::Off) << qPrintable(spoilt);
+    }
+}
+
 TEST(SavedValues, APositionGoesByTheWholeTextOfItsClip)
 {
     const SettingsFolder folder;

@@ -45,6 +45,11 @@ protected:
     QWidget* neighbour = nullptr;
     QList<bool> toldAwake;
     QList<Command> asked;
+    TextLanguage language = TextLanguage::English;
+    std::function<void()> onPlayerKey = [] {};
+    QList<int> lineSteps;
+    std::vector<LessonMark> marks;
+    TextLevel storedLevel = TextLevel::Off;
     Form13 form{Form13Services{
         .control = control,
         .boundary = HandlerBoundary(),
@@ -52,10 +57,21 @@ protected:
         .carryOut =
             [this](Command command) {
                 asked += command;
+                onPlayerKey();
                 return true;
             },
         .seek = [this](double seconds) { control.setCurrentPosition(seconds); },
         .mainWindow = [this] { return neighbour; },
+        .textLevel = [this] { return storedLevel; },
+        .setTextLevel = [this](TextLevel level) { storedLevel = level; },
+        .language = [this] { return language; },
+        .bar = {.previousLine = [this] { lineSteps += -1; },
+                .nextLine = [this] { lineSteps += 1; },
+                .marks = [this] { return marks; },
+                .toggleRepeat = nullptr,
+                .isRepeating = nullptr,
+                .repeatText = nullptr,
+                .speed = nullptr},
     }};
     QTemporaryDir folder;
 };

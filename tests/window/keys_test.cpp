@@ -162,6 +162,14 @@ TEST_F(KeysTest, CommandsOpenFindAndQuit)
     EXPECT_TRUE(othersUnloaded);
 }
 
+TEST_F(KeysTest, TheTextOverThePictureGoesOnByOneLevelFromTheListToo)
+{
+    show();
+    window->List1->setFocus();
+    press(Qt::Key_F5);
+    EXPECT_EQ(textLevels, 1);
+}
+
 TEST_F(KeysTest, KeysDoNothingWhileNothingIsLoaded)
 {
     show();

@@ -75,6 +75,7 @@ protected:
             .showBookmarkSign = [] {},
             .showOptions = [] {},
             .videoKeys = videoKeys,
+            .nextTextLevel = [this] { ++textLevels; },
             .showPacketEditor = [this] { return packetEditor(); },
             .showGroupEditor = [this] { return groupEditor(); },
             .showAbout = [this] { ++aboutRequests; },
@@ -213,6 +214,7 @@ protected:
     std::function<QString()> groupEditor = [] { return QString(); };
     std::optional<ErrorNumber> reported;
     int splashUnloads = 0;
+    int textLevels = 0;
     int aboutRequests = 0;
     bool othersUnloaded = false;
     bool timerRanAfterLoad = false;

@@ -1,0 +1,135 @@
+// The video window's bar: when it shows, what it shows, what its buttons do.
+#include "playback/form13_video_window.h"
+#include "playback/overlay_bar.h"
+#include "playback/overlay_button.h"
+#include "playback/overlay_picture.h"
+#include "playback/overlay_track.h"
+
+#include <QMouseEvent>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kBarMilliseconds = 2000;
+// The nudge that keeps the screen awake, and a table that is touched, move the pointer a little.
+constexpr int kRealMove = 4; // pixels
+
+void Form13::buildBar()
+{
+    Bar = new PictureBar(this);
+    m_barTime.setInterval(kBarMilliseconds);
+    connect(&m_barTime, &QTimer::timeout, this, [this] { hideBarUnlessInUse(); });
+    for (QWidget* part : {static_cast<QWidget*>(this), static_cast<QWidget*>(ActiveMovie1),
+                          static_cast<QWidget*>(Image1)}) {
+        part->setMouseTracking(true);
+    }
+    connect(Bar->track, &BarTrack::dropped, this, m_services.boundary([this](double seconds) {
+        m_services.seek(seconds);
+        showBarTime();
+    }));
+    const auto connectButton = [this](BarButton* button, const std::function<void()>& action) {
+        connect(button, &QAbstractButton::clicked, this, m_services.boundary([this, action](bool) {
+            doByHand(action);
+            refreshBar();
+        }));
+    };
+    connectButton(Bar->previous, m_services.bar.previousLine);
+    connectButton(Bar->play, [this] { m_keys.togglePlay(); });
+    connectButton(Bar->next, m_services.bar.nextLine);
+    connectButton(Bar->repeat, m_services.bar.toggleRepeat);
+    connectButton(Bar->text, [this] { nextTextLevel(); });
+    connectButton(Bar->fullScreen, [this] { m_keys.toggleFullScreen(); });
+}
+
+void Form13::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPoint place = event->globalPosition().toPoint();
+    if ((place - m_restingPointer).manhattanLength() < kRealMove) {
+        return;
+    }
+    m_restingPointer = place;
+    showBar();
+    if (isBarShown()) {
+        unsetCursor();
+    }
+}
+
+void Form13::leaveEvent(QEvent* /*event*/)
+{
+    if (!Bar->track->isHeld()) {
+        hideBar();
+    }
+}
+
+bool Form13::isBarShown() const
+{
+    return !Bar->isHidden();
+}
+
+void Form13::showBar()
+{
+    if (!isVisible() || m_left == kOutOfSight || !m_control.isReady() ||
+        !PictureBar::fits(size())) {
+        return;
+    }
+    m_barTime.start();
+    if (!isBarShown()) {
+        Bar->setTips(m_services.language());
+        refreshBar();
+        Bar->fitInto(size());
+        Bar->show();
+        Bar->raise();
+        placeLessonText();
+    }
+}
+
+void Form13::hideBar()
+{
+    m_barTime.stop();
+    if (!isBarShown()) {
+        return;
+    }
+    Bar->bubble->vanish();
+    Bar->hide();
+    placeLessonText();
+    if (isFillingScreen()) {
+        setCursor(Qt::BlankCursor);
+    }
+}
+
+void Form13::hideBarUnlessInUse()
+{
+    if (!Bar->underMouse() && !Bar->track->isHeld()) {
+        hideBar();
+    }
+}
+
+void Form13::refreshBar()
+{
+    const BarPorts& ports = m_services.bar;
+    const bool running = m_control.CurrentState() == MediaControl::Running;
+    Bar->play->setDrawing(running ? bar_drawings::kPause : bar_drawings::kPlay);
+    Bar->previous->setVisible(ports.previousLine != nullptr);
+    Bar->next->setVisible(ports.nextLine != nullptr);
+    Bar->repeat->setVisible(ports.toggleRepeat != nullptr);
+    Bar->repeat->setChecked(ports.isRepeating && ports.isRepeating());
+    const QString repeated = ports.repeatText ? ports.repeatText() : QString();
+    Bar->repeatText->setVisible(!repeated.isEmpty());
+    Bar->repeatText->setText(repeated);
+    Bar->speed->setVisible(ports.speed != nullptr);
+    if (ports.speed) {
+        Bar->speed->setText(u"%1 ×"_s.arg(QLocale().toString(ports.speed(), 'g', 3)));
+    }
+    Bar->text->setChecked(m_textLevel != TextLevel::Off);
+    Bar->fullScreen->setChecked(m_fullScreen);
+    Bar->track->setMarks(ports.marks ? ports.marks() : std::vector<LessonMark>());
+    showBarTime();
+}
+
+void Form13::showBarTime()
+{
+    Bar->showTime(m_control.CurrentPosition(), m_control.Duration());
+}
+
+} // namespace orvanta

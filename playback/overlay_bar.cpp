@@ -1,0 +1,207 @@
+#include "playback/overlay_bar.h"
+
+#include "playback/clock_text.h"
+#include "playback/overlay_button.h"
+#include "playback/overlay_picture.h"
+#include "playback/overlay_track.h"
+#include "playback/picture_look.h"
+#include "playback/sign_picture.h"
+
+#include <QBoxLayout>
+#include <QFontDatabase>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+// Logical pixels.
+constexpr int kBarEdge = 24;
+constexpr int kNarrowEdge = 8;
+constexpr int kAboveTrack = 36; // room for the bubble
+constexpr int kBetweenRows = 12;
+constexpr int kGap = 8;
+constexpr int kTimeFont = 13;
+constexpr int kBubbleFont = 12;
+constexpr int kNarrow = 560; // a window of this width has narrow edges
+constexpr QSize kSmallestWindow(280, 170);
+
+static QLabel* newLabel(QWidget* parent, const QColor& colour, const QFont& font)
+{
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setFont(font);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    label->setPalette(palette);
+    return label;
+}
+
+/// Digits of one width, so that a running time does not tremble.
+static QFont timeFont()
+{
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setPixelSize(kTimeFont);
+    return font;
+}
+
+static QFont wordFont(const QWidget& widget)
+{
+    QFont font = widget.font();
+    font.setPixelSize(kTimeFont);
+    return font;
+}
+
+PictureBar::PictureBar(QWidget* parent)
+    : QWidget(parent),
+      position(newLabel(this, look::kText, timeFont())),
+      track(new BarTrack(this)),
+      length(newLabel(this, look::kTextMuted, timeFont())),
+      previous(new BarButton(bar_drawings::kPrevious, BarButton::Ordinary, this)),
+      play(new BarButton(bar_drawings::kPlay, BarButton::Principal, this)),
+      next(new BarButton(bar_drawings::kNext, BarButton::Ordinary, this)),
+      repeat(new BarButton(bar_drawings::kRepeat, BarButton::Ordinary, this)),
+      repeatText(newLabel(this, look::kText, wordFont(*this))),
+      speed(newLabel(this, look::kAccent, wordFont(*this))),
+      text(new BarButton(bar_drawings::kText, BarButton::Ordinary, this)),
+      fullScreen(new BarButton(bar_drawings::kFullScreen, BarButton::Ordinary, this)),
+      bubble(new OverlayPicture(this))
+{
+    setFocusPolicy(Qt::NoFocus);
+    setMouseTracking(true);
+    setCursor(Qt::ArrowCursor);
+    repeat->setCheckable(true);
+    text->setCheckable(true);
+    fullScreen->setCheckable(true);
+    nameParts();
+    layOut();
+    hide();
+    connect(track, &BarTrack::dragged, this, &PictureBar::showPosition);
+    connect(track, &BarTrack::hovered, this, &PictureBar::showBubble);
+    connect(track, &BarTrack::left, bubble, &OverlayPicture::vanish);
+}
+
+void PictureBar::nameParts()
+{
+    const std::initializer_list<std::pair<QWidget*, QStringView>> parts = {
+        {position, u"position"}, {track, u"track"}, {length, u"length"},
+        {previous, u"previous"}, {play, u"play"},   {next, u"next"},
+        {repeat, u"repeat"},     {text, u"text"},   {fullScreen, u"fullScreen"},
+        {repeatText, u"times"},  {speed, u"speed"}, {bubble, u"bubble"}};
+    for (const auto& [part, name] : parts) {
+        part->setObjectName(u"Bar."_s + name.toString());
+    }
+}
+
+void PictureBar::layOut()
+{
+    auto* times = new QHBoxLayout;
+    times->setSpacing(kGap);
+    times->addWidget(position);
+    times->addWidget(track, 1);
+    times->addWidget(length);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(kGap);
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{previous, play, next, repeat, repeatText, speed}) {
+        buttons->addWidget(part);
+    }
+    buttons->addStretch(1);
+    buttons->addWidget(text);
+    buttons->addWidget(fullScreen);
+    auto* rows = new QVBoxLayout(this);
+    rows->setSpacing(kBetweenRows);
+    rows->addLayout(times);
+    rows->addLayout(buttons);
+}
+
+void PictureBar::setTips(TextLanguage language)
+{
+    const auto tip = [language](const char16_t* name) {
+        return interfaceText(u"Form13", name, language);
+    };
+    previous->setTip(tip(u"Bar.previous"));
+    play->setTip(tip(u"Bar.play"));
+    next->setTip(tip(u"Bar.next"));
+    repeat->setTip(tip(u"Bar.repeat"));
+    text->setTip(tip(u"Bar.text"));
+    fullScreen->setTip(tip(u"Bar.fullScreen"));
+    speed->setToolTip(tip(u"Bar.speed"));
+    track->setAccessibleName(tip(u"Bar.track"));
+}
+
+bool PictureBar::fits(QSize window)
+{
+    return window.width() >= kSmallestWindow.width() && window.height() >= kSmallestWindow.height();
+}
+
+void PictureBar::fitInto(QSize window)
+{
+    const int edge = window.width() < kNarrow ? kNarrowEdge : kBarEdge;
+    layout()->setContentsMargins(edge, kAboveTrack, edge, edge);
+    const int height = layout()->sizeHint().height();
+    setGeometry(0, window.height() - height, window.width(), height);
+}
+
+void PictureBar::showTime(double seconds, double duration)
+{
+    if (!track->isHeld()) {
+        showPosition(seconds);
+    }
+    length->setText(clockText(duration));
+    track->showTime(seconds, duration);
+}
+
+void PictureBar::showPosition(double seconds)
+{
+    position->setText(clockTextWithTenths(seconds));
+}
+
+/// The time under the pointer, and the words of the brake that is there.
+void PictureBar::showBubble(int x)
+{
+    const LessonMark* mark = track->markAt(x);
+    bubble->showPicture(pictureOfSign(clockText(track->momentAt(x)),
+                                      mark != nullptr ? mark->text : QString(),
+                                      {.fontSize = kBubbleFont,
+                                       .width = width() - 2 * kNarrowEdge,
+                                       .devicePixelRatio = devicePixelRatioF()},
+                                      look::kRaised));
+    const int wanted = track->x() + x - bubble->width() / 2;
+    const int last = std::max(kNarrowEdge, width() - kNarrowEdge - bubble->width());
+    bubble->move(std::clamp(wanted, kNarrowEdge, last), track->y() - bubble->height() - 2);
+    bubble->raise();
+}
+
+/// A column of the ground is made once and drawn across the bar.
+void PictureBar::paintEvent(QPaintEvent* /*event*/)
+{
+    if (m_ground.height() != height()) {
+        m_ground = QPixmap(1, height());
+        m_ground.fill(Qt::transparent);
+        QLinearGradient shade(0, 0, 0, height());
+        QColor clear = look::kGround;
+        clear.setAlpha(0);
+        shade.setColorAt(0, clear);
+        shade.setColorAt(0.4, look::kSoftGround);
+        shade.setColorAt(1, look::kBarGround);
+        QPainter(&m_ground).fillRect(m_ground.rect(), shade);
+    }
+    QPainter(this).drawPixmap(rect(), m_ground);
+}
+
+// A click beside the buttons is none on the picture.
+void PictureBar::mousePressEvent(QMouseEvent* event)
+{
+    event->setAccepted(event->button() == Qt::LeftButton);
+}
+
+void PictureBar::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    event->accept();
+}
+
+} // namespace orvanta
