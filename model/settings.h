@@ -7,6 +7,7 @@
 #include "model/texts.h"
 
 #include <QMap>
+#include <QSize>
 #include <QStringList>
 
 #include <algorithm>
@@ -66,6 +67,8 @@ inline constexpr std::array kSettings = {
     SettingKey{u"add-ins", u"path#", nullptr},  // its program, seen from the settings' folder
     SettingKey{u"pos", u"#", nullptr},          // the saved position of a clip, seconds
     SettingKey{u"text", u"codepage", nullptr},  // of old files; in platform.ini
+    SettingKey{u"window", u"width", nullptr},   // of the main window, pixels; in platform.ini
+    SettingKey{u"window", u"height", nullptr},  // the same
 };
 
 /// A row of the table. What is not there does not compile.
@@ -163,6 +166,10 @@ public:
     [[nodiscard]] QString setupSource() const { return read(iniKey(u"main", u"screxe")); }
     /// Of platform.ini: the code page of old files, "windows-1251"; empty: by the user's locale.
     [[nodiscard]] QString codePage() const { return read(iniKey(u"text", u"codepage")); }
+    /// Of platform.ini: the main window's size, logical pixels; an invalid one when none is stored
+    /// or what is stored is no size.
+    [[nodiscard]] QSize windowSize() const;
+    void setWindowSize(QSize size) const;
 
 private:
     /// name: what stands for the "#".
