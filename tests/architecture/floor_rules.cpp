@@ -77,7 +77,8 @@ bool hasDoor(const Floor& from, const Floor& to)
 /// The windows and surfaces that live on the lower floors.
 bool isWindowSource(const QString& path)
 {
-    static const QRegularExpression names(u"^(form[0-9]+_|video_surface|gl_|control_rows)"_s);
+    static const QRegularExpression names(
+        u"^(form[0-9]+_|video_surface|gl_|control_rows|command_menu)"_s);
     return names.match(QFileInfo(path).fileName()).hasMatch();
 }
 
