@@ -31,6 +31,19 @@ double Settings::number(const SettingKey& key) const
     return decimalValue(text.isEmpty() ? QString::fromUtf16(key.byDefault) : text);
 }
 
+QSize Settings::windowSize() const
+{
+    const int width = read(iniKey(u"window", u"width")).toInt();
+    const int height = read(iniKey(u"window", u"height")).toInt();
+    return width > 0 && height > 0 ? QSize(width, height) : QSize();
+}
+
+void Settings::setWindowSize(QSize size) const
+{
+    writeTogether({change(iniKey(u"window", u"width"), QString::number(size.width()), {}),
+                   change(iniKey(u"window", u"height"), QString::number(size.height()), {})});
+}
+
 void Settings::write(const SettingKey& key, const QString& value, const QString& name) const
 {
     const IniChange place = change(key, value, name);

@@ -8,6 +8,7 @@
 #include "model/texts.h"
 
 #include <QMap>
+#include <QSize>
 #include <QStringList>
 
 #include <algorithm>
@@ -76,6 +77,8 @@ inline constexpr std::array kSettings = {
     SettingKey{u"practice", u"even", nullptr},    // 1: even loudness
     SettingKey{u"practice", u"text", nullptr},    // over the picture: 0 off, 1 text, 2 large text
     SettingKey{u"text", u"codepage", nullptr},    // of old files; in platform.ini
+    SettingKey{u"window", u"width", nullptr},     // of the main window, pixels; in platform.ini
+    SettingKey{u"window", u"height", nullptr},    // the same
 };
 
 /// The lesson's text over the picture. The numbers are those of the settings file.
@@ -190,6 +193,10 @@ public:
     [[nodiscard]] QString setupSource() const { return read(iniKey(u"main", u"screxe")); }
     /// Of platform.ini: the code page of old files, "windows-1251"; empty: by the user's locale.
     [[nodiscard]] QString codePage() const { return read(iniKey(u"text", u"codepage")); }
+    /// Of platform.ini: the main window's size, logical pixels; an invalid one when none is stored
+    /// or what is stored is no size.
+    [[nodiscard]] QSize windowSize() const;
+    void setWindowSize(QSize size) const;
 
 private:
     /// name: what stands for the "#".

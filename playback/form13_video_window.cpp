@@ -241,10 +241,15 @@ void Form13::bringIntoSight(QSize contents)
     }
 }
 
-/// The clip's size, shrunk to fit the screen.
+/// The clip's size, shrunk to fit the screen, and there beside the main window.
 QSize Form13::sizeOfContents() const
 {
-    return shrunkToFit(m_contents, room().size() - frameSize());
+    const QSize onScreen = shrunkToFit(m_contents, room().size() - frameSize());
+    const QWidget* mainWindow = m_services.mainWindow();
+    const bool isBeside = mainWindow != nullptr && mainWindow->isVisible() &&
+                          room().intersects(mainWindow->frameGeometry());
+    return isBeside ? shrunkToFitBeside(mainWindow->frameGeometry(), onScreen, frameSize(), room())
+                    : onScreen;
 }
 
 void Form13::giveSizeOfContents()

@@ -6,7 +6,8 @@ namespace orvanta {
 
 namespace {
 
-constexpr int kGap = 8; // pixels between the two windows
+constexpr int kGap = 8;             // pixels between the two windows
+constexpr int kNarrowPicture = 320; // pixels; a smaller one is no pleasure to look at
 
 } // namespace
 
@@ -20,6 +21,22 @@ QSize shrunkToFit(QSize picture, QSize room)
 {
     const bool fits = picture.width() <= room.width() && picture.height() <= room.height();
     return fits ? picture : picture.scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1});
+}
+
+QSize shrunkToFitBeside(const QRect& neighbour, QSize picture, QSize frame, const QRect& screen)
+{
+    const int atRight = screen.x() + screen.width() - neighbour.x() - neighbour.width() - kGap;
+    const int atLeft = neighbour.x() - kGap - screen.x();
+    const int below = screen.y() + screen.height() - neighbour.y();
+    const QSize room = QSize(std::max(atRight, atLeft), below) - frame;
+    const bool fits = picture.boundedTo(room) == picture;
+    // A gap at the screen's edge, too: how thick a frame is shows only after the window has one.
+    const QSize withGap = room - QSize(kGap, kGap);
+    if (fits || withGap.width() < 1 || withGap.height() < 1) {
+        return picture;
+    }
+    const QSize shrunk = shrunkToFit(picture, withGap);
+    return shrunk.width() >= kNarrowPicture ? shrunk : picture;
 }
 
 QPoint placeBeside(const QRect& neighbour, QSize window, const QRect& screen)

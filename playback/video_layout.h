@@ -17,6 +17,12 @@ inline constexpr int kOutOfSight = -100000; // twips: the left edge of a window 
 /// The picture's size, shrunk to fit into the room with its shape kept.
 [[nodiscard]] QSize shrunkToFit(QSize picture, QSize room);
 
+/// The size of a picture that fits in its window at the right or left of a neighbour, at the same
+/// height: its own, or smaller in proportion, but not below 320 wide. Where even that does not fit,
+/// its own. frame: what the window has around the picture.
+[[nodiscard]] QSize shrunkToFitBeside(const QRect& neighbour, QSize picture, QSize frame,
+                                      const QRect& screen);
+
 /// Where a window of this size goes beside a neighbour: right of it, left, below, above, the first
 /// place that lies wholly on the screen; else as near to the right edge as the screen allows.
 [[nodiscard]] QPoint placeBeside(const QRect& neighbour, QSize window, const QRect& screen);

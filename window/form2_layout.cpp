@@ -100,7 +100,10 @@ void Form2::layOut()
     List1->setMinimumHeight(6 * skin::kRowHeight);
     orderTabs(controls());
     List1->setFocus();
-    resize(firstSizeOn(*screen(), {520, 440}));
+    const QSize kept = platformSettings().windowSize();
+    resize(firstSizeOn(*screen(), kept.isValid() ? kept : QSize(520, 440))
+               .expandedTo(minimumSizeHint()));
+    m_keptSize = size();
     move(firstPlace(size(), screen()->availableGeometry()));
 }
 

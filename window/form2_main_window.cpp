@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 
+#include <algorithm>
 #include <utility>
 
 namespace orvanta {
@@ -40,6 +41,18 @@ Form2::Form2(Form2Services services, QWidget* parent)
 
 Form2::~Form2() = default;
 
+/// A tip names the key behind it; the name that is read out stays the tip alone.
+static void nameKeysInTips(const ControlRows& controls)
+{
+    for (const CommandRow& command : commands()) {
+        const auto row = std::ranges::find(controls, command.control, &ControlRow::name);
+        if (!command.control.isEmpty() && row != controls.end()) {
+            auto* widget = qobject_cast<QWidget*>(row->control);
+            widget->setToolTip(u"%1 (%2)"_s.arg(widget->toolTip(), shownKey(command)));
+        }
+    }
+}
+
 // Each step that fails is passed over: whoever loads this window ignores errors.
 void Form2::Form2_Form_Load()
 {
@@ -50,6 +63,7 @@ void Form2::Form2_Form_Load()
                      .playing = interfaceText(u"Form2", u"List1.playing", language),
                      .paused = interfaceText(u"Form2", u"List1.paused", language)});
     Text1->setPlaceholderText(Text1->toolTip());
+    nameKeysInTips(controls());
     ListMenu->setLanguage(language);
     resumeNext("main window load, add-ins", [&] { buildAddInsMenu(language); });
     m_services.engine.attachView(*this);

@@ -254,6 +254,9 @@ private:
     void openPacketOrGroup(const QString& path);
     void dropDown(QMenu* menu, SkinButton* button);
     void noteWindowState();
+    [[nodiscard]] Settings platformSettings() const;
+    /// For the next start, when the size is another than at the beginning.
+    void keepSize();
 
     Form2Services m_services;
     MainWindowKeys m_keys;
@@ -263,6 +266,7 @@ private:
     int m_lastFound = 0;          // row of the last match
     QTimer m_missed;              // while it runs, the find box says that nothing was found
     int m_lineToMark = -1;        // for Timer2
+    QSize m_keptSize;             // logical pixels, as it is stored or was at the beginning
     bool m_sliderHeld = false;
     bool m_minimiseRequested = false; // Wayland never tells that a window is minimised
     bool m_roundedCorners = false;

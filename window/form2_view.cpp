@@ -1,3 +1,4 @@
+#include "core/paths.h"
 #include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
 #include "window/clip_line.h"
@@ -127,6 +128,7 @@ void Form2::showMainWindow()
 
 void Form2::hideMainWindow()
 {
+    keepSize();
     hide();
 }
 
@@ -177,6 +179,7 @@ void Form2::cancelModalWindows()
 void Form2::unloadAll()
 {
     m_unloading = true;
+    keepSize();
     for (QTimer* timer : {&Timer1, &Timer2, &Timer3}) {
         timer->stop();
     }
@@ -200,6 +203,21 @@ bool Form2::event(QEvent* event)
         update();
     }
     return QWidget::event(event);
+}
+
+Settings Form2::platformSettings() const
+{
+    return Settings(programFile(m_services.module.ApplicationFolder, u"\\platform.ini"_s));
+}
+
+// A maximised window has the size that it goes back to.
+void Form2::keepSize()
+{
+    const QSize now = isMaximized() || isFullScreen() ? normalGeometry().size() : size();
+    if (now != m_keptSize && now.isValid()) {
+        m_keptSize = now;
+        platformSettings().setWindowSize(now);
+    }
 }
 
 // Where the state is reported, a window that is restored without being activated is normal again.

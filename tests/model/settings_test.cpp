@@ -302,6 +302,20 @@ TEST(SavedValues, TheLevelOfTheTextIsOffWhereItIsAbsentOrSpoilt)
     }
 }
 
+TEST(SavedValues, AWindowsSizeIsReadBackAndWhatIsNoSizeIsNone)
+{
+    const SettingsFolder folder("[main]\n");
+    const QString file = folder.file(u"platform.ini"_s);
+    const Settings settings(file);
+    EXPECT_FALSE(settings.windowSize().isValid());
+    settings.setWindowSize({640, 500});
+    EXPECT_EQ(settings.windowSize(), QSize(640, 500));
+    for (const char* spoilt : {"", "0", "-5", "wide", "1e400", "99999999999999"}) {
+        folder.write(u"platform.ini"_s, QByteArray("[window]\nwidth=") + spoilt + "\nheight=500\n");
+        EXPECT_FALSE(settings.windowSize().isValid()) << spoilt;
+    }
+}
+
 TEST(SavedValues, APositionGoesByTheWholeTextOfItsClip)
 {
     const SettingsFolder folder;

@@ -69,6 +69,36 @@ TEST(VideoLayout, TheWindowGoesToTheFirstFreeSide)
     EXPECT_EQ(placeBeside({0, 0, 1000, 800}, kWindow, kScreen), QPoint(700, 0));
 }
 
+TEST(VideoLayout, APictureShrinksToTheRoomBesideTheNeighbourButNotTooFar)
+{
+    struct Row
+    {
+        const char* says;
+        QRect neighbour;
+        QSize picture, wanted;
+    };
+    constexpr QRect kScreen(0, 0, 1366, 768);
+    constexpr QSize kAround(2, 20);
+    const Row rows[] = {
+        {"it fits at the right", {99, 164, 520, 440}, {640, 480}, {640, 480}},
+        {"it fits at the left", {840, 100, 520, 440}, {800, 600}, {800, 600}},
+        {"it fits exactly", {99, 164, 520, 440}, {737, 480}, {737, 480}},
+        {"smaller at the right", {99, 164, 520, 440}, {1280, 720}, {729, 410}},
+        {"smaller at the left", {846, 100, 520, 440}, {1280, 640}, {828, 414}},
+        {"too low for 320", {0, 500, 520, 200}, {640, 640}, {640, 640}},
+        {"as high as there is room", {0, 400, 520, 200}, {640, 640}, {340, 340}},
+        {"320 is the least", {0, 0, 1028, 440}, {640, 480}, {320, 240}},
+        {"no room for 320", {0, 0, 1029, 440}, {640, 480}, {640, 480}},
+        {"a small one is not made larger", {0, 0, 1300, 440}, {160, 120}, {160, 120}},
+        {"the neighbour fills the screen", {0, 0, 1366, 768}, {640, 480}, {640, 480}},
+        {"the neighbour hangs out below", {0, 760, 520, 440}, {640, 480}, {640, 480}},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(shrunkToFitBeside(row.neighbour, row.picture, kAround, kScreen), row.wanted)
+            << row.says;
+    }
+}
+
 TEST(VideoLayout, AWindowIsBroughtInsideTheScreen)
 {
     constexpr QRect kScreen(100, 50, 1000, 800);

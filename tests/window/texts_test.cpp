@@ -3,6 +3,7 @@
 #include "tests/window/window_fixture.h"
 
 #include <QFontMetrics>
+#include <QMap>
 #include <QSet>
 
 namespace orvanta::test {
@@ -19,6 +20,16 @@ struct Row
 QString text(const char16_t* characters)
 {
     return QString::fromUtf16(characters);
+}
+
+/// The key that a control's tip names.
+QString keyOf(const QString& control)
+{
+    static const QMap<QString, QString> keys = {{u"Image8"_s, u"Ctrl+Shift+O"_s},
+                                                {u"Image14"_s, u"Ctrl+O"_s},
+                                                {u"Text1"_s, u"Ctrl+F"_s},
+                                                {u"Image2"_s, u"F3"_s}};
+    return keys.value(control);
 }
 
 constexpr Row kToolTips[] = {
@@ -69,10 +80,12 @@ TEST_F(InterfaceTexts, AreEnglishForLanguageOneAndRussianForEveryOther)
         for (const Row& row : kToolTips) {
             const auto* found = window->findChild<QWidget*>(text(row.control));
             ASSERT_NE(found, nullptr) << qPrintable(text(row.control));
-            EXPECT_EQ(found->toolTip(), text(language == 1 ? row.english : row.russian))
+            const QString tip = text(language == 1 ? row.english : row.russian);
+            const QString key = keyOf(found->objectName());
+            EXPECT_EQ(found->toolTip(), key.isEmpty() ? tip : tip + u" ("_s + key + u')')
                 << qPrintable(text(row.control));
             if (qobject_cast<const QLabel*>(found) == nullptr && !found->toolTip().isEmpty()) {
-                EXPECT_EQ(found->accessibleName(), found->toolTip());
+                EXPECT_EQ(found->accessibleName(), tip);
             }
         }
         for (const Row& row : kMenus) {

@@ -63,6 +63,16 @@ static Maker picture(const QString& seconds, const QString& codecs)
     };
 }
 
+/// A picture of this size ("1280x720"), without sound.
+static Maker pictureOf(const QString& size, const QString& seconds)
+{
+    return [=](const QString& target) {
+        return runFfmpeg(target,
+                         u"-f lavfi -i testsrc2=size=%1:rate=10:duration=%2 "_s.arg(size, seconds) +
+                             u"-c:v libx264 -preset ultrafast -pix_fmt yuv420p"_s);
+    };
+}
+
 /// A picture of one colour, without sound.
 static Maker red(const QString& seconds)
 {
@@ -138,6 +148,7 @@ static const std::map<QString, Maker>& makers()
         {u"brakes6.mp4"_s, video(u"6"_s, kMp4)},
         {u"video200.mp4"_s, video(u"200"_s, kMp4)},
         {u"silent2.mp4"_s, picture(u"2"_s, kMp4)},
+        {u"large20.mp4"_s, pictureOf(u"1280x720"_s, u"20"_s)},
         {u"sound2.mp3"_s, sound(u"2"_s, u"-c:a libmp3lame"_s)},
         {u"sound2.ogg"_s, sound(u"2"_s, u"-c:a libvorbis"_s)},
         {u"sound2.wav"_s, sound(u"2"_s, u"-c:a pcm_s16le"_s)},

@@ -12,6 +12,7 @@ namespace orvanta::e2e {
 ///   brakes6.mp4                                    6 s of picture and sound
 ///   video200.mp4                                   200 s of picture and sound
 ///   silent2.mp4                                    2 s of picture
+///   large20.mp4                                    20 s of a picture of 1280 by 720
 ///   sound2.mp3 sound2.ogg sound2.wav               2 s of sound
 ///   tone20.wav                                     20 s of a steady, loud tone
 ///   short.avi short.mp4 short.mp3 short.wav        0.3 s
