@@ -28,6 +28,11 @@ void Form13::buildBar()
         m_services.seek(seconds);
         showBarTime();
     }));
+    connectBarButtons();
+}
+
+void Form13::connectBarButtons()
+{
     const auto connectButton = [this](BarButton* button, const std::function<void()>& action) {
         connect(button, &QAbstractButton::clicked, this, m_services.boundary([this, action](bool) {
             doByHand(action);

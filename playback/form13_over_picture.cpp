@@ -18,7 +18,7 @@ constexpr double kTextWidth = 0.9;   // of the window's width
 constexpr int kBottomPart = 30;      // below the text this part of the picture's height stays free
 constexpr double kTextBand = 0.24;   // of the window's height, below a still picture
 constexpr double kLargeTextBand = 0.4; // three lines of the large text
-constexpr int kIntoBar = 12;           // pixels: the bar begins with nearly nothing
+constexpr int kIntoBar = 4;            // pixels: the bar begins with nearly nothing
 constexpr QSize kTextGround(640, 360); // pixels
 
 void Form13::setLine(const LessonLine& line)

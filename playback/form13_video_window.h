@@ -167,6 +167,7 @@ private:
     void showChanges(int stateBefore, Int16 volumeBefore, const LessonLine& lineBefore);
     [[nodiscard]] QString text(QStringView name) const;
     void buildBar();
+    void connectBarButtons();
     [[nodiscard]] bool isBarShown() const;
     void showBar();
     void hideBar();

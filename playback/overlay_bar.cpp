@@ -59,7 +59,7 @@ PictureBar::PictureBar(QWidget* parent)
     : QWidget(parent),
       position(newLabel(this, look::kText, timeFont())),
       track(new BarTrack(this)),
-      length(newLabel(this, look::kTextMuted, timeFont())),
+      length(newLabel(this, look::kTextSoft, timeFont())),
       previous(new BarButton(bar_drawings::kPrevious, BarButton::Ordinary, this)),
       play(new BarButton(bar_drawings::kPlay, BarButton::Principal, this)),
       next(new BarButton(bar_drawings::kNext, BarButton::Ordinary, this)),
@@ -186,7 +186,7 @@ void PictureBar::paintEvent(QPaintEvent* /*event*/)
         QColor clear = look::kGround;
         clear.setAlpha(0);
         shade.setColorAt(0, clear);
-        shade.setColorAt(0.4, look::kSoftGround);
+        shade.setColorAt(0.36, look::kSoftGround);
         shade.setColorAt(1, look::kBarGround);
         QPainter(&m_ground).fillRect(m_ground.rect(), shade);
     }

@@ -12,7 +12,7 @@ inline constexpr QColor kWarning{0xb8, 0x4a, 0x4f};     // the end mark
 inline constexpr QColor kAccentFaint{0x25, 0x43, 0x45}; // the ground of what is switched on
 inline constexpr QColor kOnAccent{0x10, 0x23, 0x1f};    // a sign on the accent
 inline constexpr QColor kText{0xe6, 0xea, 0xf2};
-inline constexpr QColor kTextMuted{0x8e, 0x99, 0xab}; // what is of second rank
+inline constexpr QColor kTextSoft{0xc3, 0xca, 0xd6}; // what is of second rank
 inline constexpr QColor kAccent{0x4f, 0xb3, 0xa5};
 inline constexpr QColor kGroove{0xff, 0xff, 0xff, 64}; // of the position, 25 %
 inline constexpr QColor kBarGround{0x0b, 0x0d, 0x11, 224};

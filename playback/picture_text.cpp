@@ -93,7 +93,7 @@ static QString shortened(const QString& text)
 
 QString textThatFits(const QString& text, const TextShape& shape)
 {
-    const QString whole = text.simplified();
+    QString whole = text.simplified();
     QString part = beginningOf(whole.left(kLongestText), shape).trimmed();
     if (part == whole) {
         return whole;
