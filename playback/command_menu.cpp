@@ -28,29 +28,44 @@ CommandMenu::CommandMenu(MenuPlace place, QWidget* parent)
         if (group != MenuGroup::None && group != row.group) {
             addSeparator();
         }
+        if (group != row.group && row.group == MenuGroup::Practice) {
+            m_practice = addMenu(QString());
+        }
         group = row.group;
-        addCommand(row);
+        addCommand(group == MenuGroup::Practice ? *m_practice : *this, row);
     }
     connect(this, &QMenu::triggered, this,
             [this](const QAction* entry) { Q_EMIT chosen(commandOf(*entry)); });
 }
 
 // A shortcut of a menu that nothing drops down is never heard, which is as it should be here.
-void CommandMenu::addCommand(const CommandRow& row)
+void CommandMenu::addCommand(QMenu& menu, const CommandRow& row)
 {
-    QAction* entry = addAction(QString());
+    QAction* entry = menu.addAction(QString());
     entry->setData(int(row.command));
     entry->setCheckable(row.isSwitch);
     entry->setShortcut(QKeySequence(shownKey(row), QKeySequence::NativeText));
     entry->setShortcutVisibleInContextMenu(true);
 }
 
+QList<QAction*> CommandMenu::entries() const
+{
+    QList<QAction*> entries = actions();
+    if (m_practice != nullptr) {
+        entries.removeOne(m_practice->menuAction());
+        entries += m_practice->actions();
+    }
+    entries.removeIf([](const QAction* entry) { return entry->isSeparator(); });
+    return entries;
+}
+
 void CommandMenu::setLanguage(TextLanguage language)
 {
-    for (QAction* entry : actions()) {
-        if (!entry->isSeparator()) {
-            entry->setText(interfaceText(u"Command", rowOf(commandOf(*entry)).name, language));
-        }
+    for (QAction* entry : entries()) {
+        entry->setText(interfaceText(u"Command", rowOf(commandOf(*entry)).name, language));
+    }
+    if (m_practice != nullptr) {
+        m_practice->setTitle(interfaceText(u"Practice", u"menu", language));
     }
 }
 
@@ -59,9 +74,9 @@ void CommandMenu::open(QPoint place, const CommandFacts& facts)
     if (isVisible()) {
         return;
     }
-    for (QAction* entry : actions()) {
+    for (QAction* entry : entries()) {
         const CommandState state = stateOf(commandOf(*entry), facts);
-        entry->setEnabled(entry->isSeparator() || state.enabled);
+        entry->setEnabled(state.enabled);
         entry->setChecked(state.checked);
     }
     popup(place);
@@ -69,11 +84,10 @@ void CommandMenu::open(QPoint place, const CommandFacts& facts)
 
 QAction* CommandMenu::entryOf(Command command) const
 {
-    const QList<QAction*> entries = actions();
-    const auto entry = std::ranges::find_if(entries, [&](const QAction* candidate) {
-        return !candidate->isSeparator() && commandOf(*candidate) == command;
-    });
-    return entry == entries.end() ? nullptr : *entry;
+    const QList<QAction*> all = entries();
+    const auto entry = std::ranges::find_if(
+        all, [&](const QAction* candidate) { return commandOf(*candidate) == command; });
+    return entry == all.end() ? nullptr : *entry;
 }
 
 } // namespace orvanta

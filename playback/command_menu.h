@@ -8,7 +8,7 @@
 
 namespace orvanta {
 
-/// Goes by the table of commands. Each entry shows its key; an entry that can do nothing is grey.
+/// Goes by the table of commands; practice is a submenu. Each entry shows its key; an entry that can do nothing is grey.
 /// The keys are shown alone: the windows hear them.
 class CommandMenu : public QMenu
 {
@@ -28,7 +28,11 @@ Q_SIGNALS:
     void chosen(Command command);
 
 private:
-    void addCommand(const CommandRow& row);
+    static void addCommand(QMenu& menu, const CommandRow& row);
+    /// Those of the submenu among them, without the lines between groups.
+    [[nodiscard]] QList<QAction*> entries() const;
+
+    QMenu* m_practice = nullptr; // the group of practice, which would make the menu too long
 };
 
 } // namespace orvanta

@@ -18,7 +18,10 @@ TEST(CommandStates, NothingOpenLeavesOnlyWhatOpensAndEnds)
         if (row.group != MenuGroup::None) {
             const bool always = row.group == MenuGroup::Opening ||
                                 row.group == MenuGroup::Program ||
-                                row.command == Command::AlwaysOnTop;
+                                row.command == Command::AlwaysOnTop ||
+                                row.command == Command::NextTextLevel ||
+                                (row.group == MenuGroup::Practice &&
+                                 row.command != Command::NormalSpeed);
             EXPECT_EQ(stateOf(row.command, nothing).enabled, always)
                 << qPrintable(row.name.toString());
         }

@@ -78,8 +78,9 @@ TEST_F(ListMenu, OpensByTheMenuKeyAndByShiftF10ForTheCurrentLine)
     QTest::keyClick(window->List1, Qt::Key_Menu);
     EXPECT_TRUE(window->ListMenu->isVisible());
     const QRect line = window->List1->visualRect(window->List1->currentIndex());
-    EXPECT_EQ(window->ListMenu->pos().y(),
-              window->List1->viewport()->mapToGlobal(line.bottomLeft()).y());
+    const int below = window->List1->viewport()->mapToGlobal(line.bottomLeft()).y();
+    const int lowest = window->screen()->geometry().bottom() + 1 - window->ListMenu->height();
+    EXPECT_EQ(window->ListMenu->pos().y(), std::min(below, lowest));
     window->ListMenu->hide();
     QTest::keyClick(window->List1, Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_TRUE(window->ListMenu->isVisible());
@@ -151,10 +152,10 @@ TEST_F(ListMenu, SteersThePlayer)
     QTest::keyClick(window->List1, Qt::Key_Menu);
     EXPECT_TRUE(entry(Command::ToggleFullScreen).isChecked());
     window->ListMenu->hide();
-    choose(Command::NextClip);
+    choose(Command::NextLine);
     EXPECT_EQ(module.playlist.CurrentClip.value(), 2);
     ASSERT_TRUE(QTest::qWaitFor([&] { return control.CurrentState() == MediaControl::Running; }));
-    choose(Command::PreviousClip);
+    choose(Command::PreviousLine);
     EXPECT_EQ(module.playlist.CurrentClip.value(), 1);
     ASSERT_TRUE(QTest::qWaitFor([&] { return control.CurrentState() == MediaControl::Running; }));
     choose(Command::Stop);
