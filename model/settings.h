@@ -79,6 +79,7 @@ inline constexpr std::array kSettings = {
     SettingKey{u"text", u"codepage", nullptr},    // of old files; in platform.ini
     SettingKey{u"window", u"width", nullptr},     // of the main window, pixels; in platform.ini
     SettingKey{u"window", u"height", nullptr},    // the same
+    SettingKey{u"window", u"zoom", nullptr},      // of its texts, percent; in platform.ini
 };
 
 /// The lesson's text over the picture. The numbers are those of the settings file.
@@ -197,6 +198,12 @@ public:
     /// or what is stored is no size.
     [[nodiscard]] QSize windowSize() const;
     void setWindowSize(QSize size) const;
+    /// Of platform.ini: how large the main window's texts are, percent.
+    [[nodiscard]] int textZoom() const { return wholeNumber(iniKey(u"window", u"zoom"), 100); }
+    void setTextZoom(int percent) const
+    {
+        write(iniKey(u"window", u"zoom"), QString::number(percent));
+    }
 
 private:
     /// name: what stands for the "#".

@@ -49,6 +49,9 @@ enum class Command
     OpenClips,
     Find,
     FindAgain,
+    TextsLarger,  // of the main window
+    TextsSmaller, // of the main window
+    TextsNormal,  // of the main window
     Help,
     ShowMenu,
     Quit,

@@ -79,14 +79,10 @@ void Form2::buildButtons()
 void Form2::buildBoxes()
 {
     Text1 = new QLineEdit(m_surface);
-    Text1->setFont(skin::interfaceFont(12));
-    Text1->setFixedHeight(skin::kButtonSide);
     QPalette palette = Text1->palette();
     palette.setColor(QPalette::PlaceholderText, skin::kTextMuted);
     Text1->setPalette(palette);
     Text2 = new ClipLine(m_surface);
-    Text2->setFont(skin::interfaceFont(17));
-    Text2->setFixedHeight(skin::kClipHeight);
     List1 = new PlaylistList(m_surface);
     const TextLanguage language =
         textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
@@ -101,14 +97,10 @@ void Form2::buildSliders()
     Slider2 = new SkinSlider(SkinSlider::Fill::FromLeft, 5, m_surface);
     Slider3 = new SkinSlider(SkinSlider::Fill::FromCentre, 5, m_surface);
     const auto label = [this](const QColor& colour) {
-        auto* made = new QLabel(u"000000,000"_s, m_surface);
-        made->setFont(skin::digitsFont(13));
+        auto* made = new QLabel(u"0.00"_s, m_surface);
         QPalette palette = made->palette();
         palette.setColor(QPalette::WindowText, colour);
         made->setPalette(palette);
-        // Room for the longest usual text, so that a running time moves nothing.
-        made->setMinimumWidth(made->sizeHint().width());
-        made->setText(u"0.00"_s);
         return made;
     };
     Label1 = label(skin::kText);

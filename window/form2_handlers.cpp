@@ -268,7 +268,7 @@ void Form2::Form2_List1_MouseMove(int y)
     constexpr int kTwipsPerPixel = 15;
     // Far down in the longest lists the row leaves 16 bits; the tool tip is not worth the program.
     trapped("tool tip of the playlist", [&] {
-        const Int16 row = rowUnderPointer(y * kTwipsPerPixel, List1->topLine());
+        const Int16 row = rowUnderPointer(y * kTwipsPerPixel / List1->zoom(), List1->topLine());
         if (row < Int16(1) || row.index() >= List1->lines().size()) {
             return;
         }

@@ -8,6 +8,7 @@
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin_button.h"
+#include "window/text_zoom.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -78,6 +79,12 @@ void Form2::carryOut(Command command)
         return Form2_doc_Click();
     case Command::NextTextLevel:
         return m_services.nextTextLevel();
+    case Command::TextsLarger:
+        return zoomTo(largerZoom(zoom()));
+    case Command::TextsSmaller:
+        return zoomTo(smallerZoom(zoom()));
+    case Command::TextsNormal:
+        return zoomTo(kNormalZoom);
     case Command::AlwaysOnTop:
         return toggleAlwaysOnTop();
     case Command::OpenFile:

@@ -57,7 +57,6 @@ static QWidget* badge(QWidget* parent)
 static QLabel* title(QWidget* parent)
 {
     auto* label = new QLabel(parent);
-    label->setFont(skin::interfaceFont(13, true));
     QPalette palette = label->palette();
     palette.setColor(QPalette::WindowText, skin::kText);
     label->setPalette(palette);
@@ -97,7 +96,7 @@ void Form2::layOut()
     rows->addLayout(positionRow());
     rows->addSpacing(skin::kGrid + skin::kGrid / 2);
     rows->addLayout(transportRow());
-    List1->setMinimumHeight(6 * skin::kRowHeight);
+    applyZoom();
     orderTabs(controls());
     List1->setFocus();
     const QSize kept = platformSettings().windowSize();
@@ -109,12 +108,12 @@ void Form2::layOut()
 
 QBoxLayout* Form2::titleRow()
 {
-    QLabel* caption = title(m_surface);
-    connect(this, &QWidget::windowTitleChanged, caption, &QLabel::setText);
+    m_caption = title(m_surface);
+    connect(this, &QWidget::windowTitleChanged, m_caption, &QLabel::setText);
     QBoxLayout* layout = row(skin::kGrid / 2);
     layout->addWidget(badge(m_surface));
     layout->addSpacing(skin::kGrid / 2);
-    layout->addWidget(caption, 1);
+    layout->addWidget(m_caption, 1);
     layout->addWidget(Image12);
     layout->addWidget(Image13);
     return layout;

@@ -52,6 +52,9 @@ bool Form2::carryOutForVideoWindow(Command command)
         bringMainWindowToFront();
         break;
     case Command::Help:
+    case Command::TextsLarger:
+    case Command::TextsSmaller:
+    case Command::TextsNormal:
         break;
     default:
         return false;

@@ -245,6 +245,11 @@ private:
     void Form2_ab_Click();
 
     [[nodiscard]] bool find(const QString& wanted);
+    // form2_zoom.cpp
+    void zoomTo(int percent);
+    [[nodiscard]] int zoom() const;
+    void applyZoom();
+
     void sayFound(bool found);
     void carryOut(Command command);
     void toggleAlwaysOnTop();
@@ -260,6 +265,7 @@ private:
 
     Form2Services m_services;
     MainWindowKeys m_keys;
+    QLabel* m_caption = nullptr;  // the window's title
     QWidget* m_surface = nullptr; // everything inside the edge that resizes
     TransportLooks m_looks;       // as the buttons show them
     QString m_lastFind;           // text of the last search

@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace orvanta {
 
@@ -32,12 +33,24 @@ PlaylistDelegate::PlaylistDelegate(const PlaylistModel* model, QObject* parent)
 QSize PlaylistDelegate::sizeHint(const QStyleOptionViewItem& /*option*/,
                                  const QModelIndex& /*index*/) const
 {
-    return {kClipTextLeft, skin::kRowHeight};
+    return {kClipTextLeft, rowHeight()};
 }
 
-QRect PlaylistDelegate::boxArea(const QRect& line)
+/// Whole pixels: the tool tip reckons with rows of exactly one height.
+void PlaylistDelegate::setZoom(double zoom)
 {
-    return {line.left(), line.top(), kBoxLeft + kBoxSide + 4, line.height()};
+    m_zoom = std::round(skin::kRowHeight * zoom) / skin::kRowHeight;
+}
+
+int PlaylistDelegate::rowHeight() const
+{
+    return static_cast<int>(std::lround(skin::kRowHeight * m_zoom));
+}
+
+QRect PlaylistDelegate::boxArea(const QRect& line) const
+{
+    const int width = static_cast<int>(std::lround((kBoxLeft + kBoxSide + 4) * m_zoom));
+    return {line.left(), line.top(), width, line.height()};
 }
 
 void PlaylistDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -47,16 +60,20 @@ void PlaylistDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     paintRow(*painter, option);
+    // From here on in pixels of a row that is 13 high.
+    painter->translate(option.rect.topLeft());
+    painter->scale(m_zoom, m_zoom);
+    const QRect line(0, 0, static_cast<int>(option.rect.width() / m_zoom), skin::kRowHeight);
     if (m_model->hasBox(row)) {
-        paintBox(*painter, option.rect, m_model->isChecked(row));
+        paintBox(*painter, line, m_model->isChecked(row));
     }
-    paintSign(*painter, option.rect, m_model->signOf(row));
+    paintSign(*painter, line, m_model->signOf(row));
     const bool current = (option.state & QStyle::State_Selected) != 0;
     painter->setPen(QPen(current ? skin::kAccent : skin::kTreeLine, 1));
-    const int textLeft = paintTree(*painter, option.rect, row);
-    const QString& line = m_model->lines()[static_cast<std::size_t>(row)].text;
-    const QString text = row == 0 ? line : textWithoutPrefix(line);
-    const QRect place = option.rect.adjusted(textLeft, 0, -4, 0);
+    const int textLeft = paintTree(*painter, line, row);
+    const QString& whole = m_model->lines()[static_cast<std::size_t>(row)].text;
+    const QString text = row == 0 ? whole : textWithoutPrefix(whole);
+    const QRect place = line.adjusted(textLeft, 0, -4, 0);
     painter->setFont(option.font);
     painter->setPen(current ? QColor(skin::kText) : textColour(row));
     painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,

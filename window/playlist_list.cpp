@@ -143,10 +143,11 @@ Qt::ItemFlags PlaylistModel::flags(const QModelIndex& index) const
 
 PlaylistList::PlaylistList(QWidget* parent)
     : QListView(parent),
-      m_model(new PlaylistModel(this))
+      m_model(new PlaylistModel(this)),
+      m_delegate(new PlaylistDelegate(m_model, this))
 {
     setModel(m_model);
-    setItemDelegate(new PlaylistDelegate(m_model, this));
+    setItemDelegate(m_delegate);
     setUniformItemSizes(true);
     setVerticalScrollMode(ScrollPerItem);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -158,6 +159,13 @@ PlaylistList::PlaylistList(QWidget* parent)
     setAcceptDrops(true);
     setDragDropMode(DropOnly);
     setDropIndicatorShown(false);
+}
+
+void PlaylistList::setZoom(double zoom)
+{
+    m_delegate->setZoom(zoom);
+    scheduleDelayedItemsLayout();
+    viewport()->update();
 }
 
 void PlaylistList::setLines(std::vector<TreeLine> lines)
@@ -216,8 +224,7 @@ void PlaylistList::showToolTip(const QPoint& globalPlace, const QPoint& place)
 bool PlaylistList::toggleAt(QPoint place)
 {
     const QModelIndex line = indexAt(place);
-    if (!m_model->hasBox(line.row()) ||
-        !PlaylistDelegate::boxArea(visualRect(line)).contains(place)) {
+    if (!m_model->hasBox(line.row()) || !boxArea(visualRect(line)).contains(place)) {
         return false;
     }
     toggleLine(line.row());

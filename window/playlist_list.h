@@ -74,7 +74,12 @@ public:
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override;
     /// Where a click toggles, given the line's rectangle.
-    [[nodiscard]] static QRect boxArea(const QRect& line);
+    [[nodiscard]] QRect boxArea(const QRect& line) const;
+    /// 1: rows of 13 pixels. What is in them grows alike.
+    void setZoom(double zoom);
+    /// The height of a row in pixels, over 13.
+    [[nodiscard]] double zoom() const { return m_zoom; }
+    [[nodiscard]] int rowHeight() const;
 
 private:
     void paintRow(QPainter& painter, const QStyleOptionViewItem& option) const;
@@ -85,12 +90,13 @@ private:
     [[nodiscard]] bool isHeader(int row) const;
 
     const PlaylistModel* m_model;
+    double m_zoom = 1;
 };
 
 /// Clicking a box toggles it, clicking a text moves the cursor. Letters are not searched for: they
 /// pass on to the window, and so does Space for who uses the mouse: only a line to which the
 /// keyboard has gone is checked by it, or a pause would take the line out of the lesson. Rows are
-/// 13 pixels high and begin at the viewport's top.
+/// 13 pixels high, times the zoom, and begin at the viewport's top.
 class PlaylistList : public QListView
 {
     Q_OBJECT
@@ -118,6 +124,12 @@ public:
     void setWords(const LineWords& words) { m_model->setWords(words); }
     void showPlaying(const PlayingPlace& place) { m_model->showPlaying(place); }
     [[nodiscard]] PlayingSign signOf(int line) const { return m_model->signOf(line); }
+    /// 1: rows of 13 pixels. What is in them grows alike.
+    void setZoom(double zoom);
+    [[nodiscard]] double zoom() const { return m_delegate->zoom(); }
+    [[nodiscard]] int rowHeight() const { return m_delegate->rowHeight(); }
+    /// Where a click toggles a line, given its rectangle.
+    [[nodiscard]] QRect boxArea(const QRect& line) const { return m_delegate->boxArea(line); }
 
     void keyboardSearch(const QString& /*search*/) override {}
 
@@ -155,6 +167,7 @@ private:
     void choose();
 
     PlaylistModel* m_model;
+    PlaylistDelegate* m_delegate;
 };
 
 } // namespace orvanta

@@ -95,8 +95,7 @@ PracticeChips::PracticeChips(TextLanguage language, QWidget* parent)
 QPushButton* PracticeChips::makeChip(const QString& text)
 {
     auto* chip = new QPushButton(text, this);
-    chip->setFont(skin::interfaceFont(11));
-    chip->setFixedHeight(kChipHeight);
+    chip->setMinimumHeight(kChipHeight);
     chip->setCursor(Qt::PointingHandCursor);
     chip->setAccessibleName(text);
     return chip;

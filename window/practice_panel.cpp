@@ -47,6 +47,7 @@ PracticePanel::PracticePanel(TextLanguage language, QWidget* parent)
       m_language(language)
 {
     hide();
+    setFont(skin::interfaceFont(12)); // for what is in it
     buildControls();
     nameControls(controls());
     applyTexts(controls(), language);
@@ -62,9 +63,7 @@ void PracticePanel::buildControls()
     const auto box = [this](QLabel*& label) {
         label = new QLabel(this);
         auto* made = new QComboBox(this);
-        made->setFont(skin::interfaceFont(12));
         made->setMaxVisibleItems(12);
-        label->setFont(skin::interfaceFont(12));
         label->setBuddy(made);
         return made;
     };
@@ -78,10 +77,6 @@ void PracticePanel::buildControls()
     NormalButton = new QPushButton(this);
     NormalButton->setFlat(true);
     NormalButton->setCursor(Qt::PointingHandCursor);
-    for (QWidget* widget : {static_cast<QWidget*>(MirrorBox), static_cast<QWidget*>(EvenBox),
-                            static_cast<QWidget*>(NormalButton)}) {
-        widget->setFont(skin::interfaceFont(12));
-    }
 }
 
 void PracticePanel::fillBoxes()

@@ -162,7 +162,7 @@ protected:
     [[nodiscard]] QPoint boxOfRow(int row) const
     {
         const QRect line = window->List1->visualRect(window->List1->model()->index(row, 0));
-        return PlaylistDelegate::boxArea(line).center();
+        return window->List1->boxArea(line).center();
     }
 
     void clickRow(int row) const { clickListAt(textOfRow(row)); }
