@@ -1,6 +1,7 @@
 #include "tests/session/random_user.h"
 
 #include "platform/process/hand_over_queue.h"
+#include "playback/practice_controls.h"
 #include "system/mpris_session.h"
 #include "window/clip_line.h"
 #include "window/skin_button.h"
@@ -49,6 +50,7 @@ const std::vector<RandomUser::Deed>& RandomUser::deeds()
         {8, &RandomUser::callMediaControls},
         {3, &RandomUser::handOver},
         {4, &RandomUser::changeOption},
+        {6, &RandomUser::practise},
         {4, &RandomUser::useVideoWindow},
         {4, &RandomUser::useMainWindow},
         {1, &RandomUser::useAbout},
@@ -446,6 +448,40 @@ void RandomUser::changeOption(ProgramRun& run)
     const QString value = m_dice.chance(70) ? u"1"_s : u"0"_s;
     note(u"option %1=%2"_s.arg(option, value));
     WriteIni(u"options"_s, option, value, run.module.IniPath);
+}
+
+void RandomUser::practise(ProgramRun& run)
+{
+    PlaybackEngine& engine = run.program.engine();
+    switch (m_dice.below(6)) {
+    case 0:
+        note(u"next line"_s);
+        return engine.lineStep(1);
+    case 1:
+        note(u"previous line"_s);
+        return engine.lineStep(-1);
+    case 2:
+        note(u"this line again"_s);
+        return engine.lineAgain();
+    case 3:
+        note(u"go on"_s);
+        return engine.practice().goOn();
+    default:
+        static const std::vector<int> kWaits = {Practice::kWaitForSeconds, Practice::kWaitForKey,
+                                                Practice::kNoWait, 50, 100};
+        const Practice practice = {.speed = 50 + m_dice.below(150),
+                                   .times = m_dice.below(4),
+                                   .wait = m_dice.oneOf(kWaits),
+                                   .seconds = 1,
+                                   .from = 40 + m_dice.below(61),
+                                   .step = m_dice.below(30),
+                                   .mirror = m_dice.chance(30),
+                                   .even = m_dice.chance(30)};
+        note(u"practise: %1 %, %2 times, wait %3"_s.arg(practice.speed)
+                 .arg(practice.times)
+                 .arg(practice.wait));
+        return engine.practice().set(practice);
+    }
 }
 
 void RandomUser::useVideoWindow(ProgramRun& run)

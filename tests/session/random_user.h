@@ -73,6 +73,7 @@ private:
     void callMediaControls(ProgramRun& run);
     void handOver(ProgramRun& run);
     void changeOption(ProgramRun& run);
+    void practise(ProgramRun& run);
     void useVideoWindow(ProgramRun& run);
     void useMainWindow(ProgramRun& run);
     void tick(ProgramRun& run);

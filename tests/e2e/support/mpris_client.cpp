@@ -79,6 +79,16 @@ int MprisClient::volume()
     return static_cast<int>(std::lround(property(kPlayer, u"Volume"_s).toDouble() * 100));
 }
 
+double MprisClient::rate()
+{
+    return property(kPlayer, u"Rate"_s).toDouble();
+}
+
+QString MprisClient::loop()
+{
+    return property(kPlayer, u"LoopStatus"_s).toString();
+}
+
 bool MprisClient::isFullScreen()
 {
     return property(kRoot, u"Fullscreen"_s).toBool();
@@ -115,10 +125,25 @@ void MprisClient::seekTo(double seconds)
     call(u"SetPosition"_s, {track, QVariant::fromValue(std::llround(seconds * kMicro))});
 }
 
+void MprisClient::setRate(double rate)
+{
+    setProperty(kPlayer, u"Rate"_s, rate);
+}
+
+void MprisClient::setLoop(const QString& status)
+{
+    setProperty(kPlayer, u"LoopStatus"_s, status);
+}
+
 void MprisClient::setFullScreen(bool on)
 {
+    setProperty(kRoot, u"Fullscreen"_s, on);
+}
+
+void MprisClient::setProperty(const QString& interface, const QString& name, const QVariant& value)
+{
     send(u"org.freedesktop.DBus.Properties"_s, u"Set"_s,
-         {kRoot, u"Fullscreen"_s, QVariant::fromValue(QDBusVariant(on))});
+         {interface, name, QVariant::fromValue(QDBusVariant(value))});
 }
 
 } // namespace orvanta::e2e

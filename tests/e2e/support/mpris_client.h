@@ -23,6 +23,8 @@ public:
     [[nodiscard]] double seconds(); // the position
     [[nodiscard]] double length();  // of the current clip, seconds; 0 while unknown
     [[nodiscard]] int volume();     // 0 to 100
+    [[nodiscard]] double rate();
+    [[nodiscard]] QString loop(); // "None", "Track", "Playlist"
     [[nodiscard]] bool isFullScreen();
     [[nodiscard]] QString title();
     [[nodiscard]] QVariantMap metadata();
@@ -30,10 +32,13 @@ public:
     QDBusMessage call(const QString& method, const QVariantList& arguments = {});     // Player
     QDBusMessage callRoot(const QString& method, const QVariantList& arguments = {}); // program
     void seekTo(double seconds);
+    void setRate(double rate);
+    void setLoop(const QString& status);
     void setFullScreen(bool on);
 
 private:
     QVariant property(const QString& interface, const QString& name);
+    void setProperty(const QString& interface, const QString& name, const QVariant& value);
     QDBusMessage send(const QString& interface, const QString& method,
                       const QVariantList& arguments);
 
