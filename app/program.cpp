@@ -61,11 +61,13 @@ void Program::openVideoWindow()
         .menuSheet = skin::commandMenuSheet(),
         .bar = {.previousLine = [this] { m_engine->lineStep(-1); },
                 .nextLine = [this] { m_engine->lineStep(1); },
+                .lineAgain = [this] { m_engine->lineAgain(); },
                 .marks = [this] { return currentMarks(m_surroundings.module.playlist); },
                 .toggleRepeat = [this] { m_engine->practice().toggleRepeat(); },
                 .isRepeating = [this] { return m_engine->practice().values().isEndless(); },
-                .repeatText = nullptr,
-                .speed = [this] { return m_control->Speed(); }},
+                .repeatText = [this] { return m_engine->practice().roundText(); },
+                .speed = [this] { return m_control->Speed(); },
+                .goOn = [this] { m_engine->practice().goOn(); }},
     });
     m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
     connect(m_engine.get(), &PlaybackEngine::cursorChanged, m_videoWindow.get(),
@@ -74,6 +76,12 @@ void Program::openVideoWindow()
             &Form13::showVolume);
     connect(&m_engine->practice(), &PracticeControls::said, m_videoWindow.get(),
             [this](const QString& text) { m_videoWindow->showSign(text); });
+    connect(m_engine.get(), &PlaybackEngine::lineChosen, m_videoWindow.get(),
+            &Form13::showLineSign);
+    connect(&m_engine->practice(), &PracticeControls::waitBegan, m_videoWindow.get(),
+            &Form13::showWait);
+    connect(&m_engine->practice(), &PracticeControls::waitOver, m_videoWindow.get(),
+            &Form13::showWaitOver);
     connect(&m_engine->practice(), &PracticeControls::changed, m_videoWindow.get(),
             &Form13::refreshBar);
     m_videoWindow->mirror().VideoState = 0;

@@ -15,11 +15,13 @@ struct BarPorts
 {
     std::function<void()> previousLine;
     std::function<void()> nextLine;
+    std::function<void()> lineAgain;
     std::function<std::vector<LessonMark>()> marks; // of the clip that plays
     std::function<void()> toggleRepeat;
     std::function<bool()> isRepeating;   // with toggleRepeat
     std::function<QString()> repeatText; // "Repeat 2 of 5"; empty for none
-    std::function<double()> speed;       // 1 as recorded
+    std::function<double()> speed;       // 1 as recorded, which is not shown
+    std::function<void()> goOn;          // after a wait
 };
 
 } // namespace orvanta

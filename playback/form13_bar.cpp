@@ -4,6 +4,8 @@
 #include "playback/overlay_button.h"
 #include "playback/overlay_picture.h"
 #include "playback/overlay_track.h"
+#include "playback/overlay_wait_ring.h"
+#include "playback/practice_texts.h"
 
 #include <QMouseEvent>
 
@@ -42,7 +44,10 @@ void Form13::connectBarButtons()
     connectButton(Bar->previous, m_services.bar.previousLine);
     connectButton(Bar->play, [this] { m_keys.togglePlay(); });
     connectButton(Bar->next, m_services.bar.nextLine);
+    connectButton(Bar->again, m_services.bar.lineAgain);
     connectButton(Bar->repeat, m_services.bar.toggleRepeat);
+    connect(Bar->ring, &WaitRing::pressed, this,
+            m_services.boundary([this] { doByHand(m_services.bar.goOn); }));
     connectButton(Bar->text, [this] { nextTextLevel(); });
     connectButton(Bar->fullScreen, [this] { m_keys.toggleFullScreen(); });
 }
@@ -122,14 +127,25 @@ void Form13::refreshBar()
     const QString repeated = ports.repeatText ? ports.repeatText() : QString();
     Bar->repeatText->setVisible(!repeated.isEmpty());
     Bar->repeatText->setText(repeated);
-    Bar->speed->setVisible(ports.speed != nullptr);
-    if (ports.speed) {
-        Bar->speed->setText(u"%1 ×"_s.arg(QLocale().toString(ports.speed(), 'g', 3)));
-    }
+    Bar->again->setVisible(ports.lineAgain != nullptr);
+    const double speed = ports.speed ? ports.speed() : 1;
+    Bar->speed->setVisible(speed != 1);
+    Bar->speed->setText(speedText(speed * 100));
     Bar->text->setChecked(m_textLevel != TextLevel::Off);
     Bar->fullScreen->setChecked(m_fullScreen);
     Bar->track->setMarks(ports.marks ? ports.marks() : std::vector<LessonMark>());
     showBarTime();
+}
+
+void Form13::showWait(double seconds)
+{
+    Bar->ring->begin(seconds);
+    showBar();
+}
+
+void Form13::showWaitOver()
+{
+    Bar->ring->end();
 }
 
 void Form13::showBarTime()

@@ -161,16 +161,21 @@ void Form13::doByHand(const std::function<void()>& action)
     }
 }
 
+void Form13::showLineSign()
+{
+    if (m_line.number > 0) {
+        showSign(
+            m_line.text,
+            text(u"Sign.line").arg(QString::number(m_line.number), QString::number(m_line.count)));
+    }
+}
+
 // A line that comes brings its own start with it: that the player stood or ran before says nothing.
 void Form13::showChanges(int stateBefore, Int16 volumeBefore, const LessonLine& lineBefore)
 {
     const int state = m_control.CurrentState();
     if (m_line != lineBefore) {
-        if (m_line.number > 0) {
-            showSign(m_line.text,
-                     text(u"Sign.line")
-                         .arg(QString::number(m_line.number), QString::number(m_line.count)));
-        }
+        showLineSign();
     } else if (m_mirror.VideoVolume != volumeBefore) {
         showVolume();
     } else if (state != stateBefore && state == MediaControl::Running) {

@@ -96,6 +96,11 @@ public:
     void showVolume();
     /// What the bar shows of the lesson and of the practice has changed.
     void refreshBar();
+    /// The lesson waits, real seconds; 0 until a key.
+    void showWait(double seconds);
+    void showWaitOver();
+    /// A person has chosen another line.
+    void showLineSign();
     void showBookmark();
 
     /// What this window's keys do; the main window hands some of its own to them.

@@ -1,9 +1,11 @@
 #include "playback/overlay_bar.h"
 
 #include "playback/clock_text.h"
+#include "playback/commands.h"
 #include "playback/overlay_button.h"
 #include "playback/overlay_picture.h"
 #include "playback/overlay_track.h"
+#include "playback/overlay_wait_ring.h"
 #include "playback/picture_look.h"
 #include "playback/sign_picture.h"
 
@@ -63,8 +65,10 @@ PictureBar::PictureBar(QWidget* parent)
       previous(new BarButton(bar_drawings::kPrevious, BarButton::Ordinary, this)),
       play(new BarButton(bar_drawings::kPlay, BarButton::Principal, this)),
       next(new BarButton(bar_drawings::kNext, BarButton::Ordinary, this)),
+      again(new BarButton(bar_drawings::kAgain, BarButton::Ordinary, this)),
       repeat(new BarButton(bar_drawings::kRepeat, BarButton::Ordinary, this)),
       repeatText(newLabel(this, look::kText, wordFont(*this))),
+      ring(new WaitRing(TextLanguage::English, this)),
       speed(newLabel(this, look::kAccent, wordFont(*this))),
       text(new BarButton(bar_drawings::kText, BarButton::Ordinary, this)),
       fullScreen(new BarButton(bar_drawings::kFullScreen, BarButton::Ordinary, this)),
@@ -74,6 +78,8 @@ PictureBar::PictureBar(QWidget* parent)
     setMouseTracking(true);
     setCursor(Qt::ArrowCursor);
     repeat->setCheckable(true);
+    speed->setStyleSheet(
+        u"background: %1; border-radius: 12px; padding: 4px 12px"_s.arg(look::kAccentFaint.name()));
     text->setCheckable(true);
     fullScreen->setCheckable(true);
     nameParts();
@@ -87,10 +93,20 @@ PictureBar::PictureBar(QWidget* parent)
 void PictureBar::nameParts()
 {
     const std::initializer_list<std::pair<QWidget*, QStringView>> parts = {
-        {position, u"position"}, {track, u"track"}, {length, u"length"},
-        {previous, u"previous"}, {play, u"play"},   {next, u"next"},
-        {repeat, u"repeat"},     {text, u"text"},   {fullScreen, u"fullScreen"},
-        {repeatText, u"times"},  {speed, u"speed"}, {bubble, u"bubble"}};
+        {position, u"position"},
+        {track, u"track"},
+        {length, u"length"},
+        {previous, u"previous"},
+        {play, u"play"},
+        {next, u"next"},
+        {again, u"again"},
+        {ring, u"ring"},
+        {repeat, u"repeat"},
+        {text, u"text"},
+        {fullScreen, u"fullScreen"},
+        {repeatText, u"times"},
+        {speed, u"speed"},
+        {bubble, u"bubble"}};
     for (const auto& [part, name] : parts) {
         part->setObjectName(u"Bar."_s + name.toString());
     }
@@ -105,8 +121,8 @@ void PictureBar::layOut()
     times->addWidget(length);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(kGap);
-    for (QWidget* part :
-         std::initializer_list<QWidget*>{previous, play, next, repeat, repeatText, speed}) {
+    for (QWidget* part : std::initializer_list<QWidget*>{previous, play, next, again, repeat,
+                                                         repeatText, ring, speed}) {
         buttons->addWidget(part);
     }
     buttons->addStretch(1);
@@ -123,12 +139,17 @@ void PictureBar::setTips(TextLanguage language)
     const auto tip = [language](const char16_t* name) {
         return interfaceText(u"Form13", name, language);
     };
-    previous->setTip(tip(u"Bar.previous"));
-    play->setTip(tip(u"Bar.play"));
-    next->setTip(tip(u"Bar.next"));
-    repeat->setTip(tip(u"Bar.repeat"));
-    text->setTip(tip(u"Bar.text"));
-    fullScreen->setTip(tip(u"Bar.fullScreen"));
+    const auto tell = [&](BarButton* button, const char16_t* name, Command command) {
+        button->setTip(tip(name), shownKey(rowOf(command)));
+    };
+    tell(previous, u"Bar.previous", Command::PreviousLine);
+    tell(play, u"Bar.play", Command::TogglePlay);
+    tell(next, u"Bar.next", Command::NextLine);
+    tell(again, u"Bar.again", Command::LineAgain);
+    tell(repeat, u"Bar.repeat", Command::RepeatLine);
+    tell(text, u"Bar.text", Command::NextTextLevel);
+    tell(fullScreen, u"Bar.fullScreen", Command::ToggleFullScreen);
+    ring->setLanguage(language);
     speed->setToolTip(tip(u"Bar.speed"));
     track->setAccessibleName(tip(u"Bar.track"));
 }

@@ -12,6 +12,7 @@ namespace orvanta {
 class BarButton;
 class BarTrack;
 class OverlayPicture;
+class WaitRing;
 
 /// Lies over the lower edge of its parent, in no layout. It shows what it is told and does nothing
 /// itself. Nothing of it takes the focus. Interface thread only.
@@ -28,8 +29,10 @@ public:
     BarButton* previous;
     BarButton* play;
     BarButton* next;
+    BarButton* again;
     BarButton* repeat;
     QLabel* repeatText; // "Repeat 2 of 5"
+    WaitRing* ring;     // the wait between two lines
     QLabel* speed;      // "0.8 ×"
     BarButton* text;
     BarButton* fullScreen;

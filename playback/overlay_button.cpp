@@ -34,9 +34,9 @@ void BarButton::setDrawing(const char* drawing)
     update();
 }
 
-void BarButton::setTip(const QString& tip)
+void BarButton::setTip(const QString& tip, const QString& key)
 {
-    setToolTip(tip);
+    setToolTip(u"%1 (%2)"_s.arg(tip, key));
     setAccessibleName(tip);
 }
 

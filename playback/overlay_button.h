@@ -15,6 +15,7 @@ inline constexpr char kPause[] = R"(<path d="M5.5 3.5v9M10.5 3.5v9"/>)";
 inline constexpr char kRepeat[] =
     R"(<path d="M3 8a5 5 0 0 1 8.5-3.5L13 6M13 8a5 5 0 0 1-8.5 3.5L3 10"/>)"
     R"(<path d="M13 3v3h-3M3 13v-3h3"/>)";
+inline constexpr char kAgain[] = R"(<path d="M4.5 5.5A5 5 0 1 1 3 9"/><path d="M4 2.5v3.2h3.2"/>)";
 inline constexpr char kText[] = R"(<path d="M3 4h10M8 4v9M6 13h4"/>)";
 inline constexpr char kFullScreen[] =
     R"(<path d="M2.5 6V2.5H6M10 2.5h3.5V6M13.5 10v3.5H10M6 13.5H2.5V10"/>)";
@@ -35,8 +36,8 @@ public:
     BarButton(const char* drawing, Rank rank, QWidget* parent);
 
     void setDrawing(const char* drawing);
-    /// The tool tip, which names the button for assistive technology too.
-    void setTip(const QString& tip);
+    /// The tool tip, which names the button for assistive technology too, and the key behind it.
+    void setTip(const QString& tip, const QString& key);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -313,6 +313,7 @@ void PlaybackEngine::lineStep(int direction)
             m_private->advance.lineStep(direction);
         }
     });
+    Q_EMIT lineChosen();
 }
 
 void PlaybackEngine::lineAgain()
@@ -333,11 +334,13 @@ void PlaybackEngine::startCurrent()
 void PlaybackEngine::nextChecked()
 {
     m_private->enter([&] { m_private->advance.next(); });
+    Q_EMIT lineChosen();
 }
 
 void PlaybackEngine::previousChecked()
 {
     m_private->enter([&] { m_private->advance.previous(); });
+    Q_EMIT lineChosen();
 }
 
 bool PlaybackEngine::isClosing() const
@@ -363,6 +366,7 @@ void PlaybackEngine::ListClick(Int16 p, Int16 q)
             m_private->starter.startByHand(p, q);
         }
     });
+    Q_EMIT lineChosen();
 }
 
 // Presses come faster than ticks: each works on the player as it is now.

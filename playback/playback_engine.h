@@ -100,6 +100,8 @@ public:
 Q_SIGNALS:
     /// Another clip, brake or playlist is current.
     void cursorChanged();
+    /// A person has begun another line, from whichever window.
+    void lineChosen();
     /// The user changed the volume, here or in the video window.
     void volumeChanged();
 

@@ -23,7 +23,7 @@ PracticeReports PracticeControls::reports()
     return {.again =
                 [this](int round) {
                     Q_EMIT againBegan(round);
-                    Q_EMIT said(roundText(round, values().times, language()));
+                    Q_EMIT said(orvanta::roundText(round, values().times, language()));
                 },
             .waitBegan = [this](auto seconds) { Q_EMIT waitBegan(seconds.value_or(0)); },
             .waitOver = [this] { Q_EMIT waitOver(); },
@@ -100,6 +100,12 @@ void PracticeControls::nextWait()
                      : wait == Practice::kWaitForKey ? kAsLongAsLine
                                                      : Practice::kNoWait;
     change(&Practice::wait, next);
+}
+
+QString PracticeControls::roundText() const
+{
+    const int times = values().times;
+    return times == 1 ? QString() : orvanta::roundText(m_step.round(), times, language());
 }
 
 void PracticeControls::goOn()

@@ -30,6 +30,9 @@ public:
     /// Off, until a key, as long as the line lasted.
     void nextWait();
 
+    /// The round that the current line is in, from 1, and of how many; empty when it is the only
+    /// one.
+    [[nodiscard]] QString roundText() const;
     [[nodiscard]] bool isWaiting() const { return m_step.isWaiting(); }
     /// Goes on as after the wait; nothing without one.
     void goOn();

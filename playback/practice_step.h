@@ -50,6 +50,8 @@ public:
     /// Ends the wait; nothing follows.
     void giveUp();
 
+    /// The current line's, from 1.
+    [[nodiscard]] int round() const { return m_rounds + 1; }
     /// The current line from its start.
     void playFromStart();
 

@@ -4,76 +4,13 @@
 #include "window/skin.h"
 
 #include <QHBoxLayout>
-#include <QMouseEvent>
-#include <QPainter>
 #include <QPushButton>
-
-#include <algorithm>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kRingSide = 20;
-constexpr int kRingFrameMilliseconds = 100;
 constexpr int kChipHeight = 24;
-
-WaitRing::WaitRing(TextLanguage language, QWidget* parent)
-    : QWidget(parent)
-{
-    setFixedSize(kRingSide, kRingSide);
-    setObjectName(u"Ring"_s);
-    setToolTip(interfaceText(u"Practice", u"Waiting", language));
-    setAccessibleName(toolTip());
-    setCursor(Qt::PointingHandCursor);
-    m_frames.setInterval(kRingFrameMilliseconds);
-    connect(&m_frames, &QTimer::timeout, this, qOverload<>(&QWidget::update));
-    hide();
-}
-
-void WaitRing::begin(double seconds)
-{
-    m_seconds = seconds;
-    m_since.start();
-    if (seconds > 0) {
-        m_frames.start();
-    }
-    show();
-    update();
-}
-
-void WaitRing::end()
-{
-    m_frames.stop();
-    hide();
-}
-
-/// Of the whole, 1 to 0.
-double WaitRing::left() const
-{
-    const double gone = static_cast<double>(m_since.elapsed()) / 1000;
-    return m_seconds > 0 ? std::clamp(1 - gone / m_seconds, 0.0, 1.0) : 1;
-}
-
-void WaitRing::paintEvent(QPaintEvent* /*event*/)
-{
-    constexpr double kPen = 2.5;
-    constexpr int kTop = 90 * 16; // sixteenths of a degree
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF ring = QRectF(rect()).adjusted(kPen, kPen, -kPen, -kPen);
-    painter.setPen(QPen(skin::kLine, kPen));
-    painter.drawEllipse(ring);
-    painter.setPen(QPen(skin::kAccent, kPen, Qt::SolidLine, Qt::RoundCap));
-    painter.drawArc(ring, kTop, static_cast<int>(left() * 360 * 16));
-}
-
-void WaitRing::mouseReleaseEvent(QMouseEvent* event)
-{
-    if (event->button() == Qt::LeftButton) {
-        Q_EMIT pressed();
-    }
-}
 
 PracticeChips::PracticeChips(TextLanguage language, QWidget* parent)
     : QWidget(parent),
@@ -131,7 +68,7 @@ void PracticeChips::fitInto(int width)
 {
     showMore(static_cast<int>(m_chips.size()));
     const int more = m_more->sizeHint().width() + skin::kGrid;
-    int left = width - (Ring->isHidden() ? 0 : kRingSide + skin::kGrid);
+    int left = width - (Ring->isHidden() ? 0 : WaitRing::kSide + skin::kGrid);
     int hidden = 0;
     for (std::size_t i = 0; i < m_chips.size(); ++i) {
         const int needed = m_chips[i]->sizeHint().width() + skin::kGrid;

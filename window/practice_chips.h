@@ -3,9 +3,8 @@
 
 #include "model/practice.h"
 #include "model/texts.h"
+#include "playback/overlay_wait_ring.h"
 
-#include <QElapsedTimer>
-#include <QTimer>
 #include <QWidget>
 
 #include <vector>
@@ -14,34 +13,6 @@ class QHBoxLayout;
 class QPushButton;
 
 namespace orvanta {
-
-/// A ring that runs out while the lesson waits; closed while it waits for a key.
-class WaitRing : public QWidget
-{
-    Q_OBJECT
-
-public:
-    WaitRing(TextLanguage language, QWidget* parent);
-
-    /// seconds: real time; 0 until a key.
-    void begin(double seconds);
-    void end();
-
-Q_SIGNALS:
-    /// Pressed: the lesson is to go on.
-    void pressed();
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-
-private:
-    [[nodiscard]] double left() const;
-
-    double m_seconds = 0;
-    QElapsedTimer m_since;
-    QTimer m_frames; // a handful each second is enough for the eye
-};
 
 /// One button for each thing; a click takes it away. As wide as it has to be, and may be.
 class PracticeChips : public QWidget

@@ -3,6 +3,7 @@
 #include "playback/overlay_button.h"
 #include "playback/overlay_picture.h"
 #include "playback/overlay_track.h"
+#include "playback/overlay_wait_ring.h"
 #include "tests/playback/video_window_fixture.h"
 
 #include <QApplication>
@@ -170,7 +171,8 @@ TEST_F(PictureBarTest, NothingOfItTakesTheFocusAndEveryButtonHasAName)
     }
     for (BarButton* button : form.Bar->findChildren<BarButton*>()) {
         EXPECT_FALSE(button->accessibleName().isEmpty()) << qPrintable(button->objectName());
-        EXPECT_EQ(button->toolTip(), button->accessibleName());
+        EXPECT_TRUE(button->toolTip().startsWith(button->accessibleName() + u" ("_s))
+            << qPrintable(button->toolTip());
     }
     QTest::mouseClick(form.Bar->play, Qt::LeftButton);
     EXPECT_FALSE(form.Bar->isAncestorOf(QApplication::focusWidget()));
@@ -191,12 +193,40 @@ TEST_F(PictureBarTest, ItsButtonsActAsTheKeysDo)
     EXPECT_TRUE(form.Bar->fullScreen->isChecked());
 }
 
-TEST_F(PictureBarTest, WhatTheProgramHasNotIsNotShown)
+TEST_F(PictureBarTest, ShowsOfThePracticeWhatIsNotAsUsual)
 {
     showBar();
-    EXPECT_TRUE(form.Bar->previous->isVisible());
-    EXPECT_FALSE(form.Bar->repeat->isVisible());
     EXPECT_FALSE(form.Bar->speed->isVisible());
+    EXPECT_FALSE(form.Bar->repeatText->isVisible());
+    EXPECT_FALSE(form.Bar->repeat->isChecked());
+    control.setSpeed(0.8);
+    repeats = true;
+    roundText = u"Repeat 2"_s;
+    form.refreshBar();
+    EXPECT_EQ(form.Bar->speed->text().left(1), u"0");
+    EXPECT_TRUE(form.Bar->speed->isVisible());
+    EXPECT_EQ(form.Bar->repeatText->text(), u"Repeat 2");
+    EXPECT_TRUE(form.Bar->repeat->isChecked());
+}
+
+TEST_F(PictureBarTest, HasButtonsForTheLineAgainAndForRepeating)
+{
+    showBar();
+    QTest::mouseClick(form.Bar->again, Qt::LeftButton);
+    EXPECT_EQ(linesAgain, 1);
+    QTest::mouseClick(form.Bar->repeat, Qt::LeftButton);
+    EXPECT_TRUE(repeats);
+}
+
+TEST_F(PictureBarTest, ComesWithARingWhileTheLessonWaitsWhosePressGoesOn)
+{
+    form.showWait(0);
+    EXPECT_TRUE(form.Bar->isVisible());
+    EXPECT_TRUE(form.Bar->ring->isVisible());
+    QTest::mouseClick(form.Bar->ring, Qt::LeftButton);
+    EXPECT_EQ(wentOn, 1);
+    form.showWaitOver();
+    EXPECT_FALSE(form.Bar->ring->isVisible());
 }
 
 TEST_F(PictureBarTest, ThePointerIsThereWithItOnTheWholeScreen)

@@ -48,6 +48,10 @@ protected:
     TextLanguage language = TextLanguage::English;
     std::function<void()> onPlayerKey = [] {};
     QList<int> lineSteps;
+    int linesAgain = 0;
+    int wentOn = 0;
+    bool repeats = false;
+    QString roundText;
     std::vector<LessonMark> marks;
     TextLevel storedLevel = TextLevel::Off;
     Form13 form{Form13Services{
@@ -67,11 +71,13 @@ protected:
         .language = [this] { return language; },
         .bar = {.previousLine = [this] { lineSteps += -1; },
                 .nextLine = [this] { lineSteps += 1; },
+                .lineAgain = [this] { ++linesAgain; },
                 .marks = [this] { return marks; },
-                .toggleRepeat = nullptr,
-                .isRepeating = nullptr,
-                .repeatText = nullptr,
-                .speed = nullptr},
+                .toggleRepeat = [this] { repeats = !repeats; },
+                .isRepeating = [this] { return repeats; },
+                .repeatText = [this] { return roundText; },
+                .speed = [this] { return control.Speed(); },
+                .goOn = [this] { ++wentOn; }},
     }};
     QTemporaryDir folder;
 };
