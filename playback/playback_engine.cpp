@@ -243,6 +243,7 @@ void PlaybackEngine::Private::goOnAfterDrop(bool groupDropped)
 {
     poll();
     logLoaded(context.module.playlist);
+    advance.callClosingOff();
     if (context.module.optionIsOn(Option::StartPlaying)) {
         const Cursor place = context.cursor();
         const bool nothingStarted = place.packet == Int16(0) && place.clip == Int16(0);
