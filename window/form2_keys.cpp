@@ -93,7 +93,7 @@ void Form2::Form2_List1_OLEDragDrop(const QStringList& files)
     DropResult result;
     runWithBusyCursor([&] { result = applyDrop(module.playlist, files, module.TypePattern); });
     List1->growTo(treeLines(module.playlist));
-    m_services.engine.playlistExtended(result.groupDropped);
+    m_services.engine.playlistExtended(result);
 }
 
 } // namespace orvanta

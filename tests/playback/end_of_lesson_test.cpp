@@ -233,7 +233,7 @@ TEST_F(UnplayableFromOutsideThenAsked, StaysForADrop)
 {
     option("as", u"0"_s);
     addClips({u"good"_s});
-    engine->playlistExtended(false);
+    engine->playlistExtended({});
     expectItStays();
 }
 
