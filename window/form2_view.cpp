@@ -1,3 +1,4 @@
+#include "platform/screen/busy_cursor.h"
 #include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
 #include "window/clip_line.h"
@@ -155,6 +156,12 @@ void Form2::showBookmarkSign()
 bool Form2::isModalWindowOpen() const
 {
     return QApplication::activeModalWidget() != nullptr;
+}
+
+// What it paints are lines and texts of its own, never the playlist that the work changes.
+void Form2::runBusy(const std::function<void()>& work)
+{
+    runWithBusyCursor(work, [this] { repaint(); });
 }
 
 // As the window manager closes them. One that refuses goes with the program.
