@@ -129,7 +129,7 @@ bool StartUp::becomeFirstInstance()
     }
     connect(m_instance.get(), &SingleInstance::raiseRequested, this,
             m_boundary([this](const QString& token) { raiseMainWindow(token); }));
-    m_instance->listen();
+    m_instance->listen([this] { return !m_program || !m_program->engine().isClosing(); });
     return true;
 }
 

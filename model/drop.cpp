@@ -21,7 +21,9 @@ public:
     Drop(PlaylistState& playlist, const QString& typePattern)
         : m_playlist(playlist),
           m_typePattern(typePattern),
-          m_target(playlist.PlaylistCount)
+          m_target(playlist.PlaylistCount),
+          m_packetsBefore(m_target),
+          m_clipsBefore(m_target < 1 ? Int16(0) : playlist.packet(m_target).ClipCount)
     {}
 
     void add(const QString& file)
@@ -39,9 +41,34 @@ public:
         }
     }
 
-    [[nodiscard]] DropResult result() const { return m_result; }
+    [[nodiscard]] DropResult result()
+    {
+        findFirstLine();
+        return m_result;
+    }
 
 private:
+    /// Among the tree's lines, not the files. A loose clip below brakes is none that plays: the
+    /// packet's one media file would begin in its place.
+    void findFirstLine()
+    {
+        const bool clipsAdded = m_packetsBefore >= 1 &&
+                                !m_playlist.packet(m_packetsBefore).HasBrakes &&
+                                m_playlist.packet(m_packetsBefore).ClipCount > m_clipsBefore;
+        if (clipsAdded) {
+            m_result.firstPacket = m_packetsBefore;
+            m_result.firstClip = m_clipsBefore + 1;
+            return;
+        }
+        for (Int16 p = m_packetsBefore + 1; p <= m_playlist.PlaylistCount; p += 1) {
+            if (m_playlist.packet(p).ClipCount > 0) {
+                m_result.firstPacket = p;
+                m_result.firstClip = 1;
+                return;
+            }
+        }
+    }
+
     /// Stricter than opening a packet: an absent "files" is no number.
     void addPacket(const QString& file)
     {
@@ -71,6 +98,8 @@ private:
     PlaylistState& m_playlist;
     QString m_typePattern;
     Int16 m_target; // packet for loose clips; 0 while there is none
+    Int16 m_packetsBefore;
+    Int16 m_clipsBefore; // of the last packet
     DropResult m_result;
 };
 

@@ -10,6 +10,9 @@ namespace orvanta {
 struct DropResult
 {
     bool groupDropped = false;
+    // The first line that was added and can be played, both from 1; packet 0: none.
+    Int16 firstPacket = 0;
+    Int16 firstClip = 0;
 };
 
 /// Adds the dropped files, last to first, to what is open. Endings are compared with case: "vxg" a

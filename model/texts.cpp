@@ -43,6 +43,8 @@ constexpr std::array kTexts{
     InterfaceText{u"Form2", u"Text1.tip", u"Find text", u"Искать текст"},
     InterfaceText{u"Form2", u"Text1.missed", u"Not found", u"Не найдено"},
     InterfaceText{u"Form2", u"Text2.tip", u"Current clip", u"Текущий клип"},
+    InterfaceText{u"Form2", u"Text2.unplayable", u"Cannot play: %1",
+                  u"Не удаётся воспроизвести: %1"}, // the file's name
     // Not translated on purpose: the pointer replaces it by the line's text anyway.
     InterfaceText{u"Form2", u"List1.tip", u"Playlist", u"Playlist"},
     InterfaceText{u"Form2", u"List1.packet", u"Packet", u"Пакет"},

@@ -1,5 +1,8 @@
 #include "playback/advance_step.h"
 
+#include "core/error_boundary.h"
+#include "core/paths.h"
+#include "model/texts.h"
 #include "playback/brakes.h"
 #include "playback/playlist_marks.h"
 
@@ -9,6 +12,8 @@
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
+
+constexpr std::chrono::seconds kTimeToRead(3);
 
 AdvanceStep::AdvanceStep(EngineContext& context, TransportButtons& transport, ClipStarter& starter,
                          CloseSequence& close)
@@ -60,7 +65,23 @@ void AdvanceStep::runAfterFailure()
     if (decision.what == AdvanceDecision::Start && failed.contains(mediaAt(decision.cursor))) {
         decision = {AdvanceDecision::Over, {1, 1}};
     }
+    if (decision.what == AdvanceDecision::Over && closesWhenOver()) {
+        resumeNext("name of what cannot be played", [&] { sayUnplayable(); });
+    }
     apply(decision, std::move(failed));
+}
+
+/// A program that only vanished would leave its user without a reason.
+void AdvanceStep::sayUnplayable()
+{
+    const Module1& module = m_context.module;
+    const PlaylistEntry& packet = m_context.currentPacket();
+    const QString& path =
+        packet.HasBrakes ? packet.MediaFile : packet.clip(m_context.cursor().clip).Path;
+    const TextLanguage language = textLanguage(module.Language.value(), TextLanguage::Russian);
+    m_context.view->setClipText(
+        interfaceText(u"Form2", u"Text2.unplayable", language).arg(fileNameOfPath(path)));
+    m_readUntil.setRemainingTime(kTimeToRead);
 }
 
 void AdvanceStep::apply(const AdvanceDecision& decision, FailedMedia failed)
@@ -89,24 +110,35 @@ void AdvanceStep::playbackIsOver(Cursor rest)
 void AdvanceStep::listIsOver()
 {
     m_context.view->setListIndex(-1);
-    if (m_context.module.playlist.OpenedFromExplorer &&
-        m_context.module.optionIsOn(Option::CloseWhenOver)) {
+    m_context.listOver = true;
+    if (closesWhenOver()) {
         closeAfterPlaying();
     }
 }
 
+bool AdvanceStep::closesWhenOver() const
+{
+    return m_context.module.playlist.OpenedFromExplorer &&
+           m_context.module.optionIsOn(Option::CloseWhenOver);
+}
+
+bool AdvanceStep::mayCloseNow() const
+{
+    return m_readUntil.hasExpired() && !m_context.view->isModalWindowOpen();
+}
+
 void AdvanceStep::closeAfterPlaying()
 {
-    if (m_context.view->isModalWindowOpen()) {
-        m_context.closeWhenFree = true;
-    } else {
+    if (mayCloseNow()) {
         m_close.press();
+    } else {
+        m_context.closeWhenFree = true;
     }
 }
 
 void AdvanceStep::closeIfFree()
 {
-    if (!m_context.closeWhenFree || m_context.view->isModalWindowOpen()) {
+    if (!m_context.closeWhenFree || !mayCloseNow()) {
         return;
     }
     m_context.closeWhenFree = false;

@@ -4,6 +4,8 @@
 #include "playback/clip_starter.h"
 #include "playback/close_sequence.h"
 
+#include <QDeadlineTimer>
+
 namespace orvanta {
 
 class AdvanceStep
@@ -30,22 +32,28 @@ public:
     /// The player rests behind the last place: no line is current, and the program ends where the
     /// option says so.
     void listIsOver();
-    /// Playback is over and was to end the program, but a window waited for an answer: ends it once
-    /// none does.
+    /// Playback is over and was to end the program, but a window waited for an answer, or the name
+    /// of what could not be played is still to be read: ends it once neither is so.
     void closeIfFree();
+    /// Somebody has given the program something to play: it stays.
+    void callClosingOff() { m_context.closeWhenFree = false; }
 
 private:
     [[nodiscard]] AdvanceDecision after(Cursor from, const AdvanceOptions& options) const;
     [[nodiscard]] AdvanceDecision decide(Cursor from) const;
     void apply(const AdvanceDecision& decision, FailedMedia failed = {});
     void playbackIsOver(Cursor rest);
+    [[nodiscard]] bool closesWhenOver() const;
+    [[nodiscard]] bool mayCloseNow() const;
     void closeAfterPlaying();
     [[nodiscard]] std::pair<int, int> mediaAt(Cursor place) const;
+    void sayUnplayable();
 
     EngineContext& m_context;
     TransportButtons& m_transport;
     ClipStarter& m_starter;
     CloseSequence& m_close;
+    QDeadlineTimer m_readUntil; // what could not be played is named until then
 };
 
 } // namespace orvanta

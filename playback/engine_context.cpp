@@ -30,6 +30,7 @@ void EngineContext::setCursor(Cursor cursor)
     module.playlist.CurrentPacket = cursor.packet;
     module.playlist.CurrentClip = cursor.clip;
     openedMeanwhile = false;
+    listOver = false;
     onCursorMoved();
 }
 

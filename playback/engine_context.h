@@ -46,6 +46,7 @@ struct EngineContext
     bool startFailed = false;     // the last start left the player empty: the tick advances again
     bool closeWhenFree = false;   // playback is over: the program ends once no window waits
     bool openedMeanwhile = false; // while a clip played on: the current place is still to come
+    bool listOver = false;        // the list has come to its end, and nothing became current since
     bool closing = false;         // the program ends; no handler begins anything
 
     /// Every start of a clip, change of the playlist and close begins a generation: what waits is

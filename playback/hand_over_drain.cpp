@@ -74,11 +74,16 @@ void HandOverDrain::open(const QStringList& lines)
     resumeNext("folder of the queue", [&] { openFolderOf(playlist, first); });
     clearPlaylist(playlist);
     m_loosePacket = 0;
-    const QString folder = folderOfPath(first);
+    m_context.view->runBusy([&] { appendAll(lines, folderOfPath(first)); });
+    m_context.setCursor({1, 1});
+}
+
+/// Runs on another thread when the view says so: no signals, no windows.
+void HandOverDrain::appendAll(const QStringList& lines, const QString& folder)
+{
     for (const QString& line : lines) {
         resumeNext("queued file", [&] { append(belowFolder(withoutQuotes(line), folder)); });
     }
-    m_context.setCursor({1, 1});
 }
 
 void HandOverDrain::append(const QString& path)

@@ -21,6 +21,7 @@ public:
 private:
     void showProgram();
     void open(const QStringList& lines);
+    void appendAll(const QStringList& lines, const QString& folder);
     void append(const QString& path);
     void appendFolder(const QString& folder);
     void appendLooseClip(const QString& file);

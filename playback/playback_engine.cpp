@@ -60,7 +60,7 @@ public:
     void start(Int16 p, Int16 q);
     void begin();
     void beginAtListCursor();
-    void goOnAfterDrop(bool groupDropped);
+    void goOnAfterDrop(const DropResult& dropped);
     void keepPosition();
     void takePlaylist();
     void playLineAgain();
@@ -85,6 +85,7 @@ private:
     void showVideoWindowWithMainWindow();
     void display();
     [[nodiscard]] PlayingPlace playingPlace() const;
+    void startAfterDrop(const DropResult& dropped);
     [[nodiscard]] bool moveOnAfterEnd();
     bool serveEnd();
     [[nodiscard]] bool moveOnAfterFailure();
@@ -237,22 +238,30 @@ void PlaybackEngine::Private::beginAtListCursor()
 }
 
 // A clip that began since the last tick is loaded all the same.
-void PlaybackEngine::Private::goOnAfterDrop(bool groupDropped)
+void PlaybackEngine::Private::goOnAfterDrop(const DropResult& dropped)
 {
     poll();
     logLoaded(context.module.playlist);
+    advance.callClosingOff();
     if (context.module.optionIsOn(Option::StartPlaying)) {
-        const Cursor place = context.cursor();
-        const bool nothingStarted = place.packet == Int16(0) && place.clip == Int16(0);
-        if (nothingStarted || groupDropped) {
-            start(1, 1);
-        }
+        startAfterDrop(dropped);
     } else if (context.player().isLoaded()) {
         practice.giveUpWait();
         context.operations.StopIfRunning();
         slider.reset();
         context.view->setCurrentTime(u"0.00"_s);
         context.view->setClipText(QString());
+    }
+}
+
+void PlaybackEngine::Private::startAfterDrop(const DropResult& dropped)
+{
+    const bool nothingStarted = context.cursor() == Cursor{0, 0};
+    const bool stands = context.player().state <= MediaControl::Stopped;
+    if (nothingStarted || dropped.groupDropped) {
+        start(1, 1);
+    } else if (context.listOver && stands && dropped.firstPacket >= 1) {
+        start(dropped.firstPacket, dropped.firstClip);
     }
 }
 
@@ -443,9 +452,9 @@ void PlaybackEngine::openAndPlay(const QString& path)
     });
 }
 
-void PlaybackEngine::playlistExtended(bool groupDropped)
+void PlaybackEngine::playlistExtended(const DropResult& dropped)
 {
-    m_private->enter([&] { m_private->goOnAfterDrop(groupDropped); });
+    m_private->enter([&] { m_private->goOnAfterDrop(dropped); });
     Q_EMIT cursorChanged();
 }
 

@@ -1,6 +1,7 @@
 // The playback engine: the 300 ms tick, starting clips, advancing, brakes, the queue, closing.
 #pragma once
 
+#include "model/drop.h"
 #include "playback/advance.h"
 #include "playback/playback_operations.h"
 #include "playback/playback_view.h"
@@ -62,8 +63,9 @@ public:
     void openAndPlay(const QString& path);
 
     /// What a drop does after its files were appended: with "as" it starts at the beginning when
-    /// nothing has been started or a group came; without, it stops what plays.
-    void playlistExtended(bool groupDropped);
+    /// nothing has been started or a group came, and what was dropped when playback was over;
+    /// without, it stops what plays.
+    void playlistExtended(const DropResult& dropped);
 
     /// Position slider: the user moves it (value 0 to 100), lets go of it.
     void sliderMoved(double value);

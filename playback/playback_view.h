@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace orvanta {
 
 /// Looks of the transport buttons. Every change of an enabled state goes with an exchange of the
@@ -85,6 +87,9 @@ public:
     /// Closes it, and those below it, without an answer. Who opened them goes on once the handler
     /// that calls this has returned.
     virtual void cancelModalWindows() {}
+    /// Runs work that may be long: a busy cursor shows and the window stays painted, but no event
+    /// is served. The work may use the shared state, and no windows. What it raises is raised here.
+    virtual void runBusy(const std::function<void()>& work) { work(); }
     /// Ends the program: unloads main window, tray window and video window, in this order.
     virtual void unloadAll() = 0;
 };

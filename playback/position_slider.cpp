@@ -85,12 +85,16 @@ void PositionSlider::commit()
         return showPolled(); // dragged in a clip that is no longer the one
     }
     const BrakeSpan part = span();
+    if (part.end <= part.begin) { // of unknown length: the handle's place means none in the clip
+        showTime(decimalValue(m_context.player().position));
+        return reset();
+    }
     const double target = positionOfSlider(m_context.module.SliderValue.value(), part);
     const double position = decimalValue(m_context.player().position);
     const SeekDecision decision = seekOnCommit(m_context.player().state, target, position);
     if (decision.seek) {
         m_context.operations.SetPlayerPosition(decimalText(target));
-        showTime(target);
+        showPlace(reachedSeconds());
     }
     if (decision.restoreSlider) {
         SetValue(sliderOfPosition(position, part));
@@ -103,9 +107,13 @@ void PositionSlider::commit()
 /// The preview goes, and label and knob are where the player is.
 void PositionSlider::showPolled()
 {
-    const double position = decimalValue(m_context.player().position);
-    showTime(position);
-    SetValue(sliderOfPosition(position, span()));
+    showPlace(decimalValue(m_context.player().position));
+}
+
+void PositionSlider::showPlace(double seconds)
+{
+    showTime(seconds);
+    SetValue(sliderOfPosition(seconds, span()));
 }
 
 void PositionSlider::seekTo(double seconds)
@@ -120,16 +128,20 @@ void PositionSlider::seekTo(double seconds)
     });
 }
 
-/// A clip that stands has no tick that would show where a key has taken it: the video window's
-/// mirror knows it, the snapshot only where it was to go.
+/// Where a seek has taken the player, which may be nowhere: the video window's mirror knows it, the
+/// snapshot only where it was to go.
+double PositionSlider::reachedSeconds() const
+{
+    return decimalValue(m_context.video.mirror().VideoPosition);
+}
+
+/// A clip that stands has no tick that would show where a key has taken it.
 void PositionSlider::showReached()
 {
     if (!m_context.player().isLoaded() || m_context.view->isSliderHeld()) {
         return;
     }
-    const double position = decimalValue(m_context.video.mirror().VideoPosition);
-    showTime(position);
-    SetValue(sliderOfPosition(position, span()));
+    showPlace(reachedSeconds());
 }
 
 /// The last brake at or before the new position becomes current; the player stays where it is.

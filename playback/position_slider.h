@@ -37,8 +37,10 @@ private:
     void showTime(double seconds);
     void commit();
     void showPolled();
+    void showPlace(double seconds);
     void followSeek(double seconds);
     void makeBrakeCurrent(Int16 brake);
+    [[nodiscard]] double reachedSeconds() const;
     void showReached();
 
     EngineContext& m_context;

@@ -1,7 +1,6 @@
 #include "core/numbers.h"
 #include "core/paths.h"
 #include "model/loaders.h"
-#include "platform/screen/busy_cursor.h"
 #include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/command_menu.h"
@@ -137,7 +136,7 @@ void Form2::open(const std::function<void()>& load)
         return; // the program ended while the picker or the editor was open
     }
     m_services.module.playlist.OpenedFromExplorer = false;
-    if (resumeNext("loader", [&] { runWithBusyCursor(load); })) {
+    if (resumeNext("loader", [&] { runBusy(load); })) {
         m_services.engine.playlistReplaced();
     } else {
         m_services.engine.playlistCutShort();

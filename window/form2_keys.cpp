@@ -2,7 +2,6 @@
 #include "core/paths.h"
 #include "model/drop.h"
 #include "model/loaders.h"
-#include "platform/screen/busy_cursor.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/typed_key.h"
 #include "window/form2_main_window.h"
@@ -110,9 +109,9 @@ void Form2::Form2_List1_OLEDragDrop(const QStringList& files)
     openFolderOf(module.playlist, files.front());
     module.playlist.OpenedFromExplorer = false;
     DropResult result;
-    runWithBusyCursor([&] { result = applyDrop(module.playlist, files, module.TypePattern); });
+    runBusy([&] { result = applyDrop(module.playlist, files, module.TypePattern); });
     List1->growTo(treeLines(module.playlist));
-    m_services.engine.playlistExtended(result.groupDropped);
+    m_services.engine.playlistExtended(result);
 }
 
 } // namespace orvanta

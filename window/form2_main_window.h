@@ -159,6 +159,7 @@ public:
     void showBookmarkSign() override;
     [[nodiscard]] bool isModalWindowOpen() const override;
     void cancelModalWindows() override;
+    void runBusy(const std::function<void()>& work) override;
     void unloadAll() override;
 
 Q_SIGNALS:

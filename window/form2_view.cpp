@@ -1,4 +1,5 @@
 #include "core/paths.h"
+#include "platform/screen/busy_cursor.h"
 #include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
 #include "window/clip_line.h"
@@ -162,6 +163,12 @@ void Form2::showBookmarkSign()
 bool Form2::isModalWindowOpen() const
 {
     return QApplication::activeModalWidget() != nullptr;
+}
+
+// What it paints are lines and texts of its own, never the playlist that the work changes.
+void Form2::runBusy(const std::function<void()>& work)
+{
+    runWithBusyCursor(work, [this] { repaint(); });
 }
 
 // As the window manager closes them. One that refuses goes with the program.

@@ -137,7 +137,8 @@ void MpvPlayer::serveFact(Request fact, const mpv_event& event)
     switch (fact) {
     case FileFormat: {
         const QByteArray format(valueOf<const char*>(property, MPV_FORMAT_STRING, ""));
-        m_rewindsByReload = isRawStream(format);
+        m_unseekable = isUnseekable(format);
+        m_rewindsByReload = m_unseekable;
         m_mpv->set("hr-seek-demuxer-offset", seekHeadStart(format));
         break;
     }

@@ -57,6 +57,7 @@ void MpvPlayer::forgetClip()
     m_factsAsked = false;
     m_reloading = false;
     m_rewindsByReload = false;
+    m_unseekable = false;
     m_phase = Empty;
     m_fileName.clear();
     m_pictureSize = QSize();
@@ -153,8 +154,9 @@ void MpvPlayer::failOpening(const QString& reason)
 /// Goes where somebody wanted to go while the file was not yet open.
 void MpvPlayer::seekAsWished()
 {
-    if (m_seekWhenReady) {
-        goTo(clamped(*std::exchange(m_seekWhenReady, std::nullopt)), MpvSeek::Exact);
+    const std::optional<double> wish = std::exchange(m_seekWhenReady, std::nullopt);
+    if (wish && canGoTo(*wish)) {
+        goTo(clamped(*wish), MpvSeek::Exact);
     }
 }
 

@@ -19,8 +19,8 @@ bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra = {});
 /// The library's volume, percent on its cubic scale, for hundredths of a decibel (at most 0).
 [[nodiscard]] double mpvVolume(int hundredthsOfDecibel);
 
-/// Whether a container name means a bare stream without an index, which cannot seek to its start.
-[[nodiscard]] bool isRawStream(const QByteArray& fileFormat);
+/// Whether a container name means a bare stream in which no seek gets anywhere.
+[[nodiscard]] bool isUnseekable(const QByteArray& fileFormat);
 
 /// Seconds by which an exact seek starts earlier than its target, so that it does not miss it.
 [[nodiscard]] double seekHeadStart(const QByteArray& fileFormat);

@@ -71,6 +71,10 @@ void MpvPlayer::seek(double seconds, MpvSeek::Kind kind)
         return;
     }
     const double target = clamped(seconds);
+    if (!canGoTo(target)) {
+        Q_EMIT position(); // whoever already shows the target is told where the player is
+        return;
+    }
     if (m_phase == Opening || m_reloading) {
         m_seekWhenReady = target;
         Q_EMIT position();

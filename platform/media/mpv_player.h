@@ -93,6 +93,7 @@ private:
     void moveTo(double seconds);
     void takeDuration(double seconds);
     [[nodiscard]] double clamped(double seconds) const;
+    [[nodiscard]] bool canGoTo(double target) const { return !m_unseekable || target <= 0; }
 
     // mpv_loading.cpp
     void load(const QString& path);
@@ -139,6 +140,7 @@ private:
     bool m_factsAsked = false;
     bool m_reloading = false; // on the way back to the start of a clip that cannot seek to it
     bool m_rewindsByReload = false;
+    bool m_unseekable = false; // plays from its start to its end, and nothing else
     QSize m_pictureSize;
 
     double m_position = 0;

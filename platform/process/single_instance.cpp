@@ -4,20 +4,25 @@
 #include "platform/process/file_lock.h"
 
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 #include <QLocalServer>
 #include <QLocalSocket>
 
+#include <utility>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kAnswerTimeMs = 500;
+constexpr int kConnectTimeMs = 500;
+constexpr int kAnswerTimeMs = 5000; // a first that reads many packets serves no calls meanwhile
 constexpr int kCallsWaiting = 128;
 constexpr qint64 kLongestCall = 4096; // bytes; a token is some dozens
 
 static const QByteArray kRaiseCall = "raise ";
+static const QByteArray kHeard = "heard\n";
 
 static QString socketFolder()
 {
@@ -48,8 +53,9 @@ SingleInstance::~SingleInstance()
     release();
 }
 
-void SingleInstance::listen()
+void SingleInstance::listen(std::function<bool()> goesOn)
 {
+    m_goesOn = std::move(goesOn);
     m_server = new QLocalServer(this);
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
     m_server->setListenBacklogSize(kCallsWaiting);
@@ -78,8 +84,13 @@ void SingleInstance::readCall(QLocalSocket* call)
         return;
     }
     const QByteArray line = call->readLine(kLongestCall).trimmed() + ' ';
+    const bool answers = line.startsWith(kRaiseCall) && m_goesOn();
+    if (answers) {
+        call->write(kHeard);
+        call->flush();
+    }
     call->disconnectFromServer();
-    if (line.startsWith(kRaiseCall)) {
+    if (answers) {
         Q_EMIT raiseRequested(QString::fromUtf8(line.mid(kRaiseCall.size()).trimmed()));
     }
 }
@@ -88,13 +99,16 @@ bool SingleInstance::raiseFirst(const QString& activationToken) const
 {
     QLocalSocket call;
     call.connectToServer(socketName(m_folder));
-    if (!call.waitForConnected(kAnswerTimeMs)) {
+    if (!call.waitForConnected(kConnectTimeMs)) {
         return false;
     }
     call.write(kRaiseCall + activationToken.toUtf8() + '\n');
-    call.waitForBytesWritten(kAnswerTimeMs);
-    call.disconnectFromServer();
-    return true;
+    // Being written proves nothing: the call may lie unread in a socket that is about to close.
+    const QDeadlineTimer patience(kAnswerTimeMs);
+    while (!call.canReadLine() && !patience.hasExpired() &&
+           call.waitForReadyRead(static_cast<int>(patience.remainingTime()))) {
+    }
+    return call.readLine(kHeard.size() + 1) == kHeard;
 }
 
 void SingleInstance::release()

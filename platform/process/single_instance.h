@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class QLocalServer;
@@ -24,10 +25,12 @@ public:
     ~SingleInstance() override;
 
     [[nodiscard]] bool isFirst() const { return m_lock != nullptr; }
-    /// The first instance: takes later ones' calls from now on.
-    void listen();
+    /// The first instance: takes later ones' calls from now on. goesOn is asked at each call: one
+    /// that is ending leaves the call without an answer, and the launch takes its place.
+    void listen(std::function<bool()> goesOn = [] { return true; });
     /// A later instance: asks the first to show its window, with the launch's activation token.
-    /// Waits a moment at most. False when the first does not answer (it may be starting or ending).
+    /// Waits some seconds at most for a first that is busy. False when the first does not answer
+    /// (it may be starting or ending).
     [[nodiscard]] bool raiseFirst(const QString& activationToken = {}) const;
     /// Gives the lock up (before an error report that may stay on the screen for long).
     void release();
@@ -41,6 +44,7 @@ private:
     void readCall(QLocalSocket* call);
 
     QString m_folder;
+    std::function<bool()> m_goesOn;
     std::unique_ptr<FileLock> m_lock; // null: somebody else is first
     QLocalServer* m_server = nullptr;
 };

@@ -134,6 +134,17 @@ TEST_F(Drop, WhatIsDroppedWhileAClipPlaysIsAppendedAndOnlyAGroupStartsAnew)
                      QString(), QString(), u"#From a group"_s, u"Ten"_s, u"Twenty"_s}));
 }
 
+TEST_F(Drop, AfterTheEndOfTheListWhatIsDroppedBegins)
+{
+    start(true, {writeClips(file(u"short.vxl"_s), {{media(u"short.wav"_s), u"Short"_s}})});
+    ASSERT_TRUE(plays(u"ended 1 1"_s));
+    ASSERT_TRUE(waitFor([this] { return window().currentRow() == -1; }));
+    const QString a = clip(u"a.mp4"_s);
+    ASSERT_TRUE(drop({a}));
+    EXPECT_TRUE(plays(u"start 1 2 "_s + a));
+    EXPECT_TRUE(becomes(u"Playing"_s));
+}
+
 TEST_F(Drop, WithoutAutoStartItStopsTheClipAndClearsTimeAndText)
 {
     startPlaying();

@@ -1,6 +1,7 @@
 // Later launches: what they hand over, and what becomes of the first instance's window.
 
 #include "platform/process/file_lock.h"
+#include "platform/process/single_instance.h"
 #include "tests/e2e/support/end_to_end.h"
 
 #include <csignal>
@@ -164,6 +165,36 @@ TEST_F(HandOver, NoLaunchIsSwallowedByAnInstanceThatIsToldToEnd)
         ending.sendSignal(SIGTERM);
         launch.start({media(u"short.wav"_s)});
         ASSERT_TRUE(launch.next(u"loaded 1 packets, 1 entries"_s)) << launch.said();
+        EXPECT_EQ(ending.statusAtEnd(), 0);
+    }
+}
+
+TEST_F(HandOver, ALaunchWithoutAFileWhoseCallAnEndingInstanceLeavesUnansweredTakesItsPlace)
+{
+    qputenv("XDG_RUNTIME_DIR", desktop.environment().value(u"XDG_RUNTIME_DIR"_s).toUtf8());
+    SingleInstance ending(home.folder());
+    ASSERT_TRUE(ending.isFirst());
+    bool called = false;
+    ending.listen([&called] {
+        called = true;
+        return false;
+    });
+    program.start({});
+    ASSERT_TRUE(waitFor([&called] { return called; })) << program.said();
+    ending.release();
+    EXPECT_TRUE(program.next(u"^orvanta.startup: ready"_s)) << program.said();
+}
+
+TEST_F(HandOver, NoLaunchWithoutAFileIsSwallowedByAnInstanceThatIsToldToEnd)
+{
+    std::list<Application> instances;
+    ASSERT_TRUE(instances.emplace_back(desktop, home).startAndShow());
+    for (int round = 1; round <= 4; ++round) {
+        Application& ending = instances.back();
+        Application& launch = instances.emplace_back(desktop, home);
+        ending.sendSignal(SIGTERM);
+        launch.start({});
+        ASSERT_TRUE(launch.next(u"^orvanta.startup: ready"_s)) << launch.said();
         EXPECT_EQ(ending.statusAtEnd(), 0);
     }
 }

@@ -116,6 +116,14 @@ TEST_F(Options, AutoCloseEndsTheProgramAfterFilesFromTheShell)
     EXPECT_EQ(program.statusAtEnd(), 0);
 }
 
+TEST_F(Options, AutoCloseSaysFirstWhatCannotBePlayed)
+{
+    home.setOption(u"acp"_s, true);
+    ASSERT_TRUE(program.startAndShow({media(u"noise.avi"_s)}));
+    EXPECT_TRUE(waitFor([&] { return window().clipText() == u"Cannot play: noise.avi"; }));
+    EXPECT_EQ(program.statusAtEnd(), 0);
+}
+
 TEST_F(Options, AutoCloseWaitsForTheLastClipOfAll)
 {
     home.setOption(u"acp"_s, true);

@@ -194,7 +194,8 @@ TEST_P(Help, EveryCaptionOfTheMainWindowTheEditorsAndTheTrayIsInIt)
     const QString text = book.source.simplified();
     QStringList missing;
     for (const QString& caption : wanted) {
-        if (!text.contains(caption, Qt::CaseInsensitive)) {
+        const QString fixedPart = caption.split(u"%1"_s).front();
+        if (!text.contains(fixedPart, Qt::CaseInsensitive)) {
             missing.append(caption);
         }
     }

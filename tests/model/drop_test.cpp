@@ -64,6 +64,27 @@ protected:
     PlaylistState m_playlist;
 };
 
+/// Packet and clip of the first line that a drop added.
+std::pair<int, int> firstLine(const DropResult& result)
+{
+    return {result.firstPacket.value(), result.firstClip.value()};
+}
+
+TEST_F(Drop, TellsTheFirstLineThatItAdded)
+{
+    EXPECT_EQ(firstLine(drop({u"/m/a.avi"_s, u"/m/b.avi"_s})), std::pair(1, 1));
+    EXPECT_EQ(firstLine(drop({u"/m/c.avi"_s})), std::pair(1, 3));
+    EXPECT_EQ(firstLine(drop({clipListPacket(u"p.vxl"_s, 2)})), std::pair(2, 1));
+    EXPECT_EQ(firstLine(drop({clipListPacket(u"q.vxl"_s, 2), u"/m/d.avi"_s})), std::pair(2, 3));
+}
+
+TEST_F(Drop, TellsNoLineThatCannotBePlayed)
+{
+    EXPECT_EQ(firstLine(drop({clipListPacket(u"empty.vxl"_s, 0)})), std::pair(0, 0));
+    EXPECT_EQ(firstLine(drop({brakePacket(u"brakes.vxl"_s)})), std::pair(2, 1));
+    EXPECT_EQ(firstLine(drop({u"/m/a.avi"_s})), std::pair(0, 0)) << "a line below brakes";
+}
+
 TEST_F(Drop, ThreeClipsOnAnEmptyPlaylistMakeOnePacketInReverseDropOrder)
 {
     drop({u"/m/a.avi"_s, u"/m/b.avi"_s, u"/m/c.avi"_s});

@@ -1,6 +1,8 @@
 // Times that cannot be read, the end of a list of lessons, a stop at the beginning.
 #include "tests/playback/brakes_fixture.h"
 
+#include <QElapsedTimer>
+
 namespace orvanta::test {
 
 /// A clip was dropped into the lesson, or a time of its file is spoiled.
@@ -94,6 +96,153 @@ TEST_F(EndOfAList, OfOneLessonBeginsItAgainAtItsFirstBrake)
     waitUntilRunning();
     EXPECT_EQ(clip(), 1);
     EXPECT_EQ(control.CurrentPosition(), 5);
+}
+
+/// Files from outside, with the option that closes the program after them.
+class UnplayableFromOutside : public EngineTest
+{
+protected:
+    void SetUp() override
+    {
+        turnOn({"agnc", "agnp", "acp"});
+        module.Language = 1;
+        addMissingClips({u"broken"_s});
+        module.playlist.OpenedFromExplorer = true;
+    }
+
+    /// As opening does it; the first tick after it comes to the end of the list.
+    void openAndFail()
+    {
+        option("as");
+        queue({path(u"broken.gone"_s)});
+        engine->tick();
+        engine->tick();
+    }
+
+    [[nodiscard]] bool closes()
+    {
+        return QTest::qWaitFor([&] {
+            engine->tick();
+            return view.unloaded == 1;
+        });
+    }
+};
+
+TEST_F(UnplayableFromOutside, IsNamedBeforeTheProgramCloses)
+{
+    openAndFail();
+    EXPECT_EQ(view.unloaded, 0);
+    EXPECT_EQ(view.clipText, u"Cannot play: broken.gone");
+    EXPECT_EQ(view.listIndex, -1);
+    EXPECT_TRUE(closes());
+    EXPECT_EQ(view.clipText, u"Cannot play: broken.gone");
+}
+
+TEST_F(UnplayableFromOutside, IsNamedForThreeSeconds)
+{
+    QElapsedTimer shown;
+    shown.start();
+    openAndFail();
+    ASSERT_TRUE(closes());
+    EXPECT_GE(shown.elapsed(), 3000);
+}
+
+TEST_F(UnplayableFromOutside, IsNamedInRussianToo)
+{
+    module.Language = 2;
+    openAndFail();
+    EXPECT_EQ(view.clipText, u"Не удаётся воспроизвести: broken.gone");
+}
+
+TEST_F(UnplayableFromOutside, IsNamedByTheFileOfItsBrakes)
+{
+    PlaylistEntry packet;
+    packet.HasBrakes = true;
+    packet.MediaFile = u"C:\\lessons\\lesson.gone"_s;
+    packet.Clips.push_back({.Time = u"5"_s, .Text = u"brake"_s, .Path = {}});
+    emptyPlaylist();
+    addPacket(packet);
+    engine->startCurrent();
+    engine->tick();
+    EXPECT_EQ(view.clipText, u"Cannot play: lesson.gone");
+}
+
+TEST_F(UnplayableFromOutside, IsNotNamedWhereTheProgramStays)
+{
+    option("acp", u"0"_s);
+    openAndFail();
+    EXPECT_EQ(view.clipText, u"broken");
+}
+
+/// The closing is due; what keeps the program keeps it for good.
+class UnplayableFromOutsideThenAsked : public UnplayableFromOutside
+{
+protected:
+    void SetUp() override
+    {
+        UnplayableFromOutside::SetUp();
+        openAndFail();
+        ASSERT_EQ(view.clipText, u"Cannot play: broken.gone");
+    }
+
+    /// The time is over when a second program, in which the same happened later, has closed.
+    void expectItStays()
+    {
+        Module1 otherModule = module;
+        otherModule.playlist = {};
+        ScriptedMediaControl otherControl;
+        PlainVideoWindow otherVideo{otherControl};
+        PlainPlaybackView otherView{otherModule};
+        PlaybackEngine other(otherModule, otherControl, otherVideo);
+        other.attachView(otherView);
+        PlaylistEntry gone;
+        gone.Clips.push_back({.Time = {}, .Text = u"gone"_s, .Path = path(u"gone"_s)});
+        gone.ClipCount = 1;
+        otherModule.playlist.Playlist.push_back(gone);
+        otherModule.playlist.PlaylistCount += 1;
+        otherModule.playlist.OpenedFromExplorer = true;
+        otherView.RebuildTree();
+        other.startCurrent();
+        ASSERT_TRUE(QTest::qWaitFor([&] {
+            other.tick();
+            return otherView.unloaded == 1;
+        }));
+        engine->tick();
+        EXPECT_EQ(view.unloaded, 0);
+    }
+};
+
+TEST_F(UnplayableFromOutsideThenAsked, StaysForPlay)
+{
+    file(u"broken.gone"_s); // it has come back
+    engine->play();
+    expectItStays();
+    EXPECT_EQ(runningFile(), path(u"broken.gone"_s));
+}
+
+TEST_F(UnplayableFromOutsideThenAsked, StaysForAnOpening)
+{
+    option("as", u"0"_s);
+    emptyPlaylist();
+    addClips({u"good"_s});
+    engine->playlistReplaced();
+    expectItStays();
+}
+
+TEST_F(UnplayableFromOutsideThenAsked, StaysForADrop)
+{
+    option("as", u"0"_s);
+    addClips({u"good"_s});
+    engine->playlistExtended({});
+    expectItStays();
+}
+
+TEST_F(UnplayableFromOutsideThenAsked, StaysForAnotherFileFromOutside)
+{
+    queue({file(u"good.avi"_s)});
+    engine->tick();
+    expectItStays();
+    EXPECT_EQ(runningFile(), path(u"good.avi"_s));
 }
 
 class StopAtTheBeginning : public Brakes

@@ -45,6 +45,14 @@ TEST_F(HandOver, IsServedAndResetWhetherOrNotTheTrayOptionIsOn)
     }
 }
 
+TEST_F(HandOver, IsReadAsWorkThatMayBeLong)
+{
+    serve({packetFile(u"a.vxl"_s, u"a"_s), packetFile(u"b.vxl"_s, u"b"_s)});
+    EXPECT_EQ(view.packetsAfterBusyWork, std::vector{2});
+    engine->openAndPlay(packetFile(u"c.vxl"_s, u"c"_s));
+    EXPECT_EQ(view.packetsAfterBusyWork, (std::vector{2, 1}));
+}
+
 TEST_F(HandOver, NotesThatTheShellOpenedTheFiles)
 {
     serve({file(u"clip.avi"_s)});

@@ -83,6 +83,34 @@ TEST_F(PositionSliderOfTheWindow, LetGoOfAPausedClipShowsWhereThePlayerIs)
     EXPECT_EQ(module.SliderValue, 25);
 }
 
+TEST_F(PositionSliderOfTheWindow, LetGoOfAClipThatRefusesSeeksShowsWhereThePlayerIs)
+{
+    for (const MediaControl::State state : {MediaControl::Stopped, MediaControl::Running}) {
+        emptyPlaylist();
+        playClipAt(10);
+        engine->tick();
+        control.failSeeks = true;
+        control.forceState(state);
+        engine->sliderMoved(75);
+        engine->sliderCommitted();
+        EXPECT_EQ(view.currentTime, formatPicture(10, kPositionPicture)) << state;
+        EXPECT_EQ(view.slider, 25) << state;
+        control.failSeeks = false;
+    }
+}
+
+TEST_F(PositionSliderOfTheWindow, LetGoOfAClipOfUnknownLengthSeeksNowhere)
+{
+    playClipAt(10);
+    engine->tick();
+    control.duration = 0;
+    engine->sliderMoved(75);
+    engine->sliderCommitted();
+    EXPECT_EQ(control.CurrentPosition(), 10);
+    EXPECT_EQ(view.currentTime, formatPicture(10, kPositionPicture));
+    EXPECT_EQ(view.slider, 0);
+}
+
 TEST_F(PositionSliderOfTheWindow, LetGoAfterAnotherClipHasBegunSeeksNothing)
 {
     addClips({u"one"_s, u"two"_s});

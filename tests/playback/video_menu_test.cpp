@@ -66,11 +66,11 @@ TEST_F(VideoMenu, SteersThePlayerAtOnce)
 TEST_F(VideoMenu, HandsOnWhatIsNotItsOwn)
 {
     for (const Command command :
-         {Command::NextClip, Command::PreviousClip, Command::OpenFile, Command::OpenClips,
+         {Command::NextLine, Command::PreviousLine, Command::OpenFile, Command::OpenClips,
           Command::Find, Command::Help, Command::Quit}) {
         entry(command).trigger();
     }
-    EXPECT_EQ(asked, (QList{Command::NextClip, Command::PreviousClip, Command::OpenFile,
+    EXPECT_EQ(asked, (QList{Command::NextLine, Command::PreviousLine, Command::OpenFile,
                             Command::OpenClips, Command::Find, Command::Help, Command::Quit}));
 }
 

@@ -42,7 +42,16 @@ ff -f lavfi -i "sine=frequency=440:sample_rate=48000" -t 2 tone.wav
 
 # Bare streams.
 ff -f lavfi -i "$picture" -t 0.6 -pix_fmt yuv420p -c:v libx264 raw.h264
+ff -f lavfi -i "$picture" -t 0.6 -pix_fmt yuv420p -c:v libx265 -x265-params log-level=none raw.hevc
+ff -f lavfi -i "$picture" -t 3 -pix_fmt yuv420p -c:v libx264 long.h264
+ff -f lavfi -i "$picture" -t 0.6 -c:v mpeg4 -f m4v raw.m4v
+ff -f lavfi -i "$picture" -t 0.6 -c:v mpeg2video -f mpeg2video raw.m2v
 ff -f lavfi -i "$sound" -t 0.6 -c:a aac raw.aac
+ff -f lavfi -i "$sound" -t 0.6 -c:a aac -f latm raw.loas
+ff -f lavfi -i "$sound" -t 0.6 -c:a ac3 raw.ac3
+ff -f lavfi -i "$sound" -t 0.6 -c:a eac3 raw.eac3
+ff -f lavfi -i "$sound" -t 0.6 -ar 48000 -c:a dca -strict -2 -f dts raw.dts
+ff -f lavfi -i "$sound" -t 0.6 -write_xing 0 -id3v2_version 0 raw.mp3
 
 # Every picture has a shade of its own: number n is 20 + 3 n, so an exact seek can be read off.
 shades="color=black:size=64x64:rate=25,format=gray,geq=lum='20+3*N',format=yuv420p"

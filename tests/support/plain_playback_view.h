@@ -36,6 +36,7 @@ public:
     int broughtToFront = 0;
     int bookmarkSigns = 0;
     int unloaded = 0;
+    std::vector<int> packetsAfterBusyWork; // how many were open after each
     int rebuilt = 0;
     PlayingPlace playing;
     std::function<void()> onUnload;
@@ -84,6 +85,11 @@ public:
     void showBookmarkSign() override { ++bookmarkSigns; }
     [[nodiscard]] bool isModalWindowOpen() const override { return modalWindowOpen; }
     void cancelModalWindows() override { modalWindowOpen = false; }
+    void runBusy(const std::function<void()>& work) override
+    {
+        work();
+        packetsAfterBusyWork.push_back(m_module.playlist.PlaylistCount.value());
+    }
     void unloadAll() override
     {
         ++unloaded;

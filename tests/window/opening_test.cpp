@@ -2,7 +2,12 @@
 
 #include "tests/window/window_fixture.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
+#include <QThread>
+#include <QTimer>
+
+#include <atomic>
 
 namespace orvanta::test {
 
@@ -16,6 +21,41 @@ TEST_F(Opening, OpenClipAsksForSeveralFilesOfTheRegisteredTypes)
 {
     click(window->Image8);
     EXPECT_EQ(pickers.calls, QStringList{u"open several *.avi;*.mp3"_s});
+}
+
+/// Counts how often a widget paints.
+class PaintCount : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        times += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+    std::atomic<int> times = 0;
+};
+
+TEST_F(Opening, TheWindowPaintsOnUnderLongWorkButServesNothing)
+{
+    PaintCount painted;
+    window->List1->viewport()->installEventFilter(&painted);
+    bool served = false;
+    QTimer::singleShot(0, window.get(), [&] { served = true; });
+    bool servedMeanwhile = false;
+    bool busy = false;
+    window->runBusy([&] {
+        const int before = painted.times;
+        const QDeadlineTimer deadline(20000);
+        while (painted.times < before + 3 && !deadline.hasExpired()) {
+            QThread::msleep(5);
+        }
+        busy = QGuiApplication::overrideCursor() != nullptr;
+        servedMeanwhile = served;
+    });
+    EXPECT_GE(painted.times, 3);
+    EXPECT_TRUE(busy);
+    EXPECT_FALSE(servedMeanwhile);
 }
 
 TEST_F(Opening, OpenFileAsksForOnePacketOrGroup)

@@ -61,7 +61,10 @@ INSTANTIATE_TEST_SUITE_P(SoundOnly, EveryClip, testing::Values("one.wav", "one.m
                          nameOf);
 INSTANTIATE_TEST_SUITE_P(Ordinary, EveryClip, testing::Values("two.mp4", "silent.mp4", "stream.ts"),
                          nameOf);
-INSTANTIATE_TEST_SUITE_P(BareStream, EveryClip, testing::Values("raw.h264", "raw.aac"), nameOf);
+INSTANTIATE_TEST_SUITE_P(BareStream, EveryClip,
+                         testing::Values("raw.h264", "raw.hevc", "raw.m4v", "raw.m2v", "raw.aac",
+                                         "raw.loas", "raw.ac3", "raw.eac3", "raw.dts", "raw.mp3"),
+                         nameOf);
 INSTANTIATE_TEST_SUITE_P(BrokenOff, EveryClip,
                          testing::Values("broken.mp4", "broken.mkv", "broken.avi", "broken.ts",
                                          "broken.wav", "unknown.mkv"),

@@ -296,7 +296,8 @@ TEST(MediaPlaying, WithoutASurfaceAClipWithAPicturePlaysAllTheSame)
 
 TEST(MediaPlaying, ABareStreamGoesBackToItsStartWhenStopped)
 {
-    for (const auto* name : {"raw.h264", "raw.aac"}) {
+    for (const auto* name : {"raw.h264", "raw.hevc", "raw.m4v", "raw.m2v", "raw.aac", "raw.loas",
+                             "raw.ac3", "raw.eac3", "raw.dts", "raw.mp3"}) {
         RecordedPlayer player;
         ASSERT_TRUE(player.open(QString::fromLatin1(name)));
         player.control.Run();
@@ -310,6 +311,38 @@ TEST(MediaPlaying, ABareStreamGoesBackToItsStartWhenStopped)
         EXPECT_EQ(player.ends, 1) << name;
         EXPECT_EQ(player.opened.size(), 1) << name;
     }
+}
+
+TEST(MediaPlaying, ASeekInAStreamThatCannotSeekLeavesThePlayerWhereItIs)
+{
+    RecordedPlayer player;
+    ASSERT_TRUE(player.open(u"long.h264"_s));
+    player.control.Run();
+    ASSERT_TRUE(player.reaches(0.4));
+    const double before = player.control.CurrentPosition();
+    const int reported = player.positions;
+    player.control.setCurrentPosition(2.5);
+    EXPECT_EQ(player.control.CurrentPosition(), before);
+    EXPECT_GT(player.positions, reported);
+    player.control.previewPosition(2.0);
+    EXPECT_EQ(player.control.CurrentPosition(), before);
+    // It plays on through all the rest.
+    ASSERT_TRUE(player.reaches(1.5));
+    EXPECT_EQ(player.ends, 0);
+    ASSERT_TRUE(player.endsOnceMore());
+    EXPECT_GT(player.control.Duration(), 2.8);
+}
+
+TEST(MediaPlaying, ASeekWishedWhileAStreamThatCannotSeekOpensIsForgotten)
+{
+    RecordedPlayer player;
+    player.control.setFileName(testClip(u"long.h264"_s));
+    player.control.setCurrentPosition(2.0);
+    ASSERT_TRUE(comesTrue([&] { return player.control.isReady(); }));
+    EXPECT_EQ(player.control.CurrentPosition(), 0.0);
+    player.control.Run();
+    ASSERT_TRUE(player.reaches(0.5));
+    EXPECT_EQ(player.ends, 0);
 }
 
 TEST(MediaPlaying, SoundPlaysToItsEndWithoutASoundDevice)

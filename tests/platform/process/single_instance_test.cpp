@@ -2,12 +2,14 @@
 #include "tests/support/probe.h"
 #include "tests/support/settings_folder.h"
 
+#include <QLocalServer>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <csignal>
 #include <gtest/gtest.h>
 #include <memory>
+#include <poll.h>
 #include <vector>
 
 namespace orvanta {
@@ -19,6 +21,14 @@ namespace {
 void sendSignal(const QProcess& process, int signal)
 {
     ::kill(static_cast<pid_t>(process.processId()), signal);
+}
+
+/// Waits, without serving events, until somebody is connected to the instance's socket.
+bool hasUnservedCall(const SingleInstance& instance)
+{
+    const qintptr listening = instance.findChild<QLocalServer*>()->socketDescriptor();
+    pollfd waiting = {.fd = static_cast<int>(listening), .events = POLLIN, .revents = 0};
+    return ::poll(&waiting, 1, 20000) == 1;
 }
 
 struct TwoInstances : testing::Test
@@ -126,13 +136,32 @@ TEST_F(TwoInstances, OfManyStartedAtOnceExactlyOneIsFirst)
     EXPECT_EQ(firsts, 1);
 }
 
-TEST_F(TwoInstances, ACallThatIsNoRaiseIsPassedOver)
+TEST_F(TwoInstances, AFirstThatIsEndingHearsNobody)
 {
-    SingleInstance instance(folder.path());
-    instance.listen();
-    const QSignalSpy raised(&instance, &SingleInstance::raiseRequested);
-    ASSERT_TRUE(instance.raiseFirst());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return raised.count() == 1; }));
+    SingleInstance ending(folder.path());
+    int asked = 0;
+    ending.listen([&] {
+        ++asked;
+        return false;
+    });
+    const QSignalSpy raised(&ending, &SingleInstance::raiseRequested);
+    Probe later;
+    later.startProgram("instance_probe", {folder.path()});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return later.canReadLine(); }, 20000));
+    EXPECT_EQ(later.nextLine(), "later, not heard");
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(raised.count(), 0);
+}
+
+TEST_F(TwoInstances, ACallThatLiesUnreadInAClosingSocketIsNotHeard)
+{
+    SingleInstance ending(folder.path());
+    ending.listen();
+    Probe later;
+    later.startProgram("instance_probe", {folder.path()});
+    ASSERT_TRUE(hasUnservedCall(ending));
+    ending.release();
+    EXPECT_EQ(later.nextLine(), "later, not heard");
 }
 
 TEST_F(TwoInstances, EndSignalsArriveAsAnEvent)

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QThread>
 
+#include <atomic>
 #include <gtest/gtest.h>
 
 namespace orvanta::test {
@@ -23,6 +24,21 @@ TEST(BusyCursor, ShowsOverLongWorkAndGoesWithIt)
     });
     EXPECT_TRUE(shown);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST(BusyCursor, PaintsOnTheInterfaceThreadUntilTheWorkIsDone)
+{
+    const QThread* interface = QThread::currentThread();
+    std::atomic<int> painted = 0;
+    runWithBusyCursor(
+        [&] {
+            const QDeadlineTimer deadline(20000);
+            while (painted < 3 && !deadline.hasExpired()) {
+                QThread::msleep(5);
+            }
+        },
+        [&] { painted += QThread::currentThread() == interface ? 1 : 0; });
+    EXPECT_GE(painted, 3);
 }
 
 TEST(BusyCursor, TheWorkIsDoneWhenTheCallReturns)
