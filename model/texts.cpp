@@ -182,24 +182,23 @@ constexpr std::array kTexts{
         u"It is free software under the MIT licence: use it, share it, change it. It plays with "
         u"%2 and FFmpeg %3; its windows are made with Qt %4.\n\n"
         u"Something is wrong, or missing? Tell it to those from whom you have the program or its "
-        u"source text. CONTRIBUTING.md says what a report is made of, and the command below makes "
-        u"the program say what it does.",
+        u"source text. CONTRIBUTING.md says what a report is made of. Started like this, the "
+        u"program says what it does:\nQT_LOGGING_RULES=\"orvanta.*=true\" orvanta",
         u"Орванта %1 ведёт по материалу шаг за шагом: клипы по порядку, у каждого своя фраза, или "
         u"один клип с отметками времени. Она сделана для уроков, упражнений и внимательного "
         u"слушания. Её автор — все, кто для неё писал.\n\n"
         u"Это свободная программа под лицензией MIT: пользуйтесь, передавайте, меняйте. "
         u"Воспроизводят %2 и FFmpeg %3, окна построены на Qt %4.\n\n"
         u"Что-то не так или чего-то не хватает? Скажите тем, от кого у вас программа или её "
-        u"исходный текст. Что нужно для сообщения, написано в CONTRIBUTING.md, а команда ниже "
-        u"заставит программу рассказывать, что она делает."},
+        u"исходный текст. Что нужно для сообщения, написано в CONTRIBUTING.md. Запущенная так, "
+        u"программа рассказывает, что она делает:\nQT_LOGGING_RULES=\"orvanta.*=true\" orvanta"},
     InterfaceText{u"Form9", u"Label2", u"My adress:", u"Мой адрес:"},
-    // Nothing in it depends on the language.
-    InterfaceText{u"Form9", u"label6",
-                  u"CONTRIBUTING.md\nQT_LOGGING_RULES=\"orvanta.*=true\" orvanta",
-                  u"CONTRIBUTING.md\nQT_LOGGING_RULES=\"orvanta.*=true\" orvanta"},
+    InterfaceText{u"Form9", u"label6", u"there where you have Orvanta from",
+                  u"там, откуда у вас Орванта"},
     InterfaceText{u"Form9", u"Label7", u"Published in magazine:",
                   u"Напечатано в справочнике «Шаг за шагом»:"},
-    InterfaceText{u"Form9", u"Text1.file", u"help_eng.htm", u"help_rus.htm"},
+    InterfaceText{u"Form9", u"Text1", u"Step by Step, the handbook of Orvanta",
+                  u"Шаг за шагом. Справочник Орванты"},
     InterfaceText{u"Form9", u"Image1.tip", u"Show the picture enlarged", u"Увеличить картинку"},
     InterfaceText{u"Form9", u"Command1", u"Ok", u"Ok"},
 

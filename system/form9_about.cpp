@@ -2,17 +2,14 @@
 
 #include "core/version.h"
 #include "platform/media/media_library.h"
-#include "platform/process/application_folder.h"
 #include "system/drawn_picture.h"
 #include "system/form3_picture_window.h"
 
-#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
-#include <QUrl>
 #include <QVBoxLayout>
 
 namespace orvanta {
@@ -36,12 +33,6 @@ static QString aboutText(TextLanguage language)
     const MediaLibraryVersions media = mediaLibraryVersions();
     return interfaceText(u"Form9", u"Label1", language)
         .arg(kVersion, media.player, media.codecs, QString::fromLatin1(qVersion()));
-}
-
-static QString handbookAddress(const QString& folder, TextLanguage language)
-{
-    const QString name = interfaceText(u"Form9", u"Text1.file", language);
-    return QUrl::fromLocalFile(installedFile(folder, u'\\' + name)).toString();
 }
 
 Form9::Form9(const Module1& module, QWidget* parent)
@@ -114,7 +105,6 @@ QBoxLayout* Form9::textColumn()
         font.setBold(true);
         caption->setFont(font);
     }
-    label6->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     auto* note = new QVBoxLayout;
     note->addWidget(Label7);
     note->addWidget(Text1);
@@ -149,7 +139,6 @@ void Form9::Form9_Form_Load()
     const TextLanguage language = m_module.settings().exactTextLanguage(TextLanguage::English);
     applyTexts(controls(), language);
     Label1->setText(aboutText(language));
-    Text1->setText(handbookAddress(m_module.ApplicationFolder, language));
     Text1->setCursorPosition(0);
     Text1->setAccessibleName(Label7->text());
     Image8->setAccessibleName(Label7->text());

@@ -2,9 +2,9 @@
 //
 //   Image1    the program's picture; a click shows it enlarged in Form3
 //   Label1    the program about itself: version, licence, libraries, how to report a problem
-//   Label2    caption of label6        label6   what a report is made of
+//   Label2    caption of label6        label6   where to tell what is wrong
 //   Label7    the note about the handbook
-//   Image8    the handbook's picture   Text1    the handbook's address
+//   Image8    the handbook's picture   Text1    the handbook's title
 //   Command1  closes the window
 #pragma once
 
@@ -40,10 +40,10 @@ public:
     DrawnPicture* Image1;  // the program's picture
     QLabel* Label1;        // a few sentences about the program
     QLabel* Label2;        // caption of label6
-    QLabel* label6;        // what to look into and to send with a report
+    QLabel* label6;        // where to tell what is wrong
     QLabel* Label7;        // the note about the handbook
     DrawnPicture* Image8;  // the handbook's picture; not in Russian, where the note names it
-    QLineEdit* Text1;      // the handbook's address, read only
+    QLineEdit* Text1;      // the handbook's title, read only
     QPushButton* Command1; // closes the window
 
     /// The enlarged picture; null until it was asked for.

@@ -101,11 +101,18 @@ TEST_F(About, NamesTheVersionsThatAreAtWork)
     }
 }
 
-TEST_F(About, TheAddressIsThatOfTheDocumentationInItsLanguage)
+TEST_F(About, NoSlotHoldsAPathOrACommandBehindItsCaption)
 {
-    EXPECT_TRUE(show(u"1"_s).Text1->text().endsWith(u"/help_eng.htm"));
-    EXPECT_TRUE(window->Text1->isReadOnly());
-    EXPECT_TRUE(show(u"2"_s).Text1->text().endsWith(u"/help_rus.htm"));
+    for (const QString& language : {u"1"_s, u"2"_s}) {
+        show(language);
+        EXPECT_TRUE(window->Text1->isReadOnly());
+        for (const QString& text : {window->Text1->text(), window->label6->text()}) {
+            EXPECT_FALSE(text.isEmpty());
+            EXPECT_FALSE(text.contains(u'/') || text.contains(u'=') || text.contains(u'\n'))
+                << qPrintable(text);
+        }
+    }
+    EXPECT_EQ(show(u"1"_s).Text1->text(), u"Step by Step, the handbook of Orvanta");
 }
 
 TEST_F(About, IsNotModal)
