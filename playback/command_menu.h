@@ -8,8 +8,8 @@
 
 namespace orvanta {
 
-/// Goes by the table of commands; practice is a submenu. Each entry shows its key; an entry that can do nothing is grey.
-/// The keys are shown alone: the windows hear them.
+/// Goes by the table of commands; practice is a submenu. Each entry shows its key; an entry that
+/// can do nothing is grey. The keys are shown alone: the windows hear them.
 class CommandMenu : public QMenu
 {
     Q_OBJECT

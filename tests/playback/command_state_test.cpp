@@ -16,12 +16,10 @@ TEST(CommandStates, NothingOpenLeavesOnlyWhatOpensAndEnds)
     const CommandFacts nothing;
     for (const CommandRow& row : commands()) {
         if (row.group != MenuGroup::None) {
-            const bool always = row.group == MenuGroup::Opening ||
-                                row.group == MenuGroup::Program ||
-                                row.command == Command::AlwaysOnTop ||
-                                row.command == Command::NextTextLevel ||
-                                (row.group == MenuGroup::Practice &&
-                                 row.command != Command::NormalSpeed);
+            const bool always =
+                row.group == MenuGroup::Opening || row.group == MenuGroup::Program ||
+                row.command == Command::AlwaysOnTop || row.command == Command::NextTextLevel ||
+                (row.group == MenuGroup::Practice && row.command != Command::NormalSpeed);
             EXPECT_EQ(stateOf(row.command, nothing).enabled, always)
                 << qPrintable(row.name.toString());
         }
