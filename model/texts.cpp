@@ -9,6 +9,7 @@ namespace orvanta {
 constexpr QStringView kHelp =
     u"Usage: orvanta [FILE...]\n"
     u"       orvanta /fFOLDER\n"
+    u"       orvanta --continue\n"
     u"       orvanta /auto\n"
     u"\n"
     u"Plays packets (.vxl), groups of packets (.vxg) and clips. A program that is\n"
@@ -16,6 +17,7 @@ constexpr QStringView kHelp =
     u"\n"
     u"  FILE       a packet, a group, a media file or a folder of clips\n"
     u"  /fFOLDER   the clips of a folder, too\n"
+    u"  --continue goes on with the lesson that was on last, where it was left\n"
     u"  /auto      starts without showing the main window\n"
     u"  --help     shows this text\n"
     u"  --version  shows the version\n"

@@ -88,6 +88,7 @@ void AdvanceStep::playbackIsOver(Cursor rest)
 
 void AdvanceStep::listIsOver()
 {
+    m_context.onLessonOver();
     m_context.view->setListIndex(-1);
     if (m_context.module.playlist.OpenedFromExplorer &&
         m_context.module.optionIsOn(Option::CloseWhenOver)) {

@@ -5,6 +5,7 @@
 #include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/command_menu.h"
+#include "playback/lesson_controls.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin_button.h"
@@ -49,6 +50,7 @@ void Form2::connectHandlers()
     press(Image4, &Form2::Form2_Image4_Click);
     press(Image2, &Form2::Form2_Image2_Click);
     connectPractice();
+    connectStartPage();
     on(Text1, &QLineEdit::returnPressed, [this] { Form2_Image2_Click(); });
     on(&m_missed, &QTimer::timeout, [this](auto&&...) { sayFound(true); });
     on(List1, &PlaylistList::cursorMoved, [this](int line) { Form2_List1_Click(line); });
@@ -121,26 +123,32 @@ void Form2::Form2_Image14_Click()
 // Only the last character decides, and only the small letter.
 void Form2::openPacketOrGroup(const QString& path)
 {
+    openDocument(path, path.endsWith(u'l') ? OpenPacket : OpenGroup);
+}
+
+void Form2::openDocument(const QString& path, void (*load)(PlaylistState&, const QString&),
+                         const RecentLesson* left)
+{
     PlaylistState& playlist = m_services.module.playlist;
     openFolderOf(playlist, path);
-    if (path.endsWith(u'l')) {
-        open([&playlist, path] { OpenPacket(playlist, path); });
-    } else {
-        open([&playlist, path] { OpenGroup(playlist, path); });
-    }
+    open([&] { load(playlist, path); }, left);
 }
 
 // A loader that fails ends the opening, but the tree shows what it had read until then.
-void Form2::open(const std::function<void()>& load)
+void Form2::open(const std::function<void()>& load, const RecentLesson* left)
 {
     if (m_services.engine.isClosing()) {
         return; // the program ended while the picker or the editor was open
     }
-    m_services.module.playlist.OpenedFromExplorer = false;
-    if (resumeNext("loader", [&] { runWithBusyCursor(load); })) {
-        m_services.engine.playlistReplaced();
-    } else {
+    PlaylistState& playlist = m_services.module.playlist;
+    m_services.engine.lesson().leave();
+    playlist.OpenedFromExplorer = false;
+    if (!resumeNext("loader", [&] { runWithBusyCursor(load); })) {
         m_services.engine.playlistCutShort();
+    } else if (left != nullptr) {
+        m_services.engine.lesson().playlistContinued(placeIn(playlist, *left));
+    } else {
+        m_services.engine.playlistReplaced();
     }
 }
 

@@ -4,6 +4,7 @@
 #include "model/loaders.h"
 #include "platform/screen/busy_cursor.h"
 #include "platform/screen/window_stacking.h"
+#include "playback/lesson_controls.h"
 #include "playback/typed_key.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
@@ -102,9 +103,11 @@ void Form2::Form2_List1_OLEDragDrop(const QStringList& files)
     Module1& module = m_services.module;
     openFolderOf(module.playlist, files.front());
     module.playlist.OpenedFromExplorer = false;
+    m_services.engine.lesson().leave();
     DropResult result;
     runWithBusyCursor([&] { result = applyDrop(module.playlist, files, module.TypePattern); });
     List1->growTo(treeLines(module.playlist));
+    showStartPage();
     m_services.engine.playlistExtended(result.groupDropped);
 }
 

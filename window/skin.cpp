@@ -97,15 +97,17 @@ QString styleSheet()
 #Text1 { border-radius: 6px; padding: 0 10px; }
 #Text2 { border-radius: 8px; padding: 0 14px; }
 #Text1:hover, #Text2:hover { border-color: %edge; }
-#Text1:focus, #Text2:focus, #List1:focus { border-color: %deep; }
+#Text1:focus, #Text2:focus, #List1:focus, #StartPage:focus { border-color: %deep; }
 #Text1[missed="true"] { background: %missed; border-color: %warning; }
-#List1 { background: %sunken; border: 1px solid %line; border-radius: 8px; padding: 6px 4px; }
-#List1 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
-#List1 QScrollBar::handle:vertical { background: %line; min-height: 24px; border-radius: 3px;
+#List1, #StartPage { background: %sunken; border: 1px solid %line; border-radius: 8px; padding: 6px 4px; }
+#List1 QScrollBar:vertical, #StartPage QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
+#List1 QScrollBar::handle:vertical, #StartPage QScrollBar::handle:vertical { background: %line; min-height: 24px; border-radius: 3px;
     margin: 0 2px; }
-#List1 QScrollBar::handle:vertical:hover { background: %grip; }
-#List1 QScrollBar::add-line, #List1 QScrollBar::sub-line { height: 0; }
-#List1 QScrollBar::add-page, #List1 QScrollBar::sub-page { background: transparent; }
+#List1 QScrollBar::handle:vertical:hover, #StartPage QScrollBar::handle:vertical:hover { background: %grip; }
+#List1 QScrollBar::add-line, #List1 QScrollBar::sub-line,
+#StartPage QScrollBar::add-line, #StartPage QScrollBar::sub-line { height: 0; }
+#List1 QScrollBar::add-page, #List1 QScrollBar::sub-page,
+#StartPage QScrollBar::add-page, #StartPage QScrollBar::sub-page { background: transparent; }
 #create, #tools, #help, #ai { background: %raised; color: %text; border: 1px solid %edge;
     padding: 4px; }
 #create::item, #tools::item, #help::item, #ai::item { padding: 6px 28px 6px 14px;
