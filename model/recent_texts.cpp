@@ -7,9 +7,9 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-static QString pageText(QStringView key, TextLanguage language)
+static QString word(QStringView key, TextLanguage language)
 {
-    return interfaceText(u"Form2", key, language);
+    return interfaceText(u"Recent", key, language);
 }
 
 static QString joined(QStringList parts)
@@ -24,7 +24,7 @@ QString dayText(QDate day, QDate today, TextLanguage language)
         return {};
     }
     if (day == today || day == today.addDays(-1)) {
-        return pageText(day == today ? u"StartPage.today" : u"StartPage.yesterday", language);
+        return word(day == today ? u"today" : u"yesterday", language);
     }
     const bool isEnglish = language == TextLanguage::English;
     const QLocale locale(isEnglish ? QLocale::English : QLocale::Russian);
@@ -35,18 +35,17 @@ QString placeText(const RecentLesson& lesson, QDate today, TextLanguage language
 {
     QString place;
     if (lesson.over) {
-        place = pageText(u"StartPage.over", language);
+        place = word(u"over", language);
     } else if (lesson.line >= 1) {
-        place = pageText(u"StartPage.line", language).arg(lesson.line).arg(lesson.lines);
+        place = word(u"line", language).arg(lesson.line).arg(lesson.lines);
     }
     return joined({place, dayText(lesson.used.toLocalTime().date(), today, language)});
 }
 
 QString spokenText(const RecentLesson& lesson, bool isThere, QDate today, TextLanguage language)
 {
-    return joined(
-        {lesson.title, lesson.folder(),
-         isThere ? placeText(lesson, today, language) : pageText(u"StartPage.gone", language)});
+    return joined({lesson.title, lesson.folder(),
+                   isThere ? placeText(lesson, today, language) : word(u"gone", language)});
 }
 
 } // namespace orvanta

@@ -53,12 +53,6 @@ constexpr std::array kTexts{
     InterfaceText{u"Form2", u"StartPage.name", u"Where you stopped", u"Где вы остановились"},
     InterfaceText{u"Form2", u"StartPage.invite", u"Open a lesson, or go on where you stopped",
                   u"Откройте урок или продолжите начатый"},
-    InterfaceText{u"Form2", u"StartPage.today", u"today", u"сегодня"},
-    InterfaceText{u"Form2", u"StartPage.yesterday", u"yesterday", u"вчера"},
-    InterfaceText{u"Form2", u"StartPage.line", u"%1 of %2", u"%1 из %2"},
-    InterfaceText{u"Form2", u"StartPage.over", u"finished", u"пройден"},
-    InterfaceText{u"Form2", u"StartPage.gone", u"not found", u"не найден"},
-    InterfaceText{u"Form2", u"StartPage.hint", u"Delete takes it off", u"Delete уберёт его"},
     InterfaceText{u"Form2", u"StartPage.open", u"&Go on where it was left",
                   u"&Продолжить с того же места"},
     InterfaceText{u"Form2", u"StartPage.take", u"&Take off the list", u"&Убрать из списка"},
@@ -82,6 +76,14 @@ constexpr std::array kTexts{
     InterfaceText{u"Form2", u"doc", u"&Documentation", u"&Документация"},
     InterfaceText{u"Form2", u"tu", u"&Tutorial", u"&Учебник"},
     InterfaceText{u"Form2", u"ab", u"&About", u"&О программе"},
+
+    // How a lesson that was left is spoken of.
+    InterfaceText{u"Recent", u"today", u"today", u"сегодня"},
+    InterfaceText{u"Recent", u"yesterday", u"yesterday", u"вчера"},
+    InterfaceText{u"Recent", u"line", u"%1 of %2", u"%1 из %2"},
+    InterfaceText{u"Recent", u"over", u"finished", u"пройден"},
+    InterfaceText{u"Recent", u"gone", u"not found", u"не найден"},
+    InterfaceText{u"Recent", u"hint", u"Delete takes it off", u"Delete уберёт его"},
 
     InterfaceText{u"PracticePanel", u"SpeedLabel", u"&Speed", u"&Скорость"},
     InterfaceText{u"PracticePanel", u"TimesLabel", u"Play each &line", u"Каждую с&троку"},

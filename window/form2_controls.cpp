@@ -88,7 +88,6 @@ void Form2::buildBoxes()
     Text2 = new ClipLine(m_surface);
     Text2->setFont(skin::interfaceFont(17));
     Text2->setFixedHeight(skin::kClipHeight);
-    Text2->setPalette(palette);
     List1 = new PlaylistList(m_surface);
     const TextLanguage language =
         textLanguage(m_services.module.Language.value(), TextLanguage::Russian);

@@ -43,9 +43,15 @@ bool StartPageModel::isThere(int row) const
     return lesson(row) != nullptr && m_rows[static_cast<std::size_t>(row)].isThere;
 }
 
+QString StartPageModel::folderAt(int row) const
+{
+    return isThere(row) ? lesson(row)->folder() : interfaceText(u"Recent", u"gone", m_language);
+}
+
 QString StartPageModel::placeAt(int row) const
 {
-    return isThere(row) ? placeText(*lesson(row), QDate::currentDate(), m_language) : text(u"hint");
+    return isThere(row) ? placeText(*lesson(row), QDate::currentDate(), m_language)
+                        : interfaceText(u"Recent", u"hint", m_language);
 }
 
 QString StartPageModel::text(QStringView key) const

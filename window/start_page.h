@@ -27,6 +27,8 @@ public:
     [[nodiscard]] bool isForgetRow(int row) const { return row >= 0 && row == lessonCount(); }
     [[nodiscard]] int lessonCount() const { return static_cast<int>(m_rows.size()); }
     [[nodiscard]] bool isThere(int row) const;
+    /// The folder; of one that is gone, that it is.
+    [[nodiscard]] QString folderAt(int row) const;
     /// What stands at the row's right.
     [[nodiscard]] QString placeAt(int row) const;
     /// Of the page, by the last part of its key.

@@ -120,8 +120,7 @@ void StartPageDelegate::paintLesson(QPainter& painter, const QRect& row, int num
     drawLine(painter, upper, lesson.title, Qt::AlignLeft);
     painter.setFont(small);
     painter.setPen(look.isThere ? look.second : look.warning);
-    drawLine(painter, upper.translated(0, 17),
-             look.isThere ? lesson.folder() : m_model->text(u"gone"), Qt::AlignLeft);
+    drawLine(painter, upper.translated(0, 17), m_model->folderAt(number), Qt::AlignLeft);
     painter.setPen(look.second);
     drawLine(painter, right, place, Qt::AlignRight);
     if (look.isThere) {
