@@ -33,9 +33,6 @@ void Form2::connectHandlers()
     const auto press = [&](SkinButton* button, void (Form2::*handler)()) {
         on(button, &SkinButton::clicked, [this, handler](auto&&...) { (this->*handler)(); });
     };
-    const auto choose = [&](QAction* entry, void (Form2::*handler)()) {
-        on(entry, &QAction::triggered, [this, handler](auto&&...) { (this->*handler)(); });
-    };
     press(Image8, &Form2::Form2_Image8_Click);
     press(Image14, &Form2::Form2_Image14_Click);
     press(Image9, &Form2::Form2_Image9_Click);
@@ -71,6 +68,15 @@ void Form2::connectHandlers()
     on(&Timer1, &QTimer::timeout, [this](auto&&...) { Form2_Timer1_Timer(); });
     on(&Timer2, &QTimer::timeout, [this](auto&&...) { Form2_Timer2_Timer(); });
     on(&Timer3, &QTimer::timeout, [this](auto&&...) { Form2_Timer3_Timer(); });
+    connectMenus();
+}
+
+void Form2::connectMenus()
+{
+    const auto choose = [this](QAction* entry, void (Form2::*handler)()) {
+        connect(entry, &QAction::triggered, this,
+                m_services.boundary([this, handler](auto&&...) { (this->*handler)(); }));
+    };
     choose(cp, &Form2::Form2_cp_Click);
     choose(cg, &Form2::Form2_cg_Click);
     choose(op, &Form2::Form2_op_Click);
@@ -78,9 +84,9 @@ void Form2::connectHandlers()
     choose(doc, &Form2::Form2_doc_Click);
     choose(tu, &Form2::Form2_tu_Click);
     choose(ab, &Form2::Form2_ab_Click);
-    on(ai, &QMenu::triggered, [this](QAction* entry) {
+    connect(ai, &QMenu::triggered, this, m_services.boundary([this](QAction* entry) {
         Form2_add_Click(static_cast<int>(std::ranges::find(add, entry) - add.begin()));
-    });
+    }));
 }
 
 void Form2::Form2_Form_Activate()

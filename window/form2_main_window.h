@@ -191,6 +191,7 @@ private:
     [[nodiscard]] QBoxLayout* positionRow();
     [[nodiscard]] QBoxLayout* transportRow();
     void connectHandlers();
+    void connectMenus();
     void connectPractice();
 
     // Loading: form2_main_window.cpp

@@ -71,7 +71,7 @@ PlayingSign PlaylistModel::signOf(int line) const
 
 QString PlaylistModel::describe(int line) const
 {
-    const QString packet =
+    QString packet =
         isHeaderLine(m_lines[static_cast<std::size_t>(line)].text) ? m_words.packet : QString();
     const PlayingSign sign = signOf(line);
     if (sign == PlayingSign::None) {
