@@ -116,6 +116,9 @@ QStringList linesToQueue(const QStringList& arguments)
     if (whole.isEmpty() || isAutoStart(whole)) {
         return {};
     }
+    if (whole == QStringView(kContinueLine)) {
+        return {whole};
+    }
     QStringList lines;
     for (const QString& text : isOneEntryEach(arguments) ? arguments : QStringList(whole)) {
         lines.append(lineToQueue(text));

@@ -21,10 +21,10 @@ namespace orvanta {
 /// Whether the command line is "/auto", in any case, and nothing else.
 [[nodiscard]] bool isAutoStart(const QString& commandLine);
 
-/// The lines to hand over: none for an empty line and "/auto"; one for each argument when there
-/// are several and each names an existing file; otherwise the whole command line. A path that
-/// exists is made absolute, a "file:" URL becomes its path, anything else stays as typed. A line
-/// that the settings file cannot hold is refused with a log line.
+/// The lines to hand over: none for an empty line and "/auto"; "--continue" as it is; one for each
+/// argument when there are several and each names an existing file; otherwise the whole command
+/// line. A path that exists is made absolute, a "file:" URL becomes its path, anything else stays
+/// as typed. A line that the settings file cannot hold is refused with a log line.
 [[nodiscard]] QStringList linesToQueue(const QStringList& arguments);
 
 } // namespace orvanta

@@ -8,6 +8,7 @@
 #include "platform/screen/idle_inhibition.h"
 #include "playback/form13_video_window.h"
 #include "playback/form4_bookmark_sign.h"
+#include "playback/lesson_keeper.h"
 #include "playback/playback_engine.h"
 #include "playback/practice_controls.h"
 #include "system/form12_tray.h"
@@ -70,6 +71,7 @@ void Program::openVideoWindow()
                 .goOn = [this] { m_engine->practice().goOn(); }},
     });
     m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
+    m_keeper = std::make_unique<LessonKeeper>(m_surroundings.module, *m_engine, *m_control);
     connect(m_engine.get(), &PlaybackEngine::cursorChanged, m_videoWindow.get(),
             [this] { m_videoWindow->setLine(currentLine(m_surroundings.module.playlist)); });
     connect(m_engine.get(), &PlaybackEngine::volumeChanged, m_videoWindow.get(),

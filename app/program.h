@@ -18,6 +18,7 @@ class Form12;
 class Form13;
 class Form2;
 class Form9;
+class LessonKeeper;
 class IdleInhibition;
 class MediaControl;
 class MprisService;
@@ -88,6 +89,7 @@ private:
     std::unique_ptr<IdleInhibition> m_idleInhibition;
     std::unique_ptr<Form13> m_videoWindow;
     std::unique_ptr<PlaybackEngine> m_engine;
+    std::unique_ptr<LessonKeeper> m_keeper;
     std::unique_ptr<PlayerHold> m_hold;
     std::unique_ptr<EditorServices> m_editors;
     std::unique_ptr<DesktopTray> m_desktopTray;

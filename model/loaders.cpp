@@ -36,6 +36,14 @@ void clearPlaylist(PlaylistState& playlist)
     ++playlist.revision;
     playlist.Playlist.clear();
     playlist.PlaylistCount = 0;
+    playlist.Document.clear();
+}
+
+/// What was opened into an empty playlist is all that is open; with anything more there is no one
+/// document.
+static QString documentOf(const PlaylistState& playlist, const QString& path)
+{
+    return playlist.PlaylistCount == 0 ? QFileInfo(path).absoluteFilePath() : QString();
 }
 
 void openFolderOf(PlaylistState& playlist, const QString& path)
@@ -53,12 +61,15 @@ enum class Placing
     Append,
 };
 
-static void place(PlaylistState& playlist, std::vector<PlaylistEntry>&& packets, Placing placing)
+static void place(PlaylistState& playlist, std::vector<PlaylistEntry>&& packets, Placing placing,
+                  const QString& path)
 {
     if (placing == Placing::Replace) {
         clearPlaylist(playlist);
     }
+    const QString document = documentOf(playlist, path);
     appendPackets(playlist, std::move(packets));
+    playlist.Document = document;
 }
 
 /// A group without a readable count changes nothing; after that, what was read stays.
@@ -71,12 +82,12 @@ static void loadGroup(PlaylistState& playlist, const QString& path, Placing plac
         readGroupInto(packets, path, find);
     } catch (const RuntimeError&) {
         if (!packets.empty()) {
-            place(playlist, std::move(packets), placing);
+            place(playlist, std::move(packets), placing, path);
             playlist.PacketFolder = folder;
         }
         throw;
     }
-    place(playlist, std::move(packets), placing);
+    place(playlist, std::move(packets), placing, path);
     playlist.PacketFolder = folder;
 }
 
@@ -94,13 +105,16 @@ Int16 appendEmptyPacket(PlaylistState& playlist)
 {
     std::vector<PlaylistEntry> packets(1);
     packets.front().Title = QStringView(kPacketTitle).toString();
+    playlist.Document.clear();
     appendPackets(playlist, std::move(packets));
     return playlist.PlaylistCount;
 }
 
 void appendPacket(PlaylistState& playlist, const QString& path)
 {
+    const QString document = documentOf(playlist, path);
     PlaylistEntry& entry = playlist.packet(appendEmptyPacket(playlist));
+    playlist.Document = document;
     entry.Folder = folderOfPath(path);
     playlist.PacketFolder = entry.Folder;
     readPacketInto(entry, path);
@@ -116,6 +130,7 @@ void appendClip(PlaylistState& playlist, Int16 p, const QString& path, const QSt
 {
     PlaylistEntry& packet = playlist.packet(p);
     packet.ClipCount += 1;
+    playlist.Document.clear();
     packet.Clips.push_back({.Time = {}, .Text = text, .Path = path});
     ++playlist.revision;
 }

@@ -18,6 +18,7 @@ struct PlaylistState
     Int16 PlaylistCount;
     Int16 CurrentPacket;
     Int16 CurrentClip;
+    QString Document;          // path of the packet or group that is all of it; empty: none is
     QString PacketFolder;      // folder of the packet opened last, with its separator
     Flag16 OpenedFromExplorer; // files were handed over by the shell
     int revision = 0;          // counts the changes of what is open

@@ -193,6 +193,13 @@ int Settings::wholeNumber(const SettingKey& key, int otherwise) const
     return number;
 }
 
+int Settings::recentSeconds() const
+{
+    constexpr int kUsual = 30;
+    const int seconds = wholeNumber(iniKey(u"recent", u"seconds"), kUsual);
+    return seconds >= 1 && seconds <= 3600 ? seconds : kUsual;
+}
+
 Practice Settings::practice() const
 {
     const Practice usual;

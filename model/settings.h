@@ -76,6 +76,8 @@ inline constexpr std::array kSettings = {
     SettingKey{u"practice", u"mirror", nullptr},  // 1: left to right
     SettingKey{u"practice", u"even", nullptr},    // 1: even loudness
     SettingKey{u"practice", u"text", nullptr},    // over the picture: 0 off, 1 text, 2 large text
+    SettingKey{u"recent", u"keep", nullptr},      // 0: no lesson is kept in recent.ini
+    SettingKey{u"recent", u"seconds", nullptr},   // how often the place in a lesson is kept
     SettingKey{u"text", u"codepage", nullptr},    // of old files; in platform.ini
     SettingKey{u"window", u"width", nullptr},     // of the main window, pixels; in platform.ini
     SettingKey{u"window", u"height", nullptr},    // the same
@@ -189,6 +191,11 @@ public:
     [[nodiscard]] Practice practice() const;
     /// All of it in one replacement of the file. A failure is logged.
     void setPractice(const Practice& practice) const;
+
+    /// Whether the lessons that were open are kept: unless the settings say "0".
+    [[nodiscard]] bool keepsRecent() const { return read(iniKey(u"recent", u"keep")) != u"0"; }
+    /// After how many seconds the place in a running lesson is kept again, 1 to 3600.
+    [[nodiscard]] int recentSeconds() const;
 
     /// The file that installed the program.
     [[nodiscard]] QString setupSource() const { return read(iniKey(u"main", u"screxe")); }

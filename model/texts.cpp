@@ -9,6 +9,7 @@ namespace orvanta {
 constexpr QStringView kHelp =
     u"Usage: orvanta [FILE...]\n"
     u"       orvanta /fFOLDER\n"
+    u"       orvanta --continue\n"
     u"       orvanta /auto\n"
     u"\n"
     u"Plays packets (.vxl), groups of packets (.vxg) and clips. A program that is\n"
@@ -16,6 +17,7 @@ constexpr QStringView kHelp =
     u"\n"
     u"  FILE       a packet, a group, a media file or a folder of clips\n"
     u"  /fFOLDER   the clips of a folder, too\n"
+    u"  --continue goes on with the lesson that was on last, where it was left\n"
     u"  /auto      starts without showing the main window\n"
     u"  --help     shows this text\n"
     u"  --version  shows the version\n"
@@ -50,6 +52,13 @@ constexpr std::array kTexts{
     InterfaceText{u"Form2", u"List1.packet", u"Packet", u"Пакет"},
     InterfaceText{u"Form2", u"List1.playing", u"playing", u"играет"},
     InterfaceText{u"Form2", u"List1.paused", u"paused", u"приостановлено"},
+    InterfaceText{u"Form2", u"StartPage.name", u"Where you stopped", u"Где вы остановились"},
+    InterfaceText{u"Form2", u"StartPage.invite", u"Open a lesson, or go on where you stopped",
+                  u"Откройте урок или продолжите начатый"},
+    InterfaceText{u"Form2", u"StartPage.open", u"&Go on where it was left",
+                  u"&Продолжить с того же места"},
+    InterfaceText{u"Form2", u"StartPage.take", u"&Take off the list", u"&Убрать из списка"},
+    InterfaceText{u"Form2", u"StartPage.forget", u"Forget these", u"Забыть эти уроки"},
     InterfaceText{u"Form2", u"Label1.tip", u"Current time", u"Текущее время"},
     InterfaceText{u"Form2", u"Label2.tip", u"Length of clip", u"Длина клипа"},
     InterfaceText{u"Form2", u"Slider2.tip", u"Volume", u"Громкость"},
@@ -69,6 +78,14 @@ constexpr std::array kTexts{
     InterfaceText{u"Form2", u"doc", u"&Documentation", u"&Документация"},
     InterfaceText{u"Form2", u"tu", u"&Tutorial", u"&Учебник"},
     InterfaceText{u"Form2", u"ab", u"&About", u"&О программе"},
+
+    // How a lesson that was left is spoken of.
+    InterfaceText{u"Recent", u"today", u"today", u"сегодня"},
+    InterfaceText{u"Recent", u"yesterday", u"yesterday", u"вчера"},
+    InterfaceText{u"Recent", u"line", u"%1 of %2", u"%1 из %2"},
+    InterfaceText{u"Recent", u"over", u"finished", u"пройден"},
+    InterfaceText{u"Recent", u"gone", u"not found", u"не найден"},
+    InterfaceText{u"Recent", u"hint", u"Delete takes it off", u"Delete уберёт его"},
 
     InterfaceText{u"PracticePanel", u"SpeedLabel", u"&Speed", u"&Скорость"},
     InterfaceText{u"PracticePanel", u"TimesLabel", u"Play each &line", u"Каждую с&троку"},

@@ -109,6 +109,7 @@ void AdvanceStep::playbackIsOver(Cursor rest)
 
 void AdvanceStep::listIsOver()
 {
+    m_context.onLessonOver();
     m_context.view->setListIndex(-1);
     m_context.listOver = true;
     if (closesWhenOver()) {

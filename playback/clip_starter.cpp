@@ -36,6 +36,19 @@ void ClipStarter::reachBrake(Int16 p, Int16 q)
     start({p, q}, ByPlaying, {});
 }
 
+void ClipStarter::beginAt(Cursor place, double seconds)
+{
+    m_beginning = {place, seconds, m_context.module.playlist.revision};
+}
+
+std::optional<double> ClipStarter::takeBeginning(Cursor place)
+{
+    const Beginning beginning = std::exchange(m_beginning, {});
+    const bool isMeant =
+        beginning.place == place && beginning.revision == m_context.module.playlist.revision;
+    return isMeant ? std::optional(beginning.seconds) : std::nullopt;
+}
+
 void ClipStarter::start(Cursor place, Way way, FailedMedia failed)
 {
     m_context.supersede(std::move(failed));
@@ -96,7 +109,12 @@ bool ClipStarter::startClip(Cursor place)
     const PlaylistEntry& packet = m_context.module.playlist.packet(place.packet);
     const QString& text = packet.clip(place.clip).Path;
     const QString file = existing(m_context.locate(text, packet));
+    const auto beginning = takeBeginning(place);
     open(playableFile(text, file), text, packet.Folder);
+    if (beginning) { // the player goes there once it has opened the clip
+        resumeNext("place in the clip",
+                   [&] { m_context.operations.SetPlayerPosition(decimalText(*beginning)); });
+    }
     m_context.operations.PlayerRun();
     return !m_context.player().isEmpty();
 }
@@ -104,6 +122,7 @@ bool ClipStarter::startClip(Cursor place)
 bool ClipStarter::startBrake(Cursor place, Way way)
 {
     const Superseded superseded(m_context);
+    const auto beginning = takeBeginning(place);
     const PlaylistEntry& packet = m_context.module.playlist.packet(place.packet);
     const QString file = existing(m_context.locate(packet.MediaFile, packet));
     if (mustLoad(file, place.packet)) {
@@ -118,7 +137,7 @@ bool ClipStarter::startBrake(Cursor place, Way way)
     // Not through the reference above: appending packets meanwhile has moved the list.
     const QString time = m_context.module.playlist.packet(place.packet).clip(place.clip).Time;
     if (way != ByPlaying || !isSoonAfter(time)) {
-        goToBrake(time);
+        goToBrake(beginning ? decimalText(*beginning) : time);
     }
     return true;
 }

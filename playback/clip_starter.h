@@ -4,6 +4,8 @@
 #include "playback/engine_context.h"
 #include "playback/transport_buttons.h"
 
+#include <optional>
+
 namespace orvanta {
 
 class ClipStarter
@@ -24,6 +26,10 @@ public:
     /// The same, asked for by hand: where nothing can be opened, no other clip starts instead.
     void startByHand(Int16 p, Int16 q);
 
+    /// The next start, if it is of this place and what is open stays open, begins here: seconds of
+    /// the media.
+    void beginAt(Cursor place, double seconds);
+
     /// The player could not open what it was given.
     void openingFailed();
     /// A start waits in the event loop for its media.
@@ -37,7 +43,16 @@ private:
         ByPlaying, // a brake was reached
     };
 
+    /// Where a start is to begin, seconds of the media.
+    struct Beginning
+    {
+        Cursor place;
+        double seconds = 0;
+        int revision = -1; // of the playlist; -1: nowhere in particular
+    };
+
     void start(Cursor place, Way way, FailedMedia failed);
+    [[nodiscard]] std::optional<double> takeBeginning(Cursor place);
     void noteFailure();
     void showPicture(Int16 p);
     void handBookmarkOver();
@@ -55,6 +70,7 @@ private:
 
     EngineContext& m_context;
     TransportButtons& m_transport;
+    Beginning m_beginning;
     Way m_way = ByItself;         // of the newest start
     int m_waiting = 0;            // one start may come while another waits
     bool m_openingFailed = false; // of what was loaded last

@@ -42,6 +42,10 @@ struct EngineContext
     std::function<void()> onCursorMoved = [] {};
     /// Something else begins: what waits has nothing to wait for.
     std::function<void()> onSuperseded = [] {};
+    /// The last line there is has been played.
+    std::function<void()> onLessonOver = [] {};
+    /// A launch asks for the lesson that was on last.
+    std::function<void()> onContinueAsked = [] {};
     FailedMedia failedMedia;      // in this generation
     bool startFailed = false;     // the last start left the player empty: the tick advances again
     bool closeWhenFree = false;   // playback is over: the program ends once no window waits

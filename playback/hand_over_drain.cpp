@@ -30,6 +30,10 @@ void HandOverDrain::serve()
     // Taken and given back at once: what follows may wait for media, and launches need the lock.
     QStringList lines;
     queue.drain([&](const QStringList& queued) { lines = queued; });
+    // Who names files as well wants those.
+    if (lines.removeAll(QStringView(kContinueLine).toString()) > 0 && lines.isEmpty()) {
+        return m_context.onContinueAsked();
+    }
     m_context.module.playlist.OpenedFromExplorer = true;
     replacePlaylist(lines);
     playOrRest();

@@ -9,6 +9,7 @@
 #include "playback/close_sequence.h"
 #include "playback/engine_context.h"
 #include "playback/hand_over_drain.h"
+#include "playback/lesson_controls.h"
 #include "playback/position_slider.h"
 #include "playback/practice_controls.h"
 #include "playback/transport_buttons.h"
@@ -33,7 +34,10 @@ public:
           context(module, control, video),
           volume(context, [&engine] { Q_EMIT engine.volumeChanged(); })
     {
-        context.onSuperseded = [this] { practice.step().beginLine(); };
+        context.onSuperseded = [this] {
+            lesson.leave();
+            practice.step().beginLine();
+        };
         context.onCursorMoved = [this, &engine] {
             practice.step().beginLine();
             Q_EMIT engine.cursorChanged();
@@ -72,6 +76,8 @@ public:
     TransportButtons transport{context, slider};
     VolumeSliders volume;
     ClipStarter starter{context, transport};
+    LessonControls lesson{context, starter, [this](const auto& action) { enter(action); },
+                          [this] { takePlaylist(); }};
     CloseSequence close{context, transport, slider};
     AdvanceStep advance{context, transport, starter, close};
     BrakeStep brakes{context, starter, advance, practice.step()};
@@ -310,6 +316,11 @@ const TransportLooks& PlaybackEngine::transport() const
 PracticeControls& PlaybackEngine::practice()
 {
     return m_private->practice;
+}
+
+LessonControls& PlaybackEngine::lesson()
+{
+    return m_private->lesson;
 }
 
 void PlaybackEngine::lineStep(int direction)

@@ -12,6 +12,7 @@
 
 namespace orvanta {
 
+class LessonControls;
 class PracticeControls;
 
 /// Drives the playlist through the control and the view. Interface thread only. Handlers below may
@@ -33,6 +34,8 @@ public:
     [[nodiscard]] const TransportLooks& transport() const;
     /// Tempo, repeats and waiting.
     [[nodiscard]] PracticeControls& practice();
+    /// Where the lesson is, and going on with one.
+    [[nodiscard]] LessonControls& lesson();
 
     /// One playback tick (Form2_Timer1_Timer). Does not re-enter itself. Raises nothing.
     void tick();

@@ -73,16 +73,23 @@ bool ClipLine::mustElide() const
     return !hasFocus() && fontMetrics().horizontalAdvance(text()) > textRect().width();
 }
 
+void ClipLine::paintElided(const QString& shown, const QColor& colour)
+{
+    QPainter painter(this);
+    QStyleOptionFrame frame;
+    initStyleOption(&frame);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &frame, &painter, this);
+    painter.setPen(colour);
+    painter.drawText(textRect(), Qt::AlignVCenter | Qt::AlignLeft,
+                     fontMetrics().elidedText(shown, Qt::ElideRight, textRect().width()));
+}
+
 void ClipLine::paintEvent(QPaintEvent* event)
 {
-    if (mustElide()) {
-        QPainter painter(this);
-        QStyleOptionFrame frame;
-        initStyleOption(&frame);
-        style()->drawPrimitive(QStyle::PE_PanelLineEdit, &frame, &painter, this);
-        painter.setPen(skin::kText);
-        painter.drawText(textRect(), Qt::AlignVCenter | Qt::AlignLeft,
-                         fontMetrics().elidedText(text(), Qt::ElideRight, textRect().width()));
+    if (text().isEmpty()) { // the style sheet would make the placeholder too faint
+        paintElided(placeholderText(), skin::kTextMuted);
+    } else if (mustElide()) {
+        paintElided(text(), skin::kText);
     } else {
         QLineEdit::paintEvent(event);
     }

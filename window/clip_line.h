@@ -34,6 +34,7 @@ protected:
 private:
     [[nodiscard]] QRect textRect() const;
     [[nodiscard]] bool mustElide() const;
+    void paintElided(const QString& shown, const QColor& colour);
 
     QWidget* m_child = nullptr;
     std::function<void(int width)> m_fit;

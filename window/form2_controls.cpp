@@ -7,6 +7,7 @@
 #include "window/skin.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
+#include "window/start_page.h"
 
 #include <QAction>
 #include <QLabel>
@@ -86,6 +87,8 @@ void Form2::buildBoxes()
     List1 = new PlaylistList(m_surface);
     const TextLanguage language =
         textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
+    StartPage = new StartPageList(language, m_surface);
+    StartPage->hide();
     Chips = new PracticeChips(language, Text2);
     Text2->keepAtRight(Chips, [this](int width) { Chips->fitInto(width); });
     Panel = new PracticePanel(language, m_surface);
@@ -139,6 +142,7 @@ ControlRows Form2::controls()
         {Image2, u"Image2"},
         {Text2, u"Text2"},
         {List1, u"List1"},
+        {StartPage, u"StartPage"},
         {Label1, u"Label1"},
         {Slider1, u"Slider1"},
         {Label2, u"Label2"},

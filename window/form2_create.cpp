@@ -25,7 +25,11 @@ void Form2::openFromEditor(const std::function<QString()>& showEditor,
     if (file.isEmpty()) {
         return;
     }
-    open([&] { load(m_services.module.playlist, file); });
+    PlaylistState& playlist = m_services.module.playlist;
+    open([&] {
+        load(playlist, file);
+        playlist.Document.clear(); // nothing that could be opened again
+    });
     if (!QFile::remove(file)) {
         qCWarning(logDesktop) << "the editor's temporary file stays:" << file;
     }

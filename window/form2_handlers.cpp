@@ -4,6 +4,7 @@
 #include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/command_menu.h"
+#include "playback/lesson_controls.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin_button.h"
@@ -31,9 +32,6 @@ void Form2::connectHandlers()
     const auto press = [&](SkinButton* button, void (Form2::*handler)()) {
         on(button, &SkinButton::clicked, [this, handler](auto&&...) { (this->*handler)(); });
     };
-    const auto choose = [&](QAction* entry, void (Form2::*handler)()) {
-        on(entry, &QAction::triggered, [this, handler](auto&&...) { (this->*handler)(); });
-    };
     press(Image8, &Form2::Form2_Image8_Click);
     press(Image14, &Form2::Form2_Image14_Click);
     press(Image9, &Form2::Form2_Image9_Click);
@@ -48,6 +46,7 @@ void Form2::connectHandlers()
     press(Image4, &Form2::Form2_Image4_Click);
     press(Image2, &Form2::Form2_Image2_Click);
     connectPractice();
+    connectStartPage();
     on(Text1, &QLineEdit::returnPressed, [this] { Form2_Image2_Click(); });
     on(&m_missed, &QTimer::timeout, [this](auto&&...) { sayFound(true); });
     on(List1, &PlaylistList::cursorMoved, [this](int line) { Form2_List1_Click(line); });
@@ -68,6 +67,15 @@ void Form2::connectHandlers()
     on(&Timer1, &QTimer::timeout, [this](auto&&...) { Form2_Timer1_Timer(); });
     on(&Timer2, &QTimer::timeout, [this](auto&&...) { Form2_Timer2_Timer(); });
     on(&Timer3, &QTimer::timeout, [this](auto&&...) { Form2_Timer3_Timer(); });
+    connectMenus();
+}
+
+void Form2::connectMenus()
+{
+    const auto choose = [this](QAction* entry, void (Form2::*handler)()) {
+        connect(entry, &QAction::triggered, this,
+                m_services.boundary([this, handler](auto&&...) { (this->*handler)(); }));
+    };
     choose(cp, &Form2::Form2_cp_Click);
     choose(cg, &Form2::Form2_cg_Click);
     choose(op, &Form2::Form2_op_Click);
@@ -75,9 +83,9 @@ void Form2::connectHandlers()
     choose(doc, &Form2::Form2_doc_Click);
     choose(tu, &Form2::Form2_tu_Click);
     choose(ab, &Form2::Form2_ab_Click);
-    on(ai, &QMenu::triggered, [this](QAction* entry) {
+    connect(ai, &QMenu::triggered, this, m_services.boundary([this](QAction* entry) {
         Form2_add_Click(static_cast<int>(std::ranges::find(add, entry) - add.begin()));
-    });
+    }));
 }
 
 void Form2::Form2_Form_Activate()
@@ -120,26 +128,32 @@ void Form2::Form2_Image14_Click()
 // Only the last character decides, and only the small letter.
 void Form2::openPacketOrGroup(const QString& path)
 {
+    openDocument(path, path.endsWith(u'l') ? OpenPacket : OpenGroup);
+}
+
+void Form2::openDocument(const QString& path, void (*load)(PlaylistState&, const QString&),
+                         const RecentLesson* left)
+{
     PlaylistState& playlist = m_services.module.playlist;
     openFolderOf(playlist, path);
-    if (path.endsWith(u'l')) {
-        open([&playlist, path] { OpenPacket(playlist, path); });
-    } else {
-        open([&playlist, path] { OpenGroup(playlist, path); });
-    }
+    open([&] { load(playlist, path); }, left);
 }
 
 // A loader that fails ends the opening, but the tree shows what it had read until then.
-void Form2::open(const std::function<void()>& load)
+void Form2::open(const std::function<void()>& load, const RecentLesson* left)
 {
     if (m_services.engine.isClosing()) {
         return; // the program ended while the picker or the editor was open
     }
-    m_services.module.playlist.OpenedFromExplorer = false;
-    if (resumeNext("loader", [&] { runBusy(load); })) {
-        m_services.engine.playlistReplaced();
-    } else {
+    PlaylistState& playlist = m_services.module.playlist;
+    m_services.engine.lesson().leave();
+    playlist.OpenedFromExplorer = false;
+    if (!resumeNext("loader", [&] { runBusy(load); })) {
         m_services.engine.playlistCutShort();
+    } else if (left != nullptr) {
+        m_services.engine.lesson().playlistContinued(placeIn(playlist, *left));
+    } else {
+        m_services.engine.playlistReplaced();
     }
 }
 

@@ -3,6 +3,7 @@
 #include "model/drop.h"
 #include "model/loaders.h"
 #include "platform/screen/window_stacking.h"
+#include "playback/lesson_controls.h"
 #include "playback/typed_key.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
@@ -108,9 +109,11 @@ void Form2::Form2_List1_OLEDragDrop(const QStringList& files)
     Module1& module = m_services.module;
     openFolderOf(module.playlist, files.front());
     module.playlist.OpenedFromExplorer = false;
+    m_services.engine.lesson().leave();
     DropResult result;
     runBusy([&] { result = applyDrop(module.playlist, files, module.TypePattern); });
     List1->growTo(treeLines(module.playlist));
+    showStartPage();
     m_services.engine.playlistExtended(result);
 }
 

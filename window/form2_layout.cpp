@@ -6,6 +6,7 @@
 #include "window/skin.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
+#include "window/start_page.h"
 #include "window/window_frame.h"
 
 #include <QHBoxLayout>
@@ -92,11 +93,13 @@ void Form2::layOut()
     rows->addWidget(Text2);
     rows->addSpacing(skin::kGrid + skin::kGrid / 2);
     rows->addWidget(List1, 1);
+    rows->addWidget(StartPage, 1);
     rows->addSpacing(skin::kGrid);
     rows->addLayout(positionRow());
     rows->addSpacing(skin::kGrid + skin::kGrid / 2);
     rows->addLayout(transportRow());
     applyZoom();
+    StartPage->setMinimumHeight(List1->minimumHeight());
     orderTabs(controls());
     List1->setFocus();
     const QSize kept = platformSettings().windowSize();

@@ -71,6 +71,7 @@ void Form2::Form2_Form_Load()
                [&] { Slider2->setValue(m_services.engine.applyStoredVolume().value()); });
     resumeNext("main window load, balance",
                [&] { Slider3->setValue(m_services.engine.storedBalance().value()); });
+    showStartPage();
     Timer1.start();
 }
 

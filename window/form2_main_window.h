@@ -5,6 +5,7 @@
 //   Image11   Help: the menu help           Image12  minimise     Image13  close
 //   Text1     what to find                  Image2   find
 //   Text2     the current clip's text       List1    the playlist
+//   StartPage the lessons that were on last, in List1's place while nothing is open
 //   Label1    the current time              Label2   the clip's length
 //   Slider1   the position                  Slider2  the volume   Slider3  the balance
 //   Image5    Play                          Image3   Pause        Image4   Stop
@@ -49,6 +50,8 @@ class PracticeChips;
 class PracticePanel;
 class SkinButton;
 class SkinSlider;
+class StartPageList;
+struct RecentLesson;
 
 /// Everything the main window is given. All of it outlives the window.
 struct Form2Services
@@ -97,14 +100,15 @@ public:
     PictureHolder* Image17 = nullptr; // Pause's other picture; never shown
     PictureHolder* Image20 = nullptr; // holds a picture while two are exchanged; never shown
 
-    QLineEdit* Text1 = nullptr;    // what to find
-    ClipLine* Text2 = nullptr;     // the current clip's text
-    PlaylistList* List1 = nullptr; // the playlist as a check list
-    QLabel* Label1 = nullptr;      // current time, seconds
-    QLabel* Label2 = nullptr;      // length of the clip, seconds
-    SkinSlider* Slider1 = nullptr; // position, percent of the clip or of the brake's span
-    SkinSlider* Slider2 = nullptr; // volume, 0 to 100
-    SkinSlider* Slider3 = nullptr; // balance, 0 to 100, centre 50
+    QLineEdit* Text1 = nullptr;         // what to find
+    ClipLine* Text2 = nullptr;          // the current clip's text
+    PlaylistList* List1 = nullptr;      // the playlist as a check list
+    StartPageList* StartPage = nullptr; // where you stopped; List1 while something is open
+    QLabel* Label1 = nullptr;           // current time, seconds
+    QLabel* Label2 = nullptr;           // length of the clip, seconds
+    SkinSlider* Slider1 = nullptr;      // position, percent of the clip or of the brake's span
+    SkinSlider* Slider2 = nullptr;      // volume, 0 to 100
+    SkinSlider* Slider3 = nullptr;      // balance, 0 to 100, centre 50
 
     SkinButton* PracticeButton = nullptr; // opens the panel of practice
     PracticePanel* Panel = nullptr;       // tempo, repeats, waiting
@@ -188,6 +192,7 @@ private:
     [[nodiscard]] QBoxLayout* positionRow();
     [[nodiscard]] QBoxLayout* transportRow();
     void connectHandlers();
+    void connectMenus();
     void connectPractice();
 
     // Loading: form2_main_window.cpp
@@ -230,6 +235,14 @@ private:
     void Form2_PracticeButton_Click();
     void Form2_Panel_Chosen(const Practice& practice);
     void showPractice();
+    // Handlers: form2_start_page.cpp
+    void connectStartPage();
+    void showStartPage();
+    void Form2_StartPage_Chosen(const RecentLesson& lesson);
+    void Form2_StartPage_TakeOff(const QString& path);
+    void Form2_StartPage_Forget();
+    void continueLast();
+    void continueLesson(const RecentLesson& lesson);
     // Handlers: form2_list_menu.cpp
     void Form2_List1_Menu(QPoint place);
     [[nodiscard]] CommandFacts commandFacts() const;
@@ -254,7 +267,10 @@ private:
     void sayFound(bool found);
     void carryOut(Command command);
     void toggleAlwaysOnTop();
-    void open(const std::function<void()>& load);
+    /// left: where the lesson goes on; null: it begins.
+    void open(const std::function<void()>& load, const RecentLesson* left = nullptr);
+    void openDocument(const QString& path, void (*load)(PlaylistState&, const QString&),
+                      const RecentLesson* left = nullptr);
     void openFromEditor(const std::function<QString()>& showEditor,
                         void (*load)(PlaylistState&, const QString&));
     void openPacketOrGroup(const QString& path);

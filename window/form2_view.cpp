@@ -84,11 +84,13 @@ void Form2::showPlaying(const PlayingPlace& place)
 void Form2::RebuildTree()
 {
     List1->setLines(treeLines(m_services.module.playlist));
+    showStartPage();
 }
 
 void Form2::clearList()
 {
     List1->setLines({});
+    showStartPage();
 }
 
 int Form2::headerLineOf(Int16 p) const

@@ -1,12 +1,11 @@
 #include "window/playlist_list.h"
 
-#include "model/dropped_files.h"
 #include "playback/typed_key.h"
+#include "window/file_drop.h"
 #include "window/skin.h"
 
 #include <QDropEvent>
 #include <QKeyEvent>
-#include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QToolTip>
@@ -16,8 +15,6 @@
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
-
-static const QString kUriList = u"text/uri-list"_s;
 
 void PlaylistModel::setLines(std::vector<TreeLine> lines)
 {
@@ -74,7 +71,7 @@ PlayingSign PlaylistModel::signOf(int line) const
 
 QString PlaylistModel::describe(int line) const
 {
-    const QString packet =
+    QString packet =
         isHeaderLine(m_lines[static_cast<std::size_t>(line)].text) ? m_words.packet : QString();
     const PlayingSign sign = signOf(line);
     if (sign == PlayingSign::None) {
@@ -315,27 +312,19 @@ void PlaylistList::focusInEvent(QFocusEvent* event)
     viewport()->update();
 }
 
-// Anything that names files is welcome anywhere on the list; they are only read.
 void PlaylistList::dragEnterEvent(QDragEnterEvent* event)
 {
-    dragMoveEvent(event);
+    welcomeFiles(*event);
 }
 
 void PlaylistList::dragMoveEvent(QDragMoveEvent* event)
 {
-    if (event->mimeData()->hasFormat(kUriList)) {
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-    } else {
-        event->ignore();
-    }
+    welcomeFiles(*event);
 }
 
 void PlaylistList::dropEvent(QDropEvent* event)
 {
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    const QStringList files = filesOfUriList(event->mimeData()->data(kUriList));
+    const QStringList files = takeFiles(*event);
     if (!files.isEmpty()) {
         Q_EMIT filesDropped(files);
     }

@@ -87,25 +87,32 @@ QIcon applicationIcon()
     return icon;
 }
 
+static QString listSheet(const QString& list)
+{
+    return uR"(
+#%1 { background: %sunken; border: 1px solid %line; border-radius: 8px; padding: 6px 4px; }
+#%1:focus { border-color: %deep; }
+#%1 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
+#%1 QScrollBar::handle:vertical { background: %line; min-height: 24px; border-radius: 3px;
+    margin: 0 2px; }
+#%1 QScrollBar::handle:vertical:hover { background: %grip; }
+#%1 QScrollBar::add-line, #%1 QScrollBar::sub-line { height: 0; }
+#%1 QScrollBar::add-page, #%1 QScrollBar::sub-page { background: transparent; }
+)"_s.arg(list);
+}
+
 // For the window's surface alone. A sheet on the window would reach the dialogs that it opens, tool
 // tips and all, and those follow the desktop.
 QString styleSheet()
 {
-    static const QString kSheet = uR"(
+    static const QString kSheet = QString(listSheet(u"List1"_s) + listSheet(u"StartPage"_s) + uR"(
 #Text1, #Text2 { background: %raised; color: %text; border: 1px solid %line;
     selection-background-color: %deep; selection-color: %text; }
 #Text1 { border-radius: 6px; padding: 0 10px; }
 #Text2 { border-radius: 8px; padding: 0 14px; }
 #Text1:hover, #Text2:hover { border-color: %edge; }
-#Text1:focus, #Text2:focus, #List1:focus { border-color: %deep; }
+#Text1:focus, #Text2:focus { border-color: %deep; }
 #Text1[missed="true"] { background: %missed; border-color: %warning; }
-#List1 { background: %sunken; border: 1px solid %line; border-radius: 8px; padding: 6px 4px; }
-#List1 QScrollBar:vertical { background: transparent; width: 10px; margin: 0; }
-#List1 QScrollBar::handle:vertical { background: %line; min-height: 24px; border-radius: 3px;
-    margin: 0 2px; }
-#List1 QScrollBar::handle:vertical:hover { background: %grip; }
-#List1 QScrollBar::add-line, #List1 QScrollBar::sub-line { height: 0; }
-#List1 QScrollBar::add-page, #List1 QScrollBar::sub-page { background: transparent; }
 #create, #tools, #help, #ai { background: %raised; color: %text; border: 1px solid %edge;
     padding: 4px; }
 #create::item, #tools::item, #help::item, #ai::item { padding: 6px 28px 6px 14px;
@@ -139,7 +146,8 @@ QString styleSheet()
 #Chips QPushButton:hover { border-color: %deep; }
 #Chips QPushButton:focus { border-color: %accent; }
 QToolTip { background: %raised; color: %text; border: 1px solid %edge; padding: 3px; }
-)"_s.replace(u"%raised"_s, kRaised.name())
+)"_s)
+                                      .replace(u"%raised"_s, kRaised.name())
                                       .replace(u"%sunken"_s, kSunken.name())
                                       .replace(u"%text"_s, kText.name())
                                       .replace(u"%missed"_s, kMissed.name())

@@ -30,6 +30,7 @@ inline constexpr QColor kAccentDeep{0x2d, 0x6f, 0x67};  // the current line
 inline constexpr QColor kAccentFaint{0x25, 0x43, 0x45}; // an accent that is switched off
 inline constexpr QColor kPlayOff{0x6f, 0x9a, 0x96};     // Play when it is switched off
 inline constexpr QColor kMissed{0x4d, 0x2b, 0x33};      // a search that finds nothing
+inline constexpr QColor kGone{0xe8, 0x86, 0x8a};        // what is not there any more
 inline constexpr QColor kWarning{0xb8, 0x4a, 0x4f};     // Close under the pointer
 
 // Logical pixels, on a grid of 8.

@@ -10,6 +10,10 @@
 
 namespace orvanta {
 
+/// The queued line that names no file but asks for the lesson that was on last. A file of this name
+/// is queued with its whole path.
+inline constexpr char16_t kContinueLine[] = u"--continue";
+
 class HandOverQueue
 {
 public:

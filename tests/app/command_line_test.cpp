@@ -47,6 +47,15 @@ TEST_F(CommandLine, AutoInAnyCaseIsTheSwitchAndQueuesNothing)
     }
 }
 
+TEST_F(CommandLine, ContinueIsQueuedAsItIsAlsoWhereAFileHasThatName)
+{
+    folder.write(u"--continue"_s, "x");
+    EXPECT_EQ(linesToQueue({u"--continue"_s}), QStringList(u"--continue"_s));
+    EXPECT_EQ(linesToQueue({u"./--continue"_s}), QStringList(folder.file(u"--continue"_s)));
+    EXPECT_FALSE(answerForTerminal({u"--continue"_s}).has_value());
+    EXPECT_TRUE(answerForTerminal({u"--help"_s})->contains(u"--continue"));
+}
+
 TEST_F(CommandLine, AutoWithABlankBehindItIsACommandLineLikeAnyOther)
 {
     EXPECT_FALSE(isAutoStart(u"/auto "_s));

@@ -144,7 +144,12 @@ void ScriptedMediaControl::setEvenLoudness(bool even)
 
 void ScriptedMediaControl::jumpTo(double seconds)
 {
-    if (!m_ready || failSeeks) {
+    if (failSeeks || (!m_ready && !m_opening)) {
+        return;
+    }
+    if (m_opening) { // goes there once it is open
+        m_position = std::clamp(seconds, 0.0, duration);
+        Q_EMIT position();
         return;
     }
     const double old = std::exchange(m_position, std::clamp(seconds, 0.0, duration));

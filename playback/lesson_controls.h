@@ -1,0 +1,53 @@
+// The lesson that is open, as it is left and gone on with.
+#pragma once
+
+#include "model/recent_lessons.h"
+#include "playback/clip_starter.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+
+namespace orvanta {
+
+/// Interface thread only.
+class LessonControls : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// enter: runs an action as an entry into the engine. takePlaylist: what is open was replaced.
+    LessonControls(EngineContext& context, ClipStarter& starter,
+                   std::function<void(const std::function<void()>&)> enter,
+                   std::function<void()> takePlaylist);
+
+    /// The current line and the place in it. None before the first line, nor while something
+    /// plays on that was open before.
+    [[nodiscard]] std::optional<LessonPlace> place() const;
+
+    /// To be called before the playlist is replaced: who keeps the place looks a last time.
+    void leave() { Q_EMIT left(); }
+
+    /// What an opening does after its loader, as PlaybackEngine::playlistReplaced, but beginning
+    /// at a place. With "as" off, that place is where Play begins.
+    void playlistContinued(const LessonPlace& place);
+
+Q_SIGNALS:
+    /// The place is about to become another.
+    void left();
+    /// It was played to its end.
+    void over();
+    /// A launch asks for the lesson that was on last.
+    void continueAsked();
+
+private:
+    void rest(Cursor line);
+
+    EngineContext& m_context;
+    ClipStarter& m_starter;
+    std::function<void(const std::function<void()>&)> m_enter;
+    std::function<void()> m_takePlaylist;
+};
+
+} // namespace orvanta
