@@ -10,6 +10,7 @@
 #include "playback/form4_bookmark_sign.h"
 #include "playback/playback_engine.h"
 #include "playback/practice_controls.h"
+#include "playback/track_controls.h"
 #include "system/form12_tray.h"
 #include "system/form8_options_dialog.h"
 #include "system/form9_about.h"
@@ -28,6 +29,7 @@ using namespace Qt::StringLiterals;
 Program::Program(ProgramSurroundings surroundings)
     : m_surroundings(std::move(surroundings)),
       m_control(m_surroundings.makeControl()),
+      m_tracks(std::make_unique<TrackControls>(m_surroundings.module, *m_control)),
       m_idleInhibition(std::make_unique<IdleInhibition>(m_surroundings.bus))
 {
     openVideoWindow();
@@ -66,6 +68,7 @@ void Program::openVideoWindow()
                 .isRepeating = [this] { return m_engine->practice().values().isEndless(); },
                 .repeatText = nullptr,
                 .speed = [this] { return m_control->Speed(); }},
+        .tracks = m_tracks.get(),
     });
     m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
     connect(m_engine.get(), &PlaybackEngine::cursorChanged, m_videoWindow.get(),
@@ -146,6 +149,7 @@ void Program::loadMainWindow()
         .showGroupEditor =
             [this] { return showGroupEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
         .showAbout = [this] { showAbout(); },
+        .tracks = m_tracks.get(),
         .closingBegins = m_surroundings.closing,
     });
     m_shownWatch = std::make_unique<ShownWatch>(*m_mainWindow);

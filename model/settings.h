@@ -76,9 +76,11 @@ inline constexpr std::array kSettings = {
     SettingKey{u"practice", u"mirror", nullptr},  // 1: left to right
     SettingKey{u"practice", u"even", nullptr},    // 1: even loudness
     SettingKey{u"practice", u"text", nullptr},    // over the picture: 0 off, 1 text, 2 large text
-    SettingKey{u"text", u"codepage", nullptr},    // of old files; in platform.ini
-    SettingKey{u"window", u"width", nullptr},     // of the main window, pixels; in platform.ini
-    SettingKey{u"window", u"height", nullptr},    // the same
+    SettingKey{u"practice", u"sound", nullptr}, // language of the sound, "en"; else the clip's own
+    SettingKey{u"practice", u"subtitles", nullptr}, // language of the subtitles; else none
+    SettingKey{u"text", u"codepage", nullptr},      // of old files; in platform.ini
+    SettingKey{u"window", u"width", nullptr},       // of the main window, pixels; in platform.ini
+    SettingKey{u"window", u"height", nullptr},      // the same
 };
 
 /// The lesson's text over the picture. The numbers are those of the settings file.
@@ -87,6 +89,16 @@ enum class TextLevel
     Off = 0,
     Text = 1,
     Large = 2,
+};
+
+/// In which languages a clip is heard and read: codes as of languageCode. Empty: as the clip says,
+/// and without subtitles.
+struct TrackWish
+{
+    QString sound = {};
+    QString subtitles = {};
+
+    friend bool operator==(const TrackWish&, const TrackWish&) = default;
 };
 
 /// A row of the table. What is not there does not compile.
@@ -189,6 +201,11 @@ public:
     /// All of it in one replacement of the file. A failure is logged.
     void setPractice(const Practice& practice) const;
 
+    /// What is absent or no language is empty.
+    [[nodiscard]] TrackWish trackWish() const;
+    /// A failure is logged.
+    void setTrackWish(const TrackWish& wish) const;
+
     /// The file that installed the program.
     [[nodiscard]] QString setupSource() const { return read(iniKey(u"main", u"screxe")); }
     /// Of platform.ini: the code page of old files, "windows-1251"; empty: by the user's locale.
@@ -207,6 +224,7 @@ private:
     }
     /// What is absent counts as in a new file.
     [[nodiscard]] double number(const SettingKey& key) const;
+    [[nodiscard]] QString languageIn(const SettingKey& key) const;
     /// A whole number; what is absent or no number is the other one.
     [[nodiscard]] int wholeNumber(const SettingKey& key, int otherwise) const;
     void write(const SettingKey& key, const QString& value, const QString& name = {}) const;

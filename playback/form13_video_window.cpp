@@ -55,7 +55,7 @@ void Form13::buildControls()
     Image1 = new QLabel(this);
     Image1->setAlignment(Qt::AlignCenter);
     Image1->hide();
-    PictureMenu = new CommandMenu(MenuPlace::VideoWindow, this);
+    PictureMenu = new CommandMenu(MenuPlace::VideoWindow, this, m_services.tracks);
     PictureMenu->setStyleSheet(m_services.menuSheet);
     LessonText = new OverlayPicture(this);
     buildBar();
@@ -70,6 +70,7 @@ void Form13::buildControls()
                   {ActiveMovie1, u"ActiveMovie1"},
                   {Image1, u"Image1"},
                   {PictureMenu, u"PictureMenu"},
+                  {TracksMenu, u"TracksMenu"},
                   {LessonText, u"LessonText"},
                   {Bar, u"Bar"},
                   {Sign, u"Sign"},

@@ -3,6 +3,7 @@
 //   ActiveMovie1   the running picture
 //   Image1         still picture for clips without one of their own
 //   PictureMenu    what can be asked of the player
+//   TracksMenu     sound and subtitles, by a button of Bar
 //   LessonText     the current line's text, over the picture
 //   Sign           what a key has changed, for two seconds
 //   Bar            position, times and buttons, while the mouse moves over the picture
@@ -46,10 +47,13 @@ struct Form13Services
     std::function<Practice()> practice = [] { return Practice(); };
     QString menuSheet = {}; // its style sheet
     BarPorts bar = {};
+    TrackControls* tracks = nullptr; // sound and subtitles; null: no choice of them
 };
 
 class OverlayPicture;
 class PictureBar;
+class TrackControls;
+class TrackMenus;
 
 inline constexpr QSize kSizeWithoutPicture(30, 1000); // twips: the control before a file is open
 
@@ -67,6 +71,7 @@ public:
     VideoSurface* ActiveMovie1; // the running picture
     QLabel* Image1;             // still picture for clips without one of their own
     CommandMenu* PictureMenu;   // what can be asked of the player
+    QMenu* TracksMenu;          // sound and subtitles, by a button of Bar
     OverlayPicture* LessonText; // the current line's text, over the picture
     PictureBar* Bar;            // position, times and buttons, while the mouse moves over it
     OverlayPicture* Sign;       // what a key has changed, at the upper left for two seconds
@@ -168,6 +173,8 @@ private:
     [[nodiscard]] QString text(QStringView name) const;
     void buildBar();
     void connectBarButtons();
+    void buildTracksMenu();
+    void openTracksMenu();
     [[nodiscard]] bool isBarShown() const;
     void showBar();
     void hideBar();
@@ -185,6 +192,7 @@ private:
     MediaControl& m_control;
     VideoMirror m_mirror;
     VideoWindowKeys m_keys;
+    TrackMenus* m_trackMenus = nullptr; // of TracksMenu
     QTimer m_signTime;
     QTimer m_barTime;
     QPoint m_restingPointer; // on the screen, where it was last when it had really moved

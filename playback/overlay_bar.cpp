@@ -67,6 +67,7 @@ PictureBar::PictureBar(QWidget* parent)
       repeatText(newLabel(this, look::kText, wordFont(*this))),
       speed(newLabel(this, look::kAccent, wordFont(*this))),
       text(new BarButton(bar_drawings::kText, BarButton::Ordinary, this)),
+      tracks(new BarButton(bar_drawings::kTracks, BarButton::Ordinary, this)),
       fullScreen(new BarButton(bar_drawings::kFullScreen, BarButton::Ordinary, this)),
       bubble(new OverlayPicture(this))
 {
@@ -87,10 +88,11 @@ PictureBar::PictureBar(QWidget* parent)
 void PictureBar::nameParts()
 {
     const std::initializer_list<std::pair<QWidget*, QStringView>> parts = {
-        {position, u"position"}, {track, u"track"}, {length, u"length"},
-        {previous, u"previous"}, {play, u"play"},   {next, u"next"},
-        {repeat, u"repeat"},     {text, u"text"},   {fullScreen, u"fullScreen"},
-        {repeatText, u"times"},  {speed, u"speed"}, {bubble, u"bubble"}};
+        {position, u"position"},     {track, u"track"},      {length, u"length"},
+        {previous, u"previous"},     {play, u"play"},        {next, u"next"},
+        {repeat, u"repeat"},         {text, u"text"},        {tracks, u"tracks"},
+        {fullScreen, u"fullScreen"}, {repeatText, u"times"}, {speed, u"speed"},
+        {bubble, u"bubble"}};
     for (const auto& [part, name] : parts) {
         part->setObjectName(u"Bar."_s + name.toString());
     }
@@ -111,6 +113,7 @@ void PictureBar::layOut()
     }
     buttons->addStretch(1);
     buttons->addWidget(text);
+    buttons->addWidget(tracks);
     buttons->addWidget(fullScreen);
     auto* rows = new QVBoxLayout(this);
     rows->setSpacing(kBetweenRows);
@@ -128,6 +131,7 @@ void PictureBar::setTips(TextLanguage language)
     next->setTip(tip(u"Bar.next"));
     repeat->setTip(tip(u"Bar.repeat"));
     text->setTip(tip(u"Bar.text"));
+    tracks->setTip(tip(u"Bar.tracks"));
     fullScreen->setTip(tip(u"Bar.fullScreen"));
     speed->setToolTip(tip(u"Bar.speed"));
     track->setAccessibleName(tip(u"Bar.track"));

@@ -32,6 +32,7 @@ public:
     QLabel* repeatText; // "Repeat 2 of 5"
     QLabel* speed;      // "0.8 ×"
     BarButton* text;
+    BarButton* tracks; // sound and subtitles
     BarButton* fullScreen;
     OverlayPicture* bubble; // the moment under the pointer
 
