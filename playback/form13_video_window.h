@@ -1,7 +1,7 @@
 // Form13, the video window: the player control, its events and the mirror fields.
 //
 //   ActiveMovie1   the running picture
-//   Image1         still picture for clips without one of their own
+//   Image1         still picture for clips without one of their own: the packet's, else the cover
 //   PictureMenu    what can be asked of the player
 //   TracksMenu     sound and subtitles, by a button of Bar
 //   LessonText     the current line's text, over the picture
@@ -142,6 +142,9 @@ private:
     void Form13_Timer1_Timer();
 
     void showClipPicture(QSize picture);
+    void Form13_ActiveMovie1_CoverRead(const QImage& cover);
+    void forgetCover();
+    [[nodiscard]] QImage coverOfClip();
     void showStillPicture();
     void bringIntoSight(QSize contents);
     void giveSizeOfContents();
@@ -200,6 +203,9 @@ private:
     QTimer m_rest;           // since the clip stands still
     QString m_stillFile;
     QImage m_still;
+    QImage m_cover;            // of the clip that is open, once it is read
+    bool m_coverAsked = false; // of that clip
+    bool m_coverIsComing = false;
     int m_left = kOutOfSight; // twips
     QSize m_controlSize;      // twips
     QSize m_size;             // twips

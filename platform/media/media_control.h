@@ -79,6 +79,10 @@ public:
     /// logged and changes nothing.
     virtual void addSubtitleFile(const QString& path, const QString& language) = 0;
 
+    /// Begins to read the picture that a clip of sound carries, its cover, unless one goes before
+    /// that: coverRead follows. False when the clip that is open carries none.
+    virtual bool readCover() = 0;
+
     /// Asks for the position anew, between two reports: position() follows when it has moved.
     virtual void refreshPosition() = 0;
 
@@ -102,6 +106,8 @@ Q_SIGNALS:
     void stateChange(orvanta::MediaControl::State oldState, orvanta::MediaControl::State newState);
     /// Other tracks are there, or chosen, in the clip that is open.
     void tracksChanged();
+    /// Null when it is damaged or has more than 64 megapixels.
+    void coverRead(const QImage& cover);
     /// The length became known or changed.
     void durationChange(double seconds);
 };

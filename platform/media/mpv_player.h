@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/descriptor.h"
+#include "platform/media/cover_reader.h"
 #include "platform/media/media_control.h"
 #include "platform/media/mpv_handle.h"
 #include "platform/media/mpv_options.h"
@@ -47,6 +48,7 @@ public:
     void chooseSound(int id) override;
     void chooseSubtitles(int id) override;
     void addSubtitleFile(const QString& path, const QString& language) override;
+    bool readCover() override;
     void refreshPosition() override;
     [[nodiscard]] bool isReady() const override { return m_phase == Ready; }
     [[nodiscard]] bool isOpening() const override { return m_phase == Opening; }
@@ -158,6 +160,8 @@ private:
     QSize m_pictureSize;
 
     std::vector<MediaTrack> m_tracks;
+    bool m_hasCover = false;
+    CoverReader m_cover;
     bool m_tracksTouched = false; // others than those with which a clip opens were chosen
     struct AddedFile
     {

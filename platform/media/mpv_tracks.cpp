@@ -1,4 +1,5 @@
-// Sound tracks and subtitles: which there are, and which are chosen.
+// Sound tracks, subtitles, a cover: which there are, and which are chosen.
+#include "platform/media/mpv_nodes.h"
 #include "platform/media/mpv_player.h"
 #include "platform/media/subtitle_file.h"
 
@@ -6,40 +7,14 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace orvanta {
 
-static const mpv_node* fieldOf(const mpv_node& map, const char* name)
-{
-    for (int i = 0; map.format == MPV_FORMAT_NODE_MAP && i < map.u.list->num; ++i) {
-        if (std::strcmp(map.u.list->keys[i], name) == 0) {
-            return &map.u.list->values[i];
-        }
-    }
-    return nullptr;
-}
-
-static QString textOf(const mpv_node& map, const char* name)
-{
-    const mpv_node* field = fieldOf(map, name);
-    return field != nullptr && field->format == MPV_FORMAT_STRING
-               ? QString::fromUtf8(field->u.string)
-               : QString();
-}
-
-static bool isSet(const mpv_node& map, const char* name)
-{
-    const mpv_node* field = fieldOf(map, name);
-    return field != nullptr && field->format == MPV_FORMAT_FLAG && field->u.flag != 0;
-}
-
 static MediaTrack trackOf(const mpv_node& map)
 {
-    const mpv_node* id = fieldOf(map, "id");
     return {.kind = textOf(map, "type") == u"sub" ? MediaTrack::Subtitles : MediaTrack::Sound,
-            .id = id != nullptr ? static_cast<int>(id->u.int64) : 0,
+            .id = static_cast<int>(numberOf(map, "id")),
             .language = textOf(map, "lang"),
             .title = textOf(map, "title"),
             .chosen = isSet(map, "selected"),
@@ -49,10 +24,13 @@ static MediaTrack trackOf(const mpv_node& map)
 void MpvPlayer::takeTracks(const mpv_node& list)
 {
     m_tracks.clear();
+    m_hasCover = false;
     for (int i = 0; list.format == MPV_FORMAT_NODE_ARRAY && i < list.u.list->num; ++i) {
         const mpv_node& track = list.u.list->values[i];
         if (textOf(track, "type") != u"video") {
             m_tracks.push_back(trackOf(track));
+        } else {
+            m_hasCover = m_hasCover || isSet(track, "albumart");
         }
     }
     if (m_phase == Ready) {
@@ -65,6 +43,8 @@ void MpvPlayer::forgetTracks()
 {
     m_tracks.clear();
     m_added.copy.close();
+    m_hasCover = false;
+    m_cover.cancel();
     if (std::exchange(m_tracksTouched, false)) {
         m_mpv->set("aid", QByteArray("auto"));
         m_mpv->set("sid", QByteArray("no"));
@@ -138,6 +118,15 @@ void MpvPlayer::loadSubtitles()
         m_mpv->command({"sub-add", copy, "select", m_added.name, m_added.language},
                        idOf(AddSubtitles, m_load));
     }
+}
+
+bool MpvPlayer::readCover()
+{
+    const bool hasCover = m_phase == Ready && m_hasCover && m_pictureSize.isEmpty();
+    if (hasCover) {
+        m_cover.read(m_fileName);
+    }
+    return hasCover && m_cover.isReading();
 }
 
 } // namespace orvanta

@@ -52,6 +52,18 @@ ff -f lavfi -i "color=black:size=320x240:rate=25" -f lavfi -i "$sound" -f lavfi 
     -metadata:s:a:0 language=eng -metadata:s:a:1 language=rus -metadata:s:a:1 title=Commentary \
     -metadata:s:s:0 language=rus -disposition:a:0 default -disposition:s:0 default languages.mkv
 
+# Sound with a cover, and one of more than 64 megapixels.
+ff -f lavfi -i "color=red:size=300x200" -frames:v 1 cover.png
+ff -f lavfi -i "color=red:size=9000x9000" -frames:v 1 large.png
+covered() { # picture, file
+    ff -f lavfi -i "$sound" -i "$1" -t 1 -map 0 -map 1 -c:v copy -disposition:v:0 attached_pic "$2"
+}
+for file in covered.mp3 covered.m4a covered.flac; do
+    covered cover.png $file
+done
+covered large.png large.mp3
+rm large.png
+
 # Bare streams.
 ff -f lavfi -i "$picture" -t 0.6 -pix_fmt yuv420p -c:v libx264 raw.h264
 ff -f lavfi -i "$sound" -t 0.6 -c:a aac raw.aac

@@ -26,6 +26,9 @@ public:
 
     std::vector<MediaTrack> clipTracks; // of each clip, as it opens
 
+    bool hasCover = false; // a clip carries one; completeCover() is when it is read
+
+    void completeCover(const QImage& cover) { Q_EMIT coverRead(cover); }
     void completeOpening();
     void failOpening();
     /// The clip runs to this position; emits position().
@@ -54,6 +57,7 @@ public:
     void chooseSound(int id) override;
     void chooseSubtitles(int id) override;
     void addSubtitleFile(const QString& path, const QString& language) override;
+    bool readCover() override { return hasCover; }
     void refreshPosition() override { ++positionsAsked; }
     [[nodiscard]] bool isReady() const override { return m_ready; }
     [[nodiscard]] bool isOpening() const override { return m_opening; }
