@@ -11,6 +11,7 @@
 #include "playback/lesson_keeper.h"
 #include "playback/playback_engine.h"
 #include "playback/practice_controls.h"
+#include "playback/track_controls.h"
 #include "system/form12_tray.h"
 #include "system/form8_options_dialog.h"
 #include "system/form9_about.h"
@@ -29,6 +30,7 @@ using namespace Qt::StringLiterals;
 Program::Program(ProgramSurroundings surroundings)
     : m_surroundings(std::move(surroundings)),
       m_control(m_surroundings.makeControl()),
+      m_tracks(std::make_unique<TrackControls>(m_surroundings.module, *m_control)),
       m_idleInhibition(std::make_unique<IdleInhibition>(m_surroundings.bus))
 {
     openVideoWindow();
@@ -69,6 +71,7 @@ void Program::openVideoWindow()
                 .repeatText = [this] { return m_engine->practice().roundText(); },
                 .speed = [this] { return m_control->Speed(); },
                 .goOn = [this] { m_engine->practice().goOn(); }},
+        .tracks = m_tracks.get(),
     });
     m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
     m_keeper = std::make_unique<LessonKeeper>(m_surroundings.module, *m_engine, *m_control);
@@ -156,6 +159,7 @@ void Program::loadMainWindow()
         .showGroupEditor =
             [this] { return showGroupEditor(*m_editors, m_mainWindow.get()).fileToOpen; },
         .showAbout = [this] { showAbout(); },
+        .tracks = m_tracks.get(),
         .closingBegins = m_surroundings.closing,
     });
     m_shownWatch = std::make_unique<ShownWatch>(*m_mainWindow);

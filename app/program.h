@@ -27,6 +27,7 @@ class PlaybackEngine;
 class PlayerHold;
 class Registry;
 class ShownWatch;
+class TrackControls;
 
 /// Everything the program is given. All of it outlives the program.
 struct ProgramSurroundings
@@ -86,6 +87,7 @@ private:
     // Destroyed from the last to the first: windows before the engine, the engine before the
     // player.
     std::unique_ptr<MediaControl> m_control;
+    std::unique_ptr<TrackControls> m_tracks;
     std::unique_ptr<IdleInhibition> m_idleInhibition;
     std::unique_ptr<Form13> m_videoWindow;
     std::unique_ptr<PlaybackEngine> m_engine;

@@ -18,6 +18,13 @@ Descriptor Descriptor::open(const QByteArray& path, int flags, mode_t mode)
     return file;
 }
 
+Descriptor Descriptor::of(int number)
+{
+    Descriptor file;
+    file.m_number = number;
+    return file;
+}
+
 void Descriptor::close()
 {
     if (isOpen()) {

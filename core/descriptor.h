@@ -32,6 +32,9 @@ public:
     /// open(2) that never waits for a device or a pipe. Check isOpen(), errno says why not.
     [[nodiscard]] static Descriptor open(const QByteArray& path, int flags, mode_t mode = 0);
 
+    /// Takes over a descriptor that a call of the system has given, close-on-exec; negative: none.
+    [[nodiscard]] static Descriptor of(int number);
+
     [[nodiscard]] bool isOpen() const { return m_number >= 0; }
     [[nodiscard]] int number() const { return m_number; }
     void close();

@@ -1,6 +1,7 @@
 #include "model/settings.h"
 
 #include "core/error_boundary.h"
+#include "model/languages.h"
 
 #include <cmath>
 
@@ -175,6 +176,28 @@ TextLevel Settings::textLevel() const
 void Settings::setTextLevel(TextLevel level) const
 {
     write(iniKey(u"practice", u"text"), QString::number(static_cast<int>(level)));
+}
+
+QString Settings::languageIn(const SettingKey& key) const
+{
+    const QString text = read(key);
+    QString code = languageCode(text);
+    if (code.isEmpty() && !text.isEmpty()) {
+        qCInfo(logErrors, "[practice] %ls is no language", qUtf16Printable(text));
+    }
+    return code;
+}
+
+TrackWish Settings::trackWish() const
+{
+    return {.sound = languageIn(iniKey(u"practice", u"sound")),
+            .subtitles = languageIn(iniKey(u"practice", u"subtitles"))};
+}
+
+void Settings::setTrackWish(const TrackWish& wish) const
+{
+    writeTogether({change(iniKey(u"practice", u"sound"), wish.sound),
+                   change(iniKey(u"practice", u"subtitles"), wish.subtitles)});
 }
 
 QString Settings::addInCaption(int i, TextLanguage language) const

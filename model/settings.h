@@ -42,46 +42,48 @@ struct SettingKey
 };
 
 inline constexpr std::array kSettings = {
-    SettingKey{u"options", u"as", u"1"},          // playing starts after opening
-    SettingKey{u"options", u"agnc", u"1"},        // a clip's end goes on to the next clip
-    SettingKey{u"options", u"agnp", u"1"},        // a packet's end goes on to the next packet
-    SettingKey{u"options", u"acp", u"0"},         // the end of files from outside closes
-    SettingKey{u"options", u"ar", u"0"},          // the end of all goes to the beginning
-    SettingKey{u"options", u"si", u"0"},          // icon in the tray
-    SettingKey{u"options", u"nc", u"0"},          // closing the window keeps the program
-    SettingKey{u"options", u"r", u"0"},           // clips on drive A are copied first
-    SettingKey{u"options", u"ws", u"0"},          // starts with the session
-    SettingKey{u"main", u"language", nullptr},    // 1 English, 2 Russian
-    SettingKey{u"main", u"screxe", u""},          // where the setup program came from
-    SettingKey{u"ftl", u"wr", u"0"},              // 1 while the hand-over queue is emptied
-    SettingKey{u"ftl", u"num", u"0"},             // lines in the queue
-    SettingKey{u"ftl", u"#", nullptr},            // such a line, from 1
-    SettingKey{u"types", u"num", u"21"},          // types of playable files
-    SettingKey{u"types", u"file#", u"avi"},       // such a type, from 0
-    SettingKey{u"types", u"#reg", nullptr},       // who had the type of a row, from 0, before
-    SettingKey{u"save", u"volume", u"0"},         // hundredths of a decibel, 0 the loudest
-    SettingKey{u"save", u"balance", u"50"},       // 0 to 100
-    SettingKey{u"save", u"open", u""},            // the folder last used
-    SettingKey{u"add-ins", u"num", u"0"},         // programs in the menu Add-ins
-    SettingKey{u"add-ins", u"namee#", nullptr},   // an add-in's English caption, from 1
-    SettingKey{u"add-ins", u"namer#", nullptr},   // its Russian one
-    SettingKey{u"add-ins", u"path#", nullptr},    // its program, seen from the settings' folder
-    SettingKey{u"pos", u"#", nullptr},            // the saved position of a clip, seconds
-    SettingKey{u"practice", u"speed", nullptr},   // percent
-    SettingKey{u"practice", u"repeat", nullptr},  // times for each line, 0 endlessly
-    SettingKey{u"practice", u"wait", nullptr},    // 0 off, -1 for a key, -2 seconds, else percent
-    SettingKey{u"practice", u"seconds", nullptr}, // of a wait of -2
-    SettingKey{u"practice", u"from", nullptr},    // percent of the speed, of the first round
-    SettingKey{u"practice", u"step", nullptr},    // percent of the speed, more with each round
-    SettingKey{u"practice", u"mirror", nullptr},  // 1: left to right
-    SettingKey{u"practice", u"even", nullptr},    // 1: even loudness
-    SettingKey{u"practice", u"text", nullptr},    // over the picture: 0 off, 1 text, 2 large text
-    SettingKey{u"recent", u"keep", nullptr},      // 0: no lesson is kept in recent.ini
-    SettingKey{u"recent", u"seconds", nullptr},   // how often the place in a lesson is kept
-    SettingKey{u"text", u"codepage", nullptr},    // of old files; in platform.ini
-    SettingKey{u"window", u"width", nullptr},     // of the main window, pixels; in platform.ini
-    SettingKey{u"window", u"height", nullptr},    // the same
-    SettingKey{u"window", u"zoom", nullptr},      // of its texts, percent; in platform.ini
+    SettingKey{u"options", u"as", u"1"},            // playing starts after opening
+    SettingKey{u"options", u"agnc", u"1"},          // a clip's end goes on to the next clip
+    SettingKey{u"options", u"agnp", u"1"},          // a packet's end goes on to the next packet
+    SettingKey{u"options", u"acp", u"0"},           // the end of files from outside closes
+    SettingKey{u"options", u"ar", u"0"},            // the end of all goes to the beginning
+    SettingKey{u"options", u"si", u"0"},            // icon in the tray
+    SettingKey{u"options", u"nc", u"0"},            // closing the window keeps the program
+    SettingKey{u"options", u"r", u"0"},             // clips on drive A are copied first
+    SettingKey{u"options", u"ws", u"0"},            // starts with the session
+    SettingKey{u"main", u"language", nullptr},      // 1 English, 2 Russian
+    SettingKey{u"main", u"screxe", u""},            // where the setup program came from
+    SettingKey{u"ftl", u"wr", u"0"},                // 1 while the hand-over queue is emptied
+    SettingKey{u"ftl", u"num", u"0"},               // lines in the queue
+    SettingKey{u"ftl", u"#", nullptr},              // such a line, from 1
+    SettingKey{u"types", u"num", u"21"},            // types of playable files
+    SettingKey{u"types", u"file#", u"avi"},         // such a type, from 0
+    SettingKey{u"types", u"#reg", nullptr},         // who had the type of a row, from 0, before
+    SettingKey{u"save", u"volume", u"0"},           // hundredths of a decibel, 0 the loudest
+    SettingKey{u"save", u"balance", u"50"},         // 0 to 100
+    SettingKey{u"save", u"open", u""},              // the folder last used
+    SettingKey{u"add-ins", u"num", u"0"},           // programs in the menu Add-ins
+    SettingKey{u"add-ins", u"namee#", nullptr},     // an add-in's English caption, from 1
+    SettingKey{u"add-ins", u"namer#", nullptr},     // its Russian one
+    SettingKey{u"add-ins", u"path#", nullptr},      // its program, seen from the settings' folder
+    SettingKey{u"pos", u"#", nullptr},              // the saved position of a clip, seconds
+    SettingKey{u"practice", u"speed", nullptr},     // percent
+    SettingKey{u"practice", u"repeat", nullptr},    // times for each line, 0 endlessly
+    SettingKey{u"practice", u"wait", nullptr},      // 0 off, -1 for a key, -2 seconds, else percent
+    SettingKey{u"practice", u"seconds", nullptr},   // of a wait of -2
+    SettingKey{u"practice", u"from", nullptr},      // percent of the speed, of the first round
+    SettingKey{u"practice", u"step", nullptr},      // percent of the speed, more with each round
+    SettingKey{u"practice", u"mirror", nullptr},    // 1: left to right
+    SettingKey{u"practice", u"even", nullptr},      // 1: even loudness
+    SettingKey{u"practice", u"text", nullptr},      // over the picture: 0 off, 1 text, 2 large text
+    SettingKey{u"practice", u"sound", nullptr},     // language of the sound; else the clip's own
+    SettingKey{u"practice", u"subtitles", nullptr}, // language of the subtitles; else none
+    SettingKey{u"recent", u"keep", nullptr},        // 0: no lesson is kept in recent.ini
+    SettingKey{u"recent", u"seconds", nullptr},     // how often the place in a lesson is kept
+    SettingKey{u"text", u"codepage", nullptr},      // of old files; in platform.ini
+    SettingKey{u"window", u"width", nullptr},       // of the main window, pixels; in platform.ini
+    SettingKey{u"window", u"height", nullptr},      // the same
+    SettingKey{u"window", u"zoom", nullptr},        // of its texts, percent; in platform.ini
 };
 
 /// The lesson's text over the picture. The numbers are those of the settings file.
@@ -90,6 +92,16 @@ enum class TextLevel
     Off = 0,
     Text = 1,
     Large = 2,
+};
+
+/// In which languages a clip is heard and read: codes as of languageCode. Empty: as the clip says,
+/// and without subtitles.
+struct TrackWish
+{
+    QString sound = {};
+    QString subtitles = {};
+
+    friend bool operator==(const TrackWish&, const TrackWish&) = default;
 };
 
 /// A row of the table. What is not there does not compile.
@@ -196,6 +208,10 @@ public:
     [[nodiscard]] bool keepsRecent() const { return read(iniKey(u"recent", u"keep")) != u"0"; }
     /// After how many seconds the place in a running lesson is kept again, 1 to 3600.
     [[nodiscard]] int recentSeconds() const;
+    /// What is absent or no language is empty.
+    [[nodiscard]] TrackWish trackWish() const;
+    /// A failure is logged.
+    void setTrackWish(const TrackWish& wish) const;
 
     /// The file that installed the program.
     [[nodiscard]] QString setupSource() const { return read(iniKey(u"main", u"screxe")); }
@@ -221,6 +237,7 @@ private:
     }
     /// What is absent counts as in a new file.
     [[nodiscard]] double number(const SettingKey& key) const;
+    [[nodiscard]] QString languageIn(const SettingKey& key) const;
     /// A whole number; what is absent or no number is the other one.
     [[nodiscard]] int wholeNumber(const SettingKey& key, int otherwise) const;
     void write(const SettingKey& key, const QString& value, const QString& name = {}) const;

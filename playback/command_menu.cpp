@@ -1,5 +1,7 @@
 #include "playback/command_menu.h"
 
+#include "playback/track_menus.h"
+
 #include <QAction>
 #include <QKeySequence>
 
@@ -17,8 +19,9 @@ static Command commandOf(const QAction& entry)
     return Command(entry.data().toInt());
 }
 
-CommandMenu::CommandMenu(MenuPlace place, QWidget* parent)
-    : QMenu(parent)
+CommandMenu::CommandMenu(MenuPlace place, QWidget* parent, TrackControls* tracks)
+    : QMenu(parent),
+      m_trackControls(tracks)
 {
     MenuGroup group = MenuGroup::None;
     for (const CommandRow& row : commands()) {
@@ -29,13 +32,22 @@ CommandMenu::CommandMenu(MenuPlace place, QWidget* parent)
             addSeparator();
         }
         if (group != row.group && row.group == MenuGroup::Practice) {
-            m_practice = addMenu(QString());
+            addPractice();
         }
         group = row.group;
         addCommand(group == MenuGroup::Practice ? *m_practice : *this, row);
     }
-    connect(this, &QMenu::triggered, this,
-            [this](const QAction* entry) { Q_EMIT chosen(commandOf(*entry)); });
+    connect(this, &QMenu::triggered, this, [this](const QAction* entry) {
+        if (entry->data().isValid()) { // a sound or subtitles are no command
+            Q_EMIT chosen(commandOf(*entry));
+        }
+    });
+}
+
+void CommandMenu::addPractice()
+{
+    m_practice = addMenu(QString());
+    m_tracks = new TrackMenus(*this, m_trackControls);
 }
 
 // A shortcut of a menu that nothing drops down is never heard, which is as it should be here.
@@ -52,10 +64,9 @@ QList<QAction*> CommandMenu::entries() const
 {
     QList<QAction*> entries = actions();
     if (m_practice != nullptr) {
-        entries.removeOne(m_practice->menuAction());
         entries += m_practice->actions();
     }
-    entries.removeIf([](const QAction* entry) { return entry->isSeparator(); });
+    entries.removeIf([](const QAction* entry) { return !entry->data().isValid(); });
     return entries;
 }
 
@@ -66,6 +77,7 @@ void CommandMenu::setLanguage(TextLanguage language)
     }
     if (m_practice != nullptr) {
         m_practice->setTitle(interfaceText(u"Practice", u"menu", language));
+        m_tracks->setLanguage(language);
     }
 }
 
@@ -78,6 +90,9 @@ void CommandMenu::open(QPoint place, const CommandFacts& facts)
         const CommandState state = stateOf(commandOf(*entry), facts);
         entry->setEnabled(state.enabled);
         entry->setChecked(state.checked);
+    }
+    if (m_tracks != nullptr) {
+        m_tracks->refresh();
     }
     popup(place);
 }

@@ -8,14 +8,19 @@
 
 namespace orvanta {
 
-/// Goes by the table of commands; practice is a submenu. Each entry shows its key; an entry that
-/// can do nothing is grey. The keys are shown alone: the windows hear them.
+class TrackControls;
+class TrackMenus;
+
+/// Goes by the table of commands; practice is a submenu, and so are sound and subtitles of the
+/// clip. Each entry shows its key; an entry that can do nothing is grey. The keys are shown alone:
+/// the windows hear them.
 class CommandMenu : public QMenu
 {
     Q_OBJECT
 
 public:
-    CommandMenu(MenuPlace place, QWidget* parent);
+    /// tracks: null without a choice of sound and subtitles.
+    CommandMenu(MenuPlace place, QWidget* parent, TrackControls* tracks = nullptr);
 
     /// Gives the entries their captions. An open menu keeps its own.
     void setLanguage(TextLanguage language);
@@ -28,11 +33,14 @@ Q_SIGNALS:
     void chosen(Command command);
 
 private:
+    void addPractice();
     static void addCommand(QMenu& menu, const CommandRow& row);
     /// Those of the submenu among them, without the lines between groups.
     [[nodiscard]] QList<QAction*> entries() const;
 
     QMenu* m_practice = nullptr; // the group of practice, which would make the menu too long
+    TrackControls* m_trackControls;
+    TrackMenus* m_tracks = nullptr; // after practice
 };
 
 } // namespace orvanta

@@ -6,6 +6,8 @@
 #include "playback/overlay_track.h"
 #include "playback/overlay_wait_ring.h"
 #include "playback/practice_texts.h"
+#include "playback/track_controls.h"
+#include "playback/track_menus.h"
 
 #include <QMouseEvent>
 
@@ -31,6 +33,34 @@ void Form13::buildBar()
         showBarTime();
     }));
     connectBarButtons();
+    buildTracksMenu();
+}
+
+/// The same submenus as in the menu of the window, above their button.
+void Form13::buildTracksMenu()
+{
+    TracksMenu = new QMenu(this);
+    TracksMenu->setStyleSheet(m_services.menuSheet);
+    m_trackMenus = new TrackMenus(*TracksMenu, m_services.tracks);
+    connect(TracksMenu, &QMenu::aboutToHide, this, [this] { hidePointerOnWholeScreen(); });
+    connect(Bar->tracks, &QAbstractButton::clicked, this,
+            m_services.boundary([this](bool) { openTracksMenu(); }));
+    if (m_services.tracks != nullptr) {
+        connect(m_services.tracks, &TrackControls::changed, this, [this] {
+            if (isBarShown()) {
+                refreshBar();
+            }
+        });
+    }
+}
+
+void Form13::openTracksMenu()
+{
+    unsetCursor();
+    m_trackMenus->setLanguage(m_services.language());
+    m_trackMenus->refresh();
+    const QPoint above(0, -TracksMenu->sizeHint().height());
+    TracksMenu->popup(Bar->tracks->mapToGlobal(above));
 }
 
 void Form13::connectBarButtons()
@@ -132,6 +162,8 @@ void Form13::refreshBar()
     Bar->speed->setVisible(speed != 1);
     Bar->speed->setText(speedText(speed * 100));
     Bar->text->setChecked(m_textLevel != TextLevel::Off);
+    Bar->tracks->setVisible(m_services.tracks != nullptr &&
+                            TrackMenus::isChoice(*m_services.tracks));
     Bar->fullScreen->setChecked(m_fullScreen);
     Bar->track->setMarks(ports.marks ? ports.marks() : std::vector<LessonMark>());
     showBarTime();

@@ -55,7 +55,7 @@ void Form13::buildControls()
     Image1 = new QLabel(this);
     Image1->setAlignment(Qt::AlignCenter);
     Image1->hide();
-    PictureMenu = new CommandMenu(MenuPlace::VideoWindow, this);
+    PictureMenu = new CommandMenu(MenuPlace::VideoWindow, this, m_services.tracks);
     PictureMenu->setStyleSheet(m_services.menuSheet);
     LessonText = new OverlayPicture(this);
     buildBar();
@@ -70,6 +70,7 @@ void Form13::buildControls()
                   {ActiveMovie1, u"ActiveMovie1"},
                   {Image1, u"Image1"},
                   {PictureMenu, u"PictureMenu"},
+                  {TracksMenu, u"TracksMenu"},
                   {LessonText, u"LessonText"},
                   {Bar, u"Bar"},
                   {Sign, u"Sign"},
@@ -84,6 +85,9 @@ void Form13::connectHandlers()
             m_services.boundary([this](double oldSeconds, double newSeconds) {
                 Form13_ActiveMovie1_PositionChange(oldSeconds, newSeconds);
             }));
+    connect(
+        &m_control, &MediaControl::coverRead, this,
+        m_services.boundary([this](const QImage& cover) { Form13_ActiveMovie1_CoverRead(cover); }));
     connect(
         &m_control, &MediaControl::openComplete, this,
         m_services.boundary([this](QSize picture) { Form13_ActiveMovie1_OpenComplete(picture); }));
@@ -126,6 +130,7 @@ void Form13::Form13_ActiveMovie1_OpenComplete(QSize picture)
     m_controlSize = picture.isEmpty() ? kSizeWithoutPicture : picture * kTwipsPerPixel;
     m_size = m_controlSize + kFrame;
     m_textLevel = m_services.textLevel();
+    forgetCover();
     Image1->hide();
     if (m_controlSize == kSizeWithoutPicture) {
         showStillPicture();
@@ -133,6 +138,31 @@ void Form13::Form13_ActiveMovie1_OpenComplete(QSize picture)
         showClipPicture(picture);
     }
     m_control.Run();
+}
+
+void Form13::Form13_ActiveMovie1_CoverRead(const QImage& cover)
+{
+    m_coverIsComing = false;
+    m_cover = cover;
+    if (m_control.isReady() && m_controlSize == kSizeWithoutPicture) {
+        showStillPicture();
+    }
+}
+
+void Form13::forgetCover()
+{
+    m_cover = QImage();
+    m_coverAsked = false;
+    m_coverIsComing = false;
+}
+
+/// The packet's own picture goes before it, so it is not read until it is wanted.
+QImage Form13::coverOfClip()
+{
+    if (!std::exchange(m_coverAsked, true)) {
+        m_coverIsComing = m_control.readCover();
+    }
+    return m_cover;
 }
 
 void Form13::Form13_ActiveMovie1_OpenFailed()
@@ -148,6 +178,7 @@ void Form13::Form13_ActiveMovie1_StateChange(int /*oldState*/, int newState)
     }
     keepAwakeWhile(newState == MediaControl::Running);
     if (newState == MediaControl::NotLoaded && !m_control.isOpening()) {
+        forgetCover();
         moveOutOfSight();
     }
 }
@@ -211,6 +242,9 @@ void Form13::showClipPicture(QSize picture)
 void Form13::showStillPicture()
 {
     m_still = readStillPicture(m_stillFile);
+    if (m_still.isNull()) {
+        m_still = coverOfClip();
+    }
     if (m_still.isNull() && !hasTextGround()) {
         m_left = kOutOfSight;
         hideUnlessOpening();
@@ -284,7 +318,7 @@ QPoint Form13::placeBeforePush() const
 
 void Form13::hideUnlessOpening()
 {
-    if (m_left == kOutOfSight && !m_control.isOpening()) {
+    if (m_left == kOutOfSight && !m_control.isOpening() && !m_coverIsComing) {
         hide();
     }
 }

@@ -1,8 +1,9 @@
 // Form13, the video window: the player control, its events and the mirror fields.
 //
 //   ActiveMovie1   the running picture
-//   Image1         still picture for clips without one of their own
+//   Image1         still picture for clips without one of their own: the packet's, else the cover
 //   PictureMenu    what can be asked of the player
+//   TracksMenu     sound and subtitles, by a button of Bar
 //   LessonText     the current line's text, over the picture
 //   Sign           what a key has changed, for two seconds
 //   Bar            position, times and buttons, while the mouse moves over the picture
@@ -46,10 +47,13 @@ struct Form13Services
     std::function<Practice()> practice = [] { return Practice(); };
     QString menuSheet = {}; // its style sheet
     BarPorts bar = {};
+    TrackControls* tracks = nullptr; // sound and subtitles; null: no choice of them
 };
 
 class OverlayPicture;
 class PictureBar;
+class TrackControls;
+class TrackMenus;
 
 inline constexpr QSize kSizeWithoutPicture(30, 1000); // twips: the control before a file is open
 
@@ -67,6 +71,7 @@ public:
     VideoSurface* ActiveMovie1; // the running picture
     QLabel* Image1;             // still picture for clips without one of their own
     CommandMenu* PictureMenu;   // what can be asked of the player
+    QMenu* TracksMenu;          // sound and subtitles, by a button of Bar
     OverlayPicture* LessonText; // the current line's text, over the picture
     PictureBar* Bar;            // position, times and buttons, while the mouse moves over it
     OverlayPicture* Sign;       // what a key has changed, at the upper left for two seconds
@@ -142,6 +147,9 @@ private:
     void Form13_Timer1_Timer();
 
     void showClipPicture(QSize picture);
+    void Form13_ActiveMovie1_CoverRead(const QImage& cover);
+    void forgetCover();
+    [[nodiscard]] QImage coverOfClip();
     void showStillPicture();
     void bringIntoSight(QSize contents);
     void giveSizeOfContents();
@@ -173,6 +181,8 @@ private:
     [[nodiscard]] QString text(QStringView name) const;
     void buildBar();
     void connectBarButtons();
+    void buildTracksMenu();
+    void openTracksMenu();
     [[nodiscard]] bool isBarShown() const;
     void showBar();
     void hideBar();
@@ -190,6 +200,7 @@ private:
     MediaControl& m_control;
     VideoMirror m_mirror;
     VideoWindowKeys m_keys;
+    TrackMenus* m_trackMenus = nullptr; // of TracksMenu
     QTimer m_signTime;
     QTimer m_barTime;
     QPoint m_restingPointer; // on the screen, where it was last when it had really moved
@@ -197,6 +208,9 @@ private:
     QTimer m_rest;           // since the clip stands still
     QString m_stillFile;
     QImage m_still;
+    QImage m_cover;            // of the clip that is open, once it is read
+    bool m_coverAsked = false; // of that clip
+    bool m_coverIsComing = false;
     int m_left = kOutOfSight; // twips
     QSize m_controlSize;      // twips
     QSize m_size;             // twips

@@ -71,6 +71,7 @@ PictureBar::PictureBar(QWidget* parent)
       ring(new WaitRing(TextLanguage::English, this)),
       speed(newLabel(this, look::kAccent, wordFont(*this))),
       text(new BarButton(bar_drawings::kText, BarButton::Ordinary, this)),
+      tracks(new BarButton(bar_drawings::kTracks, BarButton::Ordinary, this)),
       fullScreen(new BarButton(bar_drawings::kFullScreen, BarButton::Ordinary, this)),
       bubble(new OverlayPicture(this))
 {
@@ -93,20 +94,11 @@ PictureBar::PictureBar(QWidget* parent)
 void PictureBar::nameParts()
 {
     const std::initializer_list<std::pair<QWidget*, QStringView>> parts = {
-        {position, u"position"},
-        {track, u"track"},
-        {length, u"length"},
-        {previous, u"previous"},
-        {play, u"play"},
-        {next, u"next"},
-        {again, u"again"},
-        {ring, u"ring"},
-        {repeat, u"repeat"},
-        {text, u"text"},
-        {fullScreen, u"fullScreen"},
-        {repeatText, u"times"},
-        {speed, u"speed"},
-        {bubble, u"bubble"}};
+        {position, u"position"}, {track, u"track"},   {length, u"length"},
+        {previous, u"previous"}, {play, u"play"},     {next, u"next"},
+        {again, u"again"},       {ring, u"ring"},     {repeat, u"repeat"},
+        {text, u"text"},         {tracks, u"tracks"}, {fullScreen, u"fullScreen"},
+        {repeatText, u"times"},  {speed, u"speed"},   {bubble, u"bubble"}};
     for (const auto& [part, name] : parts) {
         part->setObjectName(u"Bar."_s + name.toString());
     }
@@ -127,6 +119,7 @@ void PictureBar::layOut()
     }
     buttons->addStretch(1);
     buttons->addWidget(text);
+    buttons->addWidget(tracks);
     buttons->addWidget(fullScreen);
     auto* rows = new QVBoxLayout(this);
     rows->setSpacing(kBetweenRows);
@@ -148,6 +141,7 @@ void PictureBar::setTips(TextLanguage language)
     tell(again, u"Bar.again", Command::LineAgain);
     tell(repeat, u"Bar.repeat", Command::RepeatLine);
     tell(text, u"Bar.text", Command::NextTextLevel);
+    tracks->setTip(tip(u"Bar.tracks"), {});
     tell(fullScreen, u"Bar.fullScreen", Command::ToggleFullScreen);
     ring->setLanguage(language);
     speed->setToolTip(tip(u"Bar.speed"));

@@ -35,6 +35,7 @@ public:
     WaitRing* ring;     // the wait between two lines
     QLabel* speed;      // "0.8 ×"
     BarButton* text;
+    BarButton* tracks; // sound and subtitles
     BarButton* fullScreen;
     OverlayPicture* bubble; // the moment under the pointer
 

@@ -36,7 +36,7 @@ void BarButton::setDrawing(const char* drawing)
 
 void BarButton::setTip(const QString& tip, const QString& key)
 {
-    setToolTip(u"%1 (%2)"_s.arg(tip, key));
+    setToolTip(key.isEmpty() ? tip : u"%1 (%2)"_s.arg(tip, key));
     setAccessibleName(tip);
 }
 

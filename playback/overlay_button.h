@@ -17,6 +17,8 @@ inline constexpr char kRepeat[] =
     R"(<path d="M13 3v3h-3M3 13v-3h3"/>)";
 inline constexpr char kAgain[] = R"(<path d="M4.5 5.5A5 5 0 1 1 3 9"/><path d="M4 2.5v3.2h3.2"/>)";
 inline constexpr char kText[] = R"(<path d="M3 4h10M8 4v9M6 13h4"/>)";
+inline constexpr char kTracks[] =
+    R"(<rect x="2" y="3.5" width="12" height="9" rx="1.5"/><path d="M4.5 7h3M10 7h1.5M4.5 10h5"/>)";
 inline constexpr char kFullScreen[] =
     R"(<path d="M2.5 6V2.5H6M10 2.5h3.5V6M13.5 10v3.5H10M6 13.5H2.5V10"/>)";
 } // namespace bar_drawings

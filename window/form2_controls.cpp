@@ -125,7 +125,7 @@ void Form2::buildMenus()
     doc = help->addAction(QString());
     tu = help->addAction(QString());
     ab = help->addAction(QString());
-    ListMenu = new CommandMenu(MenuPlace::List, m_surface);
+    ListMenu = new CommandMenu(MenuPlace::List, m_surface, m_services.tracks);
     ListMenu->setStyleSheet(skin::commandMenuSheet());
 }
 

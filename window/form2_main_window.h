@@ -52,6 +52,7 @@ class SkinButton;
 class SkinSlider;
 class StartPageList;
 struct RecentLesson;
+class TrackControls;
 
 /// Everything the main window is given. All of it outlives the window.
 struct Form2Services
@@ -71,6 +72,7 @@ struct Form2Services
     std::function<QString()> showPacketEditor;   // Form5
     std::function<QString()> showGroupEditor;    // Form6
     std::function<void()> showAbout;             // Form9
+    TrackControls* tracks = nullptr;             // sound and subtitles; null: no choice of them
     std::function<void()> closingBegins = [] {}; // the program ends, whatever it still waits for
 };
 

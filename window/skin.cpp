@@ -170,7 +170,7 @@ QMenu::item { padding: 5px 14px 5px 8px; border-radius: 4px; }
 QMenu::item:selected { background: %deep; }
 QMenu::item:disabled { color: %muted; background: transparent; }
 QMenu::separator { height: 1px; background: %edge; margin: 4px 8px; }
-QMenu::indicator { width: 12px; height: 12px; left: 9px; }
+QMenu::indicator { width: 12px; height: 12px; left: 5px; }
 )"_s.replace(u"%raised"_s, kRaised.name())
                                       .replace(u"%text"_s, kText.name())
                                       .replace(u"%muted"_s, kTextMuted.name())

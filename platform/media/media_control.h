@@ -1,11 +1,15 @@
 // The media-playback control in the program's own words.
 #pragma once
 
+#include "platform/media/media_track.h"
+
+#include <QImage>
 #include <QObject>
 #include <QSize>
 #include <QString>
 
 #include <cmath>
+#include <vector>
 
 namespace orvanta {
 
@@ -62,6 +66,23 @@ public:
     virtual void setMirrored(bool mirrored) = 0;
     /// Loud and quiet clips, and parts of them, at one level. Kept from clip to clip.
     virtual void setEvenLoudness(bool even) = 0;
+
+    /// Sound and subtitles of the clip that is open, those of an added file last. Each clip opens
+    /// with the sound that it says and without subtitles.
+    [[nodiscard]] virtual std::vector<MediaTrack> tracks() const = 0;
+    /// By its number; what is not there is passed over.
+    virtual void chooseSound(int id) = 0;
+    /// 0: none.
+    virtual void chooseSubtitles(int id) = 0;
+    /// Adds a subtitle file (SubRip, WebVTT, ASS) to the clip that is open, and chooses it. Its
+    /// name becomes the track's title. Nothing but this file is read; one that is in no use is
+    /// logged and changes nothing.
+    virtual void addSubtitleFile(const QString& path, const QString& language) = 0;
+
+    /// Begins to read the picture that a clip of sound carries, its cover, unless one goes before
+    /// that: coverRead follows. False when the clip that is open carries none.
+    virtual bool readCover() = 0;
+
     /// Asks for the position anew, between two reports: position() follows when it has moved.
     virtual void refreshPosition() = 0;
 
@@ -83,6 +104,10 @@ Q_SIGNALS:
     /// the end is not reported here, only by position().
     void positionChange(double oldSeconds, double newSeconds);
     void stateChange(orvanta::MediaControl::State oldState, orvanta::MediaControl::State newState);
+    /// Other tracks are there, or chosen, in the clip that is open.
+    void tracksChanged();
+    /// Null when it is damaged or has more than 64 megapixels.
+    void coverRead(const QImage& cover);
     /// The length became known or changed.
     void durationChange(double seconds);
 };

@@ -117,6 +117,13 @@ void MpvPlayer::serveCommand(const mpv_event& event)
         } else {
             m_seek.accepted(serial);
         }
+    } else if (request == AddSubtitles && serial == m_load) {
+        if (event.error < 0) {
+            qCInfo(logErrors, "no subtitles in %s: %s", m_added.name.constData(),
+                   mpv_error_string(event.error));
+        }
+        m_mpv->ask("track-list", MPV_FORMAT_NODE, idOf(NewTracks, m_load));
+        showAtRest();
     }
 }
 
@@ -144,6 +151,10 @@ void MpvPlayer::serveFact(Request fact, const mpv_event& event)
     }
     case Length:
         takeDuration(valueOf(property, MPV_FORMAT_DOUBLE, 0.0));
+        break;
+    case Tracks:
+    case NewTracks:
+        takeTracks(valueOf(property, MPV_FORMAT_NODE, mpv_node{}));
         break;
     case PictureWidth:
         m_pictureSize.setWidth(static_cast<int>(valueOf(property, MPV_FORMAT_INT64, qint64{0})));

@@ -81,6 +81,12 @@ void MpvHandle::set(const char* property, double value)
     accepted(mpv_set_property_async(get(), 0, property, MPV_FORMAT_DOUBLE, &value), property);
 }
 
+void MpvHandle::set(const char* property, const QByteArray& value)
+{
+    const char* text = value.constData();
+    accepted(mpv_set_property_async(get(), 0, property, MPV_FORMAT_STRING, &text), property);
+}
+
 void MpvHandle::ask(const char* property, mpv_format format, quint64 id)
 {
     accepted(mpv_get_property_async(get(), id, property, format), property);

@@ -35,6 +35,7 @@ public:
     void command(const QByteArrayList& words, quint64 id);
     void set(const char* property, bool value);
     void set(const char* property, double value);
+    void set(const char* property, const QByteArray& value);
     void ask(const char* property, mpv_format format, quint64 id);
     void observe(const char* property, mpv_format format, quint64 id);
 

@@ -61,6 +61,7 @@ void MpvPlayer::forgetClip()
     m_phase = Empty;
     m_fileName.clear();
     m_pictureSize = QSize();
+    forgetTracks();
     m_position = 0;
     m_duration = 0;
     m_largest = 0;
@@ -116,6 +117,7 @@ void MpvPlayer::askFacts()
     m_factsAsked = true;
     m_mpv->ask("file-format", MPV_FORMAT_STRING, idOf(FileFormat, m_load));
     m_mpv->ask("duration", MPV_FORMAT_DOUBLE, idOf(Length, m_load));
+    m_mpv->ask("track-list", MPV_FORMAT_NODE, idOf(Tracks, m_load));
     m_mpv->ask("dwidth", MPV_FORMAT_INT64, idOf(PictureWidth, m_load));
     m_mpv->ask("dheight", MPV_FORMAT_INT64, idOf(PictureHeight, m_load));
 }
@@ -139,6 +141,7 @@ void MpvPlayer::finishOpening()
 void MpvPlayer::finishReloading()
 {
     m_reloading = false;
+    loadSubtitles();
     seekAsWished();
 }
 

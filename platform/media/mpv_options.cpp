@@ -36,6 +36,8 @@ constexpr Option kOptions[] = {
     {"stop-screensaver", "no"},
     // The file itself and nothing that it, or its folder, points to.
     {"demuxer", "lavf"},
+    {"sub-demuxer", "lavf"},
+    {"audio-demuxer", "lavf"},
     {"access-references", "no"},
     {"autoload-files", "no"},
     {"ordered-chapters", "no"},
@@ -66,11 +68,12 @@ constexpr Option kOptions[] = {
 };
 
 // Containers that hold their own media. Lists of other files (playlists, segments, image
-// sequences) and whatever speaks to a network are not among them.
+// sequences) and whatever speaks to a network are not among them. The three of subtitles are for
+// files beside a clip; as a clip of their own they have nothing to play.
 constexpr char kFormats[] =
-    "aac,ac3,aiff,amr,ape,asf,au,avi,caf,dts,dtshd,dv,eac3,flac,flv,gif,h264,hevc,ivf,loas,m4v,"
-    "matroska,mjpeg,mov,mp3,mpc,mpc8,mpeg,mpegts,mpegvideo,mxf,nsv,nut,obu,ogg,rm,tak,tta,vc1,voc,"
-    "w64,wav,wv";
+    "aac,ac3,aiff,amr,ape,asf,ass,au,avi,caf,dts,dtshd,dv,eac3,flac,flv,gif,h264,hevc,ivf,loas,m4v,"
+    "matroska,mjpeg,mov,mp3,mpc,mpc8,mpeg,mpegts,mpegvideo,mxf,nsv,nut,obu,ogg,rm,srt,tak,tta,vc1,"
+    "voc,w64,wav,webvtt,wv";
 
 // Measured with libmpv 0.35 and a minute of each bare stream that FFmpeg writes: a seek to second
 // 57 must leave three seconds to the end, and one to 0 from there must play from the start. Sound

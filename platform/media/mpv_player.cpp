@@ -31,6 +31,7 @@ MpvPlayer::MpvPlayer(const MpvOptionList& extraOptions)
     connect(m_mpv.get(), &MpvHandle::eventsWaiting, this, [this] { serveEvents(); });
     connect(&m_look, &QTimer::timeout, this, [this] { lookForEnd(); });
     connect(&m_seekGuard, &QTimer::timeout, this, [this] { seekSettled(); });
+    connect(&m_cover, &CoverReader::done, this, &MediaControl::coverRead);
     observeProperties();
 }
 

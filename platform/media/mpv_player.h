@@ -1,6 +1,8 @@
 // The media control over libmpv.
 #pragma once
 
+#include "core/descriptor.h"
+#include "platform/media/cover_reader.h"
 #include "platform/media/media_control.h"
 #include "platform/media/mpv_handle.h"
 #include "platform/media/mpv_options.h"
@@ -15,9 +17,9 @@
 
 namespace orvanta {
 
-/// The operations are in mpv_player.cpp, the loading of files in mpv_loading.cpp, the events in
-/// mpv_events.cpp. Every signal is emitted last, since its receivers may load another file or spin
-/// the event loop.
+/// The operations are in mpv_player.cpp, the loading of files in mpv_loading.cpp, sound tracks and
+/// subtitles in mpv_tracks.cpp, the events in mpv_events.cpp. Every signal is emitted last, since
+/// its receivers may load another file or spin the event loop.
 class MpvPlayer : public MediaControl
 {
     Q_OBJECT
@@ -42,6 +44,11 @@ public:
     [[nodiscard]] double Speed() const override { return m_speed; }
     void setMirrored(bool mirrored) override;
     void setEvenLoudness(bool even) override;
+    [[nodiscard]] std::vector<MediaTrack> tracks() const override { return m_tracks; }
+    void chooseSound(int id) override;
+    void chooseSubtitles(int id) override;
+    void addSubtitleFile(const QString& path, const QString& language) override;
+    bool readCover() override;
     void refreshPosition() override;
     [[nodiscard]] bool isReady() const override { return m_phase == Ready; }
     [[nodiscard]] bool isOpening() const override { return m_phase == Opening; }
@@ -63,9 +70,12 @@ private:
         Seek,
         PositionNow,
         PauseLook,
+        AddSubtitles,
+        NewTracks,
         // Facts about a file, asked in this order when it can play.
         FileFormat,
         Length,
+        Tracks,
         PictureWidth,
         PictureHeight,
     };
@@ -109,6 +119,14 @@ private:
     void failOpening(const QString& reason);
     void seekAsWished();
 
+    // mpv_tracks.cpp
+    void forgetTracks();
+    void takeTracks(const mpv_node& list);
+    void markChosen(MediaTrack::Kind kind, int id);
+    [[nodiscard]] bool hasTrack(MediaTrack::Kind kind, int id) const;
+    void loadSubtitles();
+    void showAtRest();
+
     // mpv_events.cpp
     void observeProperties();
     void serveEvents();
@@ -142,6 +160,18 @@ private:
     bool m_rewindsByReload = false;
     bool m_unseekable = false; // plays from its start to its end, and nothing else
     QSize m_pictureSize;
+
+    std::vector<MediaTrack> m_tracks;
+    bool m_hasCover = false;
+    CoverReader m_cover;
+    bool m_tracksTouched = false; // others than those with which a clip opens were chosen
+    struct AddedFile
+    {
+        Descriptor copy;
+        QByteArray name;
+        QByteArray language;
+    };
+    AddedFile m_added; // the file added last, as long as the clip is there
 
     double m_position = 0;
     double m_duration = 0; // 0: unknown

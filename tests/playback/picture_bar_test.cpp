@@ -7,6 +7,7 @@
 #include "tests/playback/video_window_fixture.h"
 
 #include <QApplication>
+#include <QMenu>
 
 using namespace orvanta;
 using namespace orvanta::test;
@@ -256,4 +257,22 @@ TEST_F(PictureBarTest, ADoubleClickOnItIsNoneOnThePicture)
     showBar();
     QTest::mouseDClick(form.Bar, Qt::LeftButton, {}, {5, form.Bar->height() - 3});
     EXPECT_FALSE(form.isFullScreen());
+}
+
+TEST_F(PictureBarTest, TracksHaveAButtonWhereThereIsAChoice)
+{
+    showBar();
+    EXPECT_FALSE(form.Bar->tracks->isVisible());
+    control.clipTracks = {{.kind = MediaTrack::Sound, .id = 1, .chosen = true},
+                          {.kind = MediaTrack::Subtitles, .id = 1, .language = u"eng"_s}};
+    open(u"/b.avi"_s, {640, 480});
+    showBar();
+    ASSERT_TRUE(form.Bar->tracks->isVisible());
+    QTest::mouseClick(form.Bar->tracks, Qt::LeftButton);
+    ASSERT_TRUE(form.TracksMenu->isVisible());
+    EXPECT_FALSE(form.TracksMenu->actions().first()->isEnabled()); // one sound is no choice
+    QMenu* subtitles = form.TracksMenu->actions().last()->menu<QMenu*>();
+    subtitles->actions().last()->trigger();
+    EXPECT_TRUE(control.tracks().back().chosen);
+    form.TracksMenu->hide();
 }

@@ -3,6 +3,7 @@
 #include "tests/playback/video_window_fixture.h"
 
 #include <QContextMenuEvent>
+#include <QMenu>
 
 namespace orvanta::test {
 namespace {
@@ -103,6 +104,77 @@ TEST_F(VideoMenu, GoesToABookmarkOnlyWhereThereIsOne)
     EXPECT_TRUE(entry(Command::GoToBookmark).isEnabled());
     entry(Command::GoToBookmark).trigger();
     EXPECT_DOUBLE_EQ(control.CurrentPosition(), 50.0);
+}
+
+/// What a submenu offers; the chosen entry has a star.
+QStringList entriesOf(const QMenu& menu)
+{
+    QStringList texts;
+    for (const QAction* entry : menu.actions()) {
+        texts += (entry->isChecked() ? u"*"_s : QString()) + entry->text();
+    }
+    return texts;
+}
+
+QMenu* submenu(const QMenu& menu, const QString& title)
+{
+    for (const QAction* entry : menu.actions()) {
+        if (entry->text() == title) {
+            return entry->menu<QMenu*>();
+        }
+    }
+    return nullptr;
+}
+
+class VideoTracks : public VideoMenu
+{
+protected:
+    void SetUp() override
+    {
+        control.clipTracks = {
+            {.kind = MediaTrack::Sound, .id = 1, .language = u"eng"_s, .chosen = true},
+            {.kind = MediaTrack::Sound, .id = 2, .language = u"rus"_s, .title = u"A & B"_s},
+            {.kind = MediaTrack::Subtitles, .id = 1, .language = u"ger"_s}};
+        VideoMenu::SetUp();
+    }
+};
+
+TEST_F(VideoTracks, AreSubmenusAndAChoiceIsNoCommand)
+{
+    rightClick();
+    QMenu* sound = submenu(*form.PictureMenu, u"Soun&d"_s);
+    QMenu* subtitles = submenu(*form.PictureMenu, u"Su&btitles"_s);
+    ASSERT_TRUE(sound != nullptr && subtitles != nullptr);
+    EXPECT_EQ(entriesOf(*sound), (QStringList{u"*English"_s, u"Russian — A && B"_s}));
+    EXPECT_EQ(entriesOf(*subtitles), (QStringList{u"*Off"_s, u"German"_s}));
+    control.calls.clear();
+    sound->actions().at(1)->trigger();
+    subtitles->actions().at(1)->trigger();
+    EXPECT_EQ(control.calls, (QStringList{u"sound 2"_s, u"subtitles 1"_s}));
+    EXPECT_EQ(asked, QList<Command>());
+    form.PictureMenu->hide();
+    rightClick();
+    EXPECT_EQ(entriesOf(*sound), (QStringList{u"English"_s, u"*Russian — A && B"_s}));
+}
+
+TEST_F(VideoTracks, AreChosenByKeyboard)
+{
+    QTest::keyClick(&form, Qt::Key_Menu);
+    QMenu* subtitles = submenu(*form.PictureMenu, u"Su&btitles"_s);
+    QTest::keyClick(form.PictureMenu, Qt::Key_B);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return subtitles->isVisible(); }));
+    QTest::keyClick(subtitles, Qt::Key_Up);
+    QTest::keyClick(subtitles, Qt::Key_Return);
+    EXPECT_TRUE(control.tracks().back().chosen);
+}
+
+TEST_F(VideoTracks, AreGreyWhereThereIsNothingToChoose)
+{
+    control.clipTracks.resize(1);
+    open(u"/other.avi"_s, {160, 120});
+    rightClick();
+    EXPECT_FALSE(submenu(*form.PictureMenu, u"Soun&d"_s)->menuAction()->isEnabled());
+    EXPECT_FALSE(submenu(*form.PictureMenu, u"Su&btitles"_s)->menuAction()->isEnabled());
 }
 
 } // namespace

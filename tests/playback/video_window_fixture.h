@@ -2,6 +2,7 @@
 #pragma once
 
 #include "playback/form13_video_window.h"
+#include "playback/track_controls.h"
 #include "tests/support/scripted_media_control.h"
 
 #include <QImage>
@@ -54,6 +55,9 @@ protected:
     QString roundText;
     std::vector<LessonMark> marks;
     TextLevel storedLevel = TextLevel::Off;
+    QTemporaryDir folder;
+    Module1 module = newModule();
+    TrackControls tracks{module, control};
     Form13 form{Form13Services{
         .control = control,
         .boundary = HandlerBoundary(),
@@ -78,8 +82,17 @@ protected:
                 .repeatText = [this] { return roundText; },
                 .speed = [this] { return control.Speed(); },
                 .goOn = [this] { ++wentOn; }},
+        .tracks = &tracks,
     }};
-    QTemporaryDir folder;
+
+private:
+    [[nodiscard]] Module1 newModule() const
+    {
+        Module1 made;
+        made.Language = 1;
+        made.IniPath = folder.filePath(u"orvanta.ini"_s);
+        return made;
+    }
 };
 
 } // namespace orvanta::test

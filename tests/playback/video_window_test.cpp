@@ -136,6 +136,76 @@ TEST_F(VideoWindowTest, AnAudioClipWithAStillPictureShowsIt)
     EXPECT_EQ(form.Image1->pixmap(Qt::ReturnByValue).size(), QSize(400, 300));
 }
 
+TEST_F(VideoWindowTest, AnAudioClipWithACoverShowsIt)
+{
+    control.hasCover = true;
+    open(u"/a.mp3"_s, {});
+    EXPECT_FALSE(form.isVisible());
+    control.completeCover(QImage(300, 200, QImage::Format_RGB32));
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(form.Image1->isVisible());
+    EXPECT_FALSE(form.ActiveMovie1->isVisible());
+    EXPECT_EQ(form.size(), QSize(300, 200));
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(VideoWindowTest, ThePacketsPictureGoesBeforeACover)
+{
+    control.hasCover = true;
+    form.setStillPicture(stillPicture({400, 300}));
+    open(u"/a.mp3"_s, {});
+    control.completeCover(QImage(300, 200, QImage::Format_RGB32));
+    EXPECT_EQ(form.Image1->pixmap(Qt::ReturnByValue).size(), QSize(400, 300));
+}
+
+TEST_F(VideoWindowTest, BetweenTwoClipsWithCoversTheWindowStays)
+{
+    control.hasCover = true;
+    open(u"/a.mp3"_s, {});
+    control.completeCover(QImage(300, 200, QImage::Format_RGB32));
+    open(u"/b.mp3"_s, {});
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(form.isVisible());
+    control.completeCover(QImage(310, 210, QImage::Format_RGB32));
+    EXPECT_EQ(form.Image1->pixmap(Qt::ReturnByValue).size(), QSize(310, 210));
+}
+
+TEST_F(VideoWindowTest, ACoverThatCannotBeReadLeavesTheWindowOutOfSight)
+{
+    control.hasCover = true;
+    open(u"/a.mp3"_s, {});
+    control.completeCover(QImage(300, 200, QImage::Format_RGB32));
+    open(u"/b.mp3"_s, {});
+    control.completeCover(QImage());
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(VideoWindowTest, UnloadingWhileACoverIsReadHidesTheWindow)
+{
+    control.hasCover = true;
+    open(u"/a.mp3"_s, {});
+    control.completeCover(QImage(300, 200, QImage::Format_RGB32));
+    open(u"/b.mp3"_s, {});
+    control.setFileName(QString());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !form.isVisible(); }));
+    control.completeCover(QImage(300, 200, QImage::Format_RGB32));
+    EXPECT_FALSE(form.isVisible());
+}
+
+TEST_F(VideoWindowTest, ACoverFillsTheScreenAndMakesRoomForTheText)
+{
+    control.hasCover = true;
+    storedLevel = TextLevel::Text;
+    open(u"/a.mp3"_s, {});
+    EXPECT_TRUE(form.isVisible()); // the text alone
+    control.completeCover(QImage(300, 200, QImage::Format_RGB32));
+    EXPECT_TRUE(form.Image1->isVisible());
+    EXPECT_LT(form.Image1->height(), form.height());
+    form.setFullScreen(true);
+    EXPECT_TRUE(form.windowState().testFlag(Qt::WindowFullScreen));
+    EXPECT_TRUE(form.Image1->isVisible());
+}
+
 TEST_F(VideoWindowTest, TheFrameOfAStillPictureIsAtLeast3100By450Twips)
 {
     form.setStillPicture(stillPicture({8, 8}));

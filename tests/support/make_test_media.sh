@@ -40,6 +40,30 @@ ff -f lavfi -i "$noise" -t 6 loud.wav
 ff -f lavfi -i "$noise,volume=-26dB" -t 6 quiet.wav
 ff -f lavfi -i "sine=frequency=440:sample_rate=48000" -t 2 tone.wav
 
+# Two languages: tones of 440 and 880 Hz, and a text at the lower edge of a black picture.
+cat >text.srt <<'END'
+1
+00:00:00,000 --> 00:00:03,000
+MMMMMMMM
+END
+high="sine=frequency=880:sample_rate=48000"
+ff -f lavfi -i "color=black:size=320x240:rate=25" -f lavfi -i "$sound" -f lavfi -i "$high" \
+    -i text.srt -t 2 -map 0 -map 1 -map 2 -map 3 -pix_fmt yuv420p -c:v libx264 -c:a aac -c:s srt \
+    -metadata:s:a:0 language=eng -metadata:s:a:1 language=rus -metadata:s:a:1 title=Commentary \
+    -metadata:s:s:0 language=rus -disposition:a:0 default -disposition:s:0 default languages.mkv
+
+# Sound with a cover, and one of more than 64 megapixels.
+ff -f lavfi -i "color=red:size=300x200" -frames:v 1 cover.png
+ff -f lavfi -i "color=red:size=9000x9000" -frames:v 1 large.png
+covered() { # picture, file
+    ff -f lavfi -i "$sound" -i "$1" -t 1 -map 0 -map 1 -c:v copy -disposition:v:0 attached_pic "$2"
+}
+for file in covered.mp3 covered.m4a covered.flac; do
+    covered cover.png $file
+done
+covered large.png large.mp3
+rm large.png
+
 # Bare streams.
 ff -f lavfi -i "$picture" -t 0.6 -pix_fmt yuv420p -c:v libx264 raw.h264
 ff -f lavfi -i "$picture" -t 0.6 -pix_fmt yuv420p -c:v libx265 -x265-params log-level=none raw.hevc

@@ -14,6 +14,7 @@ void ScriptedMediaControl::completeOpening()
     }
     m_opening = false;
     m_ready = true;
+    m_tracks = clipTracks;
     Q_EMIT durationChange(duration);
     changeState(Stopped);
     Q_EMIT openComplete(pictureSize);
@@ -54,6 +55,7 @@ void ScriptedMediaControl::setFileName(const QString& path)
     m_fileName = path;
     m_position = 0;
     m_ready = false;
+    m_tracks.clear();
     m_opening = !path.isEmpty();
     const quint64 load = ++m_load;
     changeState(NotLoaded);
@@ -140,6 +142,38 @@ void ScriptedMediaControl::setEvenLoudness(bool even)
     if (std::exchange(m_even, even) != even) {
         calls.append(even ? QStringLiteral("even") : QStringLiteral("not even"));
     }
+}
+
+void ScriptedMediaControl::chooseSound(int id)
+{
+    calls.append(QStringLiteral("sound %1").arg(id));
+    mark(MediaTrack::Sound, id);
+}
+
+void ScriptedMediaControl::chooseSubtitles(int id)
+{
+    calls.append(QStringLiteral("subtitles %1").arg(id));
+    mark(MediaTrack::Subtitles, id);
+}
+
+void ScriptedMediaControl::addSubtitleFile(const QString& path, const QString& language)
+{
+    calls.append(QStringLiteral("subtitle file ") + path);
+    const auto number = int(std::ranges::count(m_tracks, MediaTrack::Subtitles, &MediaTrack::kind));
+    m_tracks.push_back({.kind = MediaTrack::Subtitles,
+                        .id = number + 1,
+                        .language = language,
+                        .title = path.section(QLatin1Char('/'), -1),
+                        .added = true});
+    mark(MediaTrack::Subtitles, number + 1);
+}
+
+void ScriptedMediaControl::mark(MediaTrack::Kind kind, int id)
+{
+    for (MediaTrack& track : m_tracks) {
+        track.chosen = track.kind == kind ? track.id == id : track.chosen;
+    }
+    Q_EMIT tracksChanged();
 }
 
 void ScriptedMediaControl::jumpTo(double seconds)

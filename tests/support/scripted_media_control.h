@@ -24,6 +24,11 @@ public:
     int positionsAsked = 0;   // calls of refreshPosition
     QStringList calls;        // every call in order: "Run", "Pause", "seek 12.5", "load /a.avi"
 
+    std::vector<MediaTrack> clipTracks; // of each clip, as it opens
+
+    bool hasCover = false; // a clip carries one; completeCover() is when it is read
+
+    void completeCover(const QImage& cover) { Q_EMIT coverRead(cover); }
     void completeOpening();
     void failOpening();
     /// The clip runs to this position; emits position().
@@ -48,6 +53,11 @@ public:
     [[nodiscard]] double Speed() const override { return m_speed; }
     void setMirrored(bool mirrored) override;
     void setEvenLoudness(bool even) override;
+    [[nodiscard]] std::vector<MediaTrack> tracks() const override { return m_tracks; }
+    void chooseSound(int id) override;
+    void chooseSubtitles(int id) override;
+    void addSubtitleFile(const QString& path, const QString& language) override;
+    bool readCover() override { return hasCover; }
     void refreshPosition() override { ++positionsAsked; }
     [[nodiscard]] bool isReady() const override { return m_ready; }
     [[nodiscard]] bool isOpening() const override { return m_opening; }
@@ -55,9 +65,11 @@ public:
 private:
     void changeState(State state);
     void jumpTo(double seconds);
+    void mark(MediaTrack::Kind kind, int id);
     void reportJump(double oldSeconds);
 
     QString m_fileName;
+    std::vector<MediaTrack> m_tracks;
     double m_position = 0;
     State m_state = NotLoaded;
     int m_volume = 0;

@@ -355,11 +355,12 @@ int Desktop::openMenus()
 {
     // The window manager takes every other window of a program into a frame of its own.
     const QByteArrayList ids = visibleWindowIds({u"--maxdepth"_s, u"1"_s, u"--class"_s, u"."_s});
-    return std::any_of(ids.begin(), ids.end(), [this](const QByteArray& id) {
+    const auto count = std::count_if(ids.begin(), ids.end(), [this](const QByteArray& id) {
         const QByteArray type =
             run(u"xprop"_s, {u"-id"_s, QString::fromLatin1(id), u"_NET_WM_WINDOW_TYPE"_s});
         return type.contains("_NET_WM_WINDOW_TYPE") && !type.contains("TOOLTIP");
     });
+    return static_cast<int>(count);
 }
 
 } // namespace orvanta::e2e

@@ -82,6 +82,16 @@ static Maker red(const QString& seconds)
     };
 }
 
+/// Black, with a sound in English and one in Russian.
+static bool twoLanguages(const QString& target)
+{
+    return runFfmpeg(target,
+                     u"-f lavfi -i color=black:size=320x240:rate=10:duration=300 "_s +
+                         kTone.arg(300) + u' ' + kTone.arg(300) +
+                         u" -map 0 -map 1 -map 2 -metadata:s:a:0 language=eng -metadata:s:a:1 "
+                         "language=rus -c:v libx264 -pix_fmt yuv420p -c:a aac"_s);
+}
+
 static Maker sound(const QString& seconds, const QString& codecs)
 {
     return [=](const QString& target) {
@@ -152,6 +162,7 @@ static const std::map<QString, Maker>& makers()
         {u"sound2.mp3"_s, sound(u"2"_s, u"-c:a libmp3lame"_s)},
         {u"sound2.ogg"_s, sound(u"2"_s, u"-c:a libvorbis"_s)},
         {u"sound2.wav"_s, sound(u"2"_s, u"-c:a pcm_s16le"_s)},
+        {u"languages300.mkv"_s, twoLanguages},
         {u"red20.mp4"_s, red(u"20"_s)},
         {u"tone20.wav"_s, sound(u"20"_s, u"-af volume=12dB -c:a pcm_s16le"_s)},
         {u"short.avi"_s, video(u"0.3"_s, kAvi)},
