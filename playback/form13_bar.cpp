@@ -157,7 +157,7 @@ void Form13::refreshBar()
         Bar->speed->setText(u"%1 ×"_s.arg(QLocale().toString(ports.speed(), 'g', 3)));
     }
     Bar->text->setChecked(m_textLevel != TextLevel::Off);
-    Bar->tracks->setVisible(m_services.tracks != nullptr &&
+    Bar->tracks->setVisible(m_services.tracks != nullptr && PictureBar::fitsTracks(size()) &&
                             TrackMenus::isChoice(*m_services.tracks));
     Bar->fullScreen->setChecked(m_fullScreen);
     Bar->track->setMarks(ports.marks ? ports.marks() : std::vector<LessonMark>());
