@@ -27,7 +27,7 @@ constexpr QStringView kHelp =
 
 // A window's own caption stands under the window's name; playback/control_rows.h says what "X.tip"
 // and "X.name" are. "X.label" is the caption beside X; others are asked for by the window itself.
-constexpr std::array kTexts{
+constexpr auto kTexts = std::to_array<InterfaceText>({
     InterfaceText{u"CommandLine", u"--help", kHelp, kHelp},
 
     InterfaceText{u"Form1", u"Form1", u"!Orvanta!", u"!Orvanta!"},
@@ -192,7 +192,8 @@ constexpr std::array kTexts{
     // The misspelling is an old friend of the users. Label1: version, player library, FFmpeg, Qt.
     InterfaceText{u"Form9", u"Form9", u"About author", u"Об авторе"},
     InterfaceText{
-        u"Form9", u"Label1",
+        u"Form9",
+        u"Label1",
         u"Orvanta %1 leads you through material step by step: clips in their order, each with a "
         u"sentence of its own, or one clip with marks in time. It is made for lessons, exercises "
         u"and guided listening. Its author is everybody who has written for it.\n\n"
@@ -402,7 +403,7 @@ constexpr std::array kTexts{
     InterfaceText{u"Form6", u"Text1.label", u"Packet:", u"Пакет:"},
     InterfaceText{u"Form6", u"Text2.label", u"Text:", u"Текст:"},
     InterfaceText{u"Form6", u"Text3.label", u"Picture:", u"Картинка:"},
-};
+});
 
 constexpr bool everyCellIsFilled()
 {

@@ -162,7 +162,7 @@ void Form13::refreshBar()
     Bar->speed->setVisible(speed != 1);
     Bar->speed->setText(speedText(speed * 100));
     Bar->text->setChecked(m_textLevel != TextLevel::Off);
-    Bar->tracks->setVisible(m_services.tracks != nullptr &&
+    Bar->tracks->setVisible(m_services.tracks != nullptr && PictureBar::fitsTracks(size()) &&
                             TrackMenus::isChoice(*m_services.tracks));
     Bar->fullScreen->setChecked(m_fullScreen);
     Bar->track->setMarks(ports.marks ? ports.marks() : std::vector<LessonMark>());

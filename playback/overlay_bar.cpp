@@ -29,6 +29,7 @@ constexpr int kGap = 8;
 constexpr int kTimeFont = 13;
 constexpr int kBubbleFont = 12;
 constexpr int kNarrow = 560; // a window of this width has narrow edges
+constexpr int kWidthWithTracks = 320;
 constexpr QSize kSmallestWindow(280, 170);
 
 static QLabel* newLabel(QWidget* parent, const QColor& colour, const QFont& font)
@@ -151,6 +152,11 @@ void PictureBar::setTips(TextLanguage language)
 bool PictureBar::fits(QSize window)
 {
     return window.width() >= kSmallestWindow.width() && window.height() >= kSmallestWindow.height();
+}
+
+bool PictureBar::fitsTracks(QSize window)
+{
+    return fits(window) && window.width() >= kWidthWithTracks;
 }
 
 void PictureBar::fitInto(QSize window)

@@ -46,6 +46,8 @@ public:
     void fitInto(QSize window);
     /// Whether a window of this size has room for it.
     [[nodiscard]] static bool fits(QSize window);
+    /// Whether it also has room for the button of sound and subtitles.
+    [[nodiscard]] static bool fitsTracks(QSize window);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -118,12 +118,7 @@ void MpvPlayer::serveCommand(const mpv_event& event)
             m_seek.accepted(serial);
         }
     } else if (request == AddSubtitles && serial == m_load) {
-        if (event.error < 0) {
-            qCInfo(logErrors, "no subtitles in %s: %s", m_added.name.constData(),
-                   mpv_error_string(event.error));
-        }
-        m_mpv->ask("track-list", MPV_FORMAT_NODE, idOf(NewTracks, m_load));
-        showAtRest();
+        subtitlesAdded(event.error);
     }
 }
 

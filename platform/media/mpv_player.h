@@ -125,6 +125,7 @@ private:
     void markChosen(MediaTrack::Kind kind, int id);
     [[nodiscard]] bool hasTrack(MediaTrack::Kind kind, int id) const;
     void loadSubtitles();
+    void subtitlesAdded(int error);
     void showAtRest();
 
     // mpv_events.cpp

@@ -1,4 +1,5 @@
 // Sound tracks, subtitles, a cover: which there are, and which are chosen.
+#include "core/log.h"
 #include "platform/media/mpv_nodes.h"
 #include "platform/media/mpv_player.h"
 #include "platform/media/subtitle_file.h"
@@ -118,6 +119,17 @@ void MpvPlayer::loadSubtitles()
         m_mpv->command({"sub-add", copy, "select", m_added.name, m_added.language},
                        idOf(AddSubtitles, m_load));
     }
+}
+
+/// error: of the library; negative when it cannot use them.
+void MpvPlayer::subtitlesAdded(int error)
+{
+    if (error < 0) {
+        qCInfo(logErrors, "no subtitles in %s: %s", m_added.name.constData(),
+               mpv_error_string(error));
+    }
+    m_mpv->ask("track-list", MPV_FORMAT_NODE, idOf(NewTracks, m_load));
+    showAtRest();
 }
 
 bool MpvPlayer::readCover()

@@ -275,4 +275,7 @@ TEST_F(PictureBarTest, TracksHaveAButtonWhereThereIsAChoice)
     subtitles->actions().last()->trigger();
     EXPECT_TRUE(control.tracks().back().chosen);
     form.TracksMenu->hide();
+    open(u"/narrow.avi"_s, {300, 200});
+    showBar();
+    EXPECT_FALSE(form.Bar->tracks->isVisible());
 }
