@@ -43,6 +43,7 @@ public:
     [[nodiscard]] int markedRow() const { return m_markedRow; }
 
     [[nodiscard]] QSize sizeHint() const override { return {360, 120}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {120, 54}; }
 
 Q_SIGNALS:
     /// The user came to an entry, by mouse or keyboard. Counted from 0.

@@ -20,7 +20,7 @@ PreviewPane::PreviewPane(Factory factory, std::function<int()> volume, QWidget* 
       m_layout(new QVBoxLayout(this))
 {
     m_layout->setContentsMargins(0, 0, 0, 0);
-    setMinimumSize(240, 135);
+    setMinimumSize(120, 67); // the whole editor fits 683 by 336
     m_rest.setSingleShot(true);
     m_rest.setInterval(kRestMilliseconds);
     connect(&m_rest, &QTimer::timeout, this, &PreviewPane::showExactly);

@@ -196,4 +196,17 @@ TEST_F(Look, EveryListTreeAndBoxShowsItsFocusAlsoWithNothingInIt)
     });
 }
 
+TEST_F(Look, EveryWindowFitsASmallScreenAtTheDoubleScale)
+{
+    constexpr QSize kRoom(683 - 16, 384 - 48); // 1366 by 768, less a window manager's frame
+    for (const int language : {1, 2}) {
+        speak(language);
+        inEachWindow([&](QWidget& window) {
+            const QSize least = window.minimumSizeHint();
+            EXPECT_LE(least.width(), kRoom.width()) << qPrintable(window.objectName());
+            EXPECT_LE(least.height(), kRoom.height()) << qPrintable(window.objectName());
+        });
+    }
+}
+
 } // namespace orvanta::test
