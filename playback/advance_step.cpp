@@ -5,6 +5,7 @@
 #include "model/texts.h"
 #include "playback/brakes.h"
 #include "playback/playlist_marks.h"
+#include "playback/practice_step.h"
 
 #include <algorithm>
 #include <utility>
@@ -193,6 +194,21 @@ void AdvanceStep::lineStep(int direction)
                                      : std::optional(lineBefore(lines, here).value_or(here));
     if (place && place->packet >= 1 && place->clip >= 1) {
         m_starter.startByHand(place->packet, place->clip);
+    }
+}
+
+void AdvanceStep::lineAgain(PracticeStep& practice)
+{
+    const Cursor place = m_context.cursor();
+    if (m_context.closing || place.packet < 1) {
+        return;
+    }
+    practice.giveUp();
+    const bool loaded = !m_context.player().isEmpty() && !m_context.openedMeanwhile;
+    if (loaded && (!m_context.isCurrentPacketBraked() || m_context.areBrakesPlaying())) {
+        practice.playFromStart();
+    } else if (place.clip >= 1) {
+        m_starter.startByHand(place.packet, place.clip);
     }
 }
 

@@ -8,6 +8,8 @@
 
 namespace orvanta {
 
+class PracticeStep;
+
 class AdvanceStep
 {
 public:
@@ -29,6 +31,8 @@ public:
     /// To the line behind (1) or before (-1), checked or not; an end mark is none. The first line
     /// begins again where there is none before it.
     void lineStep(int direction);
+    /// The current line from its start, loaded or not; a wait after it is given up.
+    void lineAgain(PracticeStep& practice);
     /// The player rests behind the last place: no line is current, and the program ends where the
     /// option says so.
     void listIsOver();

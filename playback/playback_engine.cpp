@@ -67,7 +67,6 @@ public:
     void goOnAfterDrop(const DropResult& dropped);
     void keepPosition();
     void takePlaylist();
-    void playLineAgain();
     void brakeIsDue();
 
     EngineContext context;
@@ -159,21 +158,6 @@ void PlaybackEngine::Private::brakeIsDue()
 {
     const QScopedValueRollback now(positionAge, BrakeStep::JustReported);
     m_engine.tick();
-}
-
-void PlaybackEngine::Private::playLineAgain()
-{
-    const Cursor place = context.cursor();
-    if (context.closing || place.packet < 1) {
-        return;
-    }
-    practice.giveUpWait();
-    const bool loaded = !context.player().isEmpty() && !context.openedMeanwhile;
-    if (loaded && (!context.isCurrentPacketBraked() || context.areBrakesPlaying())) {
-        practice.step().playFromStart();
-    } else if (place.clip >= 1) {
-        starter.startByHand(place.packet, place.clip);
-    }
 }
 
 void PlaybackEngine::Private::keepPosition()
@@ -338,7 +322,7 @@ void PlaybackEngine::lineStep(int direction)
 
 void PlaybackEngine::lineAgain()
 {
-    m_private->enter([&] { m_private->playLineAgain(); });
+    m_private->enter([&] { m_private->advance.lineAgain(m_private->practice.step()); });
 }
 
 void PlaybackEngine::keepPosition()

@@ -172,7 +172,8 @@ TEST_F(PictureBarTest, NothingOfItTakesTheFocusAndEveryButtonHasAName)
     }
     for (BarButton* button : form.Bar->findChildren<BarButton*>()) {
         EXPECT_FALSE(button->accessibleName().isEmpty()) << qPrintable(button->objectName());
-        EXPECT_TRUE(button->toolTip().startsWith(button->accessibleName() + u" ("_s))
+        const QString named = button->accessibleName() + u" ("_s;
+        EXPECT_TRUE(button == form.Bar->tracks || button->toolTip().startsWith(named))
             << qPrintable(button->toolTip());
     }
     QTest::mouseClick(form.Bar->play, Qt::LeftButton);

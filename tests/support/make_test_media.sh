@@ -64,6 +64,11 @@ done
 covered large.png large.mp3
 rm large.png
 
+# Two sounds of different lengths.
+ff -f lavfi -i "$sound" -t 2.4 longer.wav
+ff -i longer.wav -i longer.wav -filter_complex "[0:a]atrim=end=0.8[a]" -map "[a]" -map 1:a \
+    -c:a flac lengths.mka
+
 # Bare streams.
 ff -f lavfi -i "$picture" -t 0.6 -pix_fmt yuv420p -c:v libx264 raw.h264
 ff -f lavfi -i "$picture" -t 0.6 -pix_fmt yuv420p -c:v libx265 -x265-params log-level=none raw.hevc
