@@ -102,7 +102,11 @@ void Program::makeEditors()
         .boundary = m_surroundings.boundary,
         .makePreview = m_surroundings.makeControl,
         .playerVolume = [this] { return m_control->Volume(); },
-        .pausePlayer = [this] { return m_hold->hold(); },
+        .pausePlayer =
+            [this] {
+                m_engine->practice().giveUpWait();
+                return m_hold->hold();
+            },
         .resumePlayer =
             [this] {
                 if (!m_engine->isClosing()) {

@@ -190,6 +190,9 @@ void AdvanceStep::lineStep(int direction)
     const PlaylistState& playlist = m_context.module.playlist;
     const auto lines = [&](Int16 p) { return lineCount(playlist.packet(p)); };
     const Cursor here = m_context.cursor();
+    if (direction > 0 && m_context.openedMeanwhile) {
+        return m_starter.startByHand(here.packet, here.clip); // it is still to come
+    }
     const auto place = direction > 0 ? lineBehind(playlist.PlaylistCount, lines, here)
                                      : std::optional(lineBefore(lines, here).value_or(here));
     if (place && place->packet >= 1 && place->clip >= 1) {

@@ -40,6 +40,8 @@ struct EngineContext
     std::function<QString(const QString& pathText, const QString& folder)> findFile;
     /// For who shows the current clip elsewhere.
     std::function<void()> onCursorMoved = [] {};
+    /// A person has asked for a stop: a lesson that waits does not go on.
+    std::function<void()> onStopAsked = [] {};
     /// Something else begins: what waits has nothing to wait for.
     std::function<void()> onSuperseded = [] {};
     /// The last line there is has been played.

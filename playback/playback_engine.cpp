@@ -34,6 +34,7 @@ public:
           context(module, control, video),
           volume(context, [&engine] { Q_EMIT engine.volumeChanged(); })
     {
+        context.onStopAsked = [this] { practice.giveUpWait(); };
         context.onSuperseded = [this] {
             lesson.leave();
             practice.step().beginLine();
@@ -398,7 +399,6 @@ void PlaybackEngine::pressPause()
 
 void PlaybackEngine::pressStop()
 {
-    m_private->practice.giveUpWait();
     m_private->poll();
     m_private->transport.pressStop();
 }
@@ -461,6 +461,7 @@ void PlaybackEngine::sliderMoved(double value)
 
 void PlaybackEngine::sliderCommitted()
 {
+    m_private->practice.giveUpWait();
     m_private->context.operations.look();
     m_private->slider.committed();
 }
@@ -487,6 +488,7 @@ Int16 PlaybackEngine::storedBalance() const
 
 void PlaybackEngine::seekTo(double seconds)
 {
+    m_private->practice.giveUpWait(); // what is sought is to be heard
     m_private->context.operations.look();
     m_private->slider.seekTo(seconds);
 }

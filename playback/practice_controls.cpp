@@ -2,6 +2,7 @@
 
 #include "playback/practice_texts.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace orvanta {
@@ -105,7 +106,9 @@ void PracticeControls::nextWait()
 QString PracticeControls::roundText() const
 {
     const int times = values().times;
-    return times == 1 ? QString() : orvanta::roundText(m_step.round(), times, language());
+    const int round =
+        times == Practice::kEndless ? m_step.round() : std::min(m_step.round(), times);
+    return times == 1 ? QString() : orvanta::roundText(round, times, language());
 }
 
 void PracticeControls::goOn()

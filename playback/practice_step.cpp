@@ -3,6 +3,7 @@
 #include "core/error_boundary.h"
 #include "core/numbers.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -41,8 +42,12 @@ BrakeSpan PracticeStep::span() const
 {
     const double duration = m_context.operations.durationSeconds();
     const PlaylistEntry& packet = m_context.currentPacket();
-    return packet.HasBrakes ? brakeSpan(packet, m_context.cursor().clip, duration)
-                            : BrakeSpan{0, duration};
+    BrakeSpan span = packet.HasBrakes ? brakeSpan(packet, m_context.cursor().clip, duration)
+                                      : BrakeSpan{0, duration};
+    if (duration > 0) {
+        span.end = std::min(span.end, duration); // an end mark may lie behind the clip's end
+    }
+    return span;
 }
 
 void PracticeStep::beginLine()
@@ -66,8 +71,11 @@ void PracticeStep::applyToPlayer()
 void PracticeStep::settingsChanged()
 {
     applyToPlayer();
-    if (m_waiting && practice().wait == Practice::kNoWait) {
+    const Practice now = practice();
+    if (m_waiting && now.wait == Practice::kNoWait) {
         goOn();
+    } else if (m_waiting && (now.wait != m_waitedBy.wait || now.seconds != m_waitedBy.seconds)) {
+        startWait();
     }
 }
 
@@ -126,7 +134,9 @@ void PracticeStep::playFromStart()
 {
     const double start = span().begin;
     m_context.operations.ForgetEnd();
-    if (start > 0 || m_context.player().state != MediaControl::Stopped) {
+    const bool isAtStart =
+        m_context.player().state == MediaControl::Stopped && m_context.operations.secondsNow() <= 0;
+    if (start > 0 || !isAtStart) {
         m_context.operations.SetPlayerPosition(decimalText(start));
     }
     m_context.operations.PlayerRun();
@@ -134,13 +144,20 @@ void PracticeStep::playFromStart()
 
 void PracticeStep::wait(GoOn goOn)
 {
-    const BrakeSpan line = span();
-    const auto seconds =
-        waitAfterLine(practice(), line.end - line.begin, speedOfRound(practice(), m_rounds));
     m_context.operations.HoldPlayer();
     m_context.log.waiting(m_context.cursor());
     m_goOn = std::move(goOn);
     m_waiting = true;
+    startWait();
+}
+
+void PracticeStep::startWait()
+{
+    m_waitedBy = practice();
+    const BrakeSpan line = span();
+    const auto seconds =
+        waitAfterLine(m_waitedBy, line.end - line.begin, speedOfRound(m_waitedBy, m_rounds));
+    m_wait.stop();
     if (seconds) {
         m_wait.start(std::chrono::milliseconds(std::llround(*seconds * 1000)));
     }

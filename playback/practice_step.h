@@ -69,6 +69,7 @@ private:
     bool apply(AfterLine decision, GoOn goOn);
     void playAgain();
     void wait(GoOn goOn);
+    void startWait();
     void endWait();
     void applyToPlayer();
     [[nodiscard]] Line currentLine() const;
@@ -80,6 +81,7 @@ private:
     int m_rounds = 0; // of the line, played to the end
     AfterLine m_atEnd = AfterLine::GoOn;
     bool m_waiting = false;
+    Practice m_waitedBy; // the practice by which the wait was begun
     GoOn m_goOn;
     QTimer m_wait;
 };

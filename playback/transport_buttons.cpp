@@ -84,6 +84,7 @@ void TransportButtons::pressPause()
 
 void TransportButtons::pressStop()
 {
+    m_context.onStopAsked();
     if (!m_context.player().isLoaded()) {
         return;
     }

@@ -22,7 +22,8 @@ CommandFacts Form2::commandFacts() const
     CommandFacts facts{
         .hasEntries = playlist.entryCount() > 0,
         .loaded = player.isLoaded(),
-        .canStop = player.isRunning(), // a paused clip keeps its place
+        .canStop = player.isRunning() ||
+                   m_services.engine.practice().isWaiting(), // a paused clip keeps its place
         .hasPlace = playlist.CurrentPacket >= 1 && playlist.CurrentClip >= 1,
         .fullScreen = m_services.videoKeys.isFullScreen(),
         .alwaysOnTop = m_alwaysOnTop,

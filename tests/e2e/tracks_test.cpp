@@ -77,12 +77,28 @@ protected:
         desktop.press(u"Up"_s);
         keepScreen(u"menu_"_s + accessKey);
         desktop.press(u"Return"_s);
-        return waitFor([this] { return desktop.openMenus() == 0; });
+        return waitFor([this] { return desktop.openMenus() == 0; }, kOpeningMs);
     }
 
-    [[nodiscard]] bool isKept(const QString& key, const QString& language)
+    [[nodiscard]] bool isKept(const QString& key, const QString& language, int milliseconds)
     {
-        return waitFor([&] { return home.get(u"practice"_s, key) == language; });
+        return waitFor([&] { return home.get(u"practice"_s, key) == language; }, milliseconds);
+    }
+
+    /// Chooses by the menu until the choice is there: a key that comes before the menu hears the
+    /// keyboard is lost.
+    [[nodiscard]] bool chooses(const QString& accessKey, const QString& key,
+                               const QString& language)
+    {
+        constexpr int kKeptMs = 3000;
+        for (int i = 0; i < 6; ++i) {
+            if (chooseLast(accessKey) && isKept(key, language, kKeptMs)) {
+                return true;
+            }
+            desktop.press(u"Escape"_s);
+            desktop.press(u"Escape"_s);
+        }
+        return false;
     }
 };
 
@@ -92,11 +108,9 @@ TEST_F(FilmInTwoLanguages, IsChosenByTheMenuAndKept)
                                       {{film(kFilm), u"One"_s}, {film(u"otherfilm"_s), u"Two"_s}});
     start({packet});
     EXPECT_TRUE(home.get(u"practice"_s, u"subtitles"_s).isEmpty());
-    ASSERT_TRUE(chooseLast(u"b"_s));
-    EXPECT_TRUE(isKept(u"subtitles"_s, u"en"_s));
+    ASSERT_TRUE(chooses(u"b"_s, u"subtitles"_s, u"en"_s));
     EXPECT_TRUE(showsText(kFilm));
-    ASSERT_TRUE(chooseLast(u"d"_s));
-    EXPECT_TRUE(isKept(u"sound"_s, u"ru"_s));
+    ASSERT_TRUE(chooses(u"d"_s, u"sound"_s, u"ru"_s));
     desktop.moveMouse(desktop.placeOf(kFilm).center());
     desktop.moveMouse(desktop.placeOf(kFilm).center() + QPoint(20, 20));
     keepScreen(u"bar"_s);

@@ -299,4 +299,83 @@ TEST_F(PractisedLines, AskThePlayerForItsPositionShortlyBeforeTheNextBrake)
     EXPECT_TRUE(QTest::qWaitFor([&] { return control.positionsAsked > 0; }));
 }
 
+TEST_F(PractisedLines, WaitNoLongerOnceStoppedInTheTray)
+{
+    turnOn({"si"});
+    practice().set({.wait = Practice::kWaitForKey});
+    playClips({u"a"_s, u"b"_s});
+    endOfClip();
+    module.tray.TrayStopRequest = true;
+    engine->tick();
+    EXPECT_FALSE(practice().isWaiting());
+}
+
+TEST_F(PractisedLines, WaitNoLongerOnceAPersonSeeks)
+{
+    practice().set({.wait = Practice::kWaitForKey});
+    playLesson();
+    tickAt(12.02);
+    ASSERT_TRUE(practice().isWaiting());
+    engine->seekTo(8);
+    EXPECT_FALSE(practice().isWaiting());
+    control.Run();
+    tickAt(12.02);
+    EXPECT_EQ(clip(), 1) << "the line's end was heard again, and the lesson waits again";
+    EXPECT_TRUE(practice().isWaiting());
+}
+
+TEST_F(PractisedLines, WaitByTheNewWayWhenItChangesMeanwhile)
+{
+    control.duration = 0.2;
+    practice().set({.wait = Practice::kWaitForKey});
+    playClips({u"a"_s, u"b"_s});
+    endOfClip();
+    practice().set({.wait = 50});
+    waitUntilPlace(at(1, 2));
+}
+
+TEST_F(PractisedLines, WhoseEndMarkIsBehindTheClipsEndLastUntilTheClipsEnd)
+{
+    practice().set({.wait = 100});
+    addBrakes({u"38"_s, u"300"_s});
+    play(1, 1);
+    double told = -1;
+    QObject::connect(&practice(), &PracticeControls::waitBegan, [&](double s) { told = s; });
+    endOfClip();
+    EXPECT_DOUBLE_EQ(told, 2);
+}
+
+TEST_F(PractisedLines, BeginFromTheirStartAlsoInAStoppedPlayerThatWasSought)
+{
+    playClips({u"a"_s});
+    control.Stop();
+    engine->seekTo(6);
+    engine->lineAgain();
+    EXPECT_EQ(control.CurrentPosition(), 0);
+    EXPECT_EQ(control.CurrentState(), control.Running);
+}
+
+TEST_F(PractisedLines, OpenedWhileAClipPlaysOnBeginWithTheFirst)
+{
+    playClips({u"a"_s, u"b"_s});
+    emptyPlaylist();
+    addClips({u"c"_s, u"d"_s});
+    option("as", u"0"_s);
+    engine->playlistReplaced();
+    engine->lineStep(1);
+    EXPECT_EQ(place(), at(1, 1));
+    EXPECT_TRUE(control.FileName().endsWith(u"c.avi"_s)) << qPrintable(control.FileName());
+}
+
+TEST_F(PractisedLines, NeverSpeakOfMoreRoundsThanThereAre)
+{
+    practice().set({.times = 2, .wait = Practice::kWaitForKey});
+    playClips({u"a"_s});
+    endOfClip();
+    EXPECT_TRUE(practice().roundText().contains(u'2'));
+    endOfClip();
+    ASSERT_TRUE(practice().isWaiting());
+    EXPECT_FALSE(practice().roundText().contains(u'3')) << qPrintable(practice().roundText());
+}
+
 } // namespace orvanta::test
