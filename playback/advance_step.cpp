@@ -215,13 +215,27 @@ void AdvanceStep::lineAgain(PracticeStep& practice)
     }
 }
 
+bool AdvanceStep::leadsToEndMark(const AdvanceDecision& decision) const
+{
+    if (decision.what != AdvanceDecision::Start) {
+        return false;
+    }
+    const PlaylistEntry& packet = m_context.module.playlist.packet(decision.cursor.packet);
+    return packet.HasBrakes && decision.cursor.clip > 1 &&
+           decision.cursor.clip == endMarkOf(packet);
+}
+
 void AdvanceStep::next()
 {
     if (m_context.cursor().packet < 1) {
         return begin(); // nothing has been started: what was dropped has no current place
     }
     constexpr AdvanceOptions asked = {.nextClip = true, .nextPacket = true, .replay = false};
-    apply(after(m_context.cursor(), asked));
+    AdvanceDecision decision = after(m_context.cursor(), asked);
+    if (m_context.player().isEmpty() && leadsToEndMark(decision)) {
+        decision = after(decision.cursor, asked); // behind the clip's end nothing is to be heard
+    }
+    apply(decision);
 }
 
 void AdvanceStep::previous()

@@ -45,6 +45,7 @@ public:
 private:
     [[nodiscard]] AdvanceDecision after(Cursor from, const AdvanceOptions& options) const;
     [[nodiscard]] AdvanceDecision decide(Cursor from) const;
+    [[nodiscard]] bool leadsToEndMark(const AdvanceDecision& decision) const;
     void apply(const AdvanceDecision& decision, FailedMedia failed = {});
     void playbackIsOver(Cursor rest);
     [[nodiscard]] bool closesWhenOver() const;

@@ -116,7 +116,7 @@ void PictureBar::layOut()
     buttons->setSpacing(kGap);
     for (QWidget* part : std::initializer_list<QWidget*>{previous, play, next, again, repeat,
                                                          repeatText, ring, speed}) {
-        buttons->addWidget(part);
+        buttons->addWidget(part, 0, Qt::AlignVCenter);
     }
     buttons->addStretch(1);
     buttons->addWidget(text);

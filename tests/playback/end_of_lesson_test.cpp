@@ -285,4 +285,14 @@ TEST_F(StopAtTheBeginning, AfterTheEndMarkLeavesNoneCurrent)
     EXPECT_EQ(view.listIndex, -1);
 }
 
+TEST_F(Brakes, BehindTheClipsEndAreNotBegunByTheNextClipAskedFor)
+{
+    playBrakes({u"5"_s, u"300"_s}, 1);
+    addClips({u"next"_s});
+    endClip();
+    EXPECT_EQ(place(), at(1, 1));
+    engine->nextChecked();
+    EXPECT_EQ(place(), at(2, 1));
+}
+
 } // namespace orvanta::test
