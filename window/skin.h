@@ -1,6 +1,8 @@
 // The main window's skin: its colours, measures, fonts and pictures, all in one place.
 #pragma once
 
+#include "playback/picture_look.h"
+
 #include <QColor>
 #include <QFont>
 #include <QIcon>
@@ -9,9 +11,9 @@
 
 namespace orvanta::skin {
 
-// One calm dark surface, one accent.
-inline constexpr QColor kSurface{0x1b, 0x1f, 0x27};     // the window
-inline constexpr QColor kRaised{0x23, 0x29, 0x35};      // buttons and boxes on it
+// One calm dark surface, one accent; what lies over the picture has them, too.
+inline constexpr QColor kSurface = look::kCalm;         // the window
+inline constexpr QColor kRaised = look::kRaised;        // buttons and boxes on it
 inline constexpr QColor kRaisedHover{0x2d, 0x35, 0x44}; // under the pointer
 inline constexpr QColor kRaisedDown{0x1f, 0x24, 0x2e};  // pressed
 inline constexpr QColor kSunken{0x17, 0x1b, 0x22};      // the list
@@ -19,19 +21,19 @@ inline constexpr QColor kLine{0x2f, 0x37, 0x45};        // borders and grooves
 inline constexpr QColor kEdge{0x3c, 0x46, 0x57};        // around menus, boxes under the pointer
 inline constexpr QColor kGrip{0x46, 0x51, 0x65};        // a scroll bar under the pointer
 inline constexpr QColor kKnob{0xff, 0xff, 0xff};        // a slider's, under the pointer
-inline constexpr QColor kText{0xe6, 0xea, 0xf2};
-inline constexpr QColor kTextSoft{0xc3, 0xca, 0xd6};  // clips below their packet's line
+inline constexpr QColor kText = look::kText;
+inline constexpr QColor kTextSoft = look::kTextSoft;  // clips below their packet's line
 inline constexpr QColor kTextMuted{0x8e, 0x99, 0xab}; // what is off or of second rank
 inline constexpr QColor kTreeLine{0x4a, 0x55, 0x67};  // the tree's prefixes
-inline constexpr QColor kAccent{0x4f, 0xb3, 0xa5};
+inline constexpr QColor kAccent = look::kAccent;
 inline constexpr QColor kAccentHover{0x66, 0xc7, 0xb9};
 inline constexpr QColor kAccentDown{0x40, 0x99, 0x8d};
-inline constexpr QColor kAccentDeep{0x2d, 0x6f, 0x67};  // the current line
-inline constexpr QColor kAccentFaint{0x25, 0x43, 0x45}; // an accent that is switched off
-inline constexpr QColor kPlayOff{0x6f, 0x9a, 0x96};     // Play when it is switched off
-inline constexpr QColor kMissed{0x4d, 0x2b, 0x33};      // a search that finds nothing
-inline constexpr QColor kGone{0xe8, 0x86, 0x8a};        // what is not there any more
-inline constexpr QColor kWarning{0xb8, 0x4a, 0x4f};     // Close under the pointer
+inline constexpr QColor kAccentDeep{0x2d, 0x6f, 0x67};     // the current line
+inline constexpr QColor kAccentFaint = look::kAccentFaint; // an accent that is switched off
+inline constexpr QColor kPlayOff{0x6f, 0x9a, 0x96};        // Play when it is switched off
+inline constexpr QColor kMissed{0x4d, 0x2b, 0x33};         // a search that finds nothing
+inline constexpr QColor kGone{0xe8, 0x86, 0x8a};           // what is not there any more
+inline constexpr QColor kWarning = look::kWarning;         // Close under the pointer
 
 // Logical pixels, on a grid of 8.
 inline constexpr int kGrid = 8;
