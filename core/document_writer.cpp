@@ -1,5 +1,6 @@
 #include "core/document_writer.h"
 
+#include "core/earlier_versions.h"
 #include "core/ini_document.h"
 #include "core/log.h"
 #include "core/run_time_error.h"
@@ -20,6 +21,7 @@ using Change = IniDocument::Change;
 struct DocumentWriter::Private
 {
     QByteArray target; // symbolic links followed
+    bool keepsEarlier = true;
     std::optional<struct stat> earlier;
     std::optional<SiblingFile> sibling; // none before the first write and after the end
     bool hasEnded = false;
@@ -103,7 +105,13 @@ bool DocumentWriter::Private::store(Change change, qsizetype sizeBefore) const
 
 void DocumentWriter::Private::replaceEarlier()
 {
-    if (!sibling->sync() || !sibling->replaceTarget()) {
+    if (!sibling->sync()) {
+        fail();
+    }
+    if (earlier && keepsEarlier) {
+        keepEarlierVersion(target);
+    }
+    if (!sibling->replaceTarget()) {
         fail();
     }
     sibling->syncFolder();
@@ -111,9 +119,10 @@ void DocumentWriter::Private::replaceEarlier()
     hasEnded = true;
 }
 
-DocumentWriter::DocumentWriter(const QString& target)
+DocumentWriter::DocumentWriter(const QString& target, Earlier earlier)
     : m_state(std::make_unique<Private>())
 {
+    m_state->keepsEarlier = earlier == Earlier::Kept;
     m_state->target = realPath(QFile::encodeName(target));
 }
 

@@ -13,7 +13,13 @@ namespace orvanta {
 class DocumentWriter
 {
 public:
-    explicit DocumentWriter(const QString& target);
+    /// What becomes of the document that is replaced.
+    enum class Earlier
+    {
+        Kept, // as a version
+        Gone,
+    };
+    explicit DocumentWriter(const QString& target, Earlier earlier = Earlier::Kept);
     ~DocumentWriter();
     DocumentWriter(const DocumentWriter&) = delete;
     DocumentWriter& operator=(const DocumentWriter&) = delete;

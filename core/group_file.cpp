@@ -116,7 +116,9 @@ void readGroupInto(std::vector<PlaylistEntry>& packets, const QString& path, con
         packet.Title = group.read(memberSection(i), u"text"_s);
         packet.Picture = group.read(memberSection(i), u"picture"_s);
         packet.PictureFolder = folderOfPath(path);
-        readPacketInto(packet, memberFile(group.read(memberSection(i), u"path"_s), path, find));
+        const QString member = group.read(memberSection(i), u"path"_s);
+        readPacketInto(packet, memberFile(member, path, find));
+        packet.Origin->member = member;
     }
 }
 

@@ -121,6 +121,29 @@ QString IniDocument::value(const QString& section, const QString& key) const
     return limited(m_encoding.decode(bytes.first(most)), kIniValueLimit);
 }
 
+std::vector<IniDocument::Line> IniDocument::lines() const
+{
+    std::vector<Line> all;
+    const QByteArrayView bytes = m_bytes;
+    const auto decoded = [&](QByteArrayView part) { return m_encoding.decode(iniTrimmed(part)); };
+    QString section;
+    bool isInSection = false;
+    for (IniLine line = iniLineAt(bytes, m_begin); line.begin < bytes.size();
+         line = iniLineAt(bytes, line.next)) {
+        const QByteArrayView content = iniTrimmed(bytes.sliced(line.begin, line.end - line.begin));
+        const IniLineKind kind = iniLineKind(content);
+        const qsizetype sign = iniEqualsSign(content, 0);
+        if (kind == IniLineKind::Header) {
+            section = decoded(iniSectionName(content));
+            isInSection = true;
+        } else if (kind == IniLineKind::Key && sign >= 0 && isInSection) {
+            all.push_back(
+                {section, decoded(content.first(sign)), decoded(content.sliced(sign + 1))});
+        }
+    }
+    return all;
+}
+
 bool IniDocument::holdsKey(const QString& key)
 {
     const QByteArray name = nameOf(key).toUtf8();

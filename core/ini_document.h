@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <optional>
+#include <vector>
 
 namespace orvanta {
 
@@ -21,6 +22,17 @@ public:
 
     /// Without outer blanks and one pair of outer quotes, cut at the limit; empty when absent.
     [[nodiscard]] QString value(const QString& section, const QString& key) const;
+
+    /// A key's line: names and value without outer blanks, the value with its quotes.
+    struct Line
+    {
+        QString section;
+        QString key;
+        QString value;
+    };
+    /// Every line with a key, in the file's order, also those that value() never finds because an
+    /// earlier one has their name.
+    [[nodiscard]] std::vector<Line> lines() const;
 
     enum class Change
     {

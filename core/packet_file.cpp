@@ -129,6 +129,7 @@ void readPacketInto(PlaylistEntry& entry, const QString& path)
 {
     const IniSnapshot packet(path);
     entry.Folder = folderOfPath(path);
+    entry.Origin = std::make_shared<PacketOrigin>(PacketOrigin{.file = path, .member = {}});
     if (decimalValue(packet.read(u"main"_s, u"brakes"_s, u"0"_s)) != 0) {
         entry.HasBrakes = true;
         entry.MediaFile = packet.read(u"main"_s, u"file"_s);

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 namespace orvanta {
@@ -15,6 +16,14 @@ struct ClipEntry
     QString Time; // brakes: the time mark as written in the packet
     QString Text; // the line's text; also the key of the saved position
     QString Path; // clips: the media file, as written in the packet
+};
+
+/// Where a packet is kept. The copies of an entry share it, so that all of them know when it was
+/// saved.
+struct PacketOrigin
+{
+    QString file;   // the packet's own file; empty before it is saved for the first time
+    QString member; // how its group writes that path; empty in no group
 };
 
 /// One packet. Clips counts from 1 for every caller: use clip().
@@ -28,6 +37,7 @@ struct PlaylistEntry
     QString MediaFile;            // brake packets: the one media file
     std::vector<ClipEntry> Clips; // entry 1 is Clips[0]
     QString Folder;               // folder of the packet file with its separator; empty for clips
+    std::shared_ptr<PacketOrigin> Origin; // null: loose clips
 
     /// Entry q, counted from 1. Raises 9 outside the list.
     [[nodiscard]] const ClipEntry& clip(Int16 q) const

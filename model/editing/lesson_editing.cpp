@@ -1,0 +1,515 @@
+#include "model/editing/lesson_editing.h"
+
+#include "core/document_saving.h"
+#include "core/error_boundary.h"
+#include "core/numbers.h"
+#include "core/paths.h"
+#include "model/editing/time_text.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <utility>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+/// Times are kept in hundredths: nearer ones are the same.
+constexpr double kSameTime = 0.005;
+
+static std::size_t indexOf(int number)
+{
+    return static_cast<std::size_t>(number - 1);
+}
+
+static int sizeOf(const PlaylistEntry& packet)
+{
+    return packet.ClipCount.value();
+}
+
+LessonEditing::LessonEditing(PlaylistState& playlist, QObject* parent)
+    : QObject(parent),
+      m_playlist(playlist)
+{}
+
+void LessonEditing::begin()
+{
+    m_done.clear();
+    m_undone.clear();
+    m_saved = 0;
+    Q_EMIT stateChanged();
+}
+
+const PlaylistEntry& LessonEditing::packet(int number) const
+{
+    return m_playlist.Playlist[indexOf(number)];
+}
+
+bool LessonEditing::isPacket(EditPlace place) const
+{
+    return place.packet >= 1 && place.packet <= m_playlist.PlaylistCount.value();
+}
+
+bool LessonEditing::isLine(EditPlace place) const
+{
+    return isPacket(place) && place.line >= 1 && place.line <= sizeOf(packet(place.packet));
+}
+
+bool LessonEditing::hasTitles() const
+{
+    return m_playlist.PlaylistCount > 1 ||
+           m_playlist.Document.endsWith(u".vxg"_s, Qt::CaseInsensitive);
+}
+
+bool LessonEditing::take(EditStep step)
+{
+    if (step.changes.empty()) {
+        return false;
+    }
+    applyStep(m_playlist, step);
+    if (m_saved && *m_saved > m_done.size()) {
+        m_saved.reset(); // it was undone, and can no longer be redone
+    }
+    m_done.push_back(std::move(step));
+    m_undone.clear();
+    Q_EMIT edited(m_done.back());
+    Q_EMIT stateChanged();
+    return true;
+}
+
+void LessonEditing::go(std::vector<EditStep>& from, std::vector<EditStep>& to)
+{
+    if (from.empty()) {
+        return;
+    }
+    EditStep back = inverseOf(from.back());
+    applyStep(m_playlist, back);
+    from.pop_back();
+    to.push_back(back);
+    Q_EMIT edited(back);
+    Q_EMIT stateChanged();
+}
+
+void LessonEditing::undo()
+{
+    go(m_done, m_undone);
+}
+
+void LessonEditing::redo()
+{
+    go(m_undone, m_done);
+}
+
+bool LessonEditing::isChanged() const
+{
+    return m_saved != m_done.size();
+}
+
+void LessonEditing::noteSaved()
+{
+    m_saved = m_done.size();
+    Q_EMIT stateChanged();
+}
+
+void LessonEditing::noteDraftTaken()
+{
+    begin();
+    m_saved.reset();
+    Q_EMIT stateChanged();
+}
+
+/// Seconds; a brake without a readable time counts as before all.
+static double timeOf(const ClipEntry& brake)
+{
+    double seconds = -1;
+    resumeNext("time of a brake", [&] { seconds = decimalValue(brake.Time); });
+    return seconds;
+}
+
+static ClipEntry brakeOf(const NewMark& mark)
+{
+    return {.Time = storedTime(mark.seconds), .Text = asDocumentHolds(mark.text), .Path = {}};
+}
+
+/// Index, from 0, behind the last brake that is not later.
+static std::size_t indexForTime(const std::vector<ClipEntry>& brakes, double seconds)
+{
+    const auto later = std::find_if(brakes.begin(), brakes.end(), [&](const ClipEntry& brake) {
+        return timeOf(brake) > seconds + kSameTime;
+    });
+    return static_cast<std::size_t>(later - brakes.begin());
+}
+
+static int brakeOfTime(const std::vector<ClipEntry>& brakes, double seconds)
+{
+    const auto same = std::find_if(brakes.begin(), brakes.end(), [&](const ClipEntry& brake) {
+        return std::abs(timeOf(brake) - seconds) <= kSameTime;
+    });
+    return same == brakes.end() ? 0 : static_cast<int>(same - brakes.begin()) + 1;
+}
+
+/// Inserts the marks that are not there yet, and tells of each at which index.
+template <typename Inserted>
+static void insertMarks(std::vector<ClipEntry>& brakes, const std::vector<NewMark>& marks,
+                        const Inserted& inserted)
+{
+    for (const NewMark& mark : marks) {
+        const double seconds = std::round(std::max(mark.seconds, 0.0) * 100) / 100;
+        if (brakeOfTime(brakes, seconds) == 0) {
+            const std::size_t at = indexForTime(brakes, seconds);
+            const ClipEntry brake = brakeOf({seconds, mark.text});
+            brakes.insert(brakes.begin() + static_cast<std::ptrdiff_t>(at), brake);
+            inserted(at, brake);
+        }
+    }
+}
+
+/// The packet of one clip that marks make of it, with an end mark at its end.
+static PlaylistEntry brakedPacket(const PlaylistEntry& packet, const ClipEntry& clip,
+                                  const MarkSetting& setting, const std::vector<NewMark>& marks)
+{
+    PlaylistEntry braked = packet;
+    braked.HasBrakes = true;
+    braked.MediaFile = clip.Path;
+    braked.Clips.clear();
+    insertMarks(braked.Clips, marks, [](std::size_t, const ClipEntry&) {});
+    const double last = braked.Clips.empty() ? 0 : timeOf(braked.Clips.back());
+    braked.Clips.push_back(brakeOf({std::max(setting.duration, last), setting.endText}));
+    braked.ClipCount = Int16(static_cast<qint64>(braked.Clips.size()));
+    return braked;
+}
+
+static EditChange newBrakePacket(PlaylistEntry braked, const ClipEntry& clip, std::size_t at)
+{
+    braked.Title = clip.Text;
+    braked.Picture.clear();
+    braked.Origin = std::make_shared<PacketOrigin>();
+    return PacketsExchange{at, {}, {std::move(braked)}};
+}
+
+std::optional<EditStep> LessonEditing::marksStep(const MarkSetting& setting,
+                                                 const std::vector<NewMark>& marks) const
+{
+    const EditPlace line = setting.line;
+    if (!isPacket(line) || (!isLine(line) && !packet(line.packet).HasBrakes)) {
+        return std::nullopt;
+    }
+    const PlaylistEntry& playing = packet(line.packet);
+    const std::size_t index = indexOf(line.packet);
+    EditStep step = {.name = EditName::Mark, .changes = {}, .before = line, .after = {}};
+    if (playing.HasBrakes) {
+        std::vector<ClipEntry> brakes = playing.Clips;
+        insertMarks(brakes, marks, [&](std::size_t at, const ClipEntry& brake) {
+            step.changes.emplace_back(LinesExchange{index, at, {}, {brake}});
+        });
+        return step;
+    }
+    const ClipEntry& clip = playing.Clips[indexOf(line.line)];
+    PlaylistEntry braked = brakedPacket(playing, clip, setting, marks);
+    step.changes.push_back(playing.ClipCount == 1
+                               ? EditChange(PacketsExchange{index, {playing}, {std::move(braked)}})
+                               : newBrakePacket(std::move(braked), clip, index + 1));
+    return step;
+}
+
+/// In which packet marks of this line's clip come to stand.
+static int packetOfMarks(const PlaylistEntry& playing, int number)
+{
+    return playing.HasBrakes || playing.ClipCount == 1 ? number : number + 1;
+}
+
+std::optional<EditPlace> LessonEditing::mark(const MarkSetting& setting, const NewMark& mark)
+{
+    std::optional<EditStep> step = marksStep(setting, {mark});
+    if (!step) {
+        return std::nullopt;
+    }
+    const int number = packetOfMarks(packet(setting.line.packet), setting.line.packet);
+    EditPlace& place = step->after;
+    place.packet = number;
+    if (step->changes.empty()) {
+        place.line = brakeOfTime(packet(number).Clips, mark.seconds);
+        return place;
+    }
+    if (const auto* lines = std::get_if<LinesExchange>(&step->changes.front())) {
+        place.line = static_cast<int>(lines->first) + 1;
+    } else {
+        place.line = 1;
+    }
+    const EditPlace marked = place;
+    take(*std::move(step));
+    return marked;
+}
+
+int LessonEditing::addMarks(const MarkSetting& setting, const std::vector<NewMark>& marks)
+{
+    std::optional<EditStep> step = marks.empty() ? std::nullopt : marksStep(setting, marks);
+    if (!step || step->changes.empty()) {
+        return 0;
+    }
+    const int number = packetOfMarks(packet(setting.line.packet), setting.line.packet);
+    const bool isOld = packet(setting.line.packet).HasBrakes;
+    const int before = isOld ? sizeOf(packet(number)) : 1; // the end mark comes by itself
+    step->name = EditName::Suggest;
+    step->after = {number, 1};
+    take(*std::move(step));
+    return sizeOf(packet(number)) - before;
+}
+
+static EditStep lineStep(EditName name, EditPlace place, const ClipEntry& before, ClipEntry after)
+{
+    return {.name = name,
+            .changes = {LinesExchange{
+                indexOf(place.packet), indexOf(place.line), {before}, {std::move(after)}}},
+            .before = place,
+            .after = place};
+}
+
+static EditStep packetStep(EditName name, int number, const PlaylistEntry& before,
+                           PlaylistEntry after)
+{
+    return {.name = name,
+            .changes = {PacketsExchange{indexOf(number), {before}, {std::move(after)}}},
+            .before = {number, 0},
+            .after = {number, 0}};
+}
+
+bool LessonEditing::setText(EditPlace place, const QString& text)
+{
+    const QString held = asDocumentHolds(text);
+    if (isLine(place)) {
+        const ClipEntry& line = packet(place.packet).Clips[indexOf(place.line)];
+        ClipEntry changed = line;
+        changed.Text = held;
+        return line.Text != held && take(lineStep(EditName::Text, place, line, std::move(changed)));
+    }
+    if (!isPacket(place) || place.line != 0 || !hasTitles()) {
+        return false;
+    }
+    PlaylistEntry changed = packet(place.packet);
+    changed.Title = held;
+    return packet(place.packet).Title != held &&
+           take(
+               packetStep(EditName::Title, place.packet, packet(place.packet), std::move(changed)));
+}
+
+bool LessonEditing::setPicture(int number, const QString& path)
+{
+    if (!isPacket({number, 0}) || !hasTitles() || packet(number).Picture == path) {
+        return false;
+    }
+    PlaylistEntry changed = packet(number);
+    changed.Picture = path;
+    return take(packetStep(EditName::Picture, number, packet(number), std::move(changed)));
+}
+
+std::optional<EditPlace> LessonEditing::setTime(EditPlace place, double seconds)
+{
+    if (!isLine(place) || !packet(place.packet).HasBrakes) {
+        return std::nullopt;
+    }
+    std::vector<ClipEntry> others = packet(place.packet).Clips;
+    const ClipEntry line = others[indexOf(place.line)];
+    ClipEntry changed = line;
+    changed.Time = storedTime(seconds);
+    if (changed.Time == line.Time) {
+        return std::nullopt;
+    }
+    others.erase(others.begin() + (place.line - 1));
+    const std::size_t to = indexForTime(others, timeOf(changed));
+    EditStep step = lineStep(EditName::Time, place, line, std::move(changed));
+    const std::size_t index = indexOf(place.packet);
+    if (to != indexOf(place.line)) {
+        step.changes.emplace_back(LineMove{index, indexOf(place.line), index, to});
+    }
+    step.after.line = static_cast<int>(to) + 1;
+    const EditPlace after = step.after;
+    take(std::move(step));
+    return after;
+}
+
+/// Ascending, without lines of packets that are there themselves, without strangers.
+static std::vector<EditPlace> ordered(std::vector<EditPlace> places)
+{
+    std::sort(places.begin(), places.end());
+    places.erase(std::unique(places.begin(), places.end()), places.end());
+    std::vector<EditPlace> kept;
+    for (const EditPlace& place : places) {
+        const bool isCovered = !kept.empty() && kept.back().line == 0 && place.line != 0 &&
+                               kept.back().packet == place.packet;
+        if (!isCovered) {
+            kept.push_back(place);
+        }
+    }
+    return kept;
+}
+
+/// What is left of a packet whose brakes are all gone: its one clip.
+static PlaylistEntry withoutBrakes(const PlaylistEntry& packet)
+{
+    PlaylistEntry clips = packet;
+    clips.HasBrakes = false;
+    clips.MediaFile.clear();
+    clips.Clips = {
+        {.Time = {}, .Text = clipNameOfPath(packet.MediaFile), .Path = packet.MediaFile}};
+    clips.ClipCount = 1;
+    return clips;
+}
+
+bool LessonEditing::remove(std::vector<EditPlace> places)
+{
+    std::erase_if(places, [&](EditPlace place) {
+        return !isLine(place) && (place.line != 0 || !isPacket(place));
+    });
+    places = ordered(std::move(places));
+    const auto packets = std::count_if(places.begin(), places.end(),
+                                       [](EditPlace place) { return place.line == 0; });
+    if (places.empty() || packets == m_playlist.PlaylistCount.value()) {
+        return false;
+    }
+    EditStep step = {
+        .name = EditName::Remove, .changes = {}, .before = places.front(), .after = {}};
+    std::vector<int> left(m_playlist.Playlist.size());
+    std::transform(m_playlist.Playlist.begin(), m_playlist.Playlist.end(), left.begin(), sizeOf);
+    for (auto place = places.rbegin(); place != places.rend(); ++place) {
+        const std::size_t index = indexOf(place->packet);
+        const PlaylistEntry& owner = packet(place->packet);
+        if (place->line == 0) {
+            step.changes.emplace_back(PacketsExchange{index, {owner}, {}});
+        } else if (const std::size_t line = indexOf(place->line);
+                   --left[index] > 0 || !owner.HasBrakes) {
+            step.changes.emplace_back(LinesExchange{index, line, {owner.Clips[line]}, {}});
+        } else {
+            PlaylistEntry last = owner;
+            last.Clips = {owner.Clips[line]};
+            last.ClipCount = 1;
+            step.changes.emplace_back(PacketsExchange{index, {last}, {withoutBrakes(owner)}});
+        }
+    }
+    return take(std::move(step));
+}
+
+/// Whether a line, or a packet, may be moved by hand.
+static bool isMovable(const PlaylistState& playlist, EditPlace place)
+{
+    return place.line == 0 || !playlist.Playlist[indexOf(place.packet)].HasBrakes;
+}
+
+bool LessonEditing::moveBy(std::vector<EditPlace> places, int direction)
+{
+    std::erase_if(places, [&](EditPlace place) {
+        return (!isLine(place) && (place.line != 0 || !isPacket(place))) ||
+               !isMovable(m_playlist, place);
+    });
+    places = ordered(std::move(places));
+    if (direction > 0) {
+        std::reverse(places.begin(), places.end());
+    }
+    EditStep step = {.name = EditName::Move,
+                     .changes = {},
+                     .before = places.empty() ? EditPlace() : places.front(),
+                     .after = {}};
+    std::optional<EditPlace> blocked; // the first or last one stays, and who comes up against it
+    for (const EditPlace& place : places) {
+        const bool isPacketLine = place.line == 0;
+        const int number = isPacketLine ? place.packet : place.line;
+        const int count =
+            isPacketLine ? m_playlist.PlaylistCount.value() : sizeOf(packet(place.packet));
+        EditPlace target = place;
+        (isPacketLine ? target.packet : target.line) += direction;
+        if (number + direction < 1 || number + direction > count || blocked == target) {
+            blocked = place;
+            continue;
+        }
+        const std::size_t from = indexOf(number);
+        const std::size_t to = indexOf(number + direction);
+        if (isPacketLine) {
+            step.changes.emplace_back(PacketMove{from, to});
+        } else {
+            const std::size_t index = indexOf(place.packet);
+            step.changes.emplace_back(LineMove{index, from, index, to});
+        }
+    }
+    step.after = placeAfter(step, step.before).value_or(step.before);
+    return take(std::move(step));
+}
+
+/// Appends the move of one line to where another stands, both as they are by then; behind: to the
+/// place after it.
+static void addLineMove(EditStep& step, EditPlace from, EditPlace target, bool behind)
+{
+    int to = target.line + (behind ? 1 : 0);
+    if (from.packet == target.packet && from.line < to) {
+        --to; // it leaves the place before
+    }
+    if (from.packet != target.packet || from.line != to) {
+        step.changes.emplace_back(LineMove{indexOf(from.packet), indexOf(from.line),
+                                           indexOf(target.packet), indexOf(to)});
+    }
+}
+
+static void addPacketMove(EditStep& step, int from, int target, bool behind)
+{
+    int to = target + (behind ? 1 : 0);
+    if (from < to) {
+        --to;
+    }
+    if (from != to) {
+        step.changes.emplace_back(PacketMove{indexOf(from), indexOf(to)});
+    }
+}
+
+bool LessonEditing::moveTo(std::vector<EditPlace> places, EditPlace before)
+{
+    const bool ofPackets = before.line == 0;
+    std::erase_if(places, [&](EditPlace place) {
+        const bool fits = ofPackets ? place.line == 0 && isPacket(place) : isLine(place);
+        return !fits || !isMovable(m_playlist, place);
+    });
+    places = ordered(std::move(places));
+    const bool isThere =
+        ofPackets ? before.packet >= 1 && before.packet <= m_playlist.PlaylistCount.value() + 1
+                  : isPacket(before) && isMovable(m_playlist, before) &&
+                        before.line <= sizeOf(packet(before.packet)) + 1;
+    if (places.empty() || !isThere) {
+        return false;
+    }
+    EditStep step = {.name = EditName::Move, .changes = {}, .before = places.front(), .after = {}};
+    std::optional<EditPlace> last; // each one goes behind the one before it
+    for (const EditPlace& place : places) {
+        const EditPlace from = placeAfter(step, place).value_or(place);
+        const EditPlace target = last ? placeAfter(step, *last).value_or(before) : before;
+        if (ofPackets) {
+            addPacketMove(step, from.packet, target.packet, last.has_value());
+        } else {
+            addLineMove(step, from, target, last.has_value());
+        }
+        last = place;
+    }
+    step.after = placeAfter(step, places.front()).value_or(before);
+    return take(std::move(step));
+}
+
+bool LessonEditing::insertClips(EditPlace before, const QStringList& paths,
+                                const QStringList& texts)
+{
+    const bool isThere = isPacket(before) && before.line >= 1 &&
+                         before.line <= sizeOf(packet(before.packet)) + 1 &&
+                         !packet(before.packet).HasBrakes;
+    if (!isThere || paths.isEmpty()) {
+        return false;
+    }
+    LinesExchange lines = {indexOf(before.packet), indexOf(before.line), {}, {}};
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        lines.inserted.push_back({.Time = {}, .Text = asDocumentHolds(texts[i]), .Path = paths[i]});
+    }
+    return take({.name = EditName::Insert,
+                 .changes = {std::move(lines)},
+                 .before = before,
+                 .after = before});
+}
+
+} // namespace orvanta

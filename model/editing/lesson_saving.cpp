@@ -1,0 +1,180 @@
+#include "model/editing/lesson_saving.h"
+
+#include "core/document_saving.h"
+#include "core/paths.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <memory>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+constexpr qsizetype kMostTitleCharacters = 80;
+
+bool isGroupPath(const QString& path)
+{
+    return path.endsWith(u".vxg"_s, Qt::CaseInsensitive);
+}
+
+bool isAbsolutePathText(const QString& path)
+{
+    const bool hasDrive = path.size() > 2 && path[1] == u':';
+    return path.startsWith(u'/') || path.startsWith(u'\\') || hasDrive;
+}
+
+static bool isSameLine(const ClipEntry& a, const ClipEntry& b)
+{
+    return a.Time == b.Time && a.Text == b.Text && a.Path == b.Path;
+}
+
+bool isSamePacket(const PlaylistEntry& a, const PlaylistEntry& b)
+{
+    return a.HasBrakes == b.HasBrakes && a.MediaFile == b.MediaFile &&
+           std::equal(a.Clips.begin(), a.Clips.end(), b.Clips.begin(), b.Clips.end(), isSameLine);
+}
+
+LessonSaving::LessonSaving(PlaylistState& playlist)
+    : m_playlist(playlist)
+{}
+
+void LessonSaving::begin()
+{
+    m_saved = m_playlist.Playlist;
+}
+
+bool LessonSaving::needsTarget() const
+{
+    const QString& document = m_playlist.Document;
+    return document.isEmpty() || (!isGroupPath(document) && !fitsPacket());
+}
+
+bool LessonSaving::isAsSaved(const PlaylistEntry& packet) const
+{
+    return std::any_of(m_saved.begin(), m_saved.end(), [&](const PlaylistEntry& saved) {
+        return saved.Origin == packet.Origin && packet.Origin != nullptr &&
+               isSamePacket(saved, packet);
+    });
+}
+
+/// A title as a file's name, without what some file system refuses.
+static QString safeName(const QString& title)
+{
+    static const QRegularExpression refused(uR"([\x00-\x1f\x7f/\\:*?"<>|]+)"_s);
+    QString name = title.left(kMostTitleCharacters);
+    name.replace(refused, u" "_s);
+    name = name.simplified();
+    while (name.startsWith(u'.')) {
+        name.remove(0, 1);
+    }
+    return name.isEmpty() ? u"packet"_s : name;
+}
+
+static QString unusedFile(const QString& folder, const QString& name)
+{
+    QString path = folder + name + u".vxl"_s;
+    for (int number = 2; QFileInfo(path).isSymLink() || QFileInfo::exists(path); ++number) {
+        path = folder + name + u' ' + QString::number(number) + u".vxl"_s;
+    }
+    return path;
+}
+
+static QString fileOf(const PlaylistEntry& packet)
+{
+    return packet.Origin ? packet.Origin->file : QString();
+}
+
+QString LessonSaving::fileFor(const PlaylistEntry& packet, const QString& group) const
+{
+    const bool goesElsewhere = group != m_playlist.Document && !isAsSaved(packet);
+    const QString present = fileOf(packet);
+    if (!present.isEmpty() && !goesElsewhere) {
+        return present;
+    }
+    return unusedFile(folderOfPath(group), safeName(packet.Title));
+}
+
+static void makeAbsolute(QString& path, const QString& folder)
+{
+    if (!path.isEmpty() && !folder.isEmpty() && !isAbsolutePathText(path)) {
+        path = folder + QString(path).replace(u'\\', u'/');
+    }
+}
+
+void LessonSaving::saveOnePacket(PlaylistEntry& packet, const QString& target)
+{
+    const QString folder = folderOfPath(target);
+    if (packet.Folder != folder) {
+        makeAbsolute(packet.MediaFile, packet.Folder);
+        for (ClipEntry& clip : packet.Clips) {
+            makeAbsolute(clip.Path, packet.Folder);
+        }
+    }
+    savePacket(packet, target, fileOf(packet));
+    packet.Folder = folder;
+    if (!packet.Origin) {
+        packet.Origin = std::make_shared<PacketOrigin>();
+    }
+    packet.Origin->file = target;
+}
+
+/// As the group writes a member's path: as it did, beside it by the name alone, else in full.
+static QString memberText(const PlaylistEntry& packet, const QString& file,
+                          const QString& formerFile, const QString& group,
+                          const QString& formerGroup)
+{
+    const QString folder = folderOfPath(group);
+    const QString member = packet.Origin ? packet.Origin->member : QString();
+    const bool stays = file == formerFile && folder == folderOfPath(formerGroup);
+    if (stays && !member.isEmpty()) {
+        return member;
+    }
+    return folderOfPath(file) == folder ? fileNameOfPath(file) : file;
+}
+
+void LessonSaving::saveGroupTo(const QString& target)
+{
+    const QString former = isGroupPath(m_playlist.Document) ? m_playlist.Document : QString();
+    std::vector<GroupMember> members;
+    for (PlaylistEntry& packet : m_playlist.Playlist) {
+        const QString formerFile = fileOf(packet);
+        const QString file = fileFor(packet, target);
+        if (file != formerFile || !isAsSaved(packet)) {
+            if (packet.Origin && file != formerFile && !formerFile.isEmpty()) {
+                packet.Origin = std::make_shared<PacketOrigin>(*packet.Origin); // a copy of it
+            }
+            saveOnePacket(packet, file);
+        }
+        const QString member = memberText(packet, file, formerFile, target, former);
+        if (packet.Origin) {
+            packet.Origin->member = member;
+        }
+        QString picture = packet.Picture;
+        if (folderOfPath(target) != packet.PictureFolder) {
+            makeAbsolute(picture, packet.PictureFolder);
+        }
+        members.push_back({member, packet.Title, picture});
+        packet.Picture = picture;
+        packet.PictureFolder = folderOfPath(target);
+    }
+    saveGroup(members, target, former);
+}
+
+void LessonSaving::save(const QString& target)
+{
+    if (isGroupPath(target)) {
+        saveGroupTo(target);
+    } else if (fitsPacket()) {
+        saveOnePacket(m_playlist.Playlist.front(), target);
+    } else {
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    }
+    m_playlist.Document = target;
+    m_playlist.PacketFolder = folderOfPath(target);
+    begin();
+}
+
+} // namespace orvanta
