@@ -10,6 +10,7 @@ LessonControls::LessonControls(EngineContext& context, ClipStarter& starter,
                                std::function<void()> takePlaylist)
     : m_context(context),
       m_starter(starter),
+      m_follower(context, starter),
       m_enter(std::move(enter)),
       m_takePlaylist(std::move(takePlaylist))
 {
@@ -43,6 +44,11 @@ void LessonControls::playlistContinued(const LessonPlace& place)
     if (m_context.module.optionIsOn(Option::StartPlaying)) {
         m_enter([&] { m_starter.startByHand(line.packet, line.clip); });
     }
+}
+
+void LessonControls::edited(const EditStep& step)
+{
+    m_enter([&] { m_follower.follow(step); });
 }
 
 /// What still plays from before stays what plays.

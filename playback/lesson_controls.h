@@ -3,6 +3,7 @@
 
 #include "model/recent_lessons.h"
 #include "playback/clip_starter.h"
+#include "playback/edit_follower.h"
 
 #include <QObject>
 
@@ -33,6 +34,9 @@ public:
     /// at a place. With "as" off, that place is where Play begins.
     void playlistContinued(const LessonPlace& place);
 
+    /// What is open was edited by this step: what plays plays on, in its line as it is now.
+    void edited(const EditStep& step);
+
 Q_SIGNALS:
     /// The place is about to become another.
     void left();
@@ -46,6 +50,7 @@ private:
 
     EngineContext& m_context;
     ClipStarter& m_starter;
+    EditFollower m_follower;
     std::function<void(const std::function<void()>&)> m_enter;
     std::function<void()> m_takePlaylist;
 };
