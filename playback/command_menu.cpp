@@ -34,8 +34,11 @@ CommandMenu::CommandMenu(MenuPlace place, QWidget* parent, TrackControls* tracks
         if (group != row.group && row.group == MenuGroup::Practice) {
             addPractice();
         }
+        if (group != row.group && row.group == MenuGroup::Editing) {
+            addEditing();
+        }
         group = row.group;
-        addCommand(group == MenuGroup::Practice ? *m_practice : *this, row);
+        addCommand(menuOf(group), row);
     }
     connect(this, &QMenu::triggered, this, [this](const QAction* entry) {
         if (entry->data().isValid()) { // a sound or subtitles are no command
@@ -48,6 +51,19 @@ void CommandMenu::addPractice()
 {
     m_practice = addMenu(QString());
     m_tracks = new TrackMenus(*this, m_trackControls);
+}
+
+void CommandMenu::addEditing()
+{
+    m_editing = addMenu(QString());
+}
+
+QMenu& CommandMenu::menuOf(MenuGroup group)
+{
+    if (group == MenuGroup::Practice) {
+        return *m_practice;
+    }
+    return group == MenuGroup::Editing ? *m_editing : *this;
 }
 
 // A shortcut of a menu that nothing drops down is never heard, which is as it should be here.
@@ -66,6 +82,9 @@ QList<QAction*> CommandMenu::entries() const
     if (m_practice != nullptr) {
         entries += m_practice->actions();
     }
+    if (m_editing != nullptr) {
+        entries += m_editing->actions();
+    }
     entries.removeIf([](const QAction* entry) { return !entry->data().isValid(); });
     return entries;
 }
@@ -74,6 +93,9 @@ void CommandMenu::setLanguage(TextLanguage language)
 {
     for (QAction* entry : entries()) {
         entry->setText(interfaceText(u"Command", rowOf(commandOf(*entry)).name, language));
+    }
+    if (m_editing != nullptr) {
+        m_editing->setTitle(interfaceText(u"Editing", u"menu", language));
     }
     if (m_practice != nullptr) {
         m_practice->setTitle(interfaceText(u"Practice", u"menu", language));
@@ -90,6 +112,9 @@ void CommandMenu::open(QPoint place, const CommandFacts& facts)
         const CommandState state = stateOf(commandOf(*entry), facts);
         entry->setEnabled(state.enabled);
         entry->setChecked(state.checked);
+    }
+    if (m_editing != nullptr) {
+        m_editing->menuAction()->setVisible(facts.editing);
     }
     if (m_tracks != nullptr) {
         m_tracks->refresh();

@@ -11,8 +11,8 @@ namespace orvanta {
 class TrackControls;
 class TrackMenus;
 
-/// Goes by the table of commands; practice is a submenu, and so are sound and subtitles of the
-/// clip. Each entry shows its key; an entry that can do nothing is grey. The keys are shown alone:
+/// Goes by the table of commands; practice is a submenu, and so are editing, sound and
+/// subtitles of the clip. Each entry shows its key; an entry that can do nothing is grey. The keys are shown alone:
 /// the windows hear them.
 class CommandMenu : public QMenu
 {
@@ -34,10 +34,14 @@ Q_SIGNALS:
 
 private:
     void addPractice();
+    void addEditing();
+    /// Where the entries of a group stand.
+    [[nodiscard]] QMenu& menuOf(MenuGroup group);
     static void addCommand(QMenu& menu, const CommandRow& row);
     /// Those of the submenu among them, without the lines between groups.
     [[nodiscard]] QList<QAction*> entries() const;
 
+    QMenu* m_editing = nullptr;  // the group of editing, in sight only while there is any
     QMenu* m_practice = nullptr; // the group of practice, which would make the menu too long
     TrackControls* m_trackControls;
     TrackMenus* m_tracks = nullptr; // after practice

@@ -2,6 +2,33 @@
 
 namespace orvanta {
 
+static CommandState stateOfEditing(Command command, const CommandFacts& facts)
+{
+    switch (command) {
+    case Command::Mark:
+        return {facts.editing && facts.canMark};
+    case Command::EditText:
+        return {facts.lineHasText};
+    case Command::EarlierSlightly:
+    case Command::LaterSlightly:
+    case Command::Earlier:
+    case Command::Later:
+        return {facts.lineIsBrake};
+    case Command::RemoveLines:
+    case Command::LinesUp:
+    case Command::LinesDown:
+        return {facts.lineHasBox};
+    case Command::Undo:
+        return {facts.canUndo};
+    case Command::Redo:
+        return {facts.canRedo};
+    case Command::Save:
+        return {facts.changed};
+    default:
+        return {};
+    }
+}
+
 CommandState stateOf(Command command, const CommandFacts& facts)
 {
     switch (command) {
@@ -32,9 +59,10 @@ CommandState stateOf(Command command, const CommandFacts& facts)
         return {facts.loaded || facts.fullScreen, facts.fullScreen};
     case Command::AlwaysOnTop:
         return {true, facts.alwaysOnTop};
+    case Command::EditMode:
+        return {facts.hasEntries || facts.editing, facts.editing};
     default:
-        return {};
+        return stateOfEditing(command, facts);
     }
 }
-
 } // namespace orvanta

@@ -45,6 +45,20 @@ enum class Command
     LeaveFullScreen,
     NextTextLevel,
     AlwaysOnTop,
+    EditMode,
+    Mark,
+    EditText,
+    EarlierSlightly, // the selected brake's time
+    LaterSlightly,
+    Earlier,
+    Later,
+    RemoveLines,
+    LinesUp,
+    LinesDown,
+    Undo,
+    Redo,
+    Save,
+    SaveAs,
     OpenFile,
     OpenClips,
     Find,
@@ -62,6 +76,7 @@ enum class KeyPlace
 {
     Windows, // the main window and the video window, whatever has the focus in them
     List,    // the playlist, itself
+    Editing, // the playlist while it is edited
     FindBox, // the find box, itself
 };
 
@@ -82,6 +97,7 @@ enum class MenuGroup
     Practice,
     Bookmark,
     Window,
+    Editing, // a submenu, while the playlist is edited
     Opening,
     Program,
 };

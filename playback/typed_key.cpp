@@ -32,7 +32,9 @@ static bool countsOnce(Command command)
            command == Command::CheckLine || command == Command::PlayLine ||
            command == Command::Help || command == Command::NextTextLevel ||
            command == Command::RepeatLine || command == Command::NextWait ||
-           command == Command::LineAgain;
+           command == Command::LineAgain || command == Command::EditMode ||
+           command == Command::Mark || command == Command::EditText ||
+           command == Command::Save || command == Command::SaveAs;
 }
 
 /// The key on a Latin keyboard. Key values of letters are their upper-case code points.

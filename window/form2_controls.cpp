@@ -1,5 +1,7 @@
 #include "playback/command_menu.h"
 #include "window/clip_line.h"
+#include "window/edit_notice.h"
+#include "window/editing_row.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/practice_chips.h"
@@ -72,6 +74,8 @@ void Form2::buildButtons()
     Image5 = button(Face::Accent, skin::kPlaySide, {u"play"_s, skin::kSurface});
     PracticeButton = button(Face::Raised, skin::kButtonSide, bright(u"practice"_s));
     PracticeButton->setCheckable(true);
+    EditButton = button(Face::Raised, skin::kButtonSide, bright(u"pencil"_s));
+    EditButton->setCheckable(true);
     Image15 = new PictureHolder({u"play"_s, skin::kPlayOff}, m_surface);
     Image17 = new PictureHolder(bright(u"pause"_s), m_surface);
     Image20 = new PictureHolder({}, m_surface);
@@ -92,6 +96,7 @@ void Form2::buildBoxes()
     Chips = new PracticeChips(language, Text2);
     Text2->keepAtRight(Chips, [this](int width) { Chips->fitInto(width); });
     Panel = new PracticePanel(language, m_surface);
+    buildEditing();
 }
 
 void Form2::buildSliders()
@@ -141,6 +146,8 @@ ControlRows Form2::controls()
         {Text1, u"Text1"},
         {Image2, u"Image2"},
         {Text2, u"Text2"},
+        {Editing, u"Editing"},
+        {Notice, u"Notice"},
         {List1, u"List1"},
         {StartPage, u"StartPage"},
         {Label1, u"Label1"},
@@ -150,6 +157,7 @@ ControlRows Form2::controls()
         {Image3, u"Image3"},
         {Image5, u"Image5"},
         {PracticeButton, u"PracticeButton"},
+        {EditButton, u"EditButton"},
         {Panel, u"Panel"},
         {Chips, u"Chips"},
         {Slider2, u"Slider2"},

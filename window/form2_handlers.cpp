@@ -7,6 +7,7 @@
 #include "playback/lesson_controls.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
+#include "window/skin.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
 
@@ -46,6 +47,7 @@ void Form2::connectHandlers()
     press(Image4, &Form2::Form2_Image4_Click);
     press(Image2, &Form2::Form2_Image2_Click);
     connectPractice();
+    connectEditing();
     connectStartPage();
     on(Text1, &QLineEdit::returnPressed, [this] { Form2_Image2_Click(); });
     on(&m_missed, &QTimer::timeout, [this](auto&&...) { sayFound(true); });
@@ -279,9 +281,10 @@ void Form2::Form2_List1_DblClick()
 void Form2::Form2_List1_MouseMove(int y)
 {
     constexpr int kTwipsPerPixel = 15;
+    const double rows = static_cast<double>(List1->rowHeight()) / skin::kRowHeight;
     // Far down in the longest lists the row leaves 16 bits; the tool tip is not worth the program.
     trapped("tool tip of the playlist", [&] {
-        const Int16 row = rowUnderPointer(y * kTwipsPerPixel / List1->zoom(), List1->topLine());
+        const Int16 row = rowUnderPointer(y * kTwipsPerPixel / rows, List1->topLine());
         if (row < Int16(1) || row.index() >= List1->lines().size()) {
             return;
         }

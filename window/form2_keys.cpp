@@ -5,6 +5,7 @@
 #include "platform/screen/window_stacking.h"
 #include "playback/lesson_controls.h"
 #include "playback/typed_key.h"
+#include "window/editing_mode.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin_button.h"
@@ -21,7 +22,12 @@ void Form2::keyPressEvent(QKeyEvent* event)
 {
     bool served = false;
     m_services.boundary([&] {
-        if (const auto command = namedCommand(*event)) {
+        const auto editing =
+            m_editing->isOn() ? namedCommand(*event, KeyPlace::Editing) : std::nullopt;
+        if (editing) {
+            served = true;
+            carryOut(*editing);
+        } else if (const auto command = namedCommand(*event)) {
             served = true;
             carryOut(*command);
         } else {
@@ -97,7 +103,7 @@ void Form2::carryOut(Command command)
     case Command::FindAgain:
         return Form2_Image2_Click();
     default:
-        if (!m_keys.press(command)) {
+        if (!m_editing->carryOut(command) && !m_keys.press(command)) {
             carryOutInPlayer(m_services.engine, command);
         }
     }
@@ -114,6 +120,7 @@ void Form2::Form2_List1_OLEDragDrop(const QStringList& files)
     runBusy([&] { result = applyDrop(module.playlist, files, module.TypePattern); });
     List1->growTo(treeLines(module.playlist));
     showStartPage();
+    m_editing->playlistShown();
     m_services.engine.playlistExtended(result);
 }
 

@@ -1,5 +1,7 @@
 #include "platform/screen/window_basics.h"
 #include "window/clip_line.h"
+#include "window/edit_notice.h"
+#include "window/editing_row.h"
 #include "window/form2_main_window.h"
 #include "window/picture_sign.h"
 #include "window/playlist_list.h"
@@ -92,6 +94,8 @@ void Form2::layOut()
     rows->addSpacing(skin::kGrid + skin::kGrid / 2);
     rows->addWidget(Text2);
     rows->addSpacing(skin::kGrid + skin::kGrid / 2);
+    rows->addWidget(Editing);
+    rows->addWidget(Notice);
     rows->addWidget(List1, 1);
     rows->addWidget(StartPage, 1);
     rows->addSpacing(skin::kGrid);
@@ -116,7 +120,9 @@ QBoxLayout* Form2::titleRow()
     QBoxLayout* layout = row(skin::kGrid / 2);
     layout->addWidget(badge(m_surface));
     layout->addSpacing(skin::kGrid / 2);
-    layout->addWidget(m_caption, 1);
+    layout->addWidget(m_caption);
+    layout->addSpacing(skin::kGrid);
+    layout->addWidget(m_document, 1);
     layout->addWidget(Image12);
     layout->addWidget(Image13);
     return layout;
@@ -158,6 +164,7 @@ QBoxLayout* Form2::transportRow()
     layout->addWidget(Image5);
     layout->addSpacing(skin::kGrid);
     layout->addWidget(PracticeButton);
+    layout->addWidget(EditButton);
     layout->addStretch(1);
     layout->addSpacing(skin::kMargin);
     layout->addWidget(sign(u"volume"_s, m_surface));

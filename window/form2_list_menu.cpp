@@ -3,6 +3,7 @@
 #include "platform/screen/window_stacking.h"
 #include "playback/command_menu.h"
 #include "playback/practice_controls.h"
+#include "window/editing_mode.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 
@@ -36,6 +37,7 @@ CommandFacts Form2::commandFacts() const
     facts.speedIsNormal = practice.speed == Practice().speed;
     resumeNext("bookmark of the current clip",
                [&] { facts.hasBookmark = facts.hasPlace && !m_keys.savedPosition().isEmpty(); });
+    m_editing->addFacts(facts);
     return facts;
 }
 
@@ -52,6 +54,12 @@ bool Form2::carryOutForVideoWindow(Command command)
         showMainWindow();
         bringMainWindowToFront();
         break;
+    case Command::EditMode:
+        m_services.videoKeys.leaveFullScreen();
+        showMainWindow();
+        bringMainWindowToFront();
+        break;
+    case Command::Mark: // without leaving the picture
     case Command::Help:
     case Command::TextsLarger:
     case Command::TextsSmaller:

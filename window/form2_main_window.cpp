@@ -2,6 +2,7 @@
 
 #include "playback/command_menu.h"
 #include "window/clip_line.h"
+#include "window/editing_mode.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
 #include "window/skin_slider.h"
@@ -72,6 +73,7 @@ void Form2::Form2_Form_Load()
     resumeNext("main window load, balance",
                [&] { Slider3->setValue(m_services.engine.storedBalance().value()); });
     showStartPage();
+    m_editing->offerDrafts();
     Timer1.start();
 }
 

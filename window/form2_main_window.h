@@ -12,6 +12,7 @@
 //   Image15   Play's other picture          Image17  Pause's other picture
 //   Image20   holds a picture while two are exchanged
 //   PracticeButton  opens Panel: tempo, repeats, waiting     Chips  what of it is not as usual
+//   EditButton  edits what is open: the row Editing, a box in the list, Notice
 //   Timer1    the playback tick             Timer2   marks a line afterwards
 //   Timer3    brings the window to the front
 //   create    cp packet editor, cg group editor
@@ -43,6 +44,9 @@ class QWindow;
 namespace orvanta {
 
 class ClipLine;
+class EditingMode;
+class EditingRow;
+class EditNotice;
 class CommandMenu;
 class PictureHolder;
 class PlaylistList;
@@ -115,6 +119,10 @@ public:
     SkinButton* PracticeButton = nullptr; // opens the panel of practice
     PracticePanel* Panel = nullptr;       // tempo, repeats, waiting
     PracticeChips* Chips = nullptr;       // what is practised, at the clip's text
+
+    SkinButton* EditButton = nullptr; // edits what is open
+    EditingRow* Editing = nullptr;    // the buttons of editing
+    EditNotice* Notice = nullptr;     // what became of changes
 
     QMenu* create = nullptr;   // New
     QAction* cp = nullptr;     // packet editor
@@ -249,6 +257,11 @@ private:
     void Form2_List1_Menu(QPoint place);
     [[nodiscard]] CommandFacts commandFacts() const;
 
+    // Handlers: form2_editing.cpp
+    void buildEditing();
+    void connectEditing();
+    void showEditing(bool on);
+
     // Handlers: form2_create.cpp
     void Form2_cp_Click();
     void Form2_cg_Click();
@@ -284,6 +297,8 @@ private:
 
     Form2Services m_services;
     MainWindowKeys m_keys;
+    EditingMode* m_editing = nullptr;
+    QLabel* m_document = nullptr; // what is edited, beside the title
     QLabel* m_caption = nullptr;  // the window's title
     QWidget* m_surface = nullptr; // everything inside the edge that resizes
     TransportLooks m_looks;       // as the buttons show them

@@ -3,6 +3,7 @@
 #include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
 #include "window/clip_line.h"
+#include "window/editing_mode.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
@@ -85,12 +86,14 @@ void Form2::RebuildTree()
 {
     List1->setLines(treeLines(m_services.module.playlist));
     showStartPage();
+    m_editing->playlistShown();
 }
 
 void Form2::clearList()
 {
     List1->setLines({});
     showStartPage();
+    m_editing->playlistShown();
 }
 
 int Form2::headerLineOf(Int16 p) const
@@ -188,6 +191,7 @@ void Form2::cancelModalWindows()
 void Form2::unloadAll()
 {
     m_unloading = true;
+    m_editing->keepDraft();
     keepSize();
     for (QTimer* timer : {&Timer1, &Timer2, &Timer3}) {
         timer->stop();

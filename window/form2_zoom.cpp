@@ -1,5 +1,7 @@
 // The size of the main window's texts.
 #include "window/clip_line.h"
+#include "window/edit_notice.h"
+#include "window/editing_row.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/practice_chips.h"
@@ -43,6 +45,9 @@ void Form2::applyZoom()
     font(Text2, 17);
     font(Chips, 11);
     font(Panel, 12);
+    font(Editing, 12);
+    font(Notice, 12);
+    m_document->setFont(skin::interfaceFont(scaled(12, factor)));
     m_caption->setFont(skin::interfaceFont(scaled(13, factor), true));
     for (QLabel* label : {Label1, Label2}) {
         label->setFont(skin::digitsFont(scaled(13, factor)));

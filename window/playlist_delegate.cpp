@@ -22,6 +22,11 @@ constexpr double kSecondStem = 37.5;
 constexpr double kBranch = 6;
 constexpr int kHeaderTextLeft = 34;
 constexpr int kClipTextLeft = 47;
+constexpr int kTextRightMargin = 4;
+
+// While the list is edited.
+constexpr int kEditedRowHeight = 21; // room for a line to type in
+constexpr int kTimeWidth = 64;       // "10:00:00.00"
 
 } // namespace
 
@@ -44,7 +49,23 @@ void PlaylistDelegate::setZoom(double zoom)
 
 int PlaylistDelegate::rowHeight() const
 {
-    return static_cast<int>(std::lround(skin::kRowHeight * m_zoom));
+    const int height = m_model->isEdited() ? kEditedRowHeight : skin::kRowHeight;
+    return static_cast<int>(std::lround(height * m_zoom));
+}
+
+QRect PlaylistDelegate::textArea(const QRect& line, int row) const
+{
+    const int left = row == 0 ? kRootTextLeft : isHeader(row) ? kHeaderTextLeft : kClipTextLeft;
+    const QRect times = timeArea(line);
+    return {line.left() + static_cast<int>(std::lround(left * m_zoom)), line.top(),
+            times.left() - line.left() - static_cast<int>(std::lround(left * m_zoom)),
+            line.height()};
+}
+
+QRect PlaylistDelegate::timeArea(const QRect& line) const
+{
+    const int width = static_cast<int>(std::lround(kTimeWidth * m_zoom));
+    return {line.right() - width, line.top(), width, line.height()};
 }
 
 QRect PlaylistDelegate::boxArea(const QRect& line) const
@@ -63,7 +84,8 @@ void PlaylistDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     // From here on in pixels of a row that is 13 high.
     painter->translate(option.rect.topLeft());
     painter->scale(m_zoom, m_zoom);
-    const QRect line(0, 0, static_cast<int>(option.rect.width() / m_zoom), skin::kRowHeight);
+    const QRect line(0, 0, static_cast<int>(option.rect.width() / m_zoom),
+                     static_cast<int>(std::lround(rowHeight() / m_zoom)));
     if (m_model->hasBox(row)) {
         paintBox(*painter, line, m_model->isChecked(row));
     }
@@ -73,12 +95,38 @@ void PlaylistDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     const int textLeft = paintTree(*painter, line, row);
     const QString& whole = m_model->lines()[static_cast<std::size_t>(row)].text;
     const QString text = row == 0 ? whole : textWithoutPrefix(whole);
-    const QRect place = line.adjusted(textLeft, 0, -4, 0);
     painter->setFont(option.font);
+    const int noteWidth = paintNote(*painter, line, row, current);
+    const QRect place = line.adjusted(textLeft, 0, -kTextRightMargin - noteWidth, 0);
     painter->setPen(current ? QColor(skin::kText) : textColour(row));
     painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                       option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
     painter->restore();
+}
+
+// Returns how much of the line's right end it takes.
+int PlaylistDelegate::paintNote(QPainter& painter, const QRect& line, int row, bool current) const
+{
+    const LineNote note = m_model->noteOf(row);
+    if (note.time.isEmpty()) {
+        return 0;
+    }
+    if (note.isEnd) {
+        paintEndMark(painter, line);
+    }
+    painter.setPen(current ? skin::kText : skin::kTextMuted);
+    painter.drawText(line.adjusted(0, 0, -kTextRightMargin, 0), Qt::AlignRight | Qt::AlignVCenter,
+                     note.time);
+    return kTimeWidth;
+}
+
+/// A bar where lines that play have their sign.
+void PlaylistDelegate::paintEndMark(QPainter& painter, const QRect& line)
+{
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(skin::kGone);
+    painter.drawRect(QRectF(kSignLeft + 1, line.center().y() - kSignHeight / 2 + 0.5, 2.5,
+                            kSignHeight));
 }
 
 void PlaylistDelegate::paintRow(QPainter& painter, const QStyleOptionViewItem& option) const

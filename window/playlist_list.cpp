@@ -1,10 +1,9 @@
 #include "window/playlist_list.h"
 
 #include "playback/typed_key.h"
-#include "window/file_drop.h"
 #include "window/skin.h"
 
-#include <QDropEvent>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -24,6 +23,23 @@ void PlaylistModel::setLines(std::vector<TreeLine> lines)
     m_playing = {};
     m_playingLine = -1;
     endResetModel();
+}
+
+void PlaylistModel::setLines(std::vector<TreeLine> lines, std::vector<bool> checked)
+{
+    const PlayingPlace playing = m_playing;
+    setLines(std::move(lines));
+    m_checked = std::move(checked);
+    m_checked.resize(m_lines.size(), true);
+    showPlaying(playing);
+}
+
+void PlaylistModel::setNotes(LineNotes notes)
+{
+    m_notes = std::move(notes);
+    if (!m_lines.empty()) {
+        Q_EMIT dataChanged(index(0), index(rowCount({}) - 1));
+    }
 }
 
 void PlaylistModel::growTo(std::vector<TreeLine> lines)
@@ -73,12 +89,12 @@ QString PlaylistModel::describe(int line) const
 {
     QString packet =
         isHeaderLine(m_lines[static_cast<std::size_t>(line)].text) ? m_words.packet : QString();
-    const PlayingSign sign = signOf(line);
-    if (sign == PlayingSign::None) {
-        return packet;
+    QStringList words = {packet, noteOf(line).words};
+    if (const PlayingSign sign = signOf(line); sign != PlayingSign::None) {
+        words.append(sign == PlayingSign::Playing ? m_words.playing : m_words.paused);
     }
-    const QString& playing = sign == PlayingSign::Playing ? m_words.playing : m_words.paused;
-    return packet.isEmpty() ? playing : packet + u", "_s + playing;
+    words.removeAll(QString());
+    return words.isEmpty() ? QString() : words.join(u", "_s);
 }
 
 bool PlaylistModel::isChecked(int line) const
@@ -230,6 +246,9 @@ bool PlaylistList::toggleAt(QPoint place)
 
 void PlaylistList::mousePressEvent(QMouseEvent* event)
 {
+    if (isEdited()) {
+        return pressWhileEdited(*event);
+    }
     const QPoint place = event->position().toPoint();
     if (event->button() == Qt::LeftButton && !toggleAt(place) && indexAt(place).isValid()) {
         setCursorLine(indexAt(place).row());
@@ -239,12 +258,20 @@ void PlaylistList::mousePressEvent(QMouseEvent* event)
 void PlaylistList::mouseMoveEvent(QMouseEvent* event)
 {
     Q_EMIT pointerMoved(event->position().toPoint().y());
+    const QPoint way = event->position().toPoint() - m_pressedAt;
+    if (!m_pressedAt.isNull() && way.manhattanLength() >= QApplication::startDragDistance()) {
+        dragLines();
+    }
 }
 
 // Everything happened at the press; the base class would edit or drag.
 void PlaylistList::mouseReleaseEvent(QMouseEvent* event)
 {
     event->accept();
+    m_pressedAt = {};
+    if (const int line = std::exchange(m_pressedLine, -1); line >= 0) {
+        setCursorLine(line);
+    }
 }
 
 void PlaylistList::mouseDoubleClickEvent(QMouseEvent* event)
@@ -262,6 +289,12 @@ void PlaylistList::choose()
 
 void PlaylistList::keyPressEvent(QKeyEvent* event)
 {
+    const auto editing = isEdited() ? namedCommand(*event, KeyPlace::Editing) : std::nullopt;
+    if (editing) {
+        event->accept();
+        Q_EMIT editingAsked(*editing);
+        return;
+    }
     if (namedCommand(*event, KeyPlace::List) == Command::CheckLine) {
         return toggleLine(cursorLine());
     }
@@ -310,24 +343,6 @@ void PlaylistList::focusInEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
-}
-
-void PlaylistList::dragEnterEvent(QDragEnterEvent* event)
-{
-    welcomeFiles(*event);
-}
-
-void PlaylistList::dragMoveEvent(QDragMoveEvent* event)
-{
-    welcomeFiles(*event);
-}
-
-void PlaylistList::dropEvent(QDropEvent* event)
-{
-    const QStringList files = takeFiles(*event);
-    if (!files.isEmpty()) {
-        Q_EMIT filesDropped(files);
-    }
 }
 
 } // namespace orvanta

@@ -2,15 +2,26 @@
 #pragma once
 
 #include "model/tree_lines.h"
+#include "playback/commands.h"
 #include "playback/playback_view.h"
 
 #include <QAbstractListModel>
 #include <QListView>
 #include <QStyledItemDelegate>
 
+#include <functional>
 #include <vector>
 
 namespace orvanta {
+
+/// What stands at the right end of a line while the list is edited.
+struct LineNote
+{
+    QString time;       // of a brake; empty for other lines
+    bool isEnd = false; // the end mark
+    QString words;      // for assistive technology
+};
+using LineNotes = std::function<LineNote(int line)>;
 
 /// What assistive technology says of a line beside its text.
 struct LineWords
@@ -33,7 +44,13 @@ public:
     void setLines(std::vector<TreeLine> lines);
     /// Shows more lines after those that are shown now, which keep their marks.
     void growTo(std::vector<TreeLine> lines);
+    /// Shows other lines with these marks, one for each line.
+    void setLines(std::vector<TreeLine> lines, std::vector<bool> checked);
     [[nodiscard]] const std::vector<TreeLine>& lines() const { return m_lines; }
+    /// An empty function: the list is not edited.
+    void setNotes(LineNotes notes);
+    [[nodiscard]] bool isEdited() const { return m_notes != nullptr; }
+    [[nodiscard]] LineNote noteOf(int line) const { return m_notes ? m_notes(line) : LineNote(); }
     void setWords(const LineWords& words) { m_words = words; }
     /// Which line has the sign; none after setLines. A place that is no line has none.
     void showPlaying(const PlayingPlace& place);
@@ -56,6 +73,7 @@ private:
     std::vector<TreeLine> m_lines;
     std::vector<bool> m_checked;
     LineWords m_words;
+    LineNotes m_notes;
     PlayingPlace m_playing; // as it was shown last
     int m_playingLine = -1;
 };
@@ -80,12 +98,18 @@ public:
     /// The height of a row in pixels, over 13.
     [[nodiscard]] double zoom() const { return m_zoom; }
     [[nodiscard]] int rowHeight() const;
+    /// Where a row's text stands, given the row's rectangle.
+    [[nodiscard]] QRect textArea(const QRect& line, int row) const;
+    /// Where its time stands, while the list is edited.
+    [[nodiscard]] QRect timeArea(const QRect& line) const;
 
 private:
     void paintRow(QPainter& painter, const QStyleOptionViewItem& option) const;
     void paintSign(QPainter& painter, const QRect& line, PlayingSign sign) const;
     void paintBox(QPainter& painter, const QRect& line, bool checked) const;
     [[nodiscard]] int paintTree(QPainter& painter, const QRect& line, int row) const;
+    [[nodiscard]] int paintNote(QPainter& painter, const QRect& line, int row, bool current) const;
+    static void paintEndMark(QPainter& painter, const QRect& line);
     [[nodiscard]] QColor textColour(int row) const;
     [[nodiscard]] bool isHeader(int row) const;
 
@@ -133,6 +157,17 @@ public:
 
     void keyboardSearch(const QString& /*search*/) override {}
 
+    /// Editing: several lines can be selected and dragged, and rows are higher, with room for a
+    /// second column. An empty function ends it.
+    void setEditing(LineNotes notes);
+    [[nodiscard]] bool isEdited() const { return m_model->isEdited(); }
+    /// Ascending, without the root.
+    [[nodiscard]] std::vector<int> selectedLines() const;
+    /// Shows lines that were edited, with these marks; the cursor is to be set anew.
+    void showEdited(std::vector<TreeLine> lines, std::vector<bool> checked);
+    [[nodiscard]] QRect textArea(int line) const;
+    [[nodiscard]] QRect timeArea(int line) const;
+
 Q_SIGNALS:
     /// A line has become current, by whatever way.
     void cursorMoved(int line);
@@ -144,6 +179,12 @@ Q_SIGNALS:
     void pointerMoved(int y);
     /// Files were dropped on the list: their paths, at least one.
     void filesDropped(const QStringList& files);
+    /// While it is edited, before this line; one behind the last: at the end.
+    void filesDroppedBefore(const QStringList& files, int line);
+    /// The selected lines were dragged to before this line.
+    void linesDropped(int line);
+    /// A key of editing was pressed.
+    void editingAsked(orvanta::Command command);
 
 protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -158,9 +199,15 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
+    void pressWhileEdited(const QMouseEvent& event);
+    void dragLines();
+    void showDropPlace(int line);
+    [[nodiscard]] int lineToDropBefore(QPoint place) const;
     /// Toggles when the place is in a line's box; says whether it was.
     bool toggleAt(QPoint place);
     void showToolTip(const QPoint& globalPlace, const QPoint& place);
@@ -168,6 +215,9 @@ private:
 
     PlaylistModel* m_model;
     PlaylistDelegate* m_delegate;
+    QPoint m_pressedAt;     // while lines may be dragged; null: nowhere
+    int m_pressedLine = -1; // one of several selected ones, which a click alone selects
+    int m_dropBefore = -1;  // the line above which the place of a drop shows; -1: none
 };
 
 } // namespace orvanta

@@ -145,10 +145,30 @@ QString styleSheet()
     border-radius: 12px; padding: 0 12px; }
 #Chips QPushButton:hover { border-color: %deep; }
 #Chips QPushButton:focus { border-color: %accent; }
+#Editing QPushButton { background: %raised; color: %text; border: 1px solid transparent;
+    border-radius: 6px; padding: 0 10px; }
+#Editing QPushButton:hover { background: %hover; }
+#Editing QPushButton:focus { border-color: %accent; }
+#Editing QPushButton:disabled { color: %muted; }
+#Editing QPushButton#MarkButton { background: %accent; color: %surface; }
+#Editing QPushButton#MarkButton:focus { border-color: %text; }
+#Editing QPushButton#MarkButton:disabled { background: %faint; color: %muted; }
+#Editing #UpButton, #Editing #DownButton, #Editing #UndoButton, #Editing #RedoButton,
+#Editing #MoreButton { padding: 0; }
+#Notice { background: %faint; border-radius: 8px; }
+#Notice QLabel { color: %text; }
+#Notice QPushButton { background: transparent; color: %accent; border: 1px solid transparent;
+    border-radius: 6px; padding: 4px 10px; }
+#Notice QPushButton:hover { border-color: %deep; }
+#Notice QPushButton:focus { border-color: %accent; }
+#LineBox { background: %sunken; color: %text; border: 1px solid %accent; border-radius: 3px;
+    padding: 0 2px; selection-background-color: %deep; selection-color: %text; }
 QToolTip { background: %raised; color: %text; border: 1px solid %edge; padding: 3px; }
 )"_s)
                                       .replace(u"%raised"_s, kRaised.name())
                                       .replace(u"%sunken"_s, kSunken.name())
+                                      .replace(u"%surface"_s, kSurface.name())
+                                      .replace(u"%hover"_s, kRaisedHover.name())
                                       .replace(u"%text"_s, kText.name())
                                       .replace(u"%missed"_s, kMissed.name())
                                       .replace(u"%warning"_s, kWarning.name())

@@ -66,6 +66,8 @@ enum class EditName
     Move,
     Insert,
     Suggest,
+    Version, // an earlier one comes back
+    Discard, // of all that is not saved
 };
 
 struct EditStep

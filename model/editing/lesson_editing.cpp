@@ -369,4 +369,27 @@ bool LessonEditing::insertClips(EditPlace before, const QStringList& paths,
                  .after = before});
 }
 
+bool LessonEditing::insertPackets(int before, const std::vector<PlaylistEntry>& packets)
+{
+    if (before < 1 || before > m_playlist.PlaylistCount.value() + 1 || packets.empty()) {
+        return false;
+    }
+    const EditPlace place = {before, 0};
+    return take({.name = EditName::Insert,
+                 .changes = {PacketsExchange{indexOf(before), {}, packets}},
+                 .before = place,
+                 .after = place});
+}
+
+bool LessonEditing::replaceAll(EditName name, const std::vector<PlaylistEntry>& packets)
+{
+    if (packets.empty()) {
+        return false;
+    }
+    return take({.name = name,
+                 .changes = {PacketsExchange{0, m_playlist.Playlist, packets}},
+                 .before = {1, 0},
+                 .after = {1, 0}});
+}
+
 } // namespace orvanta

@@ -64,6 +64,11 @@ public:
     /// Clips of these files. The texts are as many as the paths.
     bool insertClips(EditPlace before, const QStringList& paths, const QStringList& texts);
 
+    /// Packets at a place, before packet number "before" (one more than there are: at the end).
+    bool insertPackets(int before, const std::vector<PlaylistEntry>& packets);
+    /// Other packets in place of all. There must be one.
+    bool replaceAll(EditName name, const std::vector<PlaylistEntry>& packets);
+
     [[nodiscard]] bool canUndo() const { return !m_done.empty(); }
     [[nodiscard]] bool canRedo() const { return !m_undone.empty(); }
     /// Of what undo and redo would do. Only where they can.

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace orvanta {
 
@@ -37,8 +38,9 @@ bool isSamePacket(const PlaylistEntry& a, const PlaylistEntry& b)
            std::equal(a.Clips.begin(), a.Clips.end(), b.Clips.begin(), b.Clips.end(), isSameLine);
 }
 
-LessonSaving::LessonSaving(PlaylistState& playlist)
-    : m_playlist(playlist)
+LessonSaving::LessonSaving(PlaylistState& playlist, std::vector<PlaylistEntry> saved)
+    : m_playlist(playlist),
+      m_saved(std::move(saved))
 {}
 
 void LessonSaving::begin()

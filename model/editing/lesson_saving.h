@@ -22,8 +22,10 @@ namespace orvanta {
 class LessonSaving
 {
 public:
-    explicit LessonSaving(PlaylistState& playlist);
+    explicit LessonSaving(PlaylistState& playlist, std::vector<PlaylistEntry> saved = {});
 
+    /// No file holds what is open.
+    void forget() { m_saved.clear(); }
     /// What is open now is what its files hold.
     void begin();
 

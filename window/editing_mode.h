@@ -1,0 +1,131 @@
+// Editing what is open where it plays: the main window's mode for it.
+#pragma once
+
+#include "core/error_boundary.h"
+#include "model/editing/drafts.h"
+#include "model/editing/lesson_editing.h"
+#include "model/editing/lesson_saving.h"
+#include "model/pickers.h"
+#include "model/texts.h"
+#include "playback/command_state.h"
+#include "playback/playback_engine.h"
+#include "window/editing_row.h"
+#include "window/line_editor.h"
+#include "window/playlist_list.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace orvanta {
+
+class EditNotice;
+class PlaylistList;
+
+/// What the mode works with. All of it outlives the mode.
+struct EditingPorts
+{
+    Module1& module;
+    PlaybackEngine& engine;
+    Pickers& pickers;
+    HandlerBoundary boundary;
+    TextLanguage language;
+    PlaylistList& list;
+    EditingRow& row;
+    EditNotice& notice;
+    std::function<void(const QString& title)> showTitle; // of the document; empty: none
+    std::function<void(const QString& path)> openDocument;
+};
+
+/// Interface thread only. Nothing is raised.
+class EditingMode : public QObject
+{
+    Q_OBJECT
+
+public:
+    EditingMode(EditingPorts ports, QObject* parent);
+
+    [[nodiscard]] bool isOn() const { return m_on; }
+    void setOn(bool on);
+
+    /// False for a command that is none of editing, or while the mode is off.
+    bool carryOut(Command command);
+    /// What the menu needs to know of editing.
+    void addFacts(CommandFacts& facts) const;
+
+    /// Something else is open now, or more.
+    void playlistShown();
+    /// The program begins with nothing open, or it ends.
+    void offerDrafts();
+    void keepDraft();
+
+    /// The steps that were done, for who tests and shows them.
+    [[nodiscard]] const LessonEditing& editing() const { return m_editing; }
+    [[nodiscard]] LineEditor& box() { return *m_box; }
+
+Q_SIGNALS:
+    void switched(bool on);
+    /// What is shown of the lines has changed: times, marks, which one is selected.
+    void linesChanged();
+
+private:
+    struct Left // what was open before, with changes that are not saved
+    {
+        PlaylistState playlist;
+        std::vector<PlaylistEntry> saved;
+    };
+
+    // Lines: editing_mode_lines.cpp
+    void mark();
+    void editField(int line, LineEditor::Field field);
+    void takeTyped(int line, LineEditor::Field field, const QString& text);
+    void nudge(double seconds);
+    void playFrom(EditPlace place);
+    void dropLines(int before);
+    void dropFiles(const QStringList& files, int before);
+    void showStep(const EditStep& step);
+    void selectAfter(const EditStep& step, const std::vector<EditPlace>& before);
+    [[nodiscard]] EditPlace placeOf(int line) const;
+    [[nodiscard]] int lineOf(EditPlace place) const;
+    [[nodiscard]] EditPlace current() const { return placeOfCursor(); }
+    [[nodiscard]] EditPlace placeOfCursor() const;
+    [[nodiscard]] std::vector<EditPlace> selected() const;
+    [[nodiscard]] std::optional<MarkSetting> markSetting() const;
+    [[nodiscard]] LineNote noteOf(int line) const;
+    [[nodiscard]] QString fieldText(EditPlace place, LineEditor::Field field) const;
+
+    // Documents: editing_mode_documents.cpp
+    bool save(bool elsewhere);
+    [[nodiscard]] QString askTarget();
+    void discard();
+    void noteLeaving();
+    void sayLeft();
+    void saveLeft(const std::shared_ptr<Left>& left);
+    void openDraft(const QString& document);
+    void sayFailed(const QString& document);
+    void offerDraftOfDocument();
+    void takeDraft(const QString& document);
+    void sayUnsaved();
+    [[nodiscard]] QString nameOf(const QString& document) const;
+    [[nodiscard]] QString text(QStringView name) const;
+
+    void connectList();
+    void refresh();
+
+    EditingPorts m_ports;
+    LessonEditing m_editing;
+    LessonSaving m_saving;
+    Drafts m_drafts;
+    LineEditor* m_box; // edits a line in place
+    QTimer m_draftTimer;
+    std::shared_ptr<Left> m_leaving; // as it was when something else was about to begin
+    std::shared_ptr<Left> m_left;    // what the notice asks about
+    bool m_on = false;
+    bool m_draftIsDue = false;
+};
+
+} // namespace orvanta

@@ -1,0 +1,123 @@
+#include "window/editing_row.h"
+
+#include "window/skin.h"
+
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kIconSide = 16;
+
+EditingRow::EditingRow(TextLanguage language, QWidget* parent)
+    : QWidget(parent),
+      MarkButton(makeButton(u"mark"_s, Command::Mark)),
+      RemoveButton(makeButton(u"remove"_s, Command::RemoveLines)),
+      UpButton(makeButton(u"line_up"_s, Command::LinesUp)),
+      DownButton(makeButton(u"line_down"_s, Command::LinesDown)),
+      UndoButton(makeButton(u"undo"_s, Command::Undo)),
+      RedoButton(makeButton(u"redo"_s, Command::Redo)),
+      SaveButton(makeButton(u"save"_s, Command::Save)),
+      MoreButton(makeButton(u"more"_s, Command::ShowMenu)),
+      DoneButton(makeButton({}, Command::EditMode)),
+      More(new QMenu(this)),
+      m_language(language)
+{
+    nameControls(controls());
+    applyTexts(controls(), language);
+    nameKeys();
+    layOut();
+    connect(MoreButton, &QPushButton::clicked, this, [this] {
+        More->popup(MoreButton->mapToGlobal(QPoint(0, MoreButton->height() + 2)));
+    });
+}
+
+ControlRows EditingRow::controls()
+{
+    return {
+        {this, u"Editing"},           {MarkButton, u"MarkButton"},
+        {RemoveButton, u"RemoveButton"}, {UpButton, u"UpButton"},
+        {DownButton, u"DownButton"},  {UndoButton, u"UndoButton"},
+        {RedoButton, u"RedoButton"},  {SaveButton, u"SaveButton"},
+        {MoreButton, u"MoreButton"},  {DoneButton, u"DoneButton"},
+    };
+}
+
+/// A picture that is quiet while the button can do nothing.
+static QIcon iconOf(const QString& name, qreal ratio)
+{
+    const bool isMark = name == u"mark";
+    QIcon icon(skin::picture(name, isMark ? skin::kSurface : skin::kText, kIconSide, ratio));
+    icon.addPixmap(skin::picture(name, skin::kTextMuted, kIconSide, ratio), QIcon::Disabled);
+    return icon;
+}
+
+QPushButton* EditingRow::makeButton(const QString& picture, Command command)
+{
+    auto* button = new QPushButton(this);
+    if (!picture.isEmpty()) {
+        button->setIcon(iconOf(picture, devicePixelRatioF()));
+        button->setIconSize({kIconSide, kIconSide});
+    }
+    button->setMinimumHeight(skin::kButtonSide);
+    if (command != Command::ShowMenu) {
+        connect(button, &QPushButton::clicked, this, [this, command] { Q_EMIT asked(command); });
+    }
+    return button;
+}
+
+void EditingRow::nameKeys()
+{
+    for (const ControlRow& row : controls()) {
+        const auto command = std::ranges::find(commands(), row.name, &CommandRow::control);
+        auto* button = qobject_cast<QPushButton*>(row.control);
+        if (button != nullptr && command != commands().end()) {
+            button->setToolTip(u"%1 (%2)"_s.arg(button->toolTip(), shownKey(*command)));
+        }
+    }
+}
+
+void EditingRow::layOut()
+{
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(skin::kGrid);
+    for (QPushButton* button : {MarkButton, RemoveButton, UpButton, DownButton, UndoButton,
+                                RedoButton, SaveButton, MoreButton}) {
+        row->addWidget(button);
+    }
+    row->addStretch(1);
+    row->addWidget(DoneButton);
+    for (QPushButton* button : {UpButton, DownButton, UndoButton, RedoButton, MoreButton}) {
+        button->setFixedWidth(skin::kButtonSide);
+    }
+}
+
+/// The button's name says what it would take back.
+static void nameStep(QPushButton& button, const QString& step, const QString& plain,
+                     const QString& named, Command command)
+{
+    const QString name = step.isEmpty() ? plain : named.arg(step);
+    button.setEnabled(!step.isEmpty());
+    button.setAccessibleName(name);
+    button.setToolTip(u"%1 (%2)"_s.arg(name, shownKey(rowOf(command))));
+}
+
+void EditingRow::setState(const EditingState& state)
+{
+    const auto text = [&](QStringView name) { return interfaceText(u"Editing", name, m_language); };
+    MarkButton->setEnabled(state.canMark);
+    for (QPushButton* button : {RemoveButton, UpButton, DownButton}) {
+        button->setEnabled(state.hasLine);
+    }
+    SaveButton->setEnabled(state.changed);
+    nameStep(*UndoButton, state.undo, text(u"UndoButton.tip"), text(u"undo.of"), Command::Undo);
+    nameStep(*RedoButton, state.redo, text(u"RedoButton.tip"), text(u"redo.of"), Command::Redo);
+}
+
+} // namespace orvanta

@@ -1,0 +1,55 @@
+// The main window's part in editing: the button, the row, what is shown of the document.
+#include "window/edit_notice.h"
+#include "window/editing_mode.h"
+#include "window/editing_row.h"
+#include "window/form2_main_window.h"
+#include "window/playlist_list.h"
+#include "window/skin.h"
+#include "window/skin_button.h"
+
+#include <QLabel>
+
+namespace orvanta {
+
+void Form2::buildEditing()
+{
+    const TextLanguage language =
+        textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
+    Editing = new EditingRow(language, m_surface);
+    Notice = new EditNotice(m_surface);
+    m_document = new QLabel(m_surface);
+    m_document->setTextFormat(Qt::PlainText);
+    QPalette palette = m_document->palette();
+    palette.setColor(QPalette::WindowText, skin::kTextMuted);
+    m_document->setPalette(palette);
+}
+
+void Form2::connectEditing()
+{
+    const TextLanguage language =
+        textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
+    m_editing = new EditingMode(
+        EditingPorts{.module = m_services.module,
+                     .engine = m_services.engine,
+                     .pickers = m_services.pickers,
+                     .boundary = m_services.boundary,
+                     .language = language,
+                     .list = *List1,
+                     .row = *Editing,
+                     .notice = *Notice,
+                     .showTitle = [this](const QString& title) { m_document->setText(title); },
+                     .openDocument = [this](const QString& path) { openPacketOrGroup(path); }},
+        this);
+    connect(EditButton, &SkinButton::clicked, this,
+            m_services.boundary([this](bool) { carryOut(Command::EditMode); }));
+    connect(m_editing, &EditingMode::switched, this, [this](bool on) { showEditing(on); });
+}
+
+void Form2::showEditing(bool on)
+{
+    EditButton->setChecked(on);
+    List1->setMinimumHeight(6 * List1->rowHeight());
+    List1->setFocus();
+}
+
+} // namespace orvanta
