@@ -165,6 +165,7 @@ void Program::loadMainWindow()
         .showAbout = [this] { showAbout(); },
         .tracks = m_tracks.get(),
         .closingBegins = m_surroundings.closing,
+        .frame = [this] { return m_videoWindow->currentFrame(); },
     });
     m_shownWatch = std::make_unique<ShownWatch>(*m_mainWindow);
 }

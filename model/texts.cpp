@@ -1,5 +1,7 @@
 #include "model/texts.h"
 
+#include "model/texts_of_editing.h"
+
 #include <algorithm>
 #include <array>
 
@@ -27,7 +29,7 @@ constexpr QStringView kHelp =
 
 // A window's own caption stands under the window's name; playback/control_rows.h says what "X.tip"
 // and "X.name" are. "X.label" is the caption beside X; others are asked for by the window itself.
-constexpr auto kTexts = std::to_array<InterfaceText>({
+constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
     InterfaceText{u"CommandLine", u"--help", kHelp, kHelp},
 
     InterfaceText{u"Form1", u"Form1", u"!Orvanta!", u"!Orvanta!"},
@@ -122,56 +124,6 @@ constexpr auto kTexts = std::to_array<InterfaceText>({
     InterfaceText{u"Practice", u"chip.mirror", u"mirrored", u"зеркально"},
     InterfaceText{u"Practice", u"chip.even", u"even loudness", u"ровно"},
     InterfaceText{u"Practice", u"Waiting", u"Waiting: Space goes on", u"Ждём: дальше — пробел"},
-    InterfaceText{u"Editing", u"menu", u"&Edit", u"Пр&авка"},
-    InterfaceText{u"Editing", u"MarkButton", u"Mark", u"Метка"},
-    InterfaceText{u"Editing", u"MarkButton.tip", u"Set a mark here", u"Поставить метку здесь"},
-    InterfaceText{u"Editing", u"RemoveButton", u"Remove", u"Удалить"},
-    InterfaceText{u"Editing", u"RemoveButton.tip", u"Remove the selected lines",
-                  u"Удалить выбранные строки"},
-    InterfaceText{u"Editing", u"UpButton.tip", u"Move up", u"Выше"},
-    InterfaceText{u"Editing", u"DownButton.tip", u"Move down", u"Ниже"},
-    InterfaceText{u"Editing", u"UndoButton.tip", u"Undo", u"Отменить"},
-    InterfaceText{u"Editing", u"RedoButton.tip", u"Redo", u"Вернуть"},
-    InterfaceText{u"Editing", u"SaveButton", u"Save", u"Сохранить"},
-    InterfaceText{u"Editing", u"SaveButton.tip", u"Save the changes", u"Сохранить изменения"},
-    InterfaceText{u"Editing", u"MoreButton.tip", u"More", u"Ещё"},
-    InterfaceText{u"Editing", u"DoneButton", u"Done", u"Готово"},
-    InterfaceText{u"Editing", u"DoneButton.tip", u"Leave editing", u"Закончить правку"},
-    InterfaceText{u"Editing", u"undo.of", u"Undo: %1", u"Отменить: %1"},
-    InterfaceText{u"Editing", u"redo.of", u"Redo: %1", u"Вернуть: %1"},
-    InterfaceText{u"Editing", u"step.Mark", u"mark", u"метка"},
-    InterfaceText{u"Editing", u"step.Text", u"text", u"текст"},
-    InterfaceText{u"Editing", u"step.Time", u"time", u"время"},
-    InterfaceText{u"Editing", u"step.Title", u"title", u"название"},
-    InterfaceText{u"Editing", u"step.Picture", u"picture", u"картинка"},
-    InterfaceText{u"Editing", u"step.Remove", u"remove", u"удаление"},
-    InterfaceText{u"Editing", u"step.Move", u"move", u"перемещение"},
-    InterfaceText{u"Editing", u"step.Insert", u"insert", u"вставка"},
-    InterfaceText{u"Editing", u"step.Suggest", u"suggested marks", u"предложенные метки"},
-    InterfaceText{u"Editing", u"step.Version", u"earlier version", u"прежняя версия"},
-    InterfaceText{u"Editing", u"step.Discard", u"discard", u"отказ от изменений"},
-    InterfaceText{u"Editing", u"mark.text", u"Mark %1", u"Метка %1"},
-    InterfaceText{u"Editing", u"mark.end", u"End", u"Конец"},
-    InterfaceText{u"Editing", u"no.name", u"without a name", u"без имени"},
-    InterfaceText{u"Editing", u"title.changed", u"%1, changed", u"%1, изменён"},
-    InterfaceText{u"Editing", u"line.time", u"at %1", u"в %1"},
-    InterfaceText{u"Editing", u"line.end", u"end mark at %1", u"конечная метка в %1"},
-    InterfaceText{u"Editing", u"edit.text", u"Text of the line", u"Текст строки"},
-    InterfaceText{u"Editing", u"edit.time", u"Time of the mark", u"Время метки"},
-    InterfaceText{u"Editing", u"notice.draft", u"Changes from %1 that were not saved",
-                  u"Изменения от %1, которые не сохранены"},
-    InterfaceText{u"Editing", u"notice.take", u"Take them", u"Взять их"},
-    InterfaceText{u"Editing", u"notice.leave", u"Leave them", u"Оставить"},
-    InterfaceText{u"Editing", u"notice.start", u"%1: changes from %2 that were not saved",
-                  u"%1: изменения от %2, которые не сохранены"},
-    InterfaceText{u"Editing", u"notice.unsaved", u"%1 is not saved yet; a draft is kept",
-                  u"%1: ещё не сохранено; черновик цел"},
-    InterfaceText{u"Editing", u"notice.save", u"Save", u"Сохранить"},
-    InterfaceText{u"Editing", u"notice.discard", u"Discard", u"Отказаться"},
-    InterfaceText{u"Editing", u"notice.saved", u"Saved: %1", u"Сохранено: %1"},
-    InterfaceText{u"Editing", u"notice.failed", u"%1 could not be saved; a draft is kept",
-                  u"%1: не удалось сохранить; черновик цел"},
-    InterfaceText{u"Editing", u"notice.close", u"OK", u"OK"},
     // What can be asked for while watching: playback/commands.h. Those in a menu have access keys.
     InterfaceText{u"Command", u"PlayLine", u"&Play this line", u"&Играть эту строку"},
     InterfaceText{u"Command", u"CheckLine", u"Chec&ked", u"&Отмечена"},
@@ -469,6 +421,16 @@ constexpr auto kTexts = std::to_array<InterfaceText>({
     InterfaceText{u"Form6", u"Text2.label", u"Text:", u"Текст:"},
     InterfaceText{u"Form6", u"Text3.label", u"Picture:", u"Картинка:"},
 });
+
+/// Both tables as one.
+constexpr auto allTexts()
+{
+    std::array<InterfaceText, kTextsOfWindows.size() + kTextsOfEditing.size()> all;
+    const auto rest = std::ranges::copy(kTextsOfWindows, all.begin()).out;
+    std::ranges::copy(kTextsOfEditing, rest);
+    return all;
+}
+constexpr auto kTexts = allTexts();
 
 constexpr bool everyCellIsFilled()
 {

@@ -1,4 +1,5 @@
 // What lies over the video window's picture: the lesson's text and the signs.
+#include "platform/media/picture_source.h"
 #include "playback/clock_text.h"
 #include "playback/form13_video_window.h"
 #include "playback/overlay_bar.h"
@@ -185,6 +186,18 @@ void Form13::showChanges(int stateBefore, Int16 volumeBefore, const LessonLine& 
     } else if (state != stateBefore && state == MediaControl::Stopped) {
         showSign(text(u"Sign.stop"));
     }
+}
+
+QImage Form13::currentFrame() const
+{
+    const PictureSource* source = m_services.control.picture();
+    if (source == nullptr || !source->hasPicture() || m_contents.isEmpty()) {
+        return {};
+    }
+    const QImage frame = source->frame();
+    QRect clip(QPoint(), m_contents.scaled(frame.size(), Qt::KeepAspectRatio));
+    clip.moveCenter(frame.rect().center());
+    return frame.copy(clip.intersected(frame.rect()));
 }
 
 } // namespace orvanta

@@ -83,6 +83,8 @@ public:
     void setStillPicture(const QString& file) override { m_stillFile = file; }
     void showWindow(bool show) override;
 
+    /// The picture of the clip that is in sight now, without the bars beside it; null without one.
+    [[nodiscard]] QImage currentFrame() const;
     /// The full-screen mode stays on from clip to clip; the window fills the screen while a picture
     /// is in sight, a clip's own or a still one, with the mouse cursor hidden.
     [[nodiscard]] bool isFullScreen() const override { return m_fullScreen; }

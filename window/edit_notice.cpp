@@ -20,8 +20,9 @@ EditNotice::EditNotice(QWidget* parent)
 {
     setObjectName(u"Notice"_s);
     setAttribute(Qt::WA_StyledBackground);
+    // Below it the sheet keeps a distance to the list.
     m_row->setContentsMargins(skin::kGrid + skin::kGrid / 2, skin::kGrid / 2, skin::kGrid / 2,
-                              skin::kGrid / 2);
+                              skin::kGrid / 2 + skin::kGrid);
     m_row->setSpacing(skin::kGrid);
     m_row->addWidget(m_label, 1);
     m_label->setWordWrap(true);

@@ -35,6 +35,7 @@ EditingMode::EditingMode(EditingPorts ports, QObject* parent)
     connect(&m_ports.row, &EditingRow::asked, this,
             m_ports.boundary([this](Command command) { carryOut(command); }));
     connectList();
+    fillMore();
     m_ports.row.hide();
 }
 
@@ -53,7 +54,7 @@ void EditingMode::connectList()
         takeTyped(line, field, text);
     });
     on(m_box, &LineEditor::otherFieldAsked,
-       [this](int, LineEditor::Field field) { editField(m_ports.list.cursorLine(), field); });
+       [this](int, LineEditor::Field field) { editField(m_typedLine, field); });
     on(m_box, &LineEditor::markAsked, [this] { carryOut(Command::Mark); });
 }
 

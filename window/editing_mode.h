@@ -13,6 +13,7 @@
 #include "window/line_editor.h"
 #include "window/playlist_list.h"
 
+#include <QImage>
 #include <QObject>
 #include <QTimer>
 
@@ -20,6 +21,8 @@
 #include <memory>
 #include <optional>
 #include <vector>
+
+class QAction;
 
 namespace orvanta {
 
@@ -39,6 +42,7 @@ struct EditingPorts
     EditNotice& notice;
     std::function<void(const QString& title)> showTitle; // of the document; empty: none
     std::function<void(const QString& path)> openDocument;
+    std::function<QImage()> frame; // of the clip's picture, now; null without one
 };
 
 /// Interface thread only. Nothing is raised.
@@ -98,6 +102,14 @@ private:
     [[nodiscard]] LineNote noteOf(int line) const;
     [[nodiscard]] QString fieldText(EditPlace place, LineEditor::Field field) const;
 
+    // What is seldom needed: editing_mode_more.cpp
+    void fillMore();
+    void showMore();
+    void pickPicture();
+    void takeFrame();
+    void setPicture(const QString& path);
+    void takeEarlier();
+
     // Documents: editing_mode_documents.cpp
     bool save(bool elsewhere);
     [[nodiscard]] QString askTarget();
@@ -121,6 +133,9 @@ private:
     LessonSaving m_saving;
     Drafts m_drafts;
     LineEditor* m_box; // edits a line in place
+    int m_typedLine = -1; // where the line is whose field was typed last
+    std::vector<QAction*> m_pictureEntries; // of the menu: a group's
+    QAction* m_frameEntry = nullptr;
     QTimer m_draftTimer;
     std::shared_ptr<Left> m_leaving; // as it was when something else was about to begin
     std::shared_ptr<Left> m_left;    // what the notice asks about

@@ -115,10 +115,11 @@ void EditingMode::editField(int line, LineEditor::Field field)
 void EditingMode::takeTyped(int line, LineEditor::Field field, const QString& typed)
 {
     const EditPlace place = placeOf(line);
+    m_typedLine = line;
     if (field == LineEditor::Field::Text) {
         m_editing.setText(place, typed);
     } else if (const std::optional<double> seconds = markTime(typed)) {
-        m_editing.setTime(place, *seconds);
+        m_typedLine = lineOf(m_editing.setTime(place, *seconds).value_or(place));
     }
 }
 

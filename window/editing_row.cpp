@@ -4,6 +4,7 @@
 
 #include <QHBoxLayout>
 #include <QMenu>
+#include <QPainter>
 #include <QPushButton>
 
 #include <algorithm>
@@ -48,12 +49,24 @@ ControlRows EditingRow::controls()
     };
 }
 
-/// A picture that is quiet while the button can do nothing.
-static QIcon iconOf(const QString& name, qreal ratio)
+/// With room between it and the button's caption.
+static QPixmap pictureBefore(const QPixmap& picture, int width)
 {
-    const bool isMark = name == u"mark";
-    QIcon icon(skin::picture(name, isMark ? skin::kSurface : skin::kText, kIconSide, ratio));
-    icon.addPixmap(skin::picture(name, skin::kTextMuted, kIconSide, ratio), QIcon::Disabled);
+    const qreal ratio = picture.devicePixelRatio();
+    QPixmap wide(QSizeF(width * ratio, kIconSide * ratio).toSize());
+    wide.setDevicePixelRatio(ratio);
+    wide.fill(Qt::transparent);
+    QPainter(&wide).drawPixmap(0, 0, picture);
+    return wide;
+}
+
+/// A picture that is quiet while the button can do nothing.
+static QIcon iconOf(const QString& name, int width, qreal ratio)
+{
+    const QColor colour = name == u"mark" ? skin::kSurface : skin::kText;
+    QIcon icon(pictureBefore(skin::picture(name, colour, kIconSide, ratio), width));
+    icon.addPixmap(pictureBefore(skin::picture(name, skin::kTextMuted, kIconSide, ratio), width),
+                   QIcon::Disabled);
     return icon;
 }
 
@@ -61,8 +74,11 @@ QPushButton* EditingRow::makeButton(const QString& picture, Command command)
 {
     auto* button = new QPushButton(this);
     if (!picture.isEmpty()) {
-        button->setIcon(iconOf(picture, devicePixelRatioF()));
-        button->setIconSize({kIconSide, kIconSide});
+        const bool hasCaption = command == Command::Mark || command == Command::RemoveLines ||
+                                command == Command::Save;
+        const int width = hasCaption ? kIconSide + skin::kGrid / 2 : kIconSide;
+        button->setIcon(iconOf(picture, width, devicePixelRatioF()));
+        button->setIconSize({width, kIconSide});
     }
     button->setMinimumHeight(skin::kButtonSide);
     if (command != Command::ShowMenu) {

@@ -38,7 +38,8 @@ void Form2::connectEditing()
                      .row = *Editing,
                      .notice = *Notice,
                      .showTitle = [this](const QString& title) { m_document->setText(title); },
-                     .openDocument = [this](const QString& path) { openPacketOrGroup(path); }},
+                     .openDocument = [this](const QString& path) { openPacketOrGroup(path); },
+                     .frame = m_services.frame},
         this);
     connect(EditButton, &SkinButton::clicked, this,
             m_services.boundary([this](bool) { carryOut(Command::EditMode); }));
@@ -48,6 +49,7 @@ void Form2::connectEditing()
 void Form2::showEditing(bool on)
 {
     EditButton->setChecked(on);
+    m_commands->setVisible(!on);
     List1->setMinimumHeight(6 * List1->rowHeight());
     List1->setFocus();
 }

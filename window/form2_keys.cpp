@@ -98,6 +98,7 @@ void Form2::carryOut(Command command)
     case Command::OpenClips:
         return Form2_Image8_Click();
     case Command::Find:
+        m_commands->show(); // while the lesson is edited it is away
         Text1->setFocus(Qt::ShortcutFocusReason);
         return Text1->selectAll();
     case Command::FindAgain:

@@ -37,6 +37,7 @@ static QPoint firstPlace(QSize window, const QRect& room)
 static QBoxLayout* row(int spacing)
 {
     auto* layout = new QHBoxLayout;
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(spacing);
     return layout;
 }
@@ -90,11 +91,13 @@ void Form2::layOut()
     rows->setSpacing(0);
     rows->addLayout(titleRow());
     rows->addSpacing(skin::kGrid);
-    rows->addLayout(commandRow());
+    m_commands = new QWidget(m_surface);
+    m_commands->setLayout(commandRow());
+    rows->addWidget(m_commands);
+    rows->addWidget(Editing);
     rows->addSpacing(skin::kGrid + skin::kGrid / 2);
     rows->addWidget(Text2);
     rows->addSpacing(skin::kGrid + skin::kGrid / 2);
-    rows->addWidget(Editing);
     rows->addWidget(Notice);
     rows->addWidget(List1, 1);
     rows->addWidget(StartPage, 1);

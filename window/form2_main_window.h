@@ -28,6 +28,7 @@
 #include "playback/keyboard.h"
 #include "playback/playback_engine.h"
 
+#include <QImage>
 #include <QTimer>
 #include <QWidget>
 
@@ -78,6 +79,7 @@ struct Form2Services
     std::function<void()> showAbout;             // Form9
     TrackControls* tracks = nullptr;             // sound and subtitles; null: no choice of them
     std::function<void()> closingBegins = [] {}; // the program ends, whatever it still waits for
+    std::function<QImage()> frame = [] { return QImage(); }; // of the clip's picture, now
 };
 
 /// Constructing it is its load procedure: texts, add-ins, volume and balance; a step of it that
@@ -298,6 +300,7 @@ private:
     Form2Services m_services;
     MainWindowKeys m_keys;
     EditingMode* m_editing = nullptr;
+    QWidget* m_commands = nullptr; // opening, menus, finding: Editing takes its place
     QLabel* m_document = nullptr; // what is edited, beside the title
     QLabel* m_caption = nullptr;  // the window's title
     QWidget* m_surface = nullptr; // everything inside the edge that resizes

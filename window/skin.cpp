@@ -155,7 +155,7 @@ QString styleSheet()
 #Editing QPushButton#MarkButton:disabled { background: %faint; color: %muted; }
 #Editing #UpButton, #Editing #DownButton, #Editing #UndoButton, #Editing #RedoButton,
 #Editing #MoreButton { padding: 0; }
-#Notice { background: %faint; border-radius: 8px; }
+#Notice { background: %faint; border-radius: 8px; margin-bottom: 8px; }
 #Notice QLabel { color: %text; }
 #Notice QPushButton { background: transparent; color: %accent; border: 1px solid transparent;
     border-radius: 6px; padding: 4px 10px; }

@@ -85,6 +85,9 @@ QColor SkinButton::faceColour() const
     if (!isEnabled()) {
         return skin::kRaisedDown;
     }
+    if (isChecked()) { // what it opens, or switches on, is there
+        return over ? skin::kAccentDeep : skin::kAccentFaint;
+    }
     return isDown() ? skin::kRaisedDown : over ? skin::kRaisedHover : skin::kRaised;
 }
 

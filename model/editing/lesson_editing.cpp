@@ -381,6 +381,12 @@ bool LessonEditing::insertPackets(int before, const std::vector<PlaylistEntry>& 
                  .after = place});
 }
 
+bool LessonEditing::replacePacket(EditName name, int number, PlaylistEntry other)
+{
+    return isPacket({number, 0}) &&
+           take(packetStep(name, number, packet(number), std::move(other)));
+}
+
 bool LessonEditing::replaceAll(EditName name, const std::vector<PlaylistEntry>& packets)
 {
     if (packets.empty()) {

@@ -66,6 +66,7 @@ public:
 
     /// Packets at a place, before packet number "before" (one more than there are: at the end).
     bool insertPackets(int before, const std::vector<PlaylistEntry>& packets);
+    bool replacePacket(EditName name, int number, PlaylistEntry packet);
     /// Other packets in place of all. There must be one.
     bool replaceAll(EditName name, const std::vector<PlaylistEntry>& packets);
 

@@ -53,6 +53,13 @@ static QString chosenFolder()
                           : QDir::cleanPath(QDir::current().absoluteFilePath(home));
 }
 
+QString stateFolder()
+{
+    const QString given = qEnvironmentVariable("XDG_STATE_HOME"); // counts only when absolute
+    return (given.startsWith(u'/') ? given : QDir::homePath() + u"/.local/state"_s) +
+           u"/orvanta"_s;
+}
+
 QString applicationFolder()
 {
     QString folder = chosenFolder();

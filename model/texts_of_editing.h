@@ -1,0 +1,75 @@
+// The texts of the editing mode: rows of the table in texts.cpp.
+#pragma once
+
+#include "model/texts.h"
+
+#include <array>
+
+namespace orvanta {
+
+inline constexpr auto kTextsOfEditing = std::to_array<InterfaceText>({
+    InterfaceText{u"Editing", u"menu", u"&Edit", u"Пр&авка"},
+    InterfaceText{u"Editing", u"MarkButton", u"Mark", u"Метка"},
+    InterfaceText{u"Editing", u"MarkButton.tip", u"Set a mark here", u"Поставить метку здесь"},
+    InterfaceText{u"Editing", u"RemoveButton", u"Remove", u"Удалить"},
+    InterfaceText{u"Editing", u"RemoveButton.tip", u"Remove the selected lines",
+                  u"Удалить выбранные строки"},
+    InterfaceText{u"Editing", u"UpButton.tip", u"Move up", u"Выше"},
+    InterfaceText{u"Editing", u"DownButton.tip", u"Move down", u"Ниже"},
+    InterfaceText{u"Editing", u"UndoButton.tip", u"Undo", u"Отменить"},
+    InterfaceText{u"Editing", u"RedoButton.tip", u"Redo", u"Вернуть"},
+    InterfaceText{u"Editing", u"SaveButton", u"Save", u"Сохранить"},
+    InterfaceText{u"Editing", u"SaveButton.tip", u"Save the changes", u"Сохранить изменения"},
+    InterfaceText{u"Editing", u"MoreButton.tip", u"More", u"Ещё"},
+    InterfaceText{u"Editing", u"DoneButton", u"Done", u"Готово"},
+    InterfaceText{u"Editing", u"DoneButton.tip", u"Leave editing", u"Закончить правку"},
+    InterfaceText{u"Editing", u"undo.of", u"Undo: %1", u"Отменить: %1"},
+    InterfaceText{u"Editing", u"redo.of", u"Redo: %1", u"Вернуть: %1"},
+    InterfaceText{u"Editing", u"step.Mark", u"mark", u"метка"},
+    InterfaceText{u"Editing", u"step.Text", u"text", u"текст"},
+    InterfaceText{u"Editing", u"step.Time", u"time", u"время"},
+    InterfaceText{u"Editing", u"step.Title", u"title", u"название"},
+    InterfaceText{u"Editing", u"step.Picture", u"picture", u"картинка"},
+    InterfaceText{u"Editing", u"step.Remove", u"remove", u"удаление"},
+    InterfaceText{u"Editing", u"step.Move", u"move", u"перемещение"},
+    InterfaceText{u"Editing", u"step.Insert", u"insert", u"вставка"},
+    InterfaceText{u"Editing", u"step.Suggest", u"suggested marks", u"предложенные метки"},
+    InterfaceText{u"Editing", u"step.Version", u"earlier version", u"прежняя версия"},
+    InterfaceText{u"Editing", u"step.Discard", u"discard", u"отказ от изменений"},
+    InterfaceText{u"Editing", u"mark.text", u"Mark %1", u"Метка %1"},
+    InterfaceText{u"Editing", u"mark.end", u"End", u"Конец"},
+    InterfaceText{u"Editing", u"no.name", u"without a name", u"без имени"},
+    InterfaceText{u"Editing", u"title.changed", u"%1, changed", u"%1, изменён"},
+    InterfaceText{u"Editing", u"line.time", u"at %1", u"в %1"},
+    InterfaceText{u"Editing", u"line.end", u"end mark at %1", u"конечная метка в %1"},
+    InterfaceText{u"Editing", u"edit.text", u"Text of the line", u"Текст строки"},
+    InterfaceText{u"Editing", u"edit.time", u"Time of the mark", u"Время метки"},
+    InterfaceText{u"Editing", u"notice.draft", u"Changes from %1 that were not saved",
+                  u"Изменения от %1, которые не сохранены"},
+    InterfaceText{u"Editing", u"notice.take", u"Take them", u"Взять их"},
+    InterfaceText{u"Editing", u"notice.leave", u"Leave them", u"Оставить"},
+    InterfaceText{u"Editing", u"notice.start", u"%1: changes from %2 that were not saved",
+                  u"%1: изменения от %2, которые не сохранены"},
+    InterfaceText{u"Editing", u"notice.unsaved", u"%1 is not saved yet; a draft is kept",
+                  u"%1: ещё не сохранено; черновик цел"},
+    InterfaceText{u"Editing", u"notice.save", u"Save", u"Сохранить"},
+    InterfaceText{u"Editing", u"notice.discard", u"Discard", u"Отказаться"},
+    InterfaceText{u"Editing", u"notice.saved", u"Saved: %1", u"Сохранено: %1"},
+    InterfaceText{u"Editing", u"notice.failed", u"%1 could not be saved; a draft is kept",
+                  u"%1: не удалось сохранить; черновик цел"},
+    InterfaceText{u"Editing", u"notice.close", u"OK", u"OK"},
+    InterfaceText{u"Editing", u"more.saveAs", u"Save &as...", u"Сохранить &как..."},
+    InterfaceText{u"Editing", u"more.earlier", u"&Earlier versions...", u"&Прежние версии..."},
+    InterfaceText{u"Editing", u"more.picture", u"&Picture of the packet...", u"К&артинка пакета..."},
+    InterfaceText{u"Editing", u"more.frame", u"&This frame as its picture", u"Картинка — &этот кадр"},
+
+    InterfaceText{u"Earlier", u"Earlier", u"Earlier versions", u"Прежние версии"},
+    InterfaceText{u"Earlier", u"VersionList.name", u"Versions", u"Версии"},
+    InterfaceText{u"Earlier", u"ContentBox.name", u"What is in it", u"Что в ней"},
+    InterfaceText{u"Earlier", u"TakeButton", u"&Take this version", u"&Взять эту версию"},
+    InterfaceText{u"Earlier", u"CloseButton", u"&Close", u"&Закрыть"},
+    InterfaceText{u"Earlier", u"none", u"There is none yet.", u"Их пока нет."},
+    InterfaceText{u"Earlier", u"spoilt", u"This one cannot be read.", u"Эту не прочитать."},
+});
+
+} // namespace orvanta
