@@ -275,11 +275,11 @@ bool ClipInput::readPacket(AVPacket& packet)
     return false;
 }
 
-void ClipInput::readOnly(int stream)
+void ClipInput::readOnly(const std::function<bool(int)>& isWanted)
 {
     for (unsigned i = 0; i < m_container->nb_streams; ++i) {
         m_container->streams[i]->discard =
-            static_cast<int>(i) == stream ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
+            isWanted(static_cast<int>(i)) ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
     }
 }
 

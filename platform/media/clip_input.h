@@ -87,8 +87,8 @@ public:
     [[nodiscard]] bool hasReadingFailed() const { return m_failed; }
     [[nodiscard]] bool isStopped() const { return m_stopped(); }
 
-    /// Passes over the packets of all streams but this one; -1: of all.
-    void readOnly(int stream);
+    /// Passes over the packets of all other streams. By their numbers, from 0.
+    void readOnly(const std::function<bool(int)>& isWanted);
 
 private:
     ClipInput(std::unique_ptr<ByteSource> bytes, Stopped stopped);

@@ -130,7 +130,7 @@ SoundReading readSound(ClipInput& input, const std::function<void(const AVFrame&
     if (index < 0) {
         return {.isWhole = true, .error = {}};
     }
-    input.readOnly(index);
+    input.readOnly([index](int stream) { return stream == index; });
     return SoundPass(input, *input.container().streams[index], each).run();
 }
 

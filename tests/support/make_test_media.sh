@@ -75,6 +75,48 @@ for file in offset.mkv offset.mp4; do
 done
 ff -ss 0.7 -i late.mp4 -c copy cut.mp4
 
+# Chapters, and lines of text with markup.
+cat >chapters.txt <<'END'
+;FFMETADATA1
+[CHAPTER]
+TIMEBASE=1/1000
+START=0
+END=800
+title=Beginning
+[CHAPTER]
+TIMEBASE=1/1000
+START=800
+END=1730
+title=Середина
+[CHAPTER]
+TIMEBASE=1/1000
+START=1730
+END=2500
+END
+cat >lines.srt <<'END'
+1
+00:00:00,250 --> 00:00:00,900
+<i>Good</i> day,
+
+2
+00:00:01,040 --> 00:00:01,600
+how are
+<b>you?</b>
+
+3
+00:00:01,770 --> 00:00:02,300
+Хорошо
+END
+for file in texts.mkv texts.mp4; do
+    codec=srt
+    case $file in *.mp4) codec=mov_text ;; esac
+    ff -f lavfi -i "$picture" -i bursts.wav -i lines.srt -i chapters.txt -map 0 -map 1 -map 2 \
+        -map_metadata 3 -t 2.5 -pix_fmt yuv420p -c:v libx264 -c:a aac -c:s $codec \
+        -metadata:s:s:0 language=rus "$file"
+done
+ff -i bursts.wav -i lines.srt -map 0 -map 1 -c:a flac -c:s ass texts_ass.mkv
+ff -i texts.mkv -c copy -output_ts_offset 10 texts_offset.mkv
+
 # Sound with a cover, and one of more than 64 megapixels.
 ff -f lavfi -i "color=red:size=300x200" -frames:v 1 cover.png
 ff -f lavfi -i "color=red:size=9000x9000" -frames:v 1 large.png
