@@ -90,6 +90,10 @@ constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
     InterfaceText{u"Recent", u"gone", u"not found", u"не найден"},
     InterfaceText{u"Recent", u"hint", u"Delete takes it off", u"Delete уберёт его"},
 
+    InterfaceText{u"Waveform", u"name", u"Sound of the clip", u"Звук клипа"},
+    InterfaceText{u"Waveform", u"value", u"%1 of %2, %3 marks", u"%1 из %2, меток: %3"},
+    InterfaceText{u"Waveform", u"value.one", u"%1 of %2, %3 mark", u"%1 из %2, меток: %3"},
+
     InterfaceText{u"PracticePanel", u"SpeedLabel", u"&Speed", u"&Скорость"},
     InterfaceText{u"PracticePanel", u"TimesLabel", u"Play each &line", u"Каждую с&троку"},
     InterfaceText{u"PracticePanel", u"WaitLabel", u"Then &wait", u"Затем &ждать"},

@@ -10,5 +10,7 @@ namespace orvanta {
 [[nodiscard]] QString clockText(double seconds);
 /// "1:04.2", with the user's decimal mark.
 [[nodiscard]] QString clockTextWithTenths(double seconds);
+/// "1:04.25", as brakes are kept, with the user's decimal mark.
+[[nodiscard]] QString clockTextWithHundredths(double seconds);
 
 } // namespace orvanta

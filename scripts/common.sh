@@ -5,7 +5,8 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 readonly root
 
 readonly build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libqt6opengl6-dev qt6-svg-dev
-    qt6-wayland libmpv-dev libwmf-dev libxcb1-dev fonts-dejavu-core)
+    qt6-wayland libmpv-dev libavformat-dev libavcodec-dev libavutil-dev libwmf-dev libxcb1-dev
+    fonts-dejavu-core)
 readonly demonstration_packages=(xvfb openbox dbus imagemagick procps)
 readonly package_packages=(debhelper dpkg-dev fakeroot lintian)
 readonly test_packages=("${package_packages[@]}" desktop-file-utils appstream libxml2-utils man-db

@@ -1,5 +1,6 @@
 #include "platform/media/mpv_options.h"
 
+#include "platform/media/container_formats.h"
 #include "platform/media/mpv_handle.h"
 
 #include <QThread>
@@ -67,14 +68,6 @@ constexpr Option kOptions[] = {
     {"demuxer-max-back-bytes", "4MiB"},
 };
 
-// Containers that hold their own media. Lists of other files (playlists, segments, image
-// sequences) and whatever speaks to a network are not among them. The three of subtitles are for
-// files beside a clip; as a clip of their own they have nothing to play.
-constexpr char kFormats[] =
-    "aac,ac3,aiff,amr,ape,asf,ass,au,avi,caf,dts,dtshd,dv,eac3,flac,flv,gif,h264,hevc,ivf,loas,m4v,"
-    "matroska,mjpeg,mov,mp3,mpc,mpc8,mpeg,mpegts,mpegvideo,mxf,nsv,nut,obu,ogg,rm,srt,tak,tta,vc1,"
-    "voc,w64,wav,webvtt,wv";
-
 // Measured with libmpv 0.35 and a minute of each bare stream that FFmpeg writes: a seek to second
 // 57 must leave three seconds to the end, and one to 0 from there must play from the start. Sound
 // (aac, ac3, dts, dtshd, eac3, loas, mp3, flac, g722) and the other pictures (mjpeg, m4v,
@@ -88,7 +81,7 @@ constexpr std::array kUnseekable = {"h264", "hevc", "vc1"};
 static bool setContainerOptions(MpvHandle& mpv)
 {
     QByteArray protocols = "file";
-    QByteArray formats = kFormats;
+    QByteArray formats = kContainerFormats;
     std::array<mpv_node, 2> values = {};
     for (mpv_node& value : values) {
         value.format = MPV_FORMAT_STRING;

@@ -50,6 +50,7 @@ struct Keeper
 
 constexpr std::array kKeepers{
     Keeper{u"mpv/", u"platform/media/", u"is of the player library"},
+    Keeper{u"libav", u"platform/media/", u"is of the codec libraries"},
     Keeper{u"xcb/", u"platform/screen/", u"is of the X server's protocol"},
     Keeper{u"libwmf/", u"platform/file_types/", u"is of the metafile library"},
     Keeper{u"QSvg", u"platform/file_types/", u"draws vector pictures"},

@@ -22,6 +22,13 @@ TEST(ClockText, HasTenthsWhereTheyAreWanted)
     EXPECT_EQ(clockTextWithTenths(59.99), u"0:59"_s + QLocale().decimalPoint() + u'9');
 }
 
+TEST(ClockText, HasHundredthsWhereTheyAreWanted)
+{
+    EXPECT_EQ(clockTextWithHundredths(64.25), u"1:04"_s + QLocale().decimalPoint() + u"25"_s);
+    EXPECT_EQ(clockTextWithHundredths(64.07), u"1:04"_s + QLocale().decimalPoint() + u"07"_s);
+    EXPECT_EQ(clockTextWithHundredths(-1), u"0:00"_s + QLocale().decimalPoint() + u"00"_s);
+}
+
 TEST(ClockText, TakesWhatIsNoTimeForZero)
 {
     EXPECT_EQ(clockText(-3), u"0:00"_s);

@@ -52,6 +52,71 @@ ff -f lavfi -i "color=black:size=320x240:rate=25" -f lavfi -i "$sound" -f lavfi 
     -metadata:s:a:0 language=eng -metadata:s:a:1 language=rus -metadata:s:a:1 title=Commentary \
     -metadata:s:s:0 language=rus -disposition:a:0 default -disposition:s:0 default languages.mkv
 
+# Bursts of a tenth of a second at 0.5, 1.25 and 2.0 in silence, in what holds sound.
+bursts="aevalsrc=if(between(t\,0.5\,0.6)+between(t\,1.25\,1.35)+between(t\,2\,2.1)\,\
+0.8*sin(2*PI*1000*t)\,0):s=48000:d=2.5"
+ff -f lavfi -i "$bursts" bursts.wav
+for file in bursts.mp3 bursts.mp4 bursts.opus bursts.ogg bursts.flac bursts.ac3; do
+    ff -i bursts.wav "$file"
+done
+ff -i bursts.wav -c:a aac bursts.mkv
+ff -i bursts.wav -c:a libopus bursts.webm
+for format in u8 s24le s32le f32le f64le; do
+    ff -i bursts.wav -c:a "pcm_$format" "bursts_$format.wav"
+done
+ff -i bursts.wav -ac 6 -c:a aac surround.mp4
+ff -f lavfi -i "$picture" -i bursts.wav -t 2.5 -pix_fmt yuv420p -c:v libx264 -c:a aac bursts.ts
+for file in late.mkv late.mp4; do
+    ff -f lavfi -i "$picture" -itsoffset 0.5 -i bursts.wav -t 3 -pix_fmt yuv420p -c:v libx264 \
+        -c:a aac "$file"
+done
+for file in offset.mkv offset.mp4; do
+    ff -i bursts.wav -c:a aac -output_ts_offset 10 "$file"
+done
+ff -ss 0.7 -i late.mp4 -c copy cut.mp4
+
+# Chapters, and lines of text with markup.
+cat >chapters.txt <<'END'
+;FFMETADATA1
+[CHAPTER]
+TIMEBASE=1/1000
+START=0
+END=800
+title=Beginning
+[CHAPTER]
+TIMEBASE=1/1000
+START=800
+END=1730
+title=Середина
+[CHAPTER]
+TIMEBASE=1/1000
+START=1730
+END=2500
+END
+cat >lines.srt <<'END'
+1
+00:00:00,250 --> 00:00:00,900
+<i>Good</i> day,
+
+2
+00:00:01,040 --> 00:00:01,600
+how are
+<b>you?</b>
+
+3
+00:00:01,770 --> 00:00:02,300
+Хорошо
+END
+for file in texts.mkv texts.mp4; do
+    codec=srt
+    case $file in *.mp4) codec=mov_text ;; esac
+    ff -f lavfi -i "$picture" -i bursts.wav -i lines.srt -i chapters.txt -map 0 -map 1 -map 2 \
+        -map_metadata 3 -t 2.5 -pix_fmt yuv420p -c:v libx264 -c:a aac -c:s $codec \
+        -metadata:s:s:0 language=rus "$file"
+done
+ff -i bursts.wav -i lines.srt -map 0 -map 1 -c:a flac -c:s ass texts_ass.mkv
+ff -i texts.mkv -c copy -output_ts_offset 10 texts_offset.mkv
+
 # Sound with a cover, and one of more than 64 megapixels.
 ff -f lavfi -i "color=red:size=300x200" -frames:v 1 cover.png
 ff -f lavfi -i "color=red:size=9000x9000" -frames:v 1 large.png
