@@ -10,6 +10,7 @@
 #include "playback/command_state.h"
 #include "playback/playback_engine.h"
 #include "window/editing_row.h"
+#include "window/editing_sound.h"
 #include "window/line_editor.h"
 #include "window/playlist_list.h"
 
@@ -27,6 +28,8 @@ class QAction;
 namespace orvanta {
 
 class EditNotice;
+class SilenceRow;
+class WaveformStrip;
 class PlaylistList;
 
 /// What the mode works with. All of it outlives the mode.
@@ -40,6 +43,8 @@ struct EditingPorts
     PlaylistList& list;
     EditingRow& row;
     EditNotice& notice;
+    WaveformStrip& strip;
+    SilenceRow& silences;
     std::function<void(const QString& title)> showTitle; // of the document; empty: none
     std::function<void(const QString& path)> openDocument;
     std::function<QImage()> frame; // of the clip's picture, now; null without one
@@ -73,8 +78,6 @@ public:
 
 Q_SIGNALS:
     void switched(bool on);
-    /// What is shown of the lines has changed: times, marks, which one is selected.
-    void linesChanged();
 
 private:
     struct Left // what was open before, with changes that are not saved
@@ -109,6 +112,8 @@ private:
     void takeFrame();
     void setPicture(const QString& path);
     void takeEarlier();
+    void fillSuggestions();
+    void setMarks(const std::vector<SuggestedMark>& marks);
 
     // Documents: editing_mode_documents.cpp
     bool save(bool elsewhere);
@@ -132,6 +137,7 @@ private:
     LessonEditing m_editing;
     LessonSaving m_saving;
     Drafts m_drafts;
+    EditingSound m_sound;
     LineEditor* m_box; // edits a line in place
     int m_typedLine = -1; // where the line is whose field was typed last
     std::vector<QAction*> m_pictureEntries; // of the menu: a group's

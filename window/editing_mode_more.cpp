@@ -32,10 +32,41 @@ void EditingMode::fillMore()
             m_ports.boundary([this](bool) { carryOut(Command::SaveAs); }));
     add(u"more.earlier", &EditingMode::takeEarlier);
     menu.addSeparator();
+    fillSuggestions();
+    menu.addSeparator();
     m_pictureEntries = {add(u"more.picture", &EditingMode::pickPicture),
                         add(u"more.frame", &EditingMode::takeFrame)};
     m_frameEntry = m_pictureEntries.back();
     connect(&menu, &QMenu::aboutToShow, this, [this] { showMore(); });
+}
+
+void EditingMode::fillSuggestions()
+{
+    QMenu& menu = *m_ports.row.More->addMenu(text(u"more.marks"));
+    const auto add = [&](QStringView name, MarkSource source) {
+        connect(menu.addAction(text(name)), &QAction::triggered, this,
+                m_ports.boundary([this, source](bool) { m_sound.suggestFrom(source); }));
+    };
+    add(u"more.chapters", MarkSource::Chapters);
+    add(u"more.subtitles", MarkSource::Subtitles);
+    add(u"more.sentences", MarkSource::Sentences);
+    connect(menu.addAction(text(u"more.silences")), &QAction::triggered, this,
+            m_ports.boundary([this](bool) { m_sound.openSilences(); }));
+}
+
+/// Those without a text are numbered.
+void EditingMode::setMarks(const std::vector<SuggestedMark>& found)
+{
+    const std::optional<MarkSetting> setting = markSetting();
+    std::vector<NewMark> marks;
+    for (const SuggestedMark& mark : found) {
+        const auto number = static_cast<int>(marks.size()) + 1;
+        marks.push_back({mark.seconds, mark.text.isEmpty() ? text(u"mark.text").arg(number)
+                                                           : mark.text});
+    }
+    const int added = setting ? m_editing.addMarks(*setting, marks) : 0;
+    m_ports.notice.say(added > 0 ? text(u"notice.marks").arg(added) : text(u"notice.noMarks"),
+                       {{text(u"notice.close"), [] {}}});
 }
 
 void EditingMode::showMore()

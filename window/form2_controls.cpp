@@ -9,7 +9,9 @@
 #include "window/skin.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
+#include "window/silence_row.h"
 #include "window/start_page.h"
+#include "window/waveform_strip.h"
 
 #include <QAction>
 #include <QLabel>
@@ -150,6 +152,8 @@ ControlRows Form2::controls()
         {Notice, u"Notice"},
         {List1, u"List1"},
         {StartPage, u"StartPage"},
+        {Silence, u"Silence"},
+        {Strip, u"Strip"},
         {Label1, u"Label1"},
         {Slider1, u"Slider1"},
         {Label2, u"Label2"},

@@ -4,8 +4,10 @@
 #include "window/editing_row.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
+#include "window/silence_row.h"
 #include "window/skin.h"
 #include "window/skin_button.h"
+#include "window/waveform_strip.h"
 
 #include <QLabel>
 
@@ -17,6 +19,8 @@ void Form2::buildEditing()
         textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
     Editing = new EditingRow(language, m_surface);
     Notice = new EditNotice(m_surface);
+    Strip = new WaveformStrip(language, m_surface);
+    Silence = new SilenceRow(language, m_surface);
     m_document = new QLabel(m_surface);
     m_document->setTextFormat(Qt::PlainText);
     QPalette palette = m_document->palette();
@@ -37,6 +41,8 @@ void Form2::connectEditing()
                      .list = *List1,
                      .row = *Editing,
                      .notice = *Notice,
+                     .strip = *Strip,
+                     .silences = *Silence,
                      .showTitle = [this](const QString& title) { m_document->setText(title); },
                      .openDocument = [this](const QString& path) { openPacketOrGroup(path); },
                      .frame = m_services.frame},

@@ -8,7 +8,9 @@
 #include "window/skin.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
+#include "window/silence_row.h"
 #include "window/start_page.h"
+#include "window/waveform_strip.h"
 #include "window/window_frame.h"
 
 #include <QHBoxLayout>
@@ -101,6 +103,8 @@ void Form2::layOut()
     rows->addWidget(Notice);
     rows->addWidget(List1, 1);
     rows->addWidget(StartPage, 1);
+    rows->addWidget(Silence);
+    rows->addWidget(Strip);
     rows->addSpacing(skin::kGrid);
     rows->addLayout(positionRow());
     rows->addSpacing(skin::kGrid + skin::kGrid / 2);

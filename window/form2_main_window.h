@@ -53,11 +53,13 @@ class PictureHolder;
 class PlaylistList;
 class PracticeChips;
 class PracticePanel;
+class SilenceRow;
 class SkinButton;
 class SkinSlider;
 class StartPageList;
 struct RecentLesson;
 class TrackControls;
+class WaveformStrip;
 
 /// Everything the main window is given. All of it outlives the window.
 struct Form2Services
@@ -125,6 +127,8 @@ public:
     SkinButton* EditButton = nullptr; // edits what is open
     EditingRow* Editing = nullptr;    // the buttons of editing
     EditNotice* Notice = nullptr;     // what became of changes
+    WaveformStrip* Strip = nullptr;   // the clip's sound with its brakes
+    SilenceRow* Silence = nullptr;    // looks for marks in the clip's silences
 
     QMenu* create = nullptr;   // New
     QAction* cp = nullptr;     // packet editor

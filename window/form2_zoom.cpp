@@ -6,6 +6,7 @@
 #include "window/playlist_list.h"
 #include "window/practice_chips.h"
 #include "window/practice_panel.h"
+#include "window/silence_row.h"
 #include "window/skin.h"
 #include "window/text_zoom.h"
 
@@ -47,6 +48,7 @@ void Form2::applyZoom()
     font(Panel, 12);
     font(Editing, 12);
     font(Notice, 12);
+    font(Silence, 12);
     m_document->setFont(skin::interfaceFont(scaled(12, factor)));
     m_caption->setFont(skin::interfaceFont(scaled(13, factor), true));
     for (QLabel* label : {Label1, Label2}) {

@@ -161,6 +161,14 @@ QString styleSheet()
     border-radius: 6px; padding: 4px 10px; }
 #Notice QPushButton:hover { border-color: %deep; }
 #Notice QPushButton:focus { border-color: %accent; }
+#Silence QLabel { color: %muted; }
+#Silence QSpinBox, #Silence QDoubleSpinBox { background: %sunken; color: %text;
+    border: 1px solid %line; border-radius: 6px; padding: 3px 6px; }
+#Silence QSpinBox:focus, #Silence QDoubleSpinBox:focus { border-color: %accent; }
+#Silence QPushButton { background: %raised; color: %text; border: 1px solid transparent;
+    border-radius: 6px; padding: 5px 10px; }
+#Silence QPushButton:focus { border-color: %accent; }
+#Silence QPushButton:disabled { color: %muted; }
 #LineBox { background: %sunken; color: %text; border: 1px solid %accent; border-radius: 3px;
     padding: 0 2px; selection-background-color: %deep; selection-color: %text; }
 QToolTip { background: %raised; color: %text; border: 1px solid %edge; padding: 3px; }
