@@ -98,6 +98,16 @@ EditFollower::NewPlace EditFollower::placeFor(const EditStep& step, Cursor befor
     return {behind.cursor, behind.isToCome && !m_context.player().isEmpty()};
 }
 
+/// Of the line that plays, as it is now.
+void EditFollower::showText()
+{
+    const Cursor line = m_context.cursor();
+    if (m_context.player().isEmpty() || m_context.openedMeanwhile || line.clip < 1) {
+        return;
+    }
+    m_context.view->setClipText(m_context.currentPacket().clip(line.clip).Text);
+}
+
 void EditFollower::follow(const EditStep& step)
 {
     const Cursor before = m_context.cursor();
@@ -112,6 +122,7 @@ void EditFollower::follow(const EditStep& step)
     m_context.setCursor(place.cursor);
     m_context.openedMeanwhile = place.isToCome || wasToCome;
     m_context.listOver = wasOver;
+    showText();
     if (wasWaiting) { // for the media of a start, which has just been superseded
         m_starter.ListClick(place.cursor.packet, place.cursor.clip);
     }

@@ -27,6 +27,7 @@ private:
     [[nodiscard]] NewPlace behindGone(const EditStep& step, Cursor before) const;
     [[nodiscard]] NewPlace firstOf(int packet) const;
     [[nodiscard]] bool isLoaded(EditPlace place) const;
+    void showText();
     [[nodiscard]] Cursor atPlayer(Cursor cursor) const;
 
     EngineContext& m_context;

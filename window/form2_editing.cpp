@@ -56,6 +56,7 @@ void Form2::showEditing(bool on)
 {
     EditButton->setChecked(on);
     m_commands->setVisible(!on);
+    m_stripRoom->setVisible(on);
     List1->setMinimumHeight(6 * List1->rowHeight());
     List1->setFocus();
 }

@@ -88,6 +88,11 @@ void Form2::layOut()
     edge->addWidget(m_surface);
 
     constexpr int kSide = skin::kMargin - WindowFrame::kEdge;
+    m_stripRoom = new QWidget(m_surface); // the strip, a step below the list
+    auto* strip = new QVBoxLayout(m_stripRoom);
+    strip->setContentsMargins(0, skin::kGrid, 0, 0);
+    strip->addWidget(Strip);
+    m_stripRoom->hide();
     auto* rows = new QVBoxLayout(m_surface);
     rows->setContentsMargins(kSide, 2, kSide, kSide);
     rows->setSpacing(0);
@@ -104,7 +109,7 @@ void Form2::layOut()
     rows->addWidget(List1, 1);
     rows->addWidget(StartPage, 1);
     rows->addWidget(Silence);
-    rows->addWidget(Strip);
+    rows->addWidget(m_stripRoom);
     rows->addSpacing(skin::kGrid);
     rows->addLayout(positionRow());
     rows->addSpacing(skin::kGrid + skin::kGrid / 2);

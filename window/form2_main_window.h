@@ -305,6 +305,7 @@ private:
     MainWindowKeys m_keys;
     EditingMode* m_editing = nullptr;
     QWidget* m_commands = nullptr; // opening, menus, finding: Editing takes its place
+    QWidget* m_stripRoom = nullptr; // of Strip
     QLabel* m_document = nullptr; // what is edited, beside the title
     QLabel* m_caption = nullptr;  // the window's title
     QWidget* m_surface = nullptr; // everything inside the edge that resizes
