@@ -144,14 +144,20 @@ void StartPageList::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
     if (event->reason() == QContextMenuEvent::Keyboard) {
-        const QPoint corner = visualRect(currentIndex()).bottomLeft() + QPoint(skin::kGrid, 0);
-        return openMenu(viewport()->mapToGlobal(corner));
+        return askForMenu();
     }
     const QModelIndex under = indexAt(viewport()->mapFromGlobal(event->globalPos()));
     if (under.isValid()) {
         setCurrentIndex(under);
     }
     openMenu(event->globalPos());
+}
+
+void StartPageList::askForMenu()
+{
+    const QRect row = visualRect(currentIndex()).intersected(viewport()->rect());
+    const QPoint corner = row.isEmpty() ? viewport()->rect().topLeft() : row.bottomLeft();
+    openMenu(viewport()->mapToGlobal(corner + QPoint(skin::kGrid, 0)));
 }
 
 void StartPageList::openMenu(QPoint place)

@@ -94,6 +94,8 @@ public:
     /// The current row stays, or the one that has come into its place.
     void setLessons(std::vector<RecentLesson> lessons);
     [[nodiscard]] const StartPageModel& rows() const { return *m_model; }
+    /// Of the current row, as the Menu key does.
+    void askForMenu();
     void keyboardSearch(const QString& /*search*/) override {}
 
 Q_SIGNALS:

@@ -200,6 +200,21 @@ TEST_F(StartPageTest, TheMenuOpensTakesOffAndForgets)
     opened->close();
 }
 
+TEST_F(StartPageTest, ShiftF10OpensTheMenuOfItsRowAsTheMenuKeyDoes)
+{
+    keepLesson(1, 0, {u"a"_s});
+    show();
+    press(Qt::Key_End);
+    QTest::keyClick(window->StartPage, Qt::Key_F10, Qt::ShiftModifier);
+    const auto* menu = window->StartPage->findChild<QMenu*>();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(menu->isVisible());
+    EXPECT_FALSE(menu->actions()[1]->isEnabled()); // of the row that forgets: no lesson to take off
+    const QRect row = window->StartPage->visualRect(window->StartPage->currentIndex());
+    EXPECT_EQ(menu->pos(), window->StartPage->viewport()->mapToGlobal(row.bottomLeft() +
+                                                                      QPoint(skin::kGrid, 0)));
+}
+
 TEST_F(StartPageTest, FilesDroppedOnItAreDroppedOnTheList)
 {
     keepLesson(1, 0, {u"a"_s});
