@@ -80,10 +80,11 @@ QVariant StartPageModel::data(const QModelIndex& index, int role) const
 
 StartPageList::StartPageList(TextLanguage language, QWidget* parent)
     : QListView(parent),
-      m_model(new StartPageModel(language, this))
+      m_model(new StartPageModel(language, this)),
+      m_delegate(new StartPageDelegate(m_model, this))
 {
     setModel(m_model);
-    setItemDelegate(new StartPageDelegate(m_model, this));
+    setItemDelegate(m_delegate);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(SingleSelection);
@@ -95,6 +96,13 @@ StartPageList::StartPageList(TextLanguage language, QWidget* parent)
     setDragDropMode(DropOnly);
     setDropIndicatorShown(false);
     connect(this, &QListView::clicked, this, &StartPageList::choose);
+}
+
+void StartPageList::setZoom(double zoom)
+{
+    m_delegate->setZoom(zoom);
+    scheduleDelayedItemsLayout();
+    viewport()->update();
 }
 
 void StartPageList::setLessons(std::vector<RecentLesson> lessons)

@@ -13,6 +13,24 @@
 
 namespace orvanta::test {
 
+/// Where a title without descenders is painted in the first row, which is not the current one then.
+static QRect inkOfTitle(StartPageList& page)
+{
+    page.setCurrentIndex(page.model()->index(page.model()->rowCount() - 1, 0));
+    page.scrollToTop();
+    const QRect row = page.visualRect(page.model()->index(0, 0));
+    const QImage picture = page.viewport()->grab(row).toImage();
+    QRect ink;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (QColor(picture.pixel(x, y)).lightness() > 165) { // only the title is so bright
+                ink |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return ink;
+}
+
 TEST_F(StartPageTest, NothingKeptIsTheEmptyListAsEver)
 {
     show();
@@ -213,6 +231,57 @@ TEST_F(StartPageTest, ShiftF10OpensTheMenuOfItsRowAsTheMenuKeyDoes)
     const QRect row = window->StartPage->visualRect(window->StartPage->currentIndex());
     EXPECT_EQ(menu->pos(), window->StartPage->viewport()->mapToGlobal(row.bottomLeft() +
                                                                       QPoint(skin::kGrid, 0)));
+}
+
+TEST_F(StartPageTest, GrowsWithTheKeysOfTheTextsAndComesBack)
+{
+    keepLesson(1, 0, {u"a"_s});
+    show();
+    const auto heights = [this] {
+        const QAbstractItemModel& model = *window->StartPage->model();
+        return std::pair(window->StartPage->visualRect(model.index(0, 0)).height(),
+                         window->StartPage->visualRect(model.index(1, 0)).height());
+    };
+    const auto inkHeight = [this] { return inkOfTitle(*window->StartPage).height(); };
+    const auto usual = heights();
+    const int usualInk = inkHeight();
+    ASSERT_GT(usualInk, 0);
+    for (int i = 0; i < 5; ++i) { // to 200 percent
+        QTest::keyClick(window->StartPage, Qt::Key_Plus, Qt::ControlModifier);
+    }
+    EXPECT_EQ(heights(), std::pair(2 * usual.first, 2 * usual.second));
+    EXPECT_NEAR(inkHeight(), 2 * usualInk, 3);
+    QTest::keyClick(window->StartPage, Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_LT(heights(), std::pair(2 * usual.first, 2 * usual.second));
+    QTest::keyClick(window->StartPage, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(heights(), usual);
+    EXPECT_EQ(inkHeight(), usualInk);
+}
+
+TEST_F(StartPageTest, TheTitleCanBeReadInTheLargestTextsOfANarrowWindow)
+{
+    keepLesson(1, 0, {u"a"_s});
+    show();
+    const int usual = inkOfTitle(*window->StartPage).width();
+    for (int i = 0; i < 9; ++i) { // to 300 percent
+        QTest::keyClick(window->StartPage, Qt::Key_Plus, Qt::ControlModifier);
+    }
+    EXPECT_NEAR(inkOfTitle(*window->StartPage).width(), 3 * usual, 6);
+}
+
+TEST_F(StartPageTest, IsAsLargeAtTheNextStart)
+{
+    keepLesson(1, 0, {u"a"_s});
+    show();
+    const auto height = [this] {
+        return window->StartPage->visualRect(window->StartPage->model()->index(0, 0)).height();
+    };
+    const int usual = height();
+    QTest::keyClick(window->StartPage, Qt::Key_Plus, Qt::ControlModifier);
+    const int larger = height();
+    EXPECT_GT(larger, usual);
+    show();
+    EXPECT_EQ(height(), larger);
 }
 
 TEST_F(StartPageTest, FilesDroppedOnItAreDroppedOnTheList)
