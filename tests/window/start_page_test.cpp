@@ -8,9 +8,6 @@
 #include <QDropEvent>
 #include <QMimeData>
 
-#include <algorithm>
-#include <cmath>
-
 namespace orvanta::test {
 
 /// Where a title without descenders is painted in the first row, which is not the current one then.
@@ -307,27 +304,6 @@ TEST_F(StartPageTest, NothingIsShownWhenTheSettingsSayThatNothingIsKept)
     showWithKeeper();
     EXPECT_FALSE(window->StartPage->isVisible());
     EXPECT_FALSE(QFileInfo::exists(home.file(u"recent.ini"_s)));
-}
-
-TEST_F(StartPageTest, TextsCanBeReadOnTheirGrounds)
-{
-    const auto light = [](const QColor& colour) {
-        const auto part = [](double v) {
-            return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) +
-               0.0722 * part(colour.blueF());
-    };
-    const auto contrast = [&](const QColor& a, const QColor& b) {
-        const double x = light(a) + 0.05;
-        const double y = light(b) + 0.05;
-        return std::max(x, y) / std::min(x, y);
-    };
-    EXPECT_GE(contrast(skin::kText, skin::kAccentDeep), 4.5);
-    EXPECT_GE(contrast(skin::kTextMuted, skin::kSunken), 4.5);
-    EXPECT_GE(contrast(skin::kTextMuted, skin::kRaised), 4.5);
-    EXPECT_GE(contrast(skin::kGone, skin::kSunken), 4.5);
-    EXPECT_GE(contrast(skin::kGone, skin::kRaised), 4.5);
 }
 
 } // namespace orvanta::test
