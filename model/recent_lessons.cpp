@@ -5,6 +5,7 @@
 #include "core/ini.h"
 #include "core/numbers.h"
 #include "core/paths.h"
+#include "model/lesson_lines.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -46,13 +47,6 @@ bool RecentLesson::isSameAs(const RecentLesson& other) const
            line == other.line && lines == other.lines && over == other.over;
 }
 
-/// The last brake is the end mark.
-static int linesOf(const PlaylistEntry& packet)
-{
-    const int entries = static_cast<int>(packet.Clips.size());
-    return packet.HasBrakes ? std::max(entries - 1, 0) : entries;
-}
-
 static bool hasLine(const PlaylistState& playlist, int packet, int clip)
 {
     const auto packets = static_cast<int>(playlist.Playlist.size());
@@ -75,7 +69,7 @@ static int linesBefore(const PlaylistState& playlist, int packet)
 {
     int lines = 0;
     for (int p = 1; p < packet && p <= static_cast<int>(playlist.Playlist.size()); ++p) {
-        lines += linesOf(playlist.packet(p));
+        lines += lineCount(playlist.packet(p));
     }
     return lines;
 }
@@ -86,7 +80,7 @@ RecentLesson recentLesson(const PlaylistState& playlist, const LessonPlace& plac
     const int q = place.clip.value();
     const bool exists = hasLine(playlist, p, q);
     const auto all = static_cast<int>(playlist.Playlist.size()) + 1;
-    const int within = exists ? std::min(q, linesOf(playlist.packet(p))) : 0;
+    const int within = exists ? std::min(q, lineCount(playlist.packet(p))) : 0;
     return {.path = playlist.Document,
             .title = QFileInfo(playlist.Document).completeBaseName(),
             .packet = p,
@@ -117,7 +111,7 @@ static std::optional<LessonPlace> lineOfText(const PlaylistState& playlist,
     int line = 0;
     for (int p = 1; p <= static_cast<int>(playlist.Playlist.size()); ++p) {
         const PlaylistEntry& packet = playlist.packet(p);
-        const int end = line + linesOf(packet);
+        const int end = line + lineCount(packet);
         for (int q = 1; line < end; ++q) {
             const int distance = std::abs(++line - wanted);
             if (distance < nearest && textToFind(packet.clip(q).Text) == lesson.text) {

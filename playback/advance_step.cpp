@@ -2,6 +2,7 @@
 
 #include "core/error_boundary.h"
 #include "core/paths.h"
+#include "model/lesson_lines.h"
 #include "model/texts.h"
 #include "playback/brakes.h"
 #include "playback/playlist_marks.h"
@@ -180,15 +181,10 @@ void AdvanceStep::beginAtListCursor()
     }
 }
 
-static Int16 lineCount(const PlaylistEntry& packet)
-{
-    return packet.HasBrakes ? std::max(endMarkOf(packet).value() - 1, 0) : packet.ClipCount.value();
-}
-
 void AdvanceStep::lineStep(int direction)
 {
     const PlaylistState& playlist = m_context.module.playlist;
-    const auto lines = [&](Int16 p) { return lineCount(playlist.packet(p)); };
+    const auto lines = [&](Int16 p) { return Int16(lineCount(playlist.packet(p))); };
     const Cursor here = m_context.cursor();
     if (direction > 0 && m_context.openedMeanwhile) {
         return m_starter.startByHand(here.packet, here.clip); // it is still to come

@@ -1,36 +1,12 @@
 #include "playback/brakes.h"
 
-#include "core/numbers.h"
+#include "model/lesson_lines.h"
 
 namespace orvanta {
 
-/// None where the text is no number: a clip that was dropped among the brakes, a spoiled file.
-/// Asked many times a second, and so not worth a line in the log.
-static std::optional<double> readTime(const PlaylistEntry& packet, int brake)
-{
-    const QString& text = packet.clip(brake).Time;
-    if (text.isEmpty()) {
-        return std::nullopt;
-    }
-    try {
-        return decimalValue(text);
-    } catch (const RuntimeError&) {
-        return std::nullopt;
-    }
-}
-
-/// The last brake at or before this one whose time can be read; 0 without one.
-static int readableUpTo(const PlaylistEntry& packet, int brake)
-{
-    while (brake >= 1 && !readTime(packet, brake)) {
-        --brake;
-    }
-    return brake;
-}
-
 static int endMark(const PlaylistEntry& packet)
 {
-    return readableUpTo(packet, packet.ClipCount.value());
+    return readableBrakeUpTo(packet, packet.ClipCount.value());
 }
 
 Int16 endMarkOf(const PlaylistEntry& packet)
@@ -43,7 +19,7 @@ static int readableBehind(const PlaylistEntry& packet, int brake)
 {
     do {
         ++brake;
-    } while (brake <= packet.ClipCount.value() && !readTime(packet, brake));
+    } while (brake <= packet.ClipCount.value() && !brakeTime(packet, brake));
     return brake;
 }
 
@@ -57,19 +33,19 @@ static int brakeToReach(const PlaylistEntry& packet, Int16 currentBrake)
 std::optional<double> timeOfNextBrake(const PlaylistEntry& packet, Int16 currentBrake)
 {
     const int brake = brakeToReach(packet, currentBrake);
-    return brake >= 1 ? readTime(packet, brake) : std::nullopt;
+    return brake >= 1 ? brakeTime(packet, brake) : std::nullopt;
 }
 
 BrakeSpan brakeSpan(const PlaylistEntry& packet, Int16 currentBrake, double durationSeconds)
 {
     BrakeSpan span = {0, durationSeconds};
-    const int begin = readableUpTo(packet, currentBrake.value());
+    const int begin = readableBrakeUpTo(packet, currentBrake.value());
     if (begin >= 1) {
-        span.begin = *readTime(packet, begin);
+        span.begin = *brakeTime(packet, begin);
     }
     const int end = readableBehind(packet, currentBrake.value());
     if (end <= packet.ClipCount.value()) {
-        span.end = *readTime(packet, end);
+        span.end = *brakeTime(packet, end);
     }
     return span;
 }
@@ -115,15 +91,15 @@ bool endPassesLastBrake(const PlaylistEntry& packet, double durationSeconds)
     if (last < 1) {
         return false;
     }
-    const double left = durationSeconds - *readTime(packet, last);
+    const double left = durationSeconds - *brakeTime(packet, last);
     return left <= kLastSecond && left >= -kRounding;
 }
 
 Int16 brakeAt(const PlaylistEntry& packet, double positionSeconds)
 {
     int brake = endMark(packet);
-    while (brake >= 1 && *readTime(packet, brake) > positionSeconds) {
-        brake = readableUpTo(packet, brake - 1);
+    while (brake >= 1 && *brakeTime(packet, brake) > positionSeconds) {
+        brake = readableBrakeUpTo(packet, brake - 1);
     }
     return brake;
 }

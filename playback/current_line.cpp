@@ -2,6 +2,7 @@
 
 #include "core/error_boundary.h"
 #include "core/numbers.h"
+#include "model/lesson_lines.h"
 
 namespace orvanta {
 
@@ -13,11 +14,12 @@ LessonLine currentLine(const PlaylistState& playlist)
         return {};
     }
     const PlaylistEntry& packet = playlist.packet(p);
-    const int count = static_cast<int>(packet.Clips.size());
-    if (q < 1 || q.value() > count) {
+    const int count = lineCount(packet);
+    if (q < 1 || q.value() > static_cast<int>(packet.Clips.size())) {
         return {.text = {}, .number = 0, .count = count};
     }
-    return {.text = packet.clip(q).Text, .number = q.value(), .count = count};
+    const int number = q.value() <= count ? q.value() : 0;
+    return {.text = packet.clip(q).Text, .number = number, .count = count};
 }
 
 std::vector<LessonMark> currentMarks(const PlaylistState& playlist)

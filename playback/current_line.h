@@ -12,8 +12,8 @@ namespace orvanta {
 struct LessonLine
 {
     QString text;   // empty where no line is current
-    int number = 0; // in its packet, from 1; 0: before the first brake, or none
-    int count = 0;  // the packet's clips or brakes
+    int number = 0; // in its packet, from 1; 0: before the first brake, at the end mark, or none
+    int count = 0;  // the packet's clips, or brakes without the end mark
 
     friend bool operator==(const LessonLine&, const LessonLine&) = default;
 };

@@ -91,7 +91,8 @@ int Form13::shownHeight() const
 void Form13::showLessonText()
 {
     if (m_textLevel == TextLevel::Off) {
-        return LessonText->vanish();
+        LessonText->vanish();
+        return keepSubtitlesClear();
     }
     LessonText->showPicture(
         pictureOfText(m_line.text, {.fontSize = pictureTextSize(m_textLevel, shownHeight()),
@@ -113,6 +114,17 @@ void Form13::placeLessonText()
         top = std::min(top, Bar->y() - LessonText->height() + kIntoBar);
     }
     LessonText->move(left, top);
+    keepSubtitlesClear();
+}
+
+/// They are part of the picture, and stand above what lies over it.
+void Form13::keepSubtitlesClear()
+{
+    int lowest = isBarShown() ? Bar->y() : height();
+    if (LessonText->isShown() && !hasTextGround()) {
+        lowest = std::min(lowest, LessonText->y());
+    }
+    m_control.raiseSubtitles(height() > 0 ? 1 - double(lowest) / height() : 0);
 }
 
 QString Form13::text(QStringView name) const

@@ -177,6 +177,7 @@ private:
     void paintGround();
     void showLessonText();
     void placeLessonText();
+    void keepSubtitlesClear();
     /// What is done by hand here, and the sign of what it has changed.
     void doByHand(const std::function<void()>& action);
     void showChanges(int stateBefore, Int16 volumeBefore, const LessonLine& lineBefore);

@@ -25,6 +25,7 @@ constexpr int kBarEdge = 24;
 constexpr int kNarrowEdge = 8;
 constexpr int kAboveTrack = 36; // room for the bubble
 constexpr int kBetweenRows = 12;
+constexpr double kAboveTexts = 0.28; // the part of the ground that lies above the times
 constexpr int kGap = 8;
 constexpr int kTimeFont = 13;
 constexpr int kBubbleFont = 12;
@@ -70,7 +71,7 @@ PictureBar::PictureBar(QWidget* parent)
       repeat(new BarButton(bar_drawings::kRepeat, BarButton::Ordinary, this)),
       repeatText(newLabel(this, look::kText, wordFont(*this))),
       ring(new WaitRing(TextLanguage::English, this)),
-      speed(newLabel(this, look::kAccent, wordFont(*this))),
+      speed(newLabel(this, look::kAccentLight, wordFont(*this))),
       text(new BarButton(bar_drawings::kText, BarButton::Ordinary, this)),
       tracks(new BarButton(bar_drawings::kTracks, BarButton::Ordinary, this)),
       fullScreen(new BarButton(bar_drawings::kFullScreen, BarButton::Ordinary, this)),
@@ -207,7 +208,7 @@ void PictureBar::paintEvent(QPaintEvent* /*event*/)
         QColor clear = look::kGround;
         clear.setAlpha(0);
         shade.setColorAt(0, clear);
-        shade.setColorAt(0.36, look::kSoftGround);
+        shade.setColorAt(kAboveTexts, look::kSoftGround);
         shade.setColorAt(1, look::kBarGround);
         QPainter(&m_ground).fillRect(m_ground.rect(), shade);
     }

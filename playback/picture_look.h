@@ -14,8 +14,10 @@ inline constexpr QColor kOnAccent{0x10, 0x23, 0x1f};    // a sign on the accent
 inline constexpr QColor kText{0xe6, 0xea, 0xf2};
 inline constexpr QColor kTextSoft{0xc3, 0xca, 0xd6}; // what is of second rank
 inline constexpr QColor kAccent{0x4f, 0xb3, 0xa5};
-inline constexpr QColor kGroove{0xff, 0xff, 0xff, 64}; // of the position, 25 %
+inline constexpr QColor kAccentLight{0x66, 0xc7, 0xb9}; // the accent as a text on darker accents
+inline constexpr QColor kGroove{0xff, 0xff, 0xff, 64};  // of the position, 25 %
 inline constexpr QColor kBarGround{0x0b, 0x0d, 0x11, 224};
-inline constexpr QColor kSoftGround{0x0b, 0x0d, 0x11, 184}; // a sign's, 72 %
+inline constexpr QColor kSoftGround{0x0b, 0x0d, 0x11,
+                                    209}; // a sign's, 82 %: the accent can be read on white
 
 } // namespace orvanta::look

@@ -86,7 +86,9 @@ void Form2::buildButtons()
 void Form2::buildBoxes()
 {
     Text1 = new QLineEdit(m_surface);
+    // Not by the style sheet: a colour there makes the placeholder half as strong.
     QPalette palette = Text1->palette();
+    palette.setColor(QPalette::Text, skin::kText);
     palette.setColor(QPalette::PlaceholderText, skin::kTextMuted);
     Text1->setPalette(palette);
     Text2 = new ClipLine(m_surface);

@@ -9,6 +9,7 @@
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin_button.h"
+#include "window/start_page.h"
 #include "window/text_zoom.h"
 
 #include <QKeyEvent>
@@ -72,6 +73,16 @@ void Form2::toggleAlwaysOnTop()
     setAlwaysOnTop(windowHandle(), m_alwaysOnTop);
 }
 
+/// As the Menu key does: of what has the keys, the list or the page in its place.
+void Form2::askForMenu()
+{
+    if (List1->hasFocus()) {
+        List1->askForMenu();
+    } else if (StartPage->hasFocus()) {
+        StartPage->askForMenu();
+    }
+}
+
 void Form2::carryOut(Command command)
 {
     switch (command) {
@@ -80,7 +91,7 @@ void Form2::carryOut(Command command)
     case Command::CheckLine:
         return List1->toggleLine(List1->cursorLine());
     case Command::ShowMenu:
-        return List1->hasFocus() ? List1->askForMenu() : void();
+        return askForMenu();
     case Command::Help:
         return Form2_doc_Click();
     case Command::NextTextLevel:

@@ -287,6 +287,7 @@ private:
 
     void sayFound(bool found);
     void carryOut(Command command);
+    void askForMenu();
     void toggleAlwaysOnTop();
     /// left: where the lesson goes on; null: it begins.
     void open(const std::function<void()>& load, const RecentLesson* left = nullptr);

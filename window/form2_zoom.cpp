@@ -8,6 +8,7 @@
 #include "window/practice_panel.h"
 #include "window/silence_row.h"
 #include "window/skin.h"
+#include "window/start_page.h"
 #include "window/text_zoom.h"
 
 #include <QLabel>
@@ -58,6 +59,7 @@ void Form2::applyZoom()
     Text1->setFixedHeight(scaled(skin::kButtonSide, std::max(factor, 1.0)));
     Text2->setFixedHeight(scaled(skin::kClipHeight, std::max(factor, 1.0)));
     List1->setZoom(factor);
+    StartPage->setZoom(factor);
     List1->setMinimumHeight(6 * List1->rowHeight());
     Text2->placeChild();
     Panel->adjustSize();

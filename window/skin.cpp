@@ -106,7 +106,8 @@ static QString listSheet(const QString& list)
 QString styleSheet()
 {
     static const QString kSheet = QString(listSheet(u"List1"_s) + listSheet(u"StartPage"_s) + uR"(
-#Text1, #Text2 { background: %raised; color: %text; border: 1px solid %line;
+#Text2 { color: %text; }
+#Text1, #Text2 { background: %raised; border: 1px solid %line;
     selection-background-color: %deep; selection-color: %text; }
 #Text1 { border-radius: 6px; padding: 0 10px; }
 #Text2 { border-radius: 8px; padding: 0 14px; }
@@ -141,7 +142,7 @@ QString styleSheet()
 #NormalButton:hover { border-color: %edge; }
 #NormalButton:focus { border-color: %accent; }
 #NormalButton:disabled { color: %muted; }
-#Chips QPushButton { background: %faint; color: %accent; border: 1px solid transparent;
+#Chips QPushButton { background: %faint; color: %light; border: 1px solid transparent;
     border-radius: 12px; padding: 0 12px; }
 #Chips QPushButton:hover { border-color: %deep; }
 #Chips QPushButton:focus { border-color: %accent; }
@@ -185,6 +186,7 @@ QToolTip { background: %raised; color: %text; border: 1px solid %edge; padding: 
                                       .replace(u"%grip"_s, kGrip.name())
                                       .replace(u"%muted"_s, kTextMuted.name())
                                       .replace(u"%accent"_s, kAccent.name())
+                                      .replace(u"%light"_s, kAccentHover.name())
                                       .replace(u"%faint"_s, kAccentFaint.name())
                                       .replace(u"%deep"_s, kAccentDeep.name());
     return kSheet;

@@ -26,7 +26,7 @@ inline constexpr QColor kTextSoft = look::kTextSoft;  // clips below their packe
 inline constexpr QColor kTextMuted{0x8e, 0x99, 0xab}; // what is off or of second rank
 inline constexpr QColor kTreeLine{0x4a, 0x55, 0x67};  // the tree's prefixes
 inline constexpr QColor kAccent = look::kAccent;
-inline constexpr QColor kAccentHover{0x66, 0xc7, 0xb9};
+inline constexpr QColor kAccentHover = look::kAccentLight;
 inline constexpr QColor kAccentDown{0x40, 0x99, 0x8d};
 inline constexpr QColor kAccentDeep{0x2d, 0x6f, 0x67};     // the current line
 inline constexpr QColor kAccentFaint = look::kAccentFaint; // an accent that is switched off

@@ -80,10 +80,11 @@ QVariant StartPageModel::data(const QModelIndex& index, int role) const
 
 StartPageList::StartPageList(TextLanguage language, QWidget* parent)
     : QListView(parent),
-      m_model(new StartPageModel(language, this))
+      m_model(new StartPageModel(language, this)),
+      m_delegate(new StartPageDelegate(m_model, this))
 {
     setModel(m_model);
-    setItemDelegate(new StartPageDelegate(m_model, this));
+    setItemDelegate(m_delegate);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSelectionMode(SingleSelection);
@@ -95,6 +96,13 @@ StartPageList::StartPageList(TextLanguage language, QWidget* parent)
     setDragDropMode(DropOnly);
     setDropIndicatorShown(false);
     connect(this, &QListView::clicked, this, &StartPageList::choose);
+}
+
+void StartPageList::setZoom(double zoom)
+{
+    m_delegate->setZoom(zoom);
+    scheduleDelayedItemsLayout();
+    viewport()->update();
 }
 
 void StartPageList::setLessons(std::vector<RecentLesson> lessons)
@@ -144,14 +152,20 @@ void StartPageList::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
     if (event->reason() == QContextMenuEvent::Keyboard) {
-        const QPoint corner = visualRect(currentIndex()).bottomLeft() + QPoint(skin::kGrid, 0);
-        return openMenu(viewport()->mapToGlobal(corner));
+        return askForMenu();
     }
     const QModelIndex under = indexAt(viewport()->mapFromGlobal(event->globalPos()));
     if (under.isValid()) {
         setCurrentIndex(under);
     }
     openMenu(event->globalPos());
+}
+
+void StartPageList::askForMenu()
+{
+    const QRect row = visualRect(currentIndex()).intersected(viewport()->rect());
+    const QPoint corner = row.isEmpty() ? viewport()->rect().topLeft() : row.bottomLeft();
+    openMenu(viewport()->mapToGlobal(corner + QPoint(skin::kGrid, 0)));
 }
 
 void StartPageList::openMenu(QPoint place)

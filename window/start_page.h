@@ -56,6 +56,8 @@ class StartPageDelegate : public QStyledItemDelegate
 public:
     StartPageDelegate(const StartPageModel* model, QObject* parent);
 
+    /// 1: as large as it is drawn.
+    void setZoom(double zoom) { m_zoom = zoom; }
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
@@ -71,6 +73,14 @@ private:
         bool isThere = true;
     };
 
+    struct Places
+    {
+        QRect title;
+        QRect folder;
+        QRect place;
+    };
+
+    [[nodiscard]] static Places placesIn(const QRect& row, int placeWidth);
     [[nodiscard]] static Look lookOf(const QStyleOptionViewItem& option, bool isThere);
     static void paintGround(QPainter& painter, const QStyleOptionViewItem& option);
     static void paintSign(QPainter& painter, const QRect& row, const Look& look);
@@ -80,6 +90,7 @@ private:
     void paintForget(QPainter& painter, const QRect& row, const Look& look) const;
 
     const StartPageModel* m_model;
+    double m_zoom = 1;
 };
 
 /// A click or Return goes on with a lesson, Delete takes it off the list. Other keys pass on to the
@@ -94,6 +105,10 @@ public:
     /// The current row stays, or the one that has come into its place.
     void setLessons(std::vector<RecentLesson> lessons);
     [[nodiscard]] const StartPageModel& rows() const { return *m_model; }
+    /// Rows, texts and signs, times this.
+    void setZoom(double zoom);
+    /// Of the current row, as the Menu key does.
+    void askForMenu();
     void keyboardSearch(const QString& /*search*/) override {}
 
 Q_SIGNALS:
@@ -116,6 +131,7 @@ private:
     void openMenu(QPoint place);
 
     StartPageModel* m_model;
+    StartPageDelegate* m_delegate;
 };
 
 } // namespace orvanta

@@ -4,20 +4,23 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-// Logical pixels.
+// Logical pixels of a row that is not zoomed.
 constexpr int kLessonHeight = 42;
 constexpr int kForgetHeight = 32;
 constexpr int kTileLeft = 8;
 constexpr QSize kTile(46, 30);
 constexpr int kTextsLeft = kTileLeft + 46 + 12;
 constexpr int kRightEdge = 10;
+constexpr int kNarrow = 300; // a narrower row has no room for sign and bar
 constexpr int kBarWidth = 100;
 constexpr int kBarHeight = 3;
+constexpr int kLeastText = 30;
 constexpr int kTextGap = 12;                      // between the texts and the place
 constexpr QColor kTrackCurrent{0x1c, 0x4a, 0x45}; // the bar's groove on the current row
 
@@ -29,8 +32,8 @@ StartPageDelegate::StartPageDelegate(const StartPageModel* model, QObject* paren
 QSize StartPageDelegate::sizeHint(const QStyleOptionViewItem& option,
                                   const QModelIndex& index) const
 {
-    const bool isForget = m_model->isForgetRow(index.row());
-    return {option.rect.width(), isForget ? kForgetHeight : kLessonHeight};
+    const int height = m_model->isForgetRow(index.row()) ? kForgetHeight : kLessonHeight;
+    return {option.rect.width(), static_cast<int>(std::lround(height * m_zoom))};
 }
 
 void StartPageDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -40,10 +43,15 @@ void StartPageDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     paintGround(*painter, option);
+    // From here on in pixels of a row that is not zoomed.
+    painter->translate(option.rect.topLeft());
+    painter->scale(m_zoom, m_zoom);
+    const QRect place(0, 0, static_cast<int>(option.rect.width() / m_zoom),
+                      static_cast<int>(std::lround(option.rect.height() / m_zoom)));
     if (m_model->isForgetRow(row)) {
-        paintForget(*painter, option.rect, lookOf(option, true));
+        paintForget(*painter, place, lookOf(option, true));
     } else if (m_model->lesson(row) != nullptr) {
-        paintLesson(*painter, option.rect, row, lookOf(option, m_model->isThere(row)));
+        paintLesson(*painter, place, row, lookOf(option, m_model->isThere(row)));
     }
     painter->restore();
 }
@@ -98,8 +106,36 @@ void StartPageDelegate::paintBar(QPainter& painter, const QRect& row, const Rece
 
 static void drawLine(QPainter& painter, const QRect& place, const QString& text, Qt::Alignment at)
 {
+    if (place.width() < kLeastText &&
+        place.width() < painter.fontMetrics().horizontalAdvance(text)) {
+        return; // an ellipsis alone tells nothing
+    }
     painter.drawText(place, static_cast<int>(at | Qt::AlignVCenter) | Qt::TextSingleLine,
                      painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+}
+
+static bool isNarrow(const QRect& row)
+{
+    return row.width() < kNarrow;
+}
+
+static int textsLeft(const QRect& row)
+{
+    return isNarrow(row) ? kTileLeft : kTextsLeft;
+}
+
+/// Title above folder; at the right the place, in a narrow row beside the folder alone.
+StartPageDelegate::Places StartPageDelegate::placesIn(const QRect& row, int placeWidth)
+{
+    const bool narrow = isNarrow(row);
+    const int whole = row.width() - textsLeft(row) - kRightEdge;
+    const int taken = std::min(placeWidth, narrow ? whole : row.width() / 2);
+    const int left = whole - taken - kTextGap;
+    const QRect title(textsLeft(row), row.top() + 4, narrow ? whole : left, 18);
+    const QRect below = title.translated(0, 17);
+    const QRect folder(below.topLeft(), QSize(std::max(left, 0), below.height()));
+    const int y = narrow ? below.top() : title.top();
+    return {title, folder, QRect(row.right() - kRightEdge - taken + 1, y, taken, 18)};
 }
 
 void StartPageDelegate::paintLesson(QPainter& painter, const QRect& row, int number,
@@ -107,23 +143,23 @@ void StartPageDelegate::paintLesson(QPainter& painter, const QRect& row, int num
 {
     const RecentLesson& lesson = *m_model->lesson(number);
     const QString place = m_model->placeAt(number);
-    paintSign(painter, row, look);
     const QFont small = skin::interfaceFont(11);
-    const int placeWidth = std::min(
-        std::max(QFontMetrics(small).horizontalAdvance(place) + 1, kBarWidth), row.width() / 2);
-    const QRect texts = row.adjusted(kTextsLeft, 0, -kRightEdge - placeWidth - kTextGap, 0);
-    const QRect upper(texts.left(), row.top() + 4, texts.width(), 18);
-    const QRect right(row.right() - kRightEdge - placeWidth + 1, upper.top(), placeWidth, 18);
+    const int wanted = QFontMetrics(small).horizontalAdvance(place) + 1;
+    const bool narrow = isNarrow(row);
+    const Places places = placesIn(row, narrow ? wanted : std::max(wanted, kBarWidth));
 
     painter.setFont(skin::interfaceFont(13));
     painter.setPen(look.title);
-    drawLine(painter, upper, lesson.title, Qt::AlignLeft);
+    drawLine(painter, places.title, lesson.title, Qt::AlignLeft);
     painter.setFont(small);
     painter.setPen(look.isThere ? look.second : look.warning);
-    drawLine(painter, upper.translated(0, 17), m_model->folderAt(number), Qt::AlignLeft);
+    drawLine(painter, places.folder, m_model->folderAt(number), Qt::AlignLeft);
     painter.setPen(look.second);
-    drawLine(painter, right, place, Qt::AlignRight);
-    if (look.isThere) {
+    drawLine(painter, places.place, place, Qt::AlignRight);
+    if (!narrow) {
+        paintSign(painter, row, look);
+    }
+    if (!narrow && look.isThere) {
         paintBar(painter, row, lesson, look.current);
     }
 }
@@ -132,7 +168,7 @@ void StartPageDelegate::paintForget(QPainter& painter, const QRect& row, const L
 {
     painter.setFont(skin::interfaceFont(11));
     painter.setPen(look.second);
-    drawLine(painter, row.adjusted(kTextsLeft, 0, -kRightEdge, 0), m_model->text(u"forget"),
+    drawLine(painter, row.adjusted(textsLeft(row), 0, -kRightEdge, 0), m_model->text(u"forget"),
              Qt::AlignLeft);
 }
 

@@ -79,6 +79,10 @@ public:
     /// logged and changes nothing.
     virtual void addSubtitleFile(const QString& path, const QString& language) = 0;
 
+    /// Subtitles at the lower edge stand above this part of the picture source's height, 0 to 1; 0
+    /// as usual. Such as say their own place stay there. Kept from clip to clip.
+    virtual void raiseSubtitles(double part) = 0;
+
     /// Begins to read the picture that a clip of sound carries, its cover, unless one goes before
     /// that: coverRead follows. False when the clip that is open carries none.
     virtual bool readCover() = 0;

@@ -126,7 +126,9 @@ void MpvPlayer::serveAnswer(const mpv_event& event)
 {
     const quint64 serial = event.reply_userdata >> kRequestBits;
     const auto request = static_cast<Request>(event.reply_userdata & kRequestMask);
-    if (request == PauseLook) {
+    if (request == SubtitlesMoved) {
+        m_picture.drawAgain();
+    } else if (request == PauseLook) {
         takeLook(valueOf(propertyOf(event), MPV_FORMAT_FLAG, 0) != 0, serial);
     } else if (serial == m_load) {
         serveFact(request, event);

@@ -82,9 +82,16 @@ void MpvPictureSource::setTargetSize(QSize pixels)
     const std::lock_guard lock(m_mutex);
     if (pixels != m_targetSize) {
         m_targetSize = pixels;
-        m_sizeChanged = !pixels.isEmpty();
+        m_drawAgain = !pixels.isEmpty();
         m_work.notify_one();
     }
+}
+
+void MpvPictureSource::drawAgain()
+{
+    const std::lock_guard lock(m_mutex);
+    m_drawAgain = !m_targetSize.isEmpty();
+    m_work.notify_one();
 }
 
 QImage MpvPictureSource::frame() const
@@ -126,7 +133,7 @@ void MpvPictureSource::renderFrames()
 bool MpvPictureSource::waitForWork()
 {
     std::unique_lock lock(m_mutex);
-    m_work.wait(lock, [this] { return m_frameWaiting || m_sizeChanged || m_closing; });
+    m_work.wait(lock, [this] { return m_frameWaiting || m_drawAgain || m_closing; });
     return !m_closing;
 }
 
@@ -137,7 +144,7 @@ void MpvPictureSource::renderFrame()
     {
         const std::lock_guard lock(m_mutex);
         m_frameWaiting = false;
-        redraw = std::exchange(m_sizeChanged, false);
+        redraw = std::exchange(m_drawAgain, false);
         size = m_targetSize;
     }
     const bool newFrame =

@@ -27,6 +27,8 @@ public:
     ~MpvPictureSource() override;
 
     void setTargetSize(QSize pixels) override;
+    /// The frame that is shown, with its subtitles as they are now.
+    void drawAgain();
     [[nodiscard]] QImage frame() const override;
     [[nodiscard]] bool hasPicture() const override { return m_hasPicture; }
 
@@ -55,7 +57,7 @@ private:
     QSize m_targetSize;
     QImage m_front;
     bool m_frameWaiting = false;
-    bool m_sizeChanged = false;
+    bool m_drawAgain = false;
     bool m_closing = false;
     bool m_announced = false;
 

@@ -48,6 +48,7 @@ public:
     void chooseSound(int id) override;
     void chooseSubtitles(int id) override;
     void addSubtitleFile(const QString& path, const QString& language) override;
+    void raiseSubtitles(double part) override;
     bool readCover() override;
     void refreshPosition() override;
     [[nodiscard]] bool isReady() const override { return m_phase == Ready; }
@@ -72,6 +73,7 @@ private:
         PauseLook,
         AddSubtitles,
         NewTracks,
+        SubtitlesMoved,
         // Facts about a file, asked in this order when it can play.
         FileFormat,
         Length,
@@ -152,6 +154,7 @@ private:
     double m_speed = 1;
     bool m_mirrored = false;
     bool m_even = false;
+    int m_raised = 0; // percent of the height that are free below the subtitles
 
     quint64 m_load = 0;         // serial of the newest load
     qint64 m_entry = -1;        // the library's number of that load; -1: not told yet

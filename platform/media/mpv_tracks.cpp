@@ -8,6 +8,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace orvanta {
@@ -130,6 +131,19 @@ void MpvPlayer::subtitlesAdded(int error)
     }
     m_mpv->ask("track-list", MPV_FORMAT_NODE, idOf(NewTracks, m_load));
     showAtRest();
+}
+
+/// The library counts whole percents from the top, and leaves its usual margin above what is free.
+void MpvPlayer::raiseSubtitles(double part)
+{
+    const int raised = static_cast<int>(std::ceil(std::clamp(part, 0.0, 1.0) * 100));
+    if (m_raised != raised) {
+        m_raised = raised;
+        m_mpv->set("sub-pos", QByteArray::number(100 - raised));
+        // Of a clip that is paused in this moment the library may draw nothing more by itself. The
+        // answer comes when the place has changed.
+        m_mpv->ask("sub-pos", MPV_FORMAT_INT64, idOf(SubtitlesMoved, m_load));
+    }
 }
 
 bool MpvPlayer::readCover()

@@ -256,6 +256,15 @@ TEST(RecentLesson, CountsTheLinesOfAllPacketsWithoutEndMarks)
     EXPECT_EQ(lesson.lines, 5);
 }
 
+TEST(RecentLesson, TheEndMarkIsTheLastBrakeWhoseTimeCanBeRead)
+{
+    PlaylistEntry packet = brakesOf({u"a"_s, u"b"_s, u"End"_s, u"dropped.avi"_s});
+    packet.Clips.back().Time = QString();
+    const RecentLesson lesson = recentLesson(playlistOf({packet}), {1, 2, 0});
+    EXPECT_EQ(lesson.line, 2);
+    EXPECT_EQ(lesson.lines, 2);
+}
+
 TEST(RecentLesson, ALineIsFoundByItsTextNearestToItsPlace)
 {
     const PlaylistState before =

@@ -39,6 +39,23 @@ TEST(CurrentLine, IsNoneBeforeTheFirstBrakeAndBeyondTheLists)
     EXPECT_EQ(currentLine(playlist), LessonLine());
 }
 
+TEST(CurrentLine, OfBrakesTheEndMarkIsNone)
+{
+    PlaylistState playlist = lesson();
+    PlaylistEntry& packet = playlist.Playlist[0];
+    packet.HasBrakes = true;
+    packet.Clips[0].Time = u"1.5"_s;
+    packet.Clips[1].Time = u"4"_s;
+    packet.Clips.push_back({.Time = u"9"_s, .Text = u"End"_s, .Path = {}});
+    packet.Clips.push_back({.Time = u"spoilt"_s, .Text = u"Four"_s, .Path = {}});
+    packet.ClipCount = 4;
+    playlist.CurrentPacket = 1;
+    playlist.CurrentClip = 2;
+    EXPECT_EQ(currentLine(playlist), (LessonLine{.text = u"Two"_s, .number = 2, .count = 2}));
+    playlist.CurrentClip = 3;
+    EXPECT_EQ(currentLine(playlist), (LessonLine{.text = u"End"_s, .number = 0, .count = 2}));
+}
+
 TEST(CurrentMarks, AreTheBrakesWhoseTimesCanBeReadAndTheLastIsTheEnd)
 {
     PlaylistState playlist = lesson();

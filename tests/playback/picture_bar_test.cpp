@@ -50,6 +50,29 @@ protected:
 
 } // namespace
 
+TEST_F(PictureBarTest, SubtitlesStandAboveTheBarAndTheText)
+{
+    const auto below = [this](const QWidget& part) { return 1 - double(part.y()) / form.height(); };
+    EXPECT_EQ(control.subtitlesRaised, 0);
+    form.setLine({.text = u"Two beats"_s, .number = 1, .count = 2});
+    EXPECT_EQ(control.subtitlesRaised, 0);
+    form.nextTextLevel();
+    const double withText = control.subtitlesRaised;
+    EXPECT_DOUBLE_EQ(withText, below(*form.LessonText));
+    EXPECT_GT(withText, 0);
+    showBar();
+    EXPECT_DOUBLE_EQ(control.subtitlesRaised, below(*form.LessonText));
+    EXPECT_GT(control.subtitlesRaised, below(*form.Bar));
+    form.setLine({.text = {}, .number = 2, .count = 2}); // a line without a text
+    EXPECT_DOUBLE_EQ(control.subtitlesRaised, below(*form.Bar));
+    form.setLine({.text = u"Two beats"_s, .number = 1, .count = 2});
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !form.Bar->isVisible(); }, 20000));
+    EXPECT_DOUBLE_EQ(control.subtitlesRaised, withText);
+    form.nextTextLevel();
+    form.nextTextLevel();
+    EXPECT_EQ(control.subtitlesRaised, 0);
+}
+
 TEST_F(PictureBarTest, ShowsWhenTheMouseMovesAndGoesByItself)
 {
     EXPECT_FALSE(form.Bar->isVisible());

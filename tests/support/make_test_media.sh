@@ -116,6 +116,28 @@ for file in texts.mkv texts.mp4; do
 done
 ff -i bursts.wav -i lines.srt -map 0 -map 1 -c:a flac -c:s ass texts_ass.mkv
 ff -i texts.mkv -c copy -output_ts_offset 10 texts_offset.mkv
+# Subtitles that are pictures, a white bar at the lower edge of a black picture. Made of the
+# segments of a stream of them: what is on the screen, its window, its two colours, its lines of
+# 160 pixels, the end; and later an empty screen.
+bytes() { for byte in $1; do printf "\\$(printf %o "0x$byte")"; done; }
+segment() { # time in 1/90000 s, kind, size, content; all hexadecimal
+    bytes "50 47 $1 00 00 00 00 $2 $3 $4"
+}
+lines=$(for _ in 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19 20; do
+    echo "00 C0 A0 01 00 00"
+done)
+from="00 00 00 00" to="00 02 BF 20"
+{
+    segment "$from" 16 "00 13" "01 40 00 F0 10 00 00 80 00 00 01 00 00 00 00 00 50 00 C8"
+    segment "$from" 17 "00 0A" "01 00 00 50 00 C8 00 A0 00 14"
+    segment "$from" 14 "00 07" "00 00 01 EB 80 80 FF"
+    segment "$from" 15 "00 83" "00 00 00 C0 00 00 7C 00 A0 00 14 $lines"
+    segment "$from" 80 "00 00" ""
+    segment "$to" 16 "00 0B" "01 40 00 F0 10 00 01 00 00 00 00"
+    segment "$to" 80 "00 00" ""
+} >white.sup
+ff -f lavfi -i "color=black:size=320x240:rate=25" -i white.sup -t 3 -map 0 -map 1 \
+    -pix_fmt yuv420p -c:v libx264 -c:s dvdsub pictures.mkv
 
 # Sound with a cover, and one of more than 64 megapixels.
 ff -f lavfi -i "color=red:size=300x200" -frames:v 1 cover.png

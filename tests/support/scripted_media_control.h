@@ -26,6 +26,8 @@ public:
 
     std::vector<MediaTrack> clipTracks; // of each clip, as it opens
 
+    double subtitlesRaised = 0; // as asked for last, a part of the height
+
     bool hasCover = false; // a clip carries one; completeCover() is when it is read
 
     void completeCover(const QImage& cover) { Q_EMIT coverRead(cover); }
@@ -57,6 +59,7 @@ public:
     void chooseSound(int id) override;
     void chooseSubtitles(int id) override;
     void addSubtitleFile(const QString& path, const QString& language) override;
+    void raiseSubtitles(double part) override { subtitlesRaised = part; }
     bool readCover() override { return hasCover; }
     void refreshPosition() override { ++positionsAsked; }
     [[nodiscard]] bool isReady() const override { return m_ready; }

@@ -65,6 +65,29 @@ protected:
         return comesTrue([&] { return brightestBelow(player.control.picture()->frame()) < 60; });
     }
 
+    /// Chosen while the clip runs, and shown when it is paused.
+    [[nodiscard]] bool showsSubtitles(int id)
+    {
+        player.control.chooseSubtitles(id);
+        player.control.Run();
+        const bool shown = comesTrue([&] { return !ink().isEmpty(); });
+        player.control.Pause();
+        return shown;
+    }
+
+    /// Where the frame of a black clip is bright.
+    [[nodiscard]] QRect ink() const
+    {
+        const QImage frame = player.control.picture()->frame();
+        QRect bright;
+        for (int y = 0; y < frame.height(); ++y) {
+            for (int x = 0; x < frame.width(); ++x) {
+                bright |= qGray(frame.pixel(x, y)) > 150 ? QRect(x, y, 1, 1) : QRect();
+            }
+        }
+        return bright;
+    }
+
     QString write(const QString& name, const QByteArray& bytes)
     {
         QFile file(folder.filePath(name));
@@ -165,6 +188,59 @@ TEST_F(Tracks, EachClipOpensAsItSays)
     EXPECT_TRUE(player.control.tracks().front().chosen);
     EXPECT_FALSE(subtitles().front().chosen);
     EXPECT_TRUE(showsNoText());
+}
+
+TEST_F(Tracks, TextsStandAboveWhatIsKeptFreeForOthers)
+{
+    openLanguages();
+    ASSERT_TRUE(showsSubtitles(1));
+    const QRect usual = ink();
+    EXPECT_GT(usual.bottom(), 200);
+    player.control.raiseSubtitles(0.4);
+    EXPECT_TRUE(comesTrue([&] { return !ink().isEmpty() && ink().bottom() < 144; }));
+    EXPECT_EQ(ink().width(), usual.width());
+    EXPECT_GT(ink().bottom(), 120); // and not farther away than it must
+    player.control.raiseSubtitles(0);
+    EXPECT_TRUE(comesTrue([&] { return ink() == usual; }));
+}
+
+TEST_F(Tracks, TextsStandAboveItInAWindowOfAnotherShapeToo)
+{
+    openLanguages();
+    player.control.picture()->setTargetSize({320, 480});
+    ASSERT_TRUE(showsSubtitles(1));
+    player.control.raiseSubtitles(0.4);
+    EXPECT_TRUE(comesTrue([&] {
+        return player.control.picture()->frame().height() == 480 && !ink().isEmpty() &&
+               ink().bottom() < 288;
+    }));
+}
+
+TEST_F(Tracks, SubtitlesThatArePicturesStandAboveItToo)
+{
+    openLanguages();
+    player.control.raiseSubtitles(0.4);
+    ASSERT_TRUE(player.open(u"pictures.mkv"_s));
+    ASSERT_EQ(subtitles().size(), 1U);
+    ASSERT_TRUE(showsSubtitles(1));
+    EXPECT_LT(ink().bottom(), 144);
+    player.control.raiseSubtitles(0);
+    EXPECT_TRUE(comesTrue([&] { return ink().bottom() > 210; }));
+    EXPECT_NEAR(ink().width(), 160, 4);
+}
+
+TEST_F(Tracks, WhatSaysItsOwnPlaceStaysThere)
+{
+    openLanguages();
+    const QByteArray placed = "Dialogue: 0,0:00:00.00,0:00:05.00,Default,{\\pos(160,60)}MMMMMMMM\n";
+    ASSERT_TRUE(isAdded(write(u"clip.ass"_s, ass() + placed)));
+    ASSERT_TRUE(showsSubtitles(2));
+    const QRect usual = ink();
+    EXPECT_LT(usual.top(), 60);
+    EXPECT_GT(usual.bottom(), 200);
+    player.control.raiseSubtitles(0.4);
+    EXPECT_TRUE(comesTrue([&] { return ink().bottom() < 144; }));
+    EXPECT_EQ(ink().top(), usual.top());
 }
 
 TEST_F(Tracks, WhatIsNotThereIsNotChosen)
