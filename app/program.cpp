@@ -8,6 +8,7 @@
 #include "platform/screen/idle_inhibition.h"
 #include "playback/form13_video_window.h"
 #include "playback/form4_bookmark_sign.h"
+#include "playback/lesson_controls.h"
 #include "playback/lesson_keeper.h"
 #include "playback/playback_engine.h"
 #include "playback/practice_controls.h"
@@ -65,7 +66,7 @@ void Program::openVideoWindow()
         .bar = {.previousLine = [this] { m_engine->lineStep(-1); },
                 .nextLine = [this] { m_engine->lineStep(1); },
                 .lineAgain = [this] { m_engine->lineAgain(); },
-                .marks = [this] { return currentMarks(m_surroundings.module.playlist); },
+                .marks = [this] { return m_engine->lesson().marks(); },
                 .toggleRepeat = [this] { m_engine->practice().toggleRepeat(); },
                 .isRepeating = [this] { return m_engine->practice().values().isEndless(); },
                 .repeatText = [this] { return m_engine->practice().roundText(); },
@@ -76,7 +77,7 @@ void Program::openVideoWindow()
     m_engine = std::make_unique<PlaybackEngine>(m_surroundings.module, *m_control, *m_videoWindow);
     m_keeper = std::make_unique<LessonKeeper>(m_surroundings.module, *m_engine, *m_control);
     connect(m_engine.get(), &PlaybackEngine::cursorChanged, m_videoWindow.get(),
-            [this] { m_videoWindow->setLine(currentLine(m_surroundings.module.playlist)); });
+            [this] { m_videoWindow->setLine(m_engine->lesson().line()); });
     connect(m_engine.get(), &PlaybackEngine::volumeChanged, m_videoWindow.get(),
             &Form13::showVolume);
     connect(&m_engine->practice(), &PracticeControls::said, m_videoWindow.get(),

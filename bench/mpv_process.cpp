@@ -17,11 +17,12 @@ MpvProcess::MpvProcess(const e2e::Desktop& desktop)
     m_process.setProcessEnvironment(desktop.environment());
 }
 
-void MpvProcess::start()
+void MpvProcess::start(const QStringList& more)
 {
-    m_process.start(u"mpv"_s,
-                    {u"--no-config"_s, u"--no-terminal"_s, u"--idle"_s, u"--force-window"_s,
-                     u"--pause"_s, u"--input-ipc-server="_s + m_socketPath});
+    m_process.start(u"mpv"_s, QStringList{u"--no-config"_s, u"--no-terminal"_s, u"--idle"_s,
+                                          u"--force-window"_s, u"--pause"_s,
+                                          u"--input-ipc-server="_s + m_socketPath} +
+                                  more);
 }
 
 bool MpvProcess::connectToIt()
@@ -48,7 +49,16 @@ void MpvProcess::loadList(const QString& file)
 
 bool MpvProcess::waitForEntries(int count)
 {
-    const QByteArray wanted = "\"data\":" + QByteArray::number(count);
+    return hears("\"data\":" + QByteArray::number(count));
+}
+
+bool MpvProcess::waitForEvent(const QByteArray& event)
+{
+    return hears("\"event\":\"" + event + '"');
+}
+
+bool MpvProcess::hears(const QByteArray& wanted)
+{
     QByteArray heard;
     while (!heard.contains(wanted)) {
         if (!m_socket.waitForReadyRead(e2e::kPatienceMs)) {

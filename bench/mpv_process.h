@@ -17,15 +17,21 @@ class MpvProcess
 public:
     explicit MpvProcess(const e2e::Desktop& desktop);
 
-    void start();
+    /// more: further options, and files.
+    void start(const QStringList& more = {});
     [[nodiscard]] qint64 pid() const { return m_process.processId(); }
     [[nodiscard]] bool connectToIt();
     void loadList(const QString& file);
     /// Until its playlist has so many entries.
     [[nodiscard]] bool waitForEntries(int count);
 
-private:
+    /// A command in the words of its socket: "seek", 30, "absolute".
     void send(const QByteArray& command);
+    /// Until it reports this event, by its name.
+    [[nodiscard]] bool waitForEvent(const QByteArray& event);
+
+private:
+    [[nodiscard]] bool hears(const QByteArray& wanted);
 
     QString m_socketPath;
     e2e::OwnedProcess m_process;

@@ -1,6 +1,7 @@
 // How soon the program obeys, and what a large picture costs, beside an ordinary player on the same
 // display in the same run. Everything is seen from outside: real keys in, points of the screen out.
 
+#include "bench/bench_clips.h"
 #include "bench/screen_eye.h"
 #include "tests/e2e/support/application.h"
 #include "tests/e2e/support/home.h"
@@ -33,12 +34,6 @@ constexpr int kBitWidth = 64; // pixels of the counted clip, 1920 wide
 const QString kMainWindow = u"!Orvanta!"_s;
 const QString kYardstick = u"yardstick"_s;
 
-static double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.empty() ? -1 : values[values.size() / 2];
-}
-
 /// Milliseconds until the condition holds; the machine is left some time to make it hold.
 static double millisecondsUntil(const std::function<bool()>& condition)
 {
@@ -54,29 +49,6 @@ static double millisecondsUntil(const std::function<bool()>& condition)
 }
 
 // ---- clips ---------------------------------------------------------------------------------
-
-static QString makeClip(const QString& name, const QString& source, const QString& length)
-{
-    const QString path = QStringLiteral(ORVANTA_BUILD_DIR "/") + name;
-    if (!QFileInfo::exists(path)) {
-        QProcess::execute(u"ffmpeg"_s,
-                          {u"-nostdin"_s, u"-v"_s, u"error"_s, u"-f"_s, u"lavfi"_s, u"-i"_s, source,
-                           u"-t"_s, length, u"-c:v"_s, u"libx264"_s, u"-preset"_s, u"ultrafast"_s,
-                           u"-pix_fmt"_s, u"yuv420p"_s, path});
-    }
-    return path;
-}
-
-/// 200 s of 720p25. A box at the right is white in every other minute; the right edge is white.
-static QString minutesClip()
-{
-    return makeClip(
-        u"bench-minutes.mp4"_s,
-        u"testsrc2=size=1280x720:rate=25,drawbox=x=1000:y=300:w=200:h=200:color=black:t=fill,"
-        "drawbox=x=1000:y=300:w=200:h=200:color=white:t=fill:enable='gte(mod(t,120),60)',"
-        "drawbox=x=1240:y=0:w=40:h=720:color=white:t=fill"_s,
-        u"200"_s);
-}
 
 /// 10 s of 1080p25. Boxes along the top edge are the number of the picture, white for 1.
 static QString countedClip()

@@ -27,9 +27,20 @@ Cursor EngineContext::cursor() const
 
 void EngineContext::setCursor(Cursor cursor)
 {
+    moveCursor(cursor, false);
+}
+
+void EngineContext::setCursorAhead(Cursor cursor)
+{
+    moveCursor(cursor, cursor.packet >= 1 && !player().isEmpty());
+}
+
+/// Who hears of the move asks at once whether the place is the one that plays.
+void EngineContext::moveCursor(Cursor cursor, bool isAhead)
+{
     module.playlist.CurrentPacket = cursor.packet;
     module.playlist.CurrentClip = cursor.clip;
-    openedMeanwhile = false;
+    openedMeanwhile = isAhead;
     listOver = false;
     onCursorMoved();
 }

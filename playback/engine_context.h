@@ -65,6 +65,9 @@ struct EngineContext
 
     [[nodiscard]] Cursor cursor() const;
     void setCursor(Cursor cursor);
+    /// The same for a place that is still to come: what the player has, if anything, stays what is
+    /// on.
+    void setCursorAhead(Cursor cursor);
     /// Raises 9 when no packet is current.
     [[nodiscard]] const PlaylistEntry& currentPacket() const;
     [[nodiscard]] bool isCurrentPacketBraked() const;
@@ -79,6 +82,8 @@ struct EngineContext
     int moveListCursor(Cursor place);
 
 private:
+    void moveCursor(Cursor cursor, bool isAhead);
+
     quint64 m_generation = 0;
 };
 

@@ -79,7 +79,7 @@ void HandOverDrain::open(const QStringList& lines)
     clearPlaylist(playlist);
     m_loosePacket = 0;
     m_context.view->runBusy([&] { appendAll(lines, folderOfPath(first)); });
-    m_context.setCursor({1, 1});
+    m_context.setCursorAhead({1, 1});
 }
 
 /// Runs on another thread when the view says so: no signals, no windows.

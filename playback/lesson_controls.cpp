@@ -18,6 +18,17 @@ LessonControls::LessonControls(EngineContext& context, ClipStarter& starter,
     context.onContinueAsked = [this] { Q_EMIT continueAsked(); };
 }
 
+LessonLine LessonControls::line() const
+{
+    return m_context.openedMeanwhile ? LessonLine{} : currentLine(m_context.module.playlist);
+}
+
+std::vector<LessonMark> LessonControls::marks() const
+{
+    return m_context.openedMeanwhile ? std::vector<LessonMark>{}
+                                     : currentMarks(m_context.module.playlist);
+}
+
 std::optional<LessonPlace> LessonControls::place() const
 {
     const PlaylistState& playlist = m_context.module.playlist;
@@ -54,9 +65,7 @@ void LessonControls::edited(const EditStep& step)
 /// What still plays from before stays what plays.
 void LessonControls::rest(Cursor line)
 {
-    const bool openedMeanwhile = m_context.openedMeanwhile;
-    m_context.setCursor(line);
-    m_context.openedMeanwhile = openedMeanwhile;
+    m_context.setCursorAhead(line);
     m_context.moveListCursor(line);
 }
 

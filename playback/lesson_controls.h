@@ -3,12 +3,14 @@
 
 #include "model/recent_lessons.h"
 #include "playback/clip_starter.h"
+#include "playback/current_line.h"
 #include "playback/edit_follower.h"
 
 #include <QObject>
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace orvanta {
 
@@ -23,6 +25,11 @@ public:
                    std::function<void(const std::function<void()>&)> enter,
                    std::function<void()> takePlaylist);
 
+    /// The current line, for whoever shows it over the picture. None while something plays on that
+    /// was open before: the picture is not of it.
+    [[nodiscard]] LessonLine line() const;
+    /// The brakes of the clip that plays; none as above.
+    [[nodiscard]] std::vector<LessonMark> marks() const;
     /// The current line and the place in it. None before the first line, nor while something
     /// plays on that was open before.
     [[nodiscard]] std::optional<LessonPlace> place() const;

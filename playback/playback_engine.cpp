@@ -419,8 +419,7 @@ void PlaybackEngine::Private::takePlaylist()
     context.operations.look();
     const bool hasEntries = context.module.playlist.entryCount() > 0;
     context.module.playlist.OpenedFromExplorer = false;
-    context.setCursor(hasEntries ? Cursor{1, 1} : Cursor{0, 0});
-    context.openedMeanwhile = hasEntries && !context.player().isEmpty();
+    context.setCursorAhead(hasEntries ? Cursor{1, 1} : Cursor{0, 0});
     context.view->RebuildTree();
     logLoaded(context.module.playlist);
 }

@@ -129,7 +129,7 @@ bool isUnseekable(const QByteArray& fileFormat)
 
 double seekHeadStart(const QByteArray& fileFormat)
 {
-    return fileFormat == "mpegts" ? 10.0 : 0.0;
+    return fileFormat == "mpegts" || fileFormat == "mpeg" ? 10.0 : 0.0;
 }
 
 } // namespace orvanta

@@ -22,7 +22,8 @@ bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra = {});
 /// Whether a container name means a bare stream in which no seek gets anywhere.
 [[nodiscard]] bool isUnseekable(const QByteArray& fileFormat);
 
-/// Seconds by which an exact seek starts earlier than its target, so that it does not miss it.
+/// Seconds by which an exact seek starts earlier than its target, so that it does not miss it: in
+/// streams without an index the library lands behind it.
 [[nodiscard]] double seekHeadStart(const QByteArray& fileFormat);
 
 } // namespace orvanta

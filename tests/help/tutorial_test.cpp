@@ -1,6 +1,7 @@
 // The tutorial's lessons as files, and the program that hands them over.
 
 #include "core/ini.h"
+#include "playback/commands.h"
 #include "tests/support/probe.h"
 #include "tests/support/settings_folder.h"
 
@@ -101,8 +102,9 @@ TEST(TutorialFiles, BothLanguagesHaveTheSameLessons)
 {
     const QStringList english = shapeOf(lessonsFolder() + u"tutorial_eng.vxg"_s);
     EXPECT_EQ(english, shapeOf(lessonsFolder() + u"tutorial_rus.vxg"_s));
-    EXPECT_EQ(english.size(), 3);
+    EXPECT_EQ(english.size(), 4);
     EXPECT_TRUE(english.contains(u"1 clips, 4 brakes"));
+    EXPECT_TRUE(english.contains(u"1 clips, 5 brakes"));
 }
 
 TEST(TutorialFiles, EveryFileThatTheyNameIsThereAndNoOther)
@@ -110,7 +112,7 @@ TEST(TutorialFiles, EveryFileThatTheyNameIsThereAndNoOther)
     QSet<QString> named;
     for (const QString& group : {u"tutorial_eng.vxg"_s, u"tutorial_rus.vxg"_s}) {
         const QStringList members = filesOf(lessonsFolder() + group);
-        EXPECT_EQ(members.size(), 6); // a packet and a picture each
+        EXPECT_EQ(members.size(), 8); // a packet and a picture each
         named += QSet<QString>(members.begin(), members.end());
         for (const QString& packet : packetsOf(lessonsFolder() + group)) {
             const QStringList clips = filesOf(packet);
@@ -124,7 +126,7 @@ TEST(TutorialFiles, EveryFileThatTheyNameIsThereAndNoOther)
         there.insert(QFileInfo(files.next()).absoluteFilePath());
     }
     EXPECT_EQ(named, there);
-    EXPECT_EQ(there.size(), 26);
+    EXPECT_EQ(there.size(), 32);
 }
 
 TEST(TutorialFiles, EveryTextIsInTheLanguageOfItsGroup)
@@ -141,6 +143,23 @@ TEST(TutorialFiles, EveryTextIsInTheLanguageOfItsGroup)
                 EXPECT_FALSE(text.isEmpty());
                 EXPECT_EQ(text.contains(russian), language == u"rus") << qPrintable(text);
             }
+        }
+    }
+}
+
+TEST(TutorialFiles, TheLessonOnPracticeNamesTheKeysThatTheProgramHas)
+{
+    for (const QString& language : {u"eng"_s, u"rus"_s}) {
+        const QString packet = lessonsFolder() + language + u"/practice.vxl"_s;
+        QString texts;
+        for (int i = 1; i <= number(u"brakes"_s, packet); ++i) {
+            texts += ReadIni(u"brake"_s + QString::number(i), u"text"_s, packet) + u'\n';
+        }
+        for (const Command command :
+             {Command::NextLine, Command::PreviousLine, Command::LineAgain, Command::RepeatLine,
+              Command::Slower, Command::Faster, Command::NextWait, Command::NextTextLevel}) {
+            const QString key = shownKey(rowOf(command)).replace(u"Pg"_s, u"Page "_s);
+            EXPECT_TRUE(texts.contains(key)) << qPrintable(key) << qPrintable(texts);
         }
     }
 }

@@ -173,6 +173,7 @@ ff -f lavfi -i "$sound" -t 0.6 -write_xing 0 -id3v2_version 0 raw.mp3
 shades="color=black:size=64x64:rate=25,format=gray,geq=lum='20+3*N',format=yuv420p"
 ff -f lavfi -i "$shades" -t 3 -c:v libx264 -qp 4 -g 250 -bf 2 shades.mp4
 ff -f lavfi -i "$shades" -t 3 -c:v libx264 -qp 4 -g 50 -muxdelay 0 shades.ts
+ff -f lavfi -i "$shades" -t 3 -c:v mpeg2video -q:v 1 -g 50 -f mpeg shades.mpg
 
 # White on its left half, black on its right one.
 ff -f lavfi -i "color=black:size=64x64:rate=25,drawbox=w=32:h=64:color=white:t=fill" -t 1 \

@@ -201,6 +201,26 @@ void keys(Stage& s)
     s.part(u"bookmark"_s, {328, 182, 246, 92});
 }
 
+/// The keys that go from line to line.
+void steps(Stage& s)
+{
+    key(s, u"page_up"_s, {78, 100, 136, 54}, u"Page Up"_s, s.word(u"back"_s));
+    key(s, u"page_down"_s, {252, 100, 136, 54}, u"Page Down"_s, s.word(u"next"_s));
+    key(s, u"again"_s, {426, 100, 136, 54}, u"Backspace"_s, s.word(u"again"_s));
+    s.part(u"pages"_s, {66, 90, 334, 100});
+}
+
+/// The keys that change how the lines are played.
+void functions(Stage& s)
+{
+    key(s, u"text"_s, {44, 100, 80, 54}, u"F5"_s, s.word(u"picture"_s));
+    key(s, u"repeat"_s, {162, 100, 80, 54}, u"F6"_s, s.word(u"repeat"_s));
+    key(s, u"slower"_s, {280, 100, 80, 54}, u"F7"_s, s.word(u"slower"_s));
+    key(s, u"faster"_s, {398, 100, 80, 54}, u"F8"_s, s.word(u"faster"_s));
+    key(s, u"wait"_s, {516, 100, 80, 54}, u"F9"_s, s.word(u"wait"_s));
+    s.part(u"speed"_s, {268, 90, 222, 100});
+}
+
 constexpr double kMarks[] = {60, 230, 400, 560};
 
 void markLines(Stage& s, int marks)
@@ -214,6 +234,26 @@ void markLines(Stage& s, int marks)
         s.part(u"mark%1"_s.arg(i + 1), {x - 16, 104, 96, 120});
     }
     s.part(u"mark4"_s, {526, 104, 70, 120});
+}
+
+/// The main window with what is practised beside the text, and the button for the rest.
+void practice(Stage& s, const Moment& moment)
+{
+    window(s, moment);
+    double x = 344;
+    for (const QString& chip : {u"0.8 ×"_s, s.word(u"three_times"_s)}) {
+        const double width = chip.size() < 7 ? 60 : 88;
+        s.box({x, 86, width, 22}, kSurface, 11, kAccent);
+        s.centred({x, 86, width, 22}, chip, kText, 11);
+        x += width + 8;
+    }
+    s.part(u"chips"_s, {338, 82, 168, 30});
+    s.box({250, 268, 32, 30}, kRaised);
+    s.box({260, 278, 12, 12}, Qt::transparent, 6, kText); // a stop-watch
+    s.line(263, 275, 269, 275, kText);
+    s.line(266, 281, 266, 284, kText);
+    s.line(266, 284, 268, 285.5, kText);
+    s.part(u"button"_s, {250, 268, 32, 30});
 }
 
 /// One clip with its brakes; the position runs through the focused one.
@@ -321,6 +361,12 @@ QRectF paintStage(QPainter& painter, const Moment& moment, const Words& words)
         window(s, moment);
     } else if (moment.stage == u"keys"_s) {
         keys(s);
+    } else if (moment.stage == u"steps"_s) {
+        steps(s);
+    } else if (moment.stage == u"functions"_s) {
+        functions(s);
+    } else if (moment.stage == u"practice"_s) {
+        practice(s, moment);
     } else if (moment.stage == u"brakes"_s) {
         brakes(s, moment);
     } else if (moment.stage == u"editor"_s) {

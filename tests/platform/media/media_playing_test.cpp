@@ -206,7 +206,7 @@ TEST(MediaPlaying, ASeekDuringOpeningIsMadeWhenTheFileIsOpen)
 
 TEST(MediaPlaying, AnExactSeekShowsExactlyThatPicture)
 {
-    for (const auto* name : {"shades.mp4", "shades.ts"}) {
+    for (const auto* name : {"shades.mp4", "shades.ts", "shades.mpg"}) {
         RecordedPlayer player;
         player.control.picture()->setTargetSize(QSize(64, 64));
         ASSERT_TRUE(player.open(QString::fromLatin1(name)));
