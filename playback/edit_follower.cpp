@@ -119,8 +119,11 @@ void EditFollower::follow(const EditStep& step)
         return m_context.setCursor(before);
     }
     const NewPlace place = placeFor(step, before);
-    m_context.setCursor(place.cursor);
-    m_context.openedMeanwhile = place.isToCome || wasToCome;
+    if (place.isToCome || wasToCome) {
+        m_context.setCursorAhead(place.cursor);
+    } else {
+        m_context.setCursor(place.cursor);
+    }
     m_context.listOver = wasOver;
     showText();
     if (wasWaiting) { // for the media of a start, which has just been superseded

@@ -22,7 +22,8 @@ EditingMode::EditingMode(EditingPorts ports, QObject* parent)
       m_editing(m_ports.module.playlist),
       m_saving(m_ports.module.playlist),
       m_drafts(m_ports.module.ApplicationFolder),
-      m_sound({m_ports.module.playlist, m_ports.engine, m_ports.strip, m_ports.silences}, nullptr),
+      m_sound(new EditingSound(
+          {m_ports.module.playlist, m_ports.engine, m_ports.strip, m_ports.silences}, this)),
       m_box(new LineEditor(&m_ports.list))
 {
     m_draftTimer.setSingleShot(true);
@@ -56,11 +57,11 @@ void EditingMode::connectList()
     });
     on(m_box, &LineEditor::otherFieldAsked,
        [this](int, LineEditor::Field field) { editField(m_typedLine, field); });
-    on(&m_sound, &EditingSound::brakeChosen,
+    on(m_sound, &EditingSound::brakeChosen,
        [this](EditPlace brake) { m_ports.list.setCursorLine(lineOf(brake)); });
-    on(&m_sound, &EditingSound::brakeMoved,
+    on(m_sound, &EditingSound::brakeMoved,
        [this](EditPlace brake, double seconds) { m_editing.setTime(brake, seconds); });
-    on(&m_sound, &EditingSound::marksFound,
+    on(m_sound, &EditingSound::marksFound,
        [this](const std::vector<SuggestedMark>& marks) { setMarks(marks); });
     on(m_box, &LineEditor::markAsked, [this] { carryOut(Command::Mark); });
 }
@@ -80,7 +81,7 @@ void EditingMode::setOn(bool on)
     m_on = on;
     m_ports.list.setEditing(on ? [this](int line) { return noteOf(line); } : LineNotes());
     m_ports.row.setVisible(on);
-    m_sound.setOn(on);
+    m_sound->setOn(on);
     if (!on && m_editing.isChanged()) {
         sayUnsaved();
     }
@@ -211,7 +212,7 @@ void EditingMode::refresh()
         state.redo = text(nameOfStep(m_editing.redoName()));
     }
     m_ports.row.setState(state);
-    m_sound.refresh(current());
+    m_sound->refresh(current());
 }
 
 } // namespace orvanta

@@ -137,7 +137,7 @@ private:
     LessonEditing m_editing;
     LessonSaving m_saving;
     Drafts m_drafts;
-    EditingSound m_sound;
+    EditingSound* m_sound; // the strip and what the clip suggests
     LineEditor* m_box; // edits a line in place
     int m_typedLine = -1; // where the line is whose field was typed last
     std::vector<QAction*> m_pictureEntries; // of the menu: a group's

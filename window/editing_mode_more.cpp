@@ -45,13 +45,13 @@ void EditingMode::fillSuggestions()
     QMenu& menu = *m_ports.row.More->addMenu(text(u"more.marks"));
     const auto add = [&](QStringView name, MarkSource source) {
         connect(menu.addAction(text(name)), &QAction::triggered, this,
-                m_ports.boundary([this, source](bool) { m_sound.suggestFrom(source); }));
+                m_ports.boundary([this, source](bool) { m_sound->suggestFrom(source); }));
     };
     add(u"more.chapters", MarkSource::Chapters);
     add(u"more.subtitles", MarkSource::Subtitles);
     add(u"more.sentences", MarkSource::Sentences);
     connect(menu.addAction(text(u"more.silences")), &QAction::triggered, this,
-            m_ports.boundary([this](bool) { m_sound.openSilences(); }));
+            m_ports.boundary([this](bool) { m_sound->openSilences(); }));
 }
 
 /// Those without a text are numbered.

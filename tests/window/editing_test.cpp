@@ -1,0 +1,579 @@
+// Editing what is open in the main window: keys, mouse, what is said about changes.
+#include "core/earlier_versions.h"
+#include "playback/command_menu.h"
+#include "playback/lesson_controls.h"
+#include "tests/window/window_fixture.h"
+#include "window/edit_notice.h"
+#include "window/editing_mode.h"
+#include "window/editing_row.h"
+#include "window/silence_row.h"
+#include "window/waveform_strip.h"
+
+#include <QMimeData>
+#include <QPushButton>
+
+namespace orvanta::test {
+
+class EditingInTheWindow : public Form2Test
+{
+protected:
+    ~EditingInTheWindow() override { setVersionsFolder({}); }
+
+    /// A packet file of brakes, open and playing from its first brake, in the mode.
+    void openBrakes(const QStringList& times, Int16 language = 1)
+    {
+        QString content = u"[main]\nfiles=1\nfile=%1\nbrakes=%2\n"_s
+                              .arg(home.write(u"film.avi"_s, "media"))
+                              .arg(times.size());
+        for (qsizetype i = 1; i <= times.size(); ++i) {
+            content += u"[brake%1]\ntime=%2\ntext=line %1\n"_s.arg(QString::number(i), times[i - 1]);
+        }
+        openPacket(home.write(u"lesson.vxl"_s, content.toUtf8()), language);
+    }
+    void openClips(const QStringList& texts, Int16 language = 1)
+    {
+        openPacket(writePacket(u"clips.vxl"_s, texts), language);
+    }
+    void openPacket(const QString& path, Int16 language)
+    {
+        control.duration = 60;
+        show(language);
+        pickers.answer = {path};
+        click(window->Image14);
+        ASSERT_TRUE(start(1, 1));
+        control.calls.clear();
+        press(Qt::Key_F4);
+        ASSERT_TRUE(mode().isOn());
+    }
+    EditingMode& mode() const { return *window->findChild<EditingMode*>(); }
+    LineEditor& box() const { return mode().box(); }
+
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::keyClick(window->List1, key, modifiers);
+    }
+    void type(const QString& text) const
+    {
+        ASSERT_TRUE(box().isOpen());
+        QTest::keyClicks(&box(), text);
+    }
+    void playTo(double seconds)
+    {
+        control.playTo(seconds);
+        engine->tick();
+    }
+    [[nodiscard]] QStringList texts(Int16 packet = 1) const
+    {
+        QStringList texts;
+        for (const ClipEntry& line : module.playlist.packet(packet).Clips) {
+            texts.append(line.Text);
+        }
+        return texts;
+    }
+    [[nodiscard]] QStringList times() const
+    {
+        QStringList times;
+        for (const ClipEntry& line : module.playlist.packet(1).Clips) {
+            times.append(line.Time);
+        }
+        return times;
+    }
+    [[nodiscard]] int line() const { return window->List1->cursorLine(); }
+    [[nodiscard]] QStringList answers() const
+    {
+        QStringList captions;
+        for (const QPushButton* button : window->Notice->buttons()) {
+            captions.append(button->text());
+        }
+        return captions;
+    }
+    void answer(int index) const
+    {
+        click(window->Notice->buttons()[static_cast<std::size_t>(index)]);
+    }
+    [[nodiscard]] QString kept(const char16_t* section, const char16_t* key,
+                               const QString& name = u"lesson.vxl"_s) const
+    {
+        return ReadIni(QString::fromUtf16(section), QString::fromUtf16(key), home.file(name));
+    }
+    [[nodiscard]] QStringList drafts() const
+    {
+        return QDir(home.file(u"drafts"_s)).entryList(QDir::Files);
+    }
+};
+
+TEST_F(EditingInTheWindow, ComesAndGoesByKeyAndButtonAndShowsItsControlsOnlyMeanwhile)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    const int usual = skin::kRowHeight;
+    EXPECT_TRUE(window->Editing->isVisible());
+    EXPECT_TRUE(window->Strip->isVisible());
+    EXPECT_TRUE(window->EditButton->isChecked());
+    EXPECT_GT(window->List1->rowHeight(), usual);
+    click(window->Editing->DoneButton);
+    EXPECT_FALSE(mode().isOn());
+    EXPECT_FALSE(window->Editing->isVisible());
+    EXPECT_FALSE(window->Strip->isVisible());
+    EXPECT_FALSE(window->EditButton->isChecked());
+    EXPECT_TRUE(window->Image8->isVisible());
+    EXPECT_EQ(window->List1->rowHeight(), usual);
+    EXPECT_EQ(window->Notice->text(), QString());
+    click(window->EditButton);
+    EXPECT_TRUE(mode().isOn());
+}
+
+TEST_F(EditingInTheWindow, HasNothingToEditWhileNothingIsOpen)
+{
+    show();
+    press(Qt::Key_F4);
+    EXPECT_FALSE(mode().isOn());
+    EXPECT_FALSE(window->Editing->isVisible());
+}
+
+TEST_F(EditingInTheWindow, LeavesTheKeysAloneOutsideTheMode)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_F4);
+    for (const Qt::Key key : {Qt::Key_Insert, Qt::Key_Delete, Qt::Key_F2}) {
+        press(key);
+    }
+    press(Qt::Key_S, Qt::ControlModifier);
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(times(), (QStringList{u"000000.00"_s, u"000020.00"_s}));
+    EXPECT_FALSE(box().isOpen());
+    EXPECT_TRUE(pickers.calls.filter(u"save"_s).isEmpty());
+}
+
+TEST_F(EditingInTheWindow, SetsMarksWithTextsWhileTheFilmRunsOn)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    playTo(4.25);
+    press(Qt::Key_Insert);
+    EXPECT_EQ(box().selectedText(), u"Mark 2");
+    type(u"four"_s);
+    playTo(9);
+    QTest::keyClick(&box(), Qt::Key_Insert);
+    EXPECT_EQ(texts(), (QStringList{u"line 1"_s, u"four"_s, u"Mark 3"_s, u"line 2"_s}));
+    type(u"nine"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    EXPECT_EQ(texts(), (QStringList{u"line 1"_s, u"four"_s, u"nine"_s, u"line 2"_s}));
+    EXPECT_EQ(times()[1], u"000004.25");
+    EXPECT_TRUE(window->List1->hasFocus());
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    EXPECT_TRUE(control.calls.filter(u"seek"_s).isEmpty());
+    EXPECT_TRUE(control.calls.filter(u"load"_s).isEmpty());
+}
+
+TEST_F(EditingInTheWindow, KeepsTheMarkWhoseTextIsGivenUp)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    playTo(4);
+    press(Qt::Key_M, Qt::ControlModifier);
+    type(u"never"_s);
+    QTest::keyClick(&box(), Qt::Key_Escape);
+    EXPECT_EQ(texts(), (QStringList{u"line 1"_s, u"Mark 2"_s, u"line 2"_s}));
+    EXPECT_EQ(line(), 3);
+}
+
+TEST_F(EditingInTheWindow, ShowsTheTextOfTheLineThatPlaysAsItIsEdited)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    playTo(4);
+    press(Qt::Key_Insert);
+    EXPECT_EQ(module.playlist.CurrentClip, 2);
+    EXPECT_EQ(window->Text2->text(), u"Mark 2");
+    type(u"four"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    EXPECT_EQ(window->Text2->text(), u"four");
+}
+
+TEST_F(EditingInTheWindow, EditsTextAndTimeInPlaceAndKeepsTheOrderOfTime)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s, u"000030.00"_s});
+    window->List1->setCursorLine(2);
+    press(Qt::Key_F2);
+    type(u"late"_s);
+    QTest::keyClick(&box(), Qt::Key_Tab);
+    EXPECT_EQ(box().text(), u"0:00.00");
+    type(u"25,5"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    EXPECT_EQ(texts(), (QStringList{u"line 2"_s, u"late"_s, u"line 3"_s}));
+    EXPECT_EQ(times(), (QStringList{u"000020.00"_s, u"000025.50"_s, u"000030.00"_s}));
+    press(Qt::Key_Return);
+    QTest::keyClick(&box(), Qt::Key_Tab);
+    type(u"soon"_s); // no time
+    QTest::keyClick(&box(), Qt::Key_Return);
+    EXPECT_EQ(times()[1], u"000025.50");
+    EXPECT_EQ(mode().editing().undoName(), EditName::Time);
+}
+
+TEST_F(EditingInTheWindow, MovesABrakeByKeysAndPlaysOnFromIt)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s, u"000030.00"_s});
+    window->List1->setCursorLine(3);
+    press(Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(times()[1], u"000020.10");
+    EXPECT_EQ(module.playlist.CurrentClip, 2);
+    EXPECT_EQ(control.CurrentPosition(), 20.1);
+    press(Qt::Key_Left, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_EQ(times()[1], u"000019.10");
+    EXPECT_EQ(control.CurrentPosition(), 19.1);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(EditingInTheWindow, IsHeardBeforeTheEndMarkThatMoves)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    window->List1->setCursorLine(3);
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(times()[1], u"000019.90");
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 18.9);
+    EXPECT_EQ(module.playlist.CurrentClip, 1);
+}
+
+TEST_F(EditingInTheWindow, RemovesAndMovesSeveralLinesAndUndoesEachInOneStep)
+{
+    openClips({u"one"_s, u"two"_s, u"three"_s, u"four"_s});
+    window->List1->setCursorLine(3);
+    QTest::keyClick(window->List1, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(window->List1->selectedLines(), (std::vector<int>{3, 4}));
+    press(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(texts(), (QStringList{u"two"_s, u"three"_s, u"one"_s, u"four"_s}));
+    EXPECT_EQ(window->List1->selectedLines(), (std::vector<int>{2, 3}));
+    press(Qt::Key_Delete);
+    EXPECT_EQ(texts(), (QStringList{u"one"_s, u"four"_s}));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(texts(), (QStringList{u"two"_s, u"three"_s, u"one"_s, u"four"_s}));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(texts(), (QStringList{u"one"_s, u"two"_s, u"three"_s, u"four"_s}));
+    EXPECT_FALSE(window->Editing->UndoButton->isEnabled());
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(texts(), (QStringList{u"one"_s, u"four"_s}));
+}
+
+TEST_F(EditingInTheWindow, SaysWhatUndoWouldTakeBack)
+{
+    openClips({u"one"_s, u"two"_s}, 2);
+    EXPECT_EQ(window->Editing->UndoButton->accessibleName(), u"Отменить");
+    press(Qt::Key_Delete);
+    EXPECT_EQ(window->Editing->UndoButton->accessibleName(), u"Отменить: удаление");
+    click(window->Editing->UndoButton);
+    EXPECT_EQ(window->Editing->RedoButton->accessibleName(), u"Вернуть: удаление");
+    EXPECT_EQ(texts().size(), 2);
+}
+
+TEST_F(EditingInTheWindow, LetsTheClipPlayOnWhoseLineMoves)
+{
+    openClips({u"one"_s, u"two"_s, u"three"_s});
+    window->List1->setCursorLine(2);
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(module.playlist.CurrentClip, 2);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    EXPECT_TRUE(control.calls.isEmpty()) << qPrintable(control.calls.join(u", "_s));
+    engine->tick();
+    EXPECT_EQ(window->List1->signOf(3), PlayingSign::Playing);
+    option("agnc");
+    control.reachEnd();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        engine->tick();
+        return control.FileName().endsWith(u"three.avi");
+    }));
+}
+
+TEST_F(EditingInTheWindow, GoesOnBehindTheLineThatIsRemovedWhileItPlays)
+{
+    openClips({u"one"_s, u"two"_s, u"three"_s});
+    option("agnc");
+    window->List1->setCursorLine(2);
+    press(Qt::Key_Delete);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    EXPECT_TRUE(control.calls.isEmpty());
+    control.reachEnd();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        engine->tick();
+        return control.FileName().endsWith(u"two.avi");
+    }));
+    EXPECT_EQ(module.playlist.CurrentClip, 1);
+}
+
+TEST_F(EditingInTheWindow, KeepsTheChecksOfItsLines)
+{
+    openClips({u"one"_s, u"two"_s, u"three"_s});
+    window->List1->toggleLine(3);
+    window->List1->setCursorLine(3);
+    press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_TRUE(window->List1->isLineChecked(3));
+    EXPECT_FALSE(window->List1->isLineChecked(4));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_FALSE(window->List1->isLineChecked(3));
+}
+
+TEST_F(EditingInTheWindow, MakesAPacketOfBrakesOfTheOnlyClipAndPlaysOnInIt)
+{
+    openClips({u"one"_s});
+    playTo(7);
+    press(Qt::Key_Insert);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    ASSERT_TRUE(module.playlist.packet(1).HasBrakes);
+    EXPECT_EQ(texts(), (QStringList{u"Mark 1"_s, u"End"_s}));
+    EXPECT_EQ(times(), (QStringList{u"000007.00"_s, u"000060.00"_s}));
+    EXPECT_EQ(module.playlist.CurrentClip, 1);
+    EXPECT_TRUE(control.calls.filter(u"load"_s).isEmpty());
+    playTo(9);
+    press(Qt::Key_Insert);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    EXPECT_EQ(texts(), (QStringList{u"Mark 1"_s, u"Mark 2"_s, u"End"_s}));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_FALSE(module.playlist.packet(1).HasBrakes);
+    EXPECT_EQ(module.playlist.CurrentClip, 1);
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(EditingInTheWindow, GoesOnMarkingInTheNewPacketBehindAListOfClips)
+{
+    openClips({u"one"_s, u"two"_s});
+    playTo(7);
+    press(Qt::Key_Insert);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    ASSERT_EQ(module.playlist.PlaylistCount, 2);
+    EXPECT_EQ(module.playlist.CurrentPacket, 2);
+    playTo(9);
+    press(Qt::Key_Insert);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    EXPECT_EQ(module.playlist.PlaylistCount, 2);
+    EXPECT_EQ(texts(2), (QStringList{u"Mark 1"_s, u"Mark 2"_s, u"End"_s}));
+    press(Qt::Key_S, Qt::ControlModifier); // a packet and another: that is a group
+    EXPECT_EQ(pickers.calls.last(), u"save *.vxg");
+}
+
+TEST_F(EditingInTheWindow, CannotMarkWhatDoesNotPlay)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    click(window->Image4);
+    engine->operations().UnloadMedia();
+    engine->tick();
+    press(Qt::Key_Insert);
+    EXPECT_EQ(times().size(), 2);
+}
+
+TEST_F(EditingInTheWindow, ShowsTimesAndTheEndMark)
+{
+    openBrakes({u"000004.25"_s, u"000064.00"_s});
+    const QAbstractItemModel& model = *window->List1->model();
+    EXPECT_EQ(model.index(2, 0).data(Qt::AccessibleDescriptionRole), u"at 0:04.25"_s);
+    EXPECT_EQ(model.index(3, 0).data(Qt::AccessibleDescriptionRole), u"end mark at 1:04.00"_s);
+    press(Qt::Key_F4);
+    EXPECT_FALSE(model.index(3, 0).data(Qt::AccessibleDescriptionRole).isValid());
+}
+
+TEST_F(EditingInTheWindow, SavesToWhereItCameFromAndKeepsTheEarlierVersion)
+{
+    setVersionsFolder(home.file(u"versions"_s));
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    const QByteArray before = home.bytes(u"lesson.vxl"_s);
+    press(Qt::Key_F2);
+    type(u"start"_s);
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(kept(u"brake1", u"text"), u"start");
+    EXPECT_FALSE(window->Editing->SaveButton->isEnabled());
+    EXPECT_TRUE(drafts().isEmpty());
+    const auto versions = earlierVersions(home.file(u"lesson.vxl"_s));
+    ASSERT_EQ(versions.size(), 1U);
+    QFile version(versions[0].file);
+    ASSERT_TRUE(version.open(QIODevice::ReadOnly));
+    EXPECT_EQ(version.readAll(), before);
+}
+
+TEST_F(EditingInTheWindow, SavesElsewhereThroughThePicker)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_Delete);
+    pickers.saveAnswer = home.file(u"other.vxl"_s);
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(pickers.calls.last(), u"save *.vxl");
+    EXPECT_EQ(pickers.proposals.last(), u"lesson");
+    EXPECT_EQ(kept(u"main", u"brakes", u"other.vxl"_s), u"1");
+    EXPECT_EQ(kept(u"main", u"brakes"), u"2");
+    EXPECT_EQ(module.playlist.Document, home.file(u"other.vxl"_s));
+}
+
+TEST_F(EditingInTheWindow, SaysThatItCouldNotSaveAndKeepsTheDraft)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_Delete);
+    pickers.saveAnswer = home.file(u"nowhere/at/all.vxl"_s);
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(window->Notice->text().contains(u"all.vxl"_s));
+    EXPECT_EQ(drafts().size(), 1);
+    EXPECT_TRUE(mode().editing().isChanged());
+}
+
+TEST_F(EditingInTheWindow, KeepsADraftSoonAfterAChange)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return drafts().size() == 1; }));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return drafts().isEmpty(); }));
+}
+
+TEST_F(EditingInTheWindow, SaysOnLeavingThatChangesAreNotSaved)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_F2);
+    type(u"start"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    press(Qt::Key_F4);
+    EXPECT_TRUE(window->Notice->text().startsWith(u"lesson.vxl"_s));
+    EXPECT_EQ(answers(), (QStringList{u"Save"_s, u"Discard"_s}));
+    EXPECT_EQ(drafts().size(), 1);
+    answer(0);
+    EXPECT_EQ(kept(u"brake1", u"text"), u"start");
+    EXPECT_TRUE(drafts().isEmpty());
+    EXPECT_EQ(window->Notice->text(), QString());
+}
+
+TEST_F(EditingInTheWindow, DiscardsChangesInAStepThatCanBeUndone)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_F2);
+    type(u"start"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    press(Qt::Key_Delete);
+    press(Qt::Key_F4);
+    answer(1);
+    EXPECT_EQ(texts(), (QStringList{u"line 1"_s, u"line 2"_s}));
+    EXPECT_TRUE(drafts().isEmpty());
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    press(Qt::Key_F4);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(texts(), (QStringList{u"line 2"_s}));
+}
+
+TEST_F(EditingInTheWindow, OffersTheDraftWhenItsDocumentIsOpenedAgain)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_F2);
+    type(u"start"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    click(window->Image14); // the same again
+    EXPECT_TRUE(window->Notice->text().startsWith(u"lesson.vxl"_s));
+    window.reset();
+    show();
+    EXPECT_EQ(answers(), (QStringList{})); // something is open
+    click(window->Image14);
+    EXPECT_TRUE(window->Notice->text().startsWith(u"Changes from "_s));
+    EXPECT_EQ(texts()[0], u"line 1");
+    answer(0);
+    EXPECT_EQ(texts()[0], u"start");
+    EXPECT_TRUE(mode().isOn());
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(kept(u"brake1", u"text"), u"start");
+    EXPECT_TRUE(drafts().isEmpty());
+}
+
+TEST_F(EditingInTheWindow, OffersADraftAtTheStartAndOpensItsDocument)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_F2);
+    type(u"start"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    press(Qt::Key_F4);
+    window.reset();
+    module.playlist = {};
+    show(2);
+    EXPECT_TRUE(window->Notice->text().startsWith(u"lesson.vxl: изменения от "_s));
+    EXPECT_EQ(answers(), (QStringList{u"Взять их"_s, u"Оставить"_s}));
+    answer(0);
+    ASSERT_EQ(module.playlist.PlaylistCount, 1);
+    EXPECT_EQ(texts()[0], u"start");
+    EXPECT_EQ(kept(u"brake1", u"text"), u"line 1");
+}
+
+TEST_F(EditingInTheWindow, SavesWhatWasLeftByOpeningSomethingElse)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_F2);
+    type(u"start"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    pickers.answer = {writePacket(u"clips.vxl"_s, {u"one"_s})};
+    click(window->Image14);
+    EXPECT_EQ(texts(), (QStringList{u"one"_s}));
+    ASSERT_EQ(answers(), (QStringList{u"Save"_s, u"Discard"_s}));
+    answer(0);
+    EXPECT_EQ(kept(u"brake1", u"text"), u"start");
+    EXPECT_TRUE(drafts().isEmpty());
+    EXPECT_EQ(module.playlist.Document, home.file(u"clips.vxl"_s));
+}
+
+TEST_F(EditingInTheWindow, TakesFilesDroppedBetweenTwoLines)
+{
+    openClips({u"one"_s, u"two"_s});
+    const QString file = home.write(u"new.avi"_s, "media");
+    Q_EMIT window->List1->filesDroppedBefore({file}, 3);
+    EXPECT_EQ(texts(), (QStringList{u"one"_s, u"new"_s, u"two"_s}));
+    Q_EMIT window->List1->filesDroppedBefore({writePacket(u"p.vxl"_s, {u"x"_s})}, 3);
+    EXPECT_EQ(module.playlist.PlaylistCount, 2);
+    EXPECT_EQ(texts(2), (QStringList{u"x"_s}));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(texts(), (QStringList{u"one"_s, u"two"_s}));
+}
+
+TEST_F(EditingInTheWindow, TakesDraggedLinesToTheirNewPlace)
+{
+    openClips({u"one"_s, u"two"_s, u"three"_s});
+    window->List1->setCursorLine(2);
+    Q_EMIT window->List1->linesDropped(4);
+    EXPECT_EQ(texts(), (QStringList{u"two"_s, u"one"_s, u"three"_s}));
+    Q_EMIT window->List1->linesDropped(5); // behind all
+    EXPECT_EQ(texts(), (QStringList{u"two"_s, u"three"_s, u"one"_s}));
+}
+
+TEST_F(EditingInTheWindow, HasItsCommandsInTheMenuOnlyMeanwhile)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    const QAction* mark = window->ListMenu->entryOf(Command::Mark);
+    ASSERT_NE(mark, nullptr);
+    Q_EMIT window->List1->menuAsked(QPoint(10, 10));
+    EXPECT_TRUE(mark->isEnabled());
+    EXPECT_FALSE(window->ListMenu->entryOf(Command::Undo)->isEnabled());
+    EXPECT_TRUE(window->ListMenu->entryOf(Command::EditMode)->isChecked());
+    QAction* const submenu = qobject_cast<QMenu*>(mark->associatedObjects().value(0))->menuAction();
+    EXPECT_TRUE(submenu->isVisible());
+    window->ListMenu->close();
+    press(Qt::Key_F4);
+    Q_EMIT window->List1->menuAsked(QPoint(10, 10));
+    EXPECT_FALSE(submenu->isVisible());
+    EXPECT_FALSE(window->ListMenu->entryOf(Command::EditMode)->isChecked());
+    window->ListMenu->close();
+}
+
+TEST_F(EditingInTheWindow, DragsABrakeInTheStrip)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s, u"000040.00"_s});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window->Strip->length() == 60; }));
+    Q_EMIT window->Strip->brakeChosen(1);
+    EXPECT_EQ(line(), 3);
+    Q_EMIT window->Strip->brakeDragged(1, 22.5);
+    EXPECT_EQ(times()[1], u"000022.50");
+    Q_EMIT window->Strip->placeAsked(30);
+    EXPECT_EQ(control.CurrentPosition(), 30);
+}
+
+TEST_F(EditingInTheWindow, SaysWhenAClipSuggestsNothing)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    EditingSound& sound = *mode().findChild<EditingSound*>();
+    Q_EMIT sound.marksFound({});
+    EXPECT_EQ(window->Notice->text(), u"The clip gives no marks for that");
+    Q_EMIT sound.marksFound({{3, u"three"_s}, {5, {}}, {20, u"there already"_s}});
+    EXPECT_EQ(window->Notice->text(), u"Marks set: 2");
+    EXPECT_EQ(texts(), (QStringList{u"line 1"_s, u"three"_s, u"Mark 2"_s, u"line 2"_s}));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(times().size(), 2);
+}
+
+} // namespace orvanta::test
