@@ -362,8 +362,10 @@ TEST_F(EditingInTheWindow, ShowsTimesAndTheEndMark)
 {
     openBrakes({u"000004.25"_s, u"000064.00"_s});
     const QAbstractItemModel& model = *window->List1->model();
-    EXPECT_EQ(model.index(2, 0).data(Qt::AccessibleDescriptionRole), u"at 0:04.25"_s);
-    EXPECT_EQ(model.index(3, 0).data(Qt::AccessibleDescriptionRole), u"end mark at 1:04.00"_s);
+    EXPECT_EQ(model.index(2, 0).data(Qt::AccessibleDescriptionRole).toString(),
+              u"at 0:04.25, playing");
+    EXPECT_EQ(model.index(3, 0).data(Qt::AccessibleDescriptionRole).toString(),
+              u"end mark at 1:04.00");
     press(Qt::Key_F4);
     EXPECT_FALSE(model.index(3, 0).data(Qt::AccessibleDescriptionRole).isValid());
 }
