@@ -187,7 +187,8 @@ void PracticePanel::openAbove(const QWidget& button)
     const QPoint above = button.mapTo(parentWidget(), QPoint(button.width() / 2, 0));
     const int left = std::clamp(above.x() - width() / 2, room.left(),
                                 std::max(room.left(), room.right() - width()));
-    move(left, std::max(0, above.y() - skin::kGrid - height()));
+    // Clear of Play, too, which is taller than the button.
+    move(left, std::max(0, above.y() - 2 * skin::kGrid - height()));
     show();
     raise();
     SpeedBox->setFocus(Qt::PopupFocusReason);
