@@ -23,10 +23,23 @@ void BrakeStep::run(Position position)
     if (m_context.areBrakesPlaying() && isPastNext() &&
         (position == JustReported || staysAfterMoving())) {
         const BrakeDecision decision = decide(positionSeconds());
-        if (decision.what != BrakeDecision::Nothing &&
-            !m_practice.brakeReached([this] { goOn(); })) {
-            apply(decision);
+        if (decision.what == BrakeDecision::Nothing) {
+            return;
         }
+        if (!m_practice.brakeReached([this] { goOn(); })) {
+            apply(decision);
+        } else if (m_practice.goesOnAfterWait()) {
+            standBefore(decision);
+        }
+    }
+}
+
+/// The seek to the next line's beginning belongs to the wait: behind it nobody is to wait any more.
+void BrakeStep::standBefore(const BrakeDecision& decision)
+{
+    const auto time = timeOfNextBrake(m_context.currentPacket(), m_context.cursor().clip);
+    if (time && decision.what == BrakeDecision::Reach) {
+        m_starter.standAtBrake(*time);
     }
 }
 
@@ -36,6 +49,9 @@ void BrakeStep::goOn()
 {
     const auto time = timeOfNextBrake(m_context.currentPacket(), m_context.cursor().clip);
     if (time) {
+        if (m_context.player().isRunning()) {
+            m_starter.leaveBrake();
+        }
         m_context.operations.PauseIfRunning();
         apply(decide(*time));
     }

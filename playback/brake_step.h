@@ -35,6 +35,7 @@ private:
     [[nodiscard]] bool isPastNext() const;
     [[nodiscard]] bool staysAfterMoving();
     [[nodiscard]] BrakeDecision decide(double seconds) const;
+    void standBefore(const BrakeDecision& decision);
     void goOn();
     void apply(BrakeDecision decision);
     void leavePacket();

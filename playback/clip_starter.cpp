@@ -136,7 +136,11 @@ bool ClipStarter::startBrake(Cursor place, Way way)
     }
     // Not through the reference above: appending packets meanwhile has moved the list.
     const QString time = m_context.module.playlist.packet(place.packet).clip(place.clip).Time;
-    if (way != ByPlaying || !isSoonAfter(time)) {
+    const bool stands = takeStanding(time) && way == ByPlaying;
+    if (stands) {
+        m_context.operations.ForgetEnd();
+        m_context.operations.PlayerRun();
+    } else if (way != ByPlaying || !isSoonAfter(time)) {
         goToBrake(beginning ? decimalText(*beginning) : time);
     }
     return true;
@@ -147,6 +151,24 @@ void ClipStarter::goToBrake(const QString& time)
     m_context.operations.ForgetEnd();
     resumeNext("time of the brake", [&] { m_context.operations.SetPlayerPosition(time); });
     m_context.operations.PlayerRun();
+}
+
+void ClipStarter::standAtBrake(double seconds)
+{
+    m_context.operations.SetPlayerPosition(decimalText(seconds));
+    m_standsAt = seconds;
+}
+
+/// A picture may begin a little behind the time that was sought.
+bool ClipStarter::takeStanding(const QString& time)
+{
+    constexpr double kPicture = 0.1; // seconds, more than one lasts
+    const auto standsAt = std::exchange(m_standsAt, std::nullopt);
+    return standsAt && m_context.player().state == MediaControl::Paused &&
+           conditionHolds("time of a brake", [&] {
+               const double past = m_context.operations.secondsNow() - *standsAt;
+               return decimalValue(time) == *standsAt && past >= 0 && past < kPicture;
+           });
 }
 
 bool ClipStarter::isSoonAfter(const QString& time) const

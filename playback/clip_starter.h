@@ -23,6 +23,12 @@ public:
     /// is sent back only when it has gone well past the brake.
     void reachBrake(Int16 p, Int16 q);
 
+    /// Takes the paused player to the time of a brake that will be reached by playing: then that
+    /// takes no seek any more.
+    void standAtBrake(double seconds);
+    /// The player has run since.
+    void leaveBrake() { m_standsAt.reset(); }
+
     /// The same, asked for by hand: where nothing can be opened, no other clip starts instead.
     void startByHand(Int16 p, Int16 q);
 
@@ -61,6 +67,7 @@ private:
     [[nodiscard]] bool startBrake(Cursor place, Way way);
     void goToBrake(const QString& time);
     [[nodiscard]] bool isSoonAfter(const QString& time) const;
+    [[nodiscard]] bool takeStanding(const QString& time);
     [[nodiscard]] bool mustLoad(const QString& file, Int16 p) const;
     [[nodiscard]] bool waitUntilReady();
     void open(const QString& file, const QString& text, const QString& folder);
@@ -71,9 +78,10 @@ private:
     EngineContext& m_context;
     TransportButtons& m_transport;
     Beginning m_beginning;
-    Way m_way = ByItself;         // of the newest start
-    int m_waiting = 0;            // one start may come while another waits
-    bool m_openingFailed = false; // of what was loaded last
+    std::optional<double> m_standsAt; // seconds
+    Way m_way = ByItself;             // of the newest start
+    int m_waiting = 0;                // one start may come while another waits
+    bool m_openingFailed = false;     // of what was loaded last
 };
 
 } // namespace orvanta

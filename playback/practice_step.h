@@ -45,6 +45,11 @@ public:
     void settingsChanged();
 
     [[nodiscard]] bool isWaiting() const { return m_waiting; }
+    /// It waits, and the line is not played again after it.
+    [[nodiscard]] bool goesOnAfterWait() const
+    {
+        return m_waiting && nextAfterWait(practice()) == AfterLine::GoOn;
+    }
     /// Ends the wait as its time would.
     void goOn();
     /// Ends the wait; nothing follows.

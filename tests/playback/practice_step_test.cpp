@@ -132,6 +132,23 @@ TEST_F(PractisedLines, GoOnAfterAWaitWhereAKeyOfTheVideoWindowSetsThePlayerRunni
     EXPECT_EQ(control.CurrentState(), control.Running);
 }
 
+TEST_F(PractisedLines, SeekTheNextBrakeDuringTheWaitAndNotBehindIt)
+{
+    practice().set({.wait = Practice::kWaitForKey});
+    playLesson();
+    control.calls.clear();
+    tickAt(12.02);
+    ASSERT_TRUE(practice().isWaiting());
+    EXPECT_TRUE(control.calls.contains(u"seek 12")) << qPrintable(control.calls.join(u' '));
+    EXPECT_EQ(control.CurrentState(), control.Paused);
+    control.calls.clear();
+    practice().goOn();
+    waitUntilPlace(at(1, 2));
+    EXPECT_EQ(control.CurrentState(), control.Running);
+    EXPECT_EQ(control.CurrentPosition(), 12);
+    EXPECT_TRUE(control.calls.filter(u"seek"_s).isEmpty()) << qPrintable(control.calls.join(u' '));
+}
+
 TEST_F(PractisedLines, WaitAsLongAsTheyLastedAndGoOnByThemselves)
 {
     control.duration = 0.2;
