@@ -59,6 +59,7 @@ ff -f lavfi -i "$bursts" bursts.wav
 for file in bursts.mp3 bursts.mp4 bursts.opus bursts.ogg bursts.flac bursts.ac3; do
     ff -i bursts.wav "$file"
 done
+ff -i bursts.wav bursts.sox # a container that the player does not open
 ff -i bursts.wav -c:a aac bursts.mkv
 ff -i bursts.wav -c:a libopus bursts.webm
 for format in u8 s24le s32le f32le f64le; do

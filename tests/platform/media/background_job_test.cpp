@@ -102,15 +102,14 @@ TEST(BackgroundWork, ThatFailsIsLogged)
 {
     const LogCapture log("orvanta.errors");
     QObject receiver;
+    BackgroundJob job;
+    std::weak_ptr<int> held;
     {
-        BackgroundJob job;
-        std::atomic<bool> begun = false;
-        job.start(receiver, [&begun](JobLink&) {
-            begun = true;
-            throw std::runtime_error("no memory");
-        });
-        ASSERT_TRUE(comesTrue([&] { return begun.load(); }));
-    } // waits for its end
+        const auto kept = std::make_shared<int>(0);
+        held = kept;
+        job.start(receiver, [kept](JobLink&) { throw std::runtime_error("no memory"); });
+    }
+    ASSERT_TRUE(comesTrue([&] { return held.expired(); })); // the thread is at its end
     ASSERT_EQ(LogCapture::lines().size(), 1);
     EXPECT_TRUE(LogCapture::lines().first().endsWith(QStringLiteral("no memory")));
 }
