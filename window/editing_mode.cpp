@@ -74,8 +74,7 @@ void EditingMode::setOn(bool on)
     if (!on) {
         m_box->finish();
         keepDraft();
-    } else if (!m_editing.isChanged()) {
-        m_editing.begin();
+    } else if (!std::exchange(m_isFollowed, true)) {
         m_saving.begin();
     }
     m_on = on;

@@ -137,14 +137,16 @@ private:
     LessonEditing m_editing;
     LessonSaving m_saving;
     Drafts m_drafts;
-    EditingSound* m_sound; // the strip and what the clip suggests
-    LineEditor* m_box; // edits a line in place
-    int m_typedLine = -1; // where the line is whose field was typed last
+    EditingSound* m_sound;                  // the strip and what the clip suggests
+    LineEditor* m_box;                      // edits a line in place
+    int m_typedLine = -1;                   // where the line is whose field was typed last
     std::vector<QAction*> m_pictureEntries; // of the menu: a group's
     QAction* m_frameEntry = nullptr;
     QTimer m_draftTimer;
     std::shared_ptr<Left> m_leaving; // as it was when something else was about to begin
     std::shared_ptr<Left> m_left;    // what the notice asks about
+    int m_revision = 0;              // of the playlist after the last step, or as it was opened
+    bool m_isFollowed = false;       // what is saved of it is known
     bool m_on = false;
     bool m_draftIsDue = false;
 };

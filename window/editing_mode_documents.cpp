@@ -97,6 +97,9 @@ void EditingMode::sayUnsaved()
 /// The last look at what is open before something else may be.
 void EditingMode::noteLeaving()
 {
+    if (m_ports.module.playlist.revision != m_revision) {
+        return; // something else is there already
+    }
     m_leaving.reset();
     if (m_editing.isChanged()) {
         keepDraft();
@@ -152,8 +155,12 @@ void EditingMode::playlistShown()
     if (m_ports.module.playlist.PlaylistCount == 0) {
         setOn(false);
     }
+    m_revision = m_ports.module.playlist.revision;
+    m_isFollowed = m_on;
     if (m_on) {
         m_saving.begin();
+    } else {
+        m_saving.forget();
     }
     if (m_left) {
         sayLeft();

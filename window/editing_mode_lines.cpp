@@ -1,5 +1,6 @@
 // The editing mode's part in the lines: marks, texts, times, what is moved and dropped.
 #include "core/error_boundary.h"
+#include "core/paths.h"
 #include "model/drop.h"
 #include "model/editing/brake_times.h"
 #include "model/editing/time_text.h"
@@ -106,8 +107,7 @@ void EditingMode::editField(int line, LineEditor::Field field)
     if (field == LineEditor::Field::Time && !hasTime) {
         field = LineEditor::Field::Text;
     }
-    m_box->setAccessibleName(
-        text(field == LineEditor::Field::Text ? u"edit.text" : u"edit.time"));
+    m_box->setAccessibleName(text(field == LineEditor::Field::Text ? u"edit.text" : u"edit.time"));
     m_box->edit(line, field, fieldText(place, field));
 }
 
@@ -204,7 +204,7 @@ void EditingMode::dropFiles(const QStringList& files, int before)
         }
         for (const ClipEntry& clip : packet.Clips) {
             paths.append(clip.Path);
-            texts.append(clip.Text);
+            texts.append(clipNameOfPath(clip.Path));
         }
     }
     const EditPlace place = {above.packet, above.line + 1};
@@ -242,6 +242,7 @@ void EditingMode::showStep(const EditStep& step)
     }
     m_ports.list.showEdited(std::move(tree), std::move(checked));
     selectAfter(step, before);
+    m_revision = m_ports.module.playlist.revision;
     m_left.reset();
     m_ports.notice.clear(); // what it asks about is past
     m_draftIsDue = true;

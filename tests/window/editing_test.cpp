@@ -22,11 +22,12 @@ protected:
     /// A packet file of brakes, open and playing from its first brake, in the mode.
     void openBrakes(const QStringList& times, Int16 language = 1)
     {
-        QString content = u"[main]\nfiles=1\nfile=%1\nbrakes=%2\n"_s
-                              .arg(home.write(u"film.avi"_s, "media"))
-                              .arg(times.size());
+        QString content =
+            u"[main]\nfiles=1\nfile=%1\nbrakes=%2\n"_s.arg(home.write(u"film.avi"_s, "media"))
+                .arg(times.size());
         for (qsizetype i = 1; i <= times.size(); ++i) {
-            content += u"[brake%1]\ntime=%2\ntext=line %1\n"_s.arg(QString::number(i), times[i - 1]);
+            content +=
+                u"[brake%1]\ntime=%2\ntext=line %1\n"_s.arg(QString::number(i), times[i - 1]);
         }
         openPacket(home.write(u"lesson.vxl"_s, content.toUtf8()), language);
     }
@@ -363,9 +364,9 @@ TEST_F(EditingInTheWindow, ShowsTimesAndTheEndMark)
     openBrakes({u"000004.25"_s, u"000064.00"_s});
     const QAbstractItemModel& model = *window->List1->model();
     EXPECT_EQ(model.index(2, 0).data(Qt::AccessibleDescriptionRole).toString(),
-              u"at 0:04.25, playing");
+              u"at 0:04.25, playing"_s);
     EXPECT_EQ(model.index(3, 0).data(Qt::AccessibleDescriptionRole).toString(),
-              u"end mark at 1:04.00");
+              u"end mark at 1:04.00"_s);
     press(Qt::Key_F4);
     EXPECT_FALSE(model.index(3, 0).data(Qt::AccessibleDescriptionRole).isValid());
 }
