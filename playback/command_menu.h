@@ -12,8 +12,8 @@ class TrackControls;
 class TrackMenus;
 
 /// Goes by the table of commands; practice is a submenu, and so are editing, sound and
-/// subtitles of the clip. Each entry shows its key; an entry that can do nothing is grey. The keys are shown alone:
-/// the windows hear them.
+/// subtitles of the clip. Each entry shows its key; an entry that can do nothing is grey. The keys
+/// are shown alone: the windows hear them.
 class CommandMenu : public QMenu
 {
     Q_OBJECT

@@ -20,8 +20,8 @@ struct CommandFacts
     bool lineStarts = false; // the list's current line is a clip's or a brake's
     bool lineHasBox = false;
     bool lineChecked = false;
-    bool editing = false; // the playlist is edited
-    bool canMark = false; // and the clip that plays can be given a mark
+    bool editing = false;     // the playlist is edited
+    bool canMark = false;     // and the clip that plays can be given a mark
     bool lineHasText = false; // of the list's current line, to be edited
     bool lineIsBrake = false;
     bool canUndo = false;

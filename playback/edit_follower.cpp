@@ -39,7 +39,8 @@ bool EditFollower::isLoaded(EditPlace place) const
 Cursor EditFollower::atPlayer(Cursor cursor) const
 {
     const EditPlace place = placeAt(cursor);
-    if (!isLoaded({place.packet, 1}) || !m_context.module.playlist.packet(cursor.packet).HasBrakes) {
+    if (!isLoaded({place.packet, 1}) ||
+        !m_context.module.playlist.packet(cursor.packet).HasBrakes) {
         return cursor;
     }
     const PlaylistEntry& packet = m_context.module.playlist.packet(cursor.packet);
@@ -82,8 +83,8 @@ EditFollower::NewPlace EditFollower::behindGone(const EditStep& step, Cursor bef
 EditFollower::NewPlace EditFollower::placeFor(const EditStep& step, Cursor before) const
 {
     const std::optional<EditPlace> mapped = placeAfter(step, placeAt(before));
-    const bool isStill = mapped && isLoaded(*mapped) &&
-                         m_context.module.playlist.packet(mapped->packet).HasBrakes;
+    const bool isStill =
+        mapped && isLoaded(*mapped) && m_context.module.playlist.packet(mapped->packet).HasBrakes;
     if (!isStill && isLoaded(step.after)) { // its first mark, or that taken back
         return {atPlayer(cursorAt(step.after))};
     }

@@ -33,8 +33,8 @@ static bool countsOnce(Command command)
            command == Command::Help || command == Command::NextTextLevel ||
            command == Command::RepeatLine || command == Command::NextWait ||
            command == Command::LineAgain || command == Command::EditMode ||
-           command == Command::Mark || command == Command::EditText ||
-           command == Command::Save || command == Command::SaveAs;
+           command == Command::Mark || command == Command::EditText || command == Command::Save ||
+           command == Command::SaveAs;
 }
 
 /// The key on a Latin keyboard. Key values of letters are their upper-case code points.

@@ -92,10 +92,9 @@ void EarlierDialog::fill()
 {
     const QLocale locale;
     for (const VersionOfDocument& version : m_versions) {
-        VersionList->addItem(
-            u"%1 · %2 · %3"_s.arg(locale.toString(version.version.kept, QLocale::ShortFormat),
-                                  fileNameOfPath(version.document),
-                                  locale.formattedDataSize(version.version.size)));
+        VersionList->addItem(u"%1 · %2 · %3"_s.arg(
+            locale.toString(version.version.kept, QLocale::ShortFormat),
+            fileNameOfPath(version.document), locale.formattedDataSize(version.version.size)));
     }
     TakeButton->setEnabled(!m_versions.empty());
     if (m_versions.empty()) {
@@ -123,10 +122,10 @@ void EarlierDialog::showContent()
 {
     const int row = VersionList->currentRow();
     QString content = interfaceText(u"Earlier", u"spoilt", m_language);
-    const bool readable = row >= 0 && resumeNext("reading an earlier version", [&] {
-                              content =
-                                  linesOf(packetsOfVersion(m_versions[static_cast<std::size_t>(row)]));
-                          });
+    const bool readable =
+        row >= 0 && resumeNext("reading an earlier version", [&] {
+            content = linesOf(packetsOfVersion(m_versions[static_cast<std::size_t>(row)]));
+        });
     ContentBox->setPlainText(content);
     TakeButton->setEnabled(readable);
 }

@@ -138,8 +138,8 @@ private:
     LessonSaving m_saving;
     Drafts m_drafts;
     EditingSound m_sound;
-    LineEditor* m_box; // edits a line in place
-    int m_typedLine = -1; // where the line is whose field was typed last
+    LineEditor* m_box;                      // edits a line in place
+    int m_typedLine = -1;                   // where the line is whose field was typed last
     std::vector<QAction*> m_pictureEntries; // of the menu: a group's
     QAction* m_frameEntry = nullptr;
     QTimer m_draftTimer;

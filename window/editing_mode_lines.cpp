@@ -106,8 +106,7 @@ void EditingMode::editField(int line, LineEditor::Field field)
     if (field == LineEditor::Field::Time && !hasTime) {
         field = LineEditor::Field::Text;
     }
-    m_box->setAccessibleName(
-        text(field == LineEditor::Field::Text ? u"edit.text" : u"edit.time"));
+    m_box->setAccessibleName(text(field == LineEditor::Field::Text ? u"edit.text" : u"edit.time"));
     m_box->edit(line, field, fieldText(place, field));
 }
 

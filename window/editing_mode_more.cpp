@@ -61,8 +61,8 @@ void EditingMode::setMarks(const std::vector<SuggestedMark>& found)
     std::vector<NewMark> marks;
     for (const SuggestedMark& mark : found) {
         const auto number = static_cast<int>(marks.size()) + 1;
-        marks.push_back({mark.seconds, mark.text.isEmpty() ? text(u"mark.text").arg(number)
-                                                           : mark.text});
+        marks.push_back(
+            {mark.seconds, mark.text.isEmpty() ? text(u"mark.text").arg(number) : mark.text});
     }
     const int added = setting ? m_editing.addMarks(*setting, marks) : 0;
     m_ports.notice.say(added > 0 ? text(u"notice.marks").arg(added) : text(u"notice.noMarks"),
@@ -88,8 +88,8 @@ void EditingMode::setPicture(const QString& path)
 
 void EditingMode::pickPicture()
 {
-    if (m_ports.pickers.ShowOpenPicker(
-            u"*.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico;*.png;*.webp"_s, false)) {
+    if (m_ports.pickers.ShowOpenPicker(u"*.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico;*.png;*.webp"_s,
+                                       false)) {
         const QString path = m_ports.module.picker.PickedFiles.value(1);
         if (!path.isEmpty()) {
             setPicture(path);
@@ -115,9 +115,8 @@ void EditingMode::takeFrame()
         return;
     }
     const QString target = m_ports.module.playlist.Document;
-    const QString path =
-        unusedPicture(folderOfPath(target) + QFileInfo(target).completeBaseName() + u' ' +
-                      QString::number(current().packet));
+    const QString path = unusedPicture(folderOfPath(target) + QFileInfo(target).completeBaseName() +
+                                       u' ' + QString::number(current().packet));
     if (frame.save(path)) {
         setPicture(path);
     } else {
@@ -141,9 +140,8 @@ static std::vector<VersionOfDocument> versionsOf(const PlaylistState& playlist, 
             all.push_back({document, version});
         }
     }
-    std::stable_sort(all.begin(), all.end(), [](const auto& a, const auto& b) {
-        return a.version.kept > b.version.kept;
-    });
+    std::stable_sort(all.begin(), all.end(),
+                     [](const auto& a, const auto& b) { return a.version.kept > b.version.kept; });
     return all;
 }
 

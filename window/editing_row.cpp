@@ -33,19 +33,17 @@ EditingRow::EditingRow(TextLanguage language, QWidget* parent)
     applyTexts(controls(), language);
     nameKeys();
     layOut();
-    connect(MoreButton, &QPushButton::clicked, this, [this] {
-        More->popup(MoreButton->mapToGlobal(QPoint(0, MoreButton->height() + 2)));
-    });
+    connect(MoreButton, &QPushButton::clicked, this,
+            [this] { More->popup(MoreButton->mapToGlobal(QPoint(0, MoreButton->height() + 2))); });
 }
 
 ControlRows EditingRow::controls()
 {
     return {
-        {this, u"Editing"},           {MarkButton, u"MarkButton"},
-        {RemoveButton, u"RemoveButton"}, {UpButton, u"UpButton"},
-        {DownButton, u"DownButton"},  {UndoButton, u"UndoButton"},
-        {RedoButton, u"RedoButton"},  {SaveButton, u"SaveButton"},
-        {MoreButton, u"MoreButton"},  {DoneButton, u"DoneButton"},
+        {this, u"Editing"},          {MarkButton, u"MarkButton"}, {RemoveButton, u"RemoveButton"},
+        {UpButton, u"UpButton"},     {DownButton, u"DownButton"}, {UndoButton, u"UndoButton"},
+        {RedoButton, u"RedoButton"}, {SaveButton, u"SaveButton"}, {MoreButton, u"MoreButton"},
+        {DoneButton, u"DoneButton"},
     };
 }
 
@@ -74,8 +72,8 @@ QPushButton* EditingRow::makeButton(const QString& picture, Command command)
 {
     auto* button = new QPushButton(this);
     if (!picture.isEmpty()) {
-        const bool hasCaption = command == Command::Mark || command == Command::RemoveLines ||
-                                command == Command::Save;
+        const bool hasCaption =
+            command == Command::Mark || command == Command::RemoveLines || command == Command::Save;
         const int width = hasCaption ? kIconSide + skin::kGrid / 2 : kIconSide;
         button->setIcon(iconOf(picture, width, devicePixelRatioF()));
         button->setIconSize({width, kIconSide});

@@ -6,10 +6,10 @@
 #include "window/playlist_list.h"
 #include "window/practice_chips.h"
 #include "window/practice_panel.h"
+#include "window/silence_row.h"
 #include "window/skin.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
-#include "window/silence_row.h"
 #include "window/start_page.h"
 #include "window/waveform_strip.h"
 

@@ -125,8 +125,8 @@ void PlaylistDelegate::paintEndMark(QPainter& painter, const QRect& line)
 {
     painter.setPen(Qt::NoPen);
     painter.setBrush(skin::kGone);
-    painter.drawRect(QRectF(kSignLeft + 1, line.center().y() - kSignHeight / 2 + 0.5, 2.5,
-                            kSignHeight));
+    painter.drawRect(
+        QRectF(kSignLeft + 1, line.center().y() - kSignHeight / 2 + 0.5, 2.5, kSignHeight));
 }
 
 void PlaylistDelegate::paintRow(QPainter& painter, const QStyleOptionViewItem& option) const

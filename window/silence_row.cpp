@@ -48,10 +48,10 @@ SilenceRow::SilenceRow(TextLanguage language, QWidget* parent)
 
 ControlRows SilenceRow::controls()
 {
-    return {{this, u"Silence"},           {LevelLabel, u"LevelLabel"},
-            {LevelBox, u"LevelBox"},      {LengthLabel, u"LengthLabel"},
-            {LengthBox, u"LengthBox"},    {FoundLabel, u"FoundLabel"},
-            {TakeButton, u"TakeButton"},  {CloseButton, u"CloseButton"}};
+    return {{this, u"Silence"},          {LevelLabel, u"LevelLabel"},
+            {LevelBox, u"LevelBox"},     {LengthLabel, u"LengthLabel"},
+            {LengthBox, u"LengthBox"},   {FoundLabel, u"FoundLabel"},
+            {TakeButton, u"TakeButton"}, {CloseButton, u"CloseButton"}};
 }
 
 void SilenceRow::layOut()

@@ -56,8 +56,7 @@ static QString chosenFolder()
 QString stateFolder()
 {
     const QString given = qEnvironmentVariable("XDG_STATE_HOME"); // counts only when absolute
-    return (given.startsWith(u'/') ? given : QDir::homePath() + u"/.local/state"_s) +
-           u"/orvanta"_s;
+    return (given.startsWith(u'/') ? given : QDir::homePath() + u"/.local/state"_s) + u"/orvanta"_s;
 }
 
 QString applicationFolder()

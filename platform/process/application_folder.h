@@ -12,8 +12,8 @@ namespace orvanta {
 /// The folder that the program would choose without $ORVANTA_HOME. Creates nothing.
 [[nodiscard]] QString folderWithoutVariable();
 
-/// $XDG_STATE_HOME/orvanta, else ~/.local/state/orvanta: what the program keeps for a while. Creates
-/// nothing.
+/// $XDG_STATE_HOME/orvanta, else ~/.local/state/orvanta: what the program keeps for a while.
+/// Creates nothing.
 [[nodiscard]] QString stateFolder();
 
 /// Raises 76 when the application folder is not there and could not be made, 75 when it holds no
