@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 QString EditingMode::text(QStringView name) const
 {
-    return interfaceText(u"Editing", name, m_ports.language);
+    return interfaceText(u"EditingMode", name, m_ports.language);
 }
 
 QString EditingMode::nameOf(const QString& document) const
