@@ -68,9 +68,10 @@ public:
 
     /// Something else is open now, or more.
     void playlistShown();
-    /// The program begins with nothing open, or it ends.
+    /// The program begins with nothing open.
     void offerDrafts();
-    void keepDraft();
+    /// What is being typed belongs to what is open, and all of it into the draft.
+    void endProgram();
 
     /// The steps that were done, for who tests and shows them.
     [[nodiscard]] const LessonEditing& editing() const { return m_editing; }
@@ -116,6 +117,7 @@ private:
     void setMarks(const std::vector<SuggestedMark>& marks);
 
     // Documents: editing_mode_documents.cpp
+    void keepDraft();
     bool save(bool elsewhere);
     [[nodiscard]] QString askTarget();
     void discard();

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 QString EditingMode::text(QStringView name) const
 {
-    return interfaceText(u"Editing", name, m_ports.language);
+    return interfaceText(u"EditingMode", name, m_ports.language);
 }
 
 QString EditingMode::nameOf(const QString& document) const
@@ -22,14 +22,24 @@ QString EditingMode::nameOf(const QString& document) const
     return document.isEmpty() ? text(u"no.name") : fileNameOfPath(document);
 }
 
+// One that was offered and not taken stays as long as nothing is changed.
 void EditingMode::keepDraft()
 {
     m_draftTimer.stop();
-    if (std::exchange(m_draftIsDue, false) && m_editing.isChanged()) {
+    if (!std::exchange(m_draftIsDue, false)) {
+        return;
+    }
+    if (m_editing.isChanged()) {
         m_drafts.keep(m_ports.module.playlist, m_saving.saved());
-    } else if (!m_editing.isChanged()) {
+    } else {
         m_drafts.discard(m_ports.module.playlist.Document);
     }
+}
+
+void EditingMode::endProgram()
+{
+    m_box->finish();
+    keepDraft();
 }
 
 /// Empty when nothing was chosen.
