@@ -42,6 +42,8 @@ inline constexpr auto kTextsOfEditing = std::to_array<InterfaceText>({
     InterfaceText{u"EditingMode", u"title.changed", u"%1, changed", u"%1, изменён"},
     InterfaceText{u"EditingMode", u"line.time", u"at %1", u"в %1"},
     InterfaceText{u"EditingMode", u"line.end", u"end mark at %1", u"конечная метка в %1"},
+    InterfaceText{u"EditingMode", u"picture.none", u"+ picture", u"+ картинка"},
+    InterfaceText{u"EditingMode", u"picture.is", u"picture %1", u"картинка %1"},
     InterfaceText{u"EditingMode", u"edit.text", u"Text of the line", u"Текст строки"},
     InterfaceText{u"EditingMode", u"edit.time", u"Time of the mark", u"Время метки"},
     InterfaceText{u"EditingMode", u"notice.draft", u"Changes from %1 that were not saved",

@@ -104,6 +104,7 @@ private:
     [[nodiscard]] std::vector<EditPlace> selected() const;
     [[nodiscard]] std::optional<MarkSetting> markSetting() const;
     [[nodiscard]] LineNote noteOf(int line) const;
+    [[nodiscard]] LineNote pictureNote(const PlaylistEntry& packet) const;
     [[nodiscard]] QString fieldText(EditPlace place, LineEditor::Field field) const;
 
     // What is seldom needed: editing_mode_more.cpp
@@ -111,7 +112,7 @@ private:
     void showMore();
     void pickPicture();
     void takeFrame();
-    void setPicture(const QString& path);
+    void setPicture(int packet, const QString& path);
     void takeEarlier();
     void fillSuggestions();
     void setMarks(const std::vector<SuggestedMark>& marks);

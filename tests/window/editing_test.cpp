@@ -341,4 +341,34 @@ TEST_F(EditingInTheWindow, SaysWhenAClipSuggestsNothing)
     EXPECT_EQ(times().size(), 2);
 }
 
+TEST_F(EditingInTheWindow, HasAPicturesPlaceInTheLinesOfAGroupsPackets)
+{
+    const QString member = writePacket(u"m.vxl"_s, {u"one"_s});
+    openPacket(writeDocument(u"g.vxg"_s, {member}, {u"Member"_s}), 1);
+    const QModelIndex packet = window->List1->model()->index(1, 0);
+    const QPoint place = window->List1->timeArea(1).center();
+    const QString picture = home.write(u"p.png"_s, "picture");
+    pickers.answer = {picture};
+    QTest::mouseClick(window->List1->viewport(), Qt::LeftButton, {}, place);
+    EXPECT_TRUE(pickers.calls.last().contains(u"*.png"_s));
+    EXPECT_EQ(module.playlist.packet(1).Picture, u"p.png");
+    EXPECT_EQ(packet.data(Qt::AccessibleDescriptionRole).toString(), u"packet, picture p.png"_s);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(module.playlist.packet(1).Picture, QString());
+    Q_EMIT window->List1->filesDroppedBefore({home.write(u"q.PNG"_s, "picture")}, 2);
+    EXPECT_EQ(module.playlist.packet(1).Picture, u"q.PNG");
+    EXPECT_EQ(module.playlist.packet(1).ClipCount, 1);
+}
+
+TEST_F(EditingInTheWindow, EditsTheTitlesOfAGroupInPlace)
+{
+    openPacket(writeDocument(u"g.vxg"_s, {writePacket(u"m.vxl"_s, {u"one"_s})}, {u"Member"_s}), 1);
+    window->List1->setCursorLine(1);
+    press(Qt::Key_F2);
+    type(u"Title"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(kept(u"file1", u"text", u"g.vxg"_s), u"Title");
+}
+
 } // namespace orvanta::test
