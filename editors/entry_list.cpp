@@ -63,6 +63,19 @@ void moveDown(EntryList& list)
     }
 }
 
+ListDifference differenceOf(const QStringList& old, const QStringList& next)
+{
+    const auto differs = std::mismatch(old.cbegin(), old.cend(), next.cbegin(), next.cend());
+    const qsizetype first = differs.first - old.cbegin();
+    qsizetype oldEnd = old.size();
+    qsizetype newEnd = next.size();
+    while (oldEnd > first && newEnd > first && old.at(oldEnd - 1) == next.at(newEnd - 1)) {
+        --oldEnd;
+        --newEnd;
+    }
+    return {.first = first, .oldEnd = oldEnd, .newEnd = newEnd};
+}
+
 QString entryMarker()
 {
     return QStringView(kEntryMarker).toString();

@@ -37,6 +37,16 @@ void removeAll(EntryList& list);
 void moveUp(EntryList& list);
 void moveDown(EntryList& list);
 
+/// Where two lists differ: [first, oldEnd) of the old one stands where [first, newEnd) of the new
+/// one does. All counted from 0.
+struct ListDifference
+{
+    qsizetype first = 0;
+    qsizetype oldEnd = 0;
+    qsizetype newEnd = 0;
+};
+[[nodiscard]] ListDifference differenceOf(const QStringList& old, const QStringList& next);
+
 /// "{}", which joins the fields of an entry.
 [[nodiscard]] QString entryMarker();
 

@@ -60,23 +60,14 @@ private:
 
 void EntryModel::setEntries(const QStringList& next)
 {
-    const auto [oldEnd, newEnd] =
-        std::mismatch(m_entries.cbegin(), m_entries.cend(), next.cbegin(), next.cend());
-    const qsizetype first = oldEnd - m_entries.cbegin();
-    qsizetype oldLast = m_entries.size();
-    qsizetype newLast = next.size();
-    while (oldLast > first && newLast > first &&
-           m_entries.at(oldLast - 1) == next.at(newLast - 1)) {
-        --oldLast;
-        --newLast;
-    }
-    if (oldLast == newLast) {
+    const auto [first, oldEnd, newEnd] = differenceOf(m_entries, next);
+    if (oldEnd == newEnd) {
         m_entries = next;
-        Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(newLast) - 1));
+        Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(newEnd) - 1));
         return;
     }
-    removeRowsBetween(first, oldLast);
-    insertRowsOf(next, first, newLast);
+    removeRowsBetween(first, oldEnd);
+    insertRowsOf(next, first, newEnd);
 }
 
 void EntryModel::removeRowsBetween(qsizetype first, qsizetype end)
@@ -111,53 +102,92 @@ EntryListView::EntryListView(Look look, QWidget* parent)
     connect(this, &QListView::clicked, this, &EntryListView::clickedAgain);
 }
 
-void EntryListView::change(const std::function<void(EntryList&)>& operation)
+void EntryListView::change(const std::function<void(EntryList&)>& operation, const QObject* run)
 {
-    EntryList next = m_list;
+    changeState([&](ListState& state) { operation(state.list); }, run);
+}
+
+void EntryListView::changeState(const std::function<void(ListState&)>& operation,
+                                const QObject* run)
+{
+    ListState next = m_state;
     // What an operation did before it failed is shown, too.
     try {
         operation(next);
     } catch (...) {
-        show(next);
+        take(next, run);
         throw;
+    }
+    take(next, run);
+}
+
+void EntryListView::take(const ListState& next, const QObject* run)
+{
+    if (!haveSameContents(m_state, next)) {
+        m_history.record(m_state, next, run);
     }
     show(next);
 }
 
-EntryLook EntryListView::lookOf(int row) const
+void EntryListView::setWritten(const QString& file)
 {
-    const bool isThere = row >= 0 && row < m_list.entries.size();
-    return isThere ? m_look(m_list.entries, row) : EntryLook();
+    orvanta::setWritten(m_state, file);
+    Q_EMIT documentChanged();
 }
 
-void EntryListView::show(const EntryList& next)
+void EntryListView::undo()
 {
-    if (next == m_list) {
-        return;
+    ListState state = m_state;
+    if (m_history.undo(state)) {
+        show(state);
+        Q_EMIT restored();
     }
+}
+
+void EntryListView::redo()
+{
+    ListState state = m_state;
+    if (m_history.redo(state)) {
+        show(state);
+        Q_EMIT restored();
+    }
+}
+
+EntryLook EntryListView::lookOf(int row) const
+{
+    const bool isThere = row >= 0 && row < m_state.list.entries.size();
+    return isThere ? m_look(m_state.list.entries, row) : EntryLook();
+}
+
+void EntryListView::show(const ListState& next)
+{
     const QScopedValueRollback guard(m_programChanges, true);
-    const bool sameEntries = next.entries == m_list.entries;
-    m_list = next;
+    const bool sameEntries = next.list.entries == m_state.list.entries;
+    const bool sameList = sameEntries && next.list == m_state.list;
+    m_state = next;
     if (!sameEntries) {
-        m_model->setEntries(m_list.entries);
+        m_model->setEntries(m_state.list.entries);
     }
-    showSelection();
+    if (!sameList) {
+        showSelection();
+    }
     if (!sameEntries) {
         Q_EMIT entriesChanged();
     }
+    Q_EMIT documentChanged();
 }
 
 void EntryListView::showSelection()
 {
-    if (!m_list.hasSelection()) {
+    if (!m_state.list.hasSelection()) {
         selectionModel()->clearSelection();
         setToolTip({});
         return;
     }
-    const QModelIndex index = m_model->index(m_list.selected);
+    const QModelIndex index = m_model->index(m_state.list.selected);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     scrollTo(index);
-    setToolTip(plainToolTip(m_list.selectedEntry()));
+    setToolTip(plainToolTip(m_state.list.selectedEntry()));
 }
 
 void EntryListView::selectionChanged(const QItemSelection& selected,
@@ -168,11 +198,12 @@ void EntryListView::selectionChanged(const QItemSelection& selected,
         return;
     }
     const QModelIndexList rows = selectionModel()->selectedIndexes();
-    m_list.selected = rows.isEmpty() ? -1 : rows.first().row();
-    setToolTip(plainToolTip(m_list.selectedEntry()));
+    m_history.endRun();
+    m_state.list.selected = rows.isEmpty() ? -1 : rows.first().row();
+    setToolTip(plainToolTip(m_state.list.selectedEntry()));
     m_pressSelected = true;
-    if (m_list.hasSelection()) {
-        Q_EMIT Click(m_list.selected);
+    if (m_state.list.hasSelection()) {
+        Q_EMIT Click(m_state.list.selected);
     }
 }
 
@@ -188,7 +219,7 @@ void EntryListView::mousePressEvent(QMouseEvent* event)
 
 void EntryListView::clickedAgain(const QModelIndex& index)
 {
-    if (!m_pressSelected && m_list.selected == index.row()) {
+    if (!m_pressSelected && m_state.list.selected == index.row()) {
         Q_EMIT Click(index.row());
     }
 }
@@ -197,7 +228,7 @@ void EntryListView::keyPressEvent(QKeyEvent* event)
 {
     const bool isControl = event->modifiers() == Qt::ControlModifier;
     const bool isSpace = event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier;
-    if (isSpace && m_list.hasSelection() && currentIndex().row() == m_list.selected) {
+    if (isSpace && m_state.list.hasSelection() && currentIndex().row() == m_state.list.selected) {
         event->ignore(); // there is nothing to select: the key is the window's
     } else if (event->key() == Qt::Key_Delete) {
         Q_EMIT removeWanted();
@@ -220,7 +251,7 @@ void EntryListView::setMarkedRow(int row)
 
 void EntryListView::updateRow(int row)
 {
-    if (row >= 0 && row < m_list.entries.size()) {
+    if (row >= 0 && row < m_state.list.entries.size()) {
         update(m_model->index(row));
     }
 }
