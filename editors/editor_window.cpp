@@ -49,6 +49,9 @@ void EditorWindow::setUpControls()
 {
     nameControls(controls());
     applyTexts(controls(), m_texts.language());
+    m_caption = windowTitle();
+    // Screen readers and the like look for the window by the name that it always has.
+    setAccessibleName(m_caption);
     giveRoomAtTheSides(*this);
     showFocusOfViews(*this);
 }
@@ -105,6 +108,7 @@ void EditorWindow::connectListHandlers()
     on(Command6, &QPushButton::clicked, [this](auto&&...) { List1->change(removeAll); });
     connectRemove(List1, Command5);
     connectMoves(List1, Command9, Command10);
+    on(List1, &EntryListView::documentChanged, [this] { showTitle(); });
     connectUndo();
     connectRunOf(Text1, List1);
     connectRunOf(Text2, List1);
@@ -141,6 +145,25 @@ void EditorWindow::connectMoves(EntryListView* list, QPushButton* up, QPushButto
     if (up != nullptr && down != nullptr) {
         on(up, &QPushButton::clicked, upward);
         on(down, &QPushButton::clicked, downward);
+    }
+}
+
+void EditorWindow::showTitle()
+{
+    const QString name = onOneLine(fileNameOfPath(shownList()->document().file));
+    const bool isChanged = !name.isEmpty() && shownList()->differsFromItsFile();
+    // A title without the place of the sign takes none.
+    if (name.isEmpty()) {
+        setWindowModified(false);
+        setWindowTitle(m_caption);
+    } else {
+        const QString escaped = QString(name).replace(u"[*]"_s, u"[*][*]"_s);
+        setWindowTitle(m_caption + u" — "_s + escaped + u"[*]"_s);
+        setWindowModified(isChanged);
+    }
+    const QString heard = isChanged ? name + u'*' : name;
+    if (heard != accessibleDescription()) {
+        setAccessibleDescription(heard);
     }
 }
 

@@ -81,6 +81,8 @@ protected:
     /// The button and the keys that change a list, a null button for none.
     void connectRemove(EntryListView* list, QPushButton* remove);
     void connectMoves(EntryListView* list, QPushButton* up, QPushButton* down);
+    /// The document's name behind the caption, and a sign when it has changed.
+    void showTitle();
     void showStoredFolder(FolderTree* tree);
 
     /// The list of the mode that is shown.
@@ -111,6 +113,7 @@ private:
 
     EditorServices& m_services;
     WindowTexts m_texts;
+    QString m_caption;            // the title without a document
     bool m_pickerWasLast = false; // a picker has stored its folder since File1's was chosen
 };
 

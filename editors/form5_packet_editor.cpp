@@ -65,6 +65,7 @@ void Form5::connectBrakeMode()
        [this](double seconds, bool held) { Form5_Slider1_Change(seconds, held); });
     on(List2, &EntryListView::Click, [this](auto&&...) { Form5_List2_Click(); });
     on(List2, &EntryListView::entriesChanged, [this] { takeBrakeTimes(); });
+    on(List2, &EntryListView::documentChanged, [this] { showTitle(); });
     on(List2, &EntryListView::restored, [this] { showRestoredBrakes(); });
     on(Text3, &LineBox::edited, [this] { Form5_Text3_Change(); });
     on(Text4, &LineBox::edited, [this] { Form5_Text4_Change(); });
@@ -100,6 +101,7 @@ void Form5::Form5_Option1_Click()
         covered->show();
     }
     Command7->hide();
+    showTitle();
 }
 
 void Form5::Form5_Option2_Click()
@@ -111,6 +113,7 @@ void Form5::Form5_Option2_Click()
         covered->hide();
     }
     Command7->show();
+    showTitle();
 }
 
 static bool isPlainSpace(const QEvent& event)
