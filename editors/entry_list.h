@@ -1,6 +1,7 @@
-// The list of an editor: entries and the one that is selected, with the operations on both.
+// The list of an editor: entries and those that are selected, with the operations on both.
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -11,7 +12,8 @@ namespace orvanta {
 struct EntryList
 {
     QStringList entries;
-    int selected = -1; // -1: none
+    int selected = -1;      // -1: none; of several the one whose fields the boxes show
+    QList<int> others = {}; // selected, too: ascending, without that one
 
     [[nodiscard]] bool hasSelection() const { return selected >= 0 && selected < entries.size(); }
     [[nodiscard]] QString selectedEntry() const
@@ -29,11 +31,17 @@ void makeRoom(EntryList& list);
 /// Puts the entry in the selected one's place; with none selected it is appended and selected.
 void rebuildSelected(EntryList& list, const QString& entry);
 
-/// Removes the selected entry; none is selected afterwards.
+/// Of all that are selected, ascending.
+[[nodiscard]] QList<int> selectedRows(const EntryList& list);
+/// Selects these, ascending; shown: the one of them whose fields the boxes show. None for none.
+void selectRows(EntryList& list, const QList<int>& rows, int shown);
+
+/// Removes the selected entries; none is selected afterwards.
 void removeSelected(EntryList& list);
 void removeAll(EntryList& list);
 
-/// Moves the selected entry one place and keeps it selected. At the end of the way nothing happens.
+/// Moves the selected entries one place each and keeps them selected. When one of them is at the
+/// end of the way nothing happens: what lies between them stays between them.
 void moveUp(EntryList& list);
 void moveDown(EntryList& list);
 

@@ -97,7 +97,7 @@ EntryListView::EntryListView(Look look, QWidget* parent)
     setItemDelegate(new EntryPainter(this));
     setUniformItemSizes(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(this, &QListView::clicked, this, &EntryListView::clickedAgain);
 }
@@ -177,6 +177,19 @@ void EntryListView::show(const ListState& next)
     Q_EMIT documentChanged();
 }
 
+QItemSelection EntryListView::rangesOf(const QList<int>& rows) const
+{
+    QItemSelection ranges;
+    for (auto first = rows.cbegin(); first != rows.cend();) {
+        const auto gap = std::adjacent_find(first, rows.cend(),
+                                            [](int row, int next) { return next != row + 1; });
+        const auto last = gap == rows.cend() ? gap - 1 : gap;
+        ranges.append(QItemSelectionRange(m_model->index(*first), m_model->index(*last)));
+        first = last + 1;
+    }
+    return ranges;
+}
+
 void EntryListView::showSelection()
 {
     if (!m_state.list.hasSelection()) {
@@ -186,6 +199,7 @@ void EntryListView::showSelection()
     }
     const QModelIndex index = m_model->index(m_state.list.selected);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    selectionModel()->select(rangesOf(m_state.list.others), QItemSelectionModel::Select);
     scrollTo(index);
     setToolTip(plainToolTip(m_state.list.selectedEntry()));
 }
@@ -197,14 +211,37 @@ void EntryListView::selectionChanged(const QItemSelection& selected,
     if (m_programChanges) {
         return;
     }
-    const QModelIndexList rows = selectionModel()->selectedIndexes();
     m_history.endRun();
-    m_state.list.selected = rows.isEmpty() ? -1 : rows.first().row();
-    setToolTip(plainToolTip(m_state.list.selectedEntry()));
     m_pressSelected = true;
-    if (m_state.list.hasSelection()) {
+    const int shownBefore = m_state.list.selected;
+    const QList<int> rows = rowsOfSelection();
+    selectRows(m_state.list, rows, rowToShow(rows));
+    setToolTip(plainToolTip(m_state.list.selectedEntry()));
+    // Among several only another one in the boxes is a click.
+    if (m_state.list.hasSelection() && (rows.size() == 1 || m_state.list.selected != shownBefore)) {
         Q_EMIT Click(m_state.list.selected);
     }
+}
+
+QList<int> EntryListView::rowsOfSelection() const
+{
+    QList<int> rows;
+    for (const QModelIndex& index : selectionModel()->selectedIndexes()) {
+        rows.append(index.row());
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+/// The one that the user came to, else the one that was shown, else the first. -1 for none.
+int EntryListView::rowToShow(const QList<int>& rows) const
+{
+    for (const int row : {currentIndex().row(), m_state.list.selected}) {
+        if (std::binary_search(rows.cbegin(), rows.cend(), row)) {
+            return row;
+        }
+    }
+    return rows.value(0, -1);
 }
 
 void EntryListView::mousePressEvent(QMouseEvent* event)

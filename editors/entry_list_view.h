@@ -63,7 +63,8 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override { return {120, 54}; }
 
 Q_SIGNALS:
-    /// The user came to an entry, by mouse or keyboard. Counted from 0.
+    /// The user came to an entry, by mouse or keyboard. Counted from 0; of several that are
+    /// selected the one that the boxes are to show.
     void Click(int row);
     void entriesChanged();
     /// The list, its document, or whether the two differ.
@@ -85,6 +86,9 @@ private:
     void take(const ListState& next, const QObject* run);
     void show(const ListState& next);
     void showSelection();
+    [[nodiscard]] QItemSelection rangesOf(const QList<int>& rows) const;
+    [[nodiscard]] QList<int> rowsOfSelection() const;
+    [[nodiscard]] int rowToShow(const QList<int>& rows) const;
     void clickedAgain(const QModelIndex& index);
     void updateRow(int row);
 

@@ -134,7 +134,7 @@ void Form5::showRestoredBrakes()
         m_openedClip = clip.path;
         openPreview(clip.path, List2->document().folder);
         // The slider goes to the beginning of the clip, and no brake must go with it.
-        List2->change([](EntryList& list) { list.selected = -1; });
+        List2->change([](EntryList& list) { selectRows(list, {}, -1); });
     }
     const MarkerSplit split = splitAtLastMarker(List2->list().selectedEntry());
     if (split.found) {

@@ -28,6 +28,17 @@ static std::optional<Part> ifExchanged(const Part& before, const Part& after)
     return before == after ? std::nullopt : std::optional(before);
 }
 
+static EntryList selectionOf(const EntryList& list)
+{
+    return {.entries = {}, .selected = list.selected, .others = list.others};
+}
+
+static void select(EntryList& list, const EntryList& selection)
+{
+    list.selected = selection.selected;
+    list.others = selection.others;
+}
+
 ListHistory::Step ListHistory::stepBetween(const ListState& before, const ListState& after)
 {
     const ListDifference differs = differenceOf(before.list.entries, after.list.entries);
@@ -35,8 +46,8 @@ ListHistory::Step ListHistory::stepBetween(const ListState& before, const ListSt
     return {.first = first,
             .removed = before.list.entries.mid(first, differs.oldEnd - first),
             .inserted = after.list.entries.mid(first, differs.newEnd - first),
-            .selectedBefore = before.list.selected,
-            .selectedAfter = after.list.selected,
+            .before = selectionOf(before.list),
+            .after = selectionOf(after.list),
             .clip = ifExchanged(before.clip, after.clip),
             .document = ifExchanged(before.document, after.document)};
 }
@@ -88,7 +99,7 @@ bool ListHistory::undo(ListState& state)
     Step step = std::move(m_done.back());
     m_done.pop_back();
     putInPlaceOf(step.inserted, step.removed, step.first, state.list.entries);
-    state.list.selected = step.selectedBefore;
+    select(state.list, step.before);
     exchange(step, state);
     m_undone.push_back(std::move(step));
     return true;
@@ -103,7 +114,7 @@ bool ListHistory::redo(ListState& state)
     Step step = std::move(m_undone.back());
     m_undone.pop_back();
     putInPlaceOf(step.removed, step.inserted, step.first, state.list.entries);
-    state.list.selected = step.selectedAfter;
+    select(state.list, step.after);
     exchange(step, state);
     m_done.push_back(std::move(step));
     return true;

@@ -69,8 +69,8 @@ private:
         qsizetype first = 0;
         QStringList removed;
         QStringList inserted;
-        int selectedBefore = -1;
-        int selectedAfter = -1;
+        EntryList before; // what was selected; the entries are above
+        EntryList after;
         // The other one of the two, where the step has exchanged it. The document is exchanged and
         // not put back as it was: it may have been saved elsewhere since.
         std::optional<BrakedClip> clip;

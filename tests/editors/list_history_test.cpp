@@ -2,8 +2,6 @@
 
 #include "editors/list_history.h"
 
-#include <QElapsedTimer>
-
 #include <gtest/gtest.h>
 #include <random>
 
