@@ -142,6 +142,9 @@ void EditorWindow::connectMoves(EntryListView* list, QPushButton* up, QPushButto
     const auto downward = [list](auto&&...) { list->change(moveDown); };
     on(list, &EntryListView::moveUpWanted, upward);
     on(list, &EntryListView::moveDownWanted, downward);
+    on(list, &EntryListView::moveWanted, [list](int place) {
+        list->change([place](EntryList& entries) { moveBefore(entries, place); });
+    });
     if (up != nullptr && down != nullptr) {
         on(up, &QPushButton::clicked, upward);
         on(down, &QPushButton::clicked, downward);

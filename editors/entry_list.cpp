@@ -4,6 +4,7 @@
 #include "core/paths.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace orvanta {
@@ -111,6 +112,21 @@ void moveDown(EntryList& list)
         list.entries.move(*row, *row + 1);
     }
     shiftSelection(list, 1);
+}
+
+void moveBefore(EntryList& list, int place)
+{
+    const QList<int> rows = selectedRows(list);
+    if (rows.isEmpty()) {
+        return;
+    }
+    const auto [moved, rest] = parted(list);
+    const auto before = std::lower_bound(rows.cbegin(), rows.cend(), place) - rows.cbegin();
+    const qsizetype first = place - before;
+    list.entries = rest.first(first) + moved + rest.sliced(first);
+    QList<int> next(rows.size());
+    std::iota(next.begin(), next.end(), static_cast<int>(first));
+    selectRows(list, next, next.at(rows.indexOf(list.selected)));
 }
 
 ListDifference differenceOf(const QStringList& old, const QStringList& next)

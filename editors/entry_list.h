@@ -44,6 +44,9 @@ void removeAll(EntryList& list);
 /// end of the way nothing happens: what lies between them stays between them.
 void moveUp(EntryList& list);
 void moveDown(EntryList& list);
+/// Moves the selected entries together, in their order, before this one, counted from 0 as they
+/// stand now; the number of entries moves them to the end. They stay selected.
+void moveBefore(EntryList& list, int place);
 
 /// Where two lists differ: [first, oldEnd) of the old one stands where [first, newEnd) of the new
 /// one does. All counted from 0.

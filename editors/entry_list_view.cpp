@@ -5,8 +5,11 @@
 #include "platform/screen/window_basics.h"
 
 #include <QAbstractListModel>
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QScopedValueRollback>
+#include <QUuid>
 
 #include <algorithm>
 #include <utility>
@@ -41,7 +44,31 @@ public:
         }
     }
 
+    // Entries are dragged, and dropped between others.
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override
+    {
+        const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+        return flags | (index.isValid() ? Qt::ItemIsDragEnabled : Qt::ItemIsDropEnabled);
+    }
+    [[nodiscard]] Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+    [[nodiscard]] QStringList mimeTypes() const override { return {kDragType.toString()}; }
+    /// Says that this list's entries are dragged and not which: the list knows.
+    [[nodiscard]] QMimeData* mimeData(const QModelIndexList& /*indexes*/) const override
+    {
+        auto* data = new QMimeData;
+        data->setData(kDragType.toString(), m_ownMark);
+        return data;
+    }
+    /// Another list's entries mean something else, in this program and in another one.
+    [[nodiscard]] bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int /*row*/,
+                                       int /*column*/, const QModelIndex& /*parent*/) const override
+    {
+        return action == Qt::MoveAction && data->data(kDragType.toString()) == m_ownMark;
+    }
+
 private:
+    static constexpr QStringView kDragType = u"application/x-orvanta-entries";
+
     /// None leaves the view's own tool tip.
     [[nodiscard]] QVariant wordsFor(int row, int role) const
     {
@@ -56,6 +83,7 @@ private:
 
     const EntryListView* m_view;
     QStringList m_entries;
+    const QByteArray m_ownMark = QUuid::createUuid().toByteArray();
 };
 
 void EntryModel::setEntries(const QStringList& next)
@@ -98,6 +126,8 @@ EntryListView::EntryListView(Look look, QWidget* parent)
     setUniformItemSizes(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setDragDropMode(QAbstractItemView::DragDrop);
+    setDefaultDropAction(Qt::MoveAction);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(this, &QListView::clicked, this, &EntryListView::clickedAgain);
 }
@@ -198,8 +228,10 @@ void EntryListView::showSelection()
         return;
     }
     const QModelIndex index = m_model->index(m_state.list.selected);
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    selectionModel()->select(rangesOf(m_state.list.others), QItemSelectionModel::Select);
+    // The others first: Shift goes on from what is selected last.
+    selectionModel()->select(rangesOf(m_state.list.others), QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::Select);
+    m_anchor = m_state.list.selected;
     scrollTo(index);
     setToolTip(plainToolTip(m_state.list.selectedEntry()));
 }
@@ -217,6 +249,7 @@ void EntryListView::selectionChanged(const QItemSelection& selected,
     const QList<int> rows = rowsOfSelection();
     selectRows(m_state.list, rows, rowToShow(rows));
     setToolTip(plainToolTip(m_state.list.selectedEntry()));
+    m_anchor = rows.size() == 1 ? rows.front() : currentIndex().row();
     // Among several only another one in the boxes is a click.
     if (m_state.list.hasSelection() && (rows.size() == 1 || m_state.list.selected != shownBefore)) {
         Q_EMIT Click(m_state.list.selected);
@@ -242,6 +275,48 @@ int EntryListView::rowToShow(const QList<int>& rows) const
         }
     }
     return rows.value(0, -1);
+}
+
+// The view's own idea of where Shift began stays behind when entries are moved.
+void EntryListView::setSelection(const QRect& area, QItemSelectionModel::SelectionFlags command)
+{
+    const int reached = currentIndex().row();
+    const bool isShift = command.testFlag(QItemSelectionModel::SelectCurrent);
+    if (!isShift || reached < 0 || m_anchor < 0 || m_anchor >= m_state.list.entries.size()) {
+        QListView::setSelection(area, command);
+        return;
+    }
+    const QScopedValueRollback anchorStays(m_anchor);
+    const auto [first, last] = std::minmax(m_anchor, reached);
+    selectionModel()->select(QItemSelection(m_model->index(first), m_model->index(last)), command);
+}
+
+int EntryListView::dropPlace(const QPoint& at) const
+{
+    const int row = indexAt(at).row();
+    switch (dropIndicatorPosition()) {
+    case QAbstractItemView::AboveItem:
+        return row;
+    case QAbstractItemView::BelowItem:
+        return row + 1;
+    default:
+        return static_cast<int>(m_state.list.entries.size());
+    }
+}
+
+// The view would take the rows out of the model behind the list's back.
+void EntryListView::dropEvent(QDropEvent* event)
+{
+    if (!m_model->canDropMimeData(event->mimeData(), event->dropAction(), -1, -1, {})) {
+        return;
+    }
+    const int place = dropPlace(event->position().toPoint());
+    event->setDropAction(Qt::IgnoreAction);
+    event->accept();
+    stopAutoScroll();
+    setState(NoState);
+    viewport()->update();
+    Q_EMIT moveWanted(place);
 }
 
 void EntryListView::mousePressEvent(QMouseEvent* event)

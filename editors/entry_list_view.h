@@ -75,12 +75,16 @@ Q_SIGNALS:
     void removeWanted();
     void moveUpWanted();
     void moveDownWanted();
+    /// The selected entries were dropped before this one; the number of entries for the end.
+    void moveWanted(int place);
 
 protected:
+    void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void selectionChanged(const QItemSelection& selected,
                           const QItemSelection& deselected) override;
+    void setSelection(const QRect& area, QItemSelectionModel::SelectionFlags command) override;
 
 private:
     void take(const ListState& next, const QObject* run);
@@ -89,6 +93,8 @@ private:
     [[nodiscard]] QItemSelection rangesOf(const QList<int>& rows) const;
     [[nodiscard]] QList<int> rowsOfSelection() const;
     [[nodiscard]] int rowToShow(const QList<int>& rows) const;
+    /// Before which row what is dropped there goes.
+    [[nodiscard]] int dropPlace(const QPoint& at) const;
     void clickedAgain(const QModelIndex& index);
     void updateRow(int row);
 
@@ -97,6 +103,7 @@ private:
     ListState m_state;
     ListHistory m_history;
     int m_markedRow = -1;
+    int m_anchor = -1; // the row from which Shift selects
     bool m_programChanges = false;
     bool m_pressSelected = false; // the press that is under way has reported its click already
 };

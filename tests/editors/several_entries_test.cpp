@@ -49,6 +49,33 @@ TEST(SeveralEntries, ChangeTogether)
     }
 }
 
+TEST(SeveralEntries, AreMovedTogetherBeforeAnyOther)
+{
+    struct Row
+    {
+        QList<int> rows;
+        int shown;
+        int place;
+        EntryList after;
+    };
+    const Row rows[] = {
+        {{1, 3}, 3, 0, listWith(u"bdace"_s, {0, 1}, 1)},
+        {{1, 3}, 1, 5, listWith(u"acebd"_s, {3, 4}, 3)},
+        {{1, 3}, 1, 2, listWith(u"abdce"_s, {1, 2}, 1)},
+        {{1, 3}, 3, 3, listWith(u"acbde"_s, {2, 3}, 3)},
+        {{2}, 2, 2, listWith(u"abcde"_s, {2}, 2)},
+        {{2}, 2, 3, listWith(u"abcde"_s, {2}, 2)},
+        {{2}, 2, 1, listWith(u"acbde"_s, {1}, 1)},
+        {{}, -1, 1, listWith(u"abcde"_s, {}, -1)},
+    };
+    for (const Row& row : rows) {
+        EntryList list = listWith(u"abcde"_s, row.rows, row.shown);
+        moveBefore(list, row.place);
+        EXPECT_EQ(list, row.after)
+            << row.place << ' ' << list.entries.join(QString()).toStdString();
+    }
+}
+
 TEST(SeveralEntries, OnlyTheShownOneIsRebuilt)
 {
     EntryList list = listWith(u"abc"_s, {0, 1, 2}, 1);

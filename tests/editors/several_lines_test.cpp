@@ -145,6 +145,21 @@ TYPED_TEST(SeveralLines, AreRemovedAndMovedByButtonsAndKeys)
     this->expectRows({});
 }
 
+TYPED_TEST(SeveralLines, ShiftGoesOnFromALineThatWasMoved)
+{
+    this->openFive();
+    this->click(0);
+    this->press(&EditorWindow::Command10);
+    this->key(Qt::Key_Down, Qt::ShiftModifier);
+    this->expectRows({1, 2});
+    this->key(Qt::Key_Down, Qt::ShiftModifier);
+    this->expectRows({1, 2, 3});
+    this->key(Qt::Key_Up, Qt::ShiftModifier);
+    this->expectRows({1, 2});
+    this->click(0, Qt::ShiftModifier);
+    this->expectRows({0, 1});
+}
+
 TYPED_TEST(SeveralLines, ComeBackWithTheirSelection)
 {
     this->openFive();
