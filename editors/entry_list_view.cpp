@@ -5,6 +5,7 @@
 #include "platform/screen/window_basics.h"
 
 #include <QAbstractListModel>
+#include <QDrag>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -302,6 +303,14 @@ int EntryListView::dropPlace(const QPoint& at) const
     default:
         return static_cast<int>(m_state.list.entries.size());
     }
+}
+
+// Without the view's picture of the rows, which would lie over the line that shows where they go.
+void EntryListView::startDrag(Qt::DropActions actions)
+{
+    auto* drag = new QDrag(this); // the library deletes it
+    drag->setMimeData(m_model->mimeData({}));
+    drag->exec(actions, Qt::MoveAction);
 }
 
 // The view would take the rows out of the model behind the list's back.

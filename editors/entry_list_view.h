@@ -79,6 +79,7 @@ Q_SIGNALS:
     void moveWanted(int place);
 
 protected:
+    void startDrag(Qt::DropActions actions) override;
     void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
