@@ -81,6 +81,12 @@ protected:
         return match.captured(1);
     }
 
+    /// The same of a draft: of a packet that is as its file, it says no more than that.
+    [[nodiscard]] QString firstTextOfDraft(const QString& kept) const
+    {
+        return firstText(kept.contains(u"was=1\r\n"_s) ? content(document) : kept);
+    }
+
     /// Starts with what the last round left: a draft is offered and taken, else the document
     /// opened.
     void begin(Application& program, bool fromDraft, const QString& expected)
@@ -157,18 +163,18 @@ TEST_F(KilledEditing, AtAnyMomentLeavesTheOldDocumentOrTheNewOneAndADraftOfTheRe
         ASSERT_TRUE(saved == inDocument || (saves && saved == text)) << saved.toStdString();
         const QString kept = draft();
         if (!kept.isEmpty()) {
-            const QString draftText = firstText(kept);
+            const QString draftText = firstTextOfDraft(kept);
             ASSERT_TRUE(draftText == text || draftText == expected) << kept.toStdString();
         }
         if (saved != text && age >= 1000 + stalls.longestMs()) {
             ++judged;
             ASSERT_FALSE(kept.isEmpty());
-            ASSERT_EQ(firstText(kept), text);
+            ASSERT_EQ(firstTextOfDraft(kept), text);
         }
         ASSERT_FALSE(HasFailure());
         inDocument = saved;
         fromDraft = !kept.isEmpty();
-        expected = fromDraft ? firstText(kept) : saved;
+        expected = fromDraft ? firstTextOfDraft(kept) : saved;
     }
     RecordProperty("judged", judged);
     RecordProperty("taken", taken);
