@@ -33,6 +33,7 @@ EditingRow::EditingRow(TextLanguage language, QWidget* parent)
     applyTexts(controls(), language);
     nameKeys();
     layOut();
+    More->setStyleSheet(skin::commandMenuSheet());
     connect(MoreButton, &QPushButton::clicked, this,
             [this] { More->popup(MoreButton->mapToGlobal(QPoint(0, MoreButton->height() + 2))); });
 }
