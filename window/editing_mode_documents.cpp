@@ -30,7 +30,8 @@ void EditingMode::keepDraft()
         return;
     }
     if (m_editing.isChanged()) {
-        m_drafts.keep(m_ports.module.playlist, m_saving.saved());
+        // Where it cannot be kept, the next change tries again, and so does the end.
+        m_draftIsDue = !m_drafts.keep(m_ports.module.playlist, m_saving.saved());
     } else {
         m_drafts.discard(m_ports.module.playlist.Document);
     }

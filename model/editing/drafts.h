@@ -25,7 +25,8 @@ public:
 
     /// Keeps what is open, as a document is written: whole or not at all. Packets that are as
     /// saved are named only. Returns false, with a line in the log, where it cannot be kept.
-    bool keep(const PlaylistState& playlist, const std::vector<PlaylistEntry>& saved) const;
+    [[nodiscard]] bool keep(const PlaylistState& playlist,
+                            const std::vector<PlaylistEntry>& saved) const;
     void discard(const QString& document) const;
 
     [[nodiscard]] std::optional<DraftInfo> of(const QString& document) const;
