@@ -45,7 +45,9 @@ void EditingMode::connectList()
 {
     PlaylistList& list = m_ports.list;
     const auto on = [this](auto* sender, auto signal, auto handler) {
-        connect(sender, signal, this, m_ports.boundary(handler));
+        connect(sender, signal, this, m_ports.boundary([handler](auto&&... arguments) {
+            trapped("editing", [&] { handler(arguments...); });
+        }));
     };
     on(&list, &PlaylistList::editingAsked, [this](Command command) { carryOut(command); });
     on(&list, &PlaylistList::linesDropped, [this](int before) { dropLines(before); });
@@ -97,6 +99,13 @@ bool EditingMode::carryOut(Command command)
     if (!m_on) {
         return false;
     }
+    bool isEditing = true;
+    trapped("command of editing", [&] { isEditing = carryOutWhileOn(command); });
+    return isEditing;
+}
+
+bool EditingMode::carryOutWhileOn(Command command)
+{
     if (command != Command::EditText) {
         m_box->finish();
     }

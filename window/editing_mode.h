@@ -66,11 +66,14 @@ public:
     /// What the menu needs to know of editing.
     void addFacts(CommandFacts& facts) const;
 
-    /// Something else is open now, or more.
+    /// Something else is open now.
     void playlistShown();
-    /// The program begins with nothing open, or it ends.
+    /// More is open now, behind what was open before.
+    void playlistGrown();
+    /// The program begins with nothing open.
     void offerDrafts();
-    void keepDraft();
+    /// The program ends.
+    void end();
 
     /// The steps that were done, for who tests and shows them.
     [[nodiscard]] const LessonEditing& editing() const { return m_editing; }
@@ -116,6 +119,8 @@ private:
     void setMarks(const std::vector<SuggestedMark>& marks);
 
     // Documents: editing_mode_documents.cpp
+    void keepDraft();
+    void keepDraftSoon();
     bool save(bool elsewhere);
     [[nodiscard]] QString askTarget();
     void discard();
@@ -131,6 +136,7 @@ private:
     [[nodiscard]] QString text(QStringView name) const;
 
     void connectList();
+    [[nodiscard]] bool carryOutWhileOn(Command command);
     void refresh();
 
     EditingPorts m_ports;
@@ -149,6 +155,7 @@ private:
     bool m_isFollowed = false;       // what is saved of it is known
     bool m_on = false;
     bool m_draftIsDue = false;
+    bool m_hasOldDraft = false; // of what is open: one that nobody has taken
 };
 
 } // namespace orvanta

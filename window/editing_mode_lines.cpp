@@ -12,6 +12,7 @@
 #include "window/playlist_list.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace orvanta {
@@ -210,6 +211,7 @@ void EditingMode::dropFiles(const QStringList& files, int before)
     const EditPlace place = {above.packet, above.line + 1};
     if (!paths.isEmpty() && !m_editing.insertClips(place, paths, texts)) {
         PlaylistEntry loose; // among brakes: a packet of their own behind them
+        loose.Origin = std::make_shared<PacketOrigin>(); // the same when it comes back by redo
         loose.Title = QStringView(kPacketTitle).toString();
         for (qsizetype i = 0; i < paths.size(); ++i) {
             loose.Clips.push_back({.Time = {}, .Text = texts[i], .Path = paths[i]});
@@ -245,10 +247,7 @@ void EditingMode::showStep(const EditStep& step)
     m_revision = m_ports.module.playlist.revision;
     m_left.reset();
     m_ports.notice.clear(); // what it asks about is past
-    m_draftIsDue = true;
-    if (!m_draftTimer.isActive()) {
-        m_draftTimer.start();
-    }
+    keepDraftSoon();
 }
 
 void EditingMode::selectAfter(const EditStep& step, const std::vector<EditPlace>& before)

@@ -97,6 +97,7 @@ void EditingSound::follow()
 void EditingSound::readClip()
 {
     m_file = m_ports.engine.operations().player().file;
+    m_suggestions.cancel(); // they would be of another clip
     m_ports.strip.setPeaks({});
     m_ports.strip.setSilences({});
     m_ports.silences.hide();
@@ -160,6 +161,11 @@ void EditingSound::suggestFrom(MarkSource source)
 
 void EditingSound::takeTexts(const ClipTexts& texts)
 {
+    const QString asked = m_file;
+    follow();
+    if (m_file != asked) {
+        return; // another clip came meanwhile
+    }
     std::vector<SuggestedMark> marks;
     if (m_source == MarkSource::Chapters) {
         marks = texts.chapters;
