@@ -98,6 +98,7 @@ private:
     void dropLines(int before);
     void dropFiles(const QStringList& files, int before);
     void showStep(const EditStep& step);
+    [[nodiscard]] std::vector<EditPlace> uncheckedAfter(const EditStep& step) const;
     void selectAfter(const EditStep& step, const std::vector<EditPlace>& before);
     [[nodiscard]] EditPlace placeOf(int line) const;
     [[nodiscard]] int lineOf(EditPlace place) const;

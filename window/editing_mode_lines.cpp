@@ -222,19 +222,30 @@ void EditingMode::dropFiles(const QStringList& files, int before)
     m_editing.insertPackets(above.packet + 1, packets);
 }
 
+/// The lines without a mark, as they are after the step. Their places are counted: to look each one
+/// up would take too long in the longest lists.
+std::vector<EditPlace> EditingMode::uncheckedAfter(const EditStep& step) const
+{
+    std::vector<EditPlace> unchecked;
+    const std::vector<TreeLine>& lines = m_ports.list.lines();
+    EditPlace place;
+    for (std::size_t line = 1; line < lines.size(); ++line) {
+        const int packet = lines[line].packet.value();
+        place = {packet, packet == place.packet ? place.line + 1 : 0};
+        if (!m_ports.list.isLineChecked(static_cast<int>(line))) {
+            if (const auto after = placeAfter(step, place)) {
+                unchecked.push_back(*after);
+            }
+        }
+    }
+    return unchecked;
+}
+
 /// Marks of lines and the selection stay with their lines.
 void EditingMode::showStep(const EditStep& step)
 {
     const std::vector<EditPlace> before = selected();
-    std::vector<EditPlace> unchecked;
-    const int lines = static_cast<int>(m_ports.list.lines().size());
-    for (int line = 1; line < lines; ++line) {
-        if (!m_ports.list.isLineChecked(line)) {
-            if (const auto place = placeAfter(step, placeOf(line))) {
-                unchecked.push_back(*place);
-            }
-        }
-    }
+    const std::vector<EditPlace> unchecked = uncheckedAfter(step);
     m_ports.engine.lesson().edited(step);
     std::vector<TreeLine> tree = treeLines(m_ports.module.playlist);
     std::vector<bool> checked(tree.size(), true);
