@@ -32,6 +32,8 @@ EditingMode::EditingMode(EditingPorts ports, QObject* parent)
     connect(&m_editing, &LessonEditing::edited, this,
             [this](const EditStep& step) { showStep(step); });
     connect(&m_editing, &LessonEditing::stateChanged, this, [this] { refresh(); });
+    connect(&m_ports.engine.lesson(), &LessonControls::replacing, this,
+            [this] { m_box->finish(); });
     connect(&m_ports.engine.lesson(), &LessonControls::left, this, [this] { noteLeaving(); });
     connect(&m_ports.engine, &PlaybackEngine::cursorChanged, this, [this] { refresh(); });
     connect(&m_ports.row, &EditingRow::asked, this,

@@ -127,7 +127,6 @@ void EditingMode::noteLeaving()
     if (m_ports.module.playlist.revision != m_revision) {
         return; // something else is there already
     }
-    m_box->finish();
     m_leaving.reset();
     if (m_editing.isChanged()) {
         keepDraft();

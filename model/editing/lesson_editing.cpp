@@ -173,7 +173,7 @@ std::optional<EditPlace> LessonEditing::setTime(EditPlace place, double seconds)
     const ClipEntry line = others[indexOf(place.line)];
     ClipEntry changed = line;
     changed.Time = storedTime(seconds);
-    if (changed.Time == line.Time) {
+    if (timeOf(changed) == timeOf(line)) { // written in another way, perhaps
         return std::nullopt;
     }
     others.erase(others.begin() + (place.line - 1));

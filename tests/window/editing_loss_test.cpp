@@ -152,4 +152,57 @@ TEST_F(ChangesInTheWindow, AreNotMadeByWhatAnotherClipHasSuggested)
     EXPECT_EQ(module.playlist.PlaylistCount, 1);
 }
 
+TEST_F(ChangesInTheWindow, AreTypedOnWhileTheFilmReachesTheNextBrake)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s, u"000040.00"_s});
+    window->List1->setCursorLine(2);
+    press(Qt::Key_F2);
+    type(u"sta"_s);
+    playTo(20.1);
+    EXPECT_EQ(module.playlist.CurrentClip, 2);
+    type(u"rt"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    EXPECT_EQ(texts(), (QStringList{u"start"_s, u"line 2"_s, u"line 3"_s}));
+}
+
+TEST_F(ChangesInTheWindow, AreNoneWhereATimeIsTypedAsItWas)
+{
+    openBrakes({u"00000.5"_s, u"000020.00"_s});
+    window->List1->setCursorLine(2);
+    press(Qt::Key_F2);
+    QTest::keyClick(&box(), Qt::Key_Tab);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    EXPECT_FALSE(mode().editing().isChanged());
+    EXPECT_EQ(times()[0], u"00000.5");
+}
+
+TEST_F(ChangesInTheWindow, IncludeWhatStandsInTheOpenBoxWhenALaunchOpensSomethingElse)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    retype(u"first"_s);
+    press(Qt::Key_F2);
+    type(u"start"_s);
+    const QString clips = writePacket(u"clips.vxl"_s, {u"one"_s});
+    setting("ftl", "1", clips);
+    setting("ftl", "num", u"1"_s);
+    engine->tick();
+    ASSERT_EQ(texts(), (QStringList{u"one"_s}));
+    ASSERT_EQ(answers(), (QStringList{u"Save"_s, u"Discard"_s}));
+    answer(0);
+    EXPECT_EQ(kept(u"brake1", u"text"), u"start");
+}
+
+TEST_F(ChangesInTheWindow, IncludeWhatStandsInTheOpenBoxWhenTheWindowGoesToTheTray)
+{
+    option("nc");
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_F2);
+    type(u"start"_s);
+    engine->pressClose();
+    EXPECT_EQ(module.playlist.PlaylistCount, 0);
+    ASSERT_EQ(answers(), (QStringList{u"Save"_s, u"Discard"_s}));
+    answer(0);
+    EXPECT_EQ(kept(u"brake1", u"text"), u"start");
+}
+
 } // namespace orvanta::test
