@@ -66,12 +66,14 @@ public:
     /// What the menu needs to know of editing.
     void addFacts(CommandFacts& facts) const;
 
-    /// Something else is open now, or more.
+    /// Something else is open now.
     void playlistShown();
+    /// More is open now, behind what was open before.
+    void playlistGrown();
     /// The program begins with nothing open.
     void offerDrafts();
-    /// What is being typed belongs to what is open, and all of it into the draft.
-    void endProgram();
+    /// The program ends.
+    void end();
 
     /// The steps that were done, for who tests and shows them.
     [[nodiscard]] const LessonEditing& editing() const { return m_editing; }
@@ -96,6 +98,7 @@ private:
     void dropLines(int before);
     void dropFiles(const QStringList& files, int before);
     void showStep(const EditStep& step);
+    [[nodiscard]] std::vector<EditPlace> uncheckedAfter(const EditStep& step) const;
     void selectAfter(const EditStep& step, const std::vector<EditPlace>& before);
     [[nodiscard]] EditPlace placeOf(int line) const;
     [[nodiscard]] int lineOf(EditPlace place) const;
@@ -119,6 +122,7 @@ private:
 
     // Documents: editing_mode_documents.cpp
     void keepDraft();
+    void keepDraftSoon();
     bool save(bool elsewhere);
     [[nodiscard]] QString askTarget();
     void discard();
@@ -134,6 +138,7 @@ private:
     [[nodiscard]] QString text(QStringView name) const;
 
     void connectList();
+    [[nodiscard]] bool carryOutWhileOn(Command command);
     void refresh();
 
     EditingPorts m_ports;
@@ -152,6 +157,7 @@ private:
     bool m_isFollowed = false;       // what is saved of it is known
     bool m_on = false;
     bool m_draftIsDue = false;
+    bool m_hasOldDraft = false; // of what is open: one that nobody has taken
 };
 
 } // namespace orvanta

@@ -95,8 +95,7 @@ TEST_F(EditedDocuments, OffersTheDraftWhenItsDocumentIsOpenedAgain)
     press(Qt::Key_F2);
     type(u"start"_s);
     QTest::keyClick(&box(), Qt::Key_Return);
-    click(window->Image14); // the same again
-    EXPECT_TRUE(window->Notice->text().startsWith(u"lesson.vxl"_s));
+    press(Qt::Key_F4);
     window.reset();
     show();
     EXPECT_EQ(answers(), (QStringList{})); // something is open

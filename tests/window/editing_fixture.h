@@ -7,7 +7,10 @@
 #include "window/edit_notice.h"
 #include "window/editing_mode.h"
 #include "window/editing_row.h"
+#include "window/silence_row.h"
+#include "window/waveform_strip.h"
 
+#include <QDir>
 #include <QPushButton>
 
 namespace orvanta::test {
@@ -88,7 +91,9 @@ protected:
     }
     void answer(int index) const
     {
-        click(window->Notice->buttons()[static_cast<std::size_t>(index)]);
+        const auto place = static_cast<std::size_t>(index);
+        ASSERT_LT(place, window->Notice->buttons().size());
+        click(window->Notice->buttons()[place]);
     }
     [[nodiscard]] QString kept(const char16_t* section, const char16_t* key,
                                const QString& name = u"lesson.vxl"_s) const
