@@ -11,6 +11,7 @@
 #include "platform/process/application_folder.h"
 #include "platform/process/end_signals.h"
 #include "platform/process/hand_over_queue.h"
+#include "platform/process/known_places.h"
 #include "platform/process/single_instance.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/playback_engine.h"
@@ -92,6 +93,7 @@ void StartUp::buildIniPath()
     m_registry.emplace(m_module.ApplicationFolder);
     const QString platformIni = programFile(m_module.ApplicationFolder, u"\\platform.ini"_s);
     setLegacyCodePage(Settings(platformIni).codePage());
+    setPlacesFile(platformIni);
 }
 
 void StartUp::chooseLanguage()
