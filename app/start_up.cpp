@@ -3,15 +3,12 @@
 #include "app/command_line.h"
 #include "app/program.h"
 #include "app/start_up_steps.h"
-#include "core/earlier_versions.h"
-#include "core/ini.h"
 #include "core/log.h"
 #include "core/paths.h"
 #include "platform/media/media_library.h"
 #include "platform/process/application_folder.h"
 #include "platform/process/end_signals.h"
 #include "platform/process/hand_over_queue.h"
-#include "platform/process/known_places.h"
 #include "platform/process/single_instance.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/playback_engine.h"
@@ -87,13 +84,10 @@ bool StartUp::Main()
 void StartUp::buildIniPath()
 {
     m_module.ApplicationFolder = applicationFolder();
-    setVersionsFolder(stateFolder() + u"/versions"_s);
     requireSettings(m_module.ApplicationFolder);
     m_module.IniPath = programFile(m_module.ApplicationFolder, u"\\orvanta.ini"_s);
     m_registry.emplace(m_module.ApplicationFolder);
-    const QString platformIni = programFile(m_module.ApplicationFolder, u"\\platform.ini"_s);
-    setLegacyCodePage(Settings(platformIni).codePage());
-    setPlacesFile(platformIni);
+    prepareDocuments(m_module.ApplicationFolder);
 }
 
 void StartUp::chooseLanguage()
