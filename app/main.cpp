@@ -1,5 +1,6 @@
 // The entry point: what must hold before the start-up procedure can run.
 
+#include "app/check_command.h"
 #include "app/command_line.h"
 #include "app/log_output.h"
 #include "app/start_up.h"
@@ -64,6 +65,10 @@ int main(int argc, char** argv)
     orvanta::sendLogToStandardError();
     if (const auto text = orvanta::answerForTerminal(orvanta::argumentTexts(argc, argv))) {
         return orvanta::answer(*text);
+    }
+    if (const auto check = orvanta::checkCommand(orvanta::argumentTexts(argc, argv))) {
+        const QCoreApplication application(argc, argv);
+        return orvanta::runCheck(*check);
     }
     if (!orvanta::canFindDisplay(argc, argv)) {
         std::fputs("orvanta: there is no display (DISPLAY and WAYLAND_DISPLAY are not set)\n",

@@ -3,8 +3,6 @@
 #include "app/command_line.h"
 #include "app/program.h"
 #include "app/start_up_steps.h"
-#include "core/earlier_versions.h"
-#include "core/ini.h"
 #include "core/log.h"
 #include "core/paths.h"
 #include "platform/media/media_library.h"
@@ -86,12 +84,10 @@ bool StartUp::Main()
 void StartUp::buildIniPath()
 {
     m_module.ApplicationFolder = applicationFolder();
-    setVersionsFolder(stateFolder() + u"/versions"_s);
     requireSettings(m_module.ApplicationFolder);
     m_module.IniPath = programFile(m_module.ApplicationFolder, u"\\orvanta.ini"_s);
     m_registry.emplace(m_module.ApplicationFolder);
-    const QString platformIni = programFile(m_module.ApplicationFolder, u"\\platform.ini"_s);
-    setLegacyCodePage(Settings(platformIni).codePage());
+    prepareDocuments(m_module.ApplicationFolder);
 }
 
 void StartUp::chooseLanguage()

@@ -1,8 +1,12 @@
 #include "app/start_up_steps.h"
 
+#include "core/earlier_versions.h"
+#include "core/ini.h"
 #include "core/paths.h"
 #include "core/run_time_error.h"
 #include "model/settings.h"
+#include "platform/process/application_folder.h"
+#include "platform/process/known_places.h"
 
 #include <QFile>
 
@@ -32,6 +36,14 @@ void repairSetupCopy(const QString& applicationFolder)
         copySetup(programFile(applicationFolder, u"\\setup\\"_s + fileNameOfPath(original)),
                   target);
     }
+}
+
+void prepareDocuments(const QString& applicationFolder)
+{
+    setVersionsFolder(stateFolder() + u"/versions"_s);
+    const QString platformIni = programFile(applicationFolder, u"\\platform.ini"_s);
+    setLegacyCodePage(Settings(platformIni).codePage());
+    setPlacesFile(platformIni);
 }
 
 void registerFolderVerb(Registry& registry, const QString& applicationFolder)

@@ -12,6 +12,10 @@ namespace orvanta {
 /// it cannot be copied.
 void repairSetupCopy(const QString& applicationFolder);
 
+/// How documents are read and their files looked for, as the settings beside the program's say.
+/// Earlier versions of what is saved are kept from now on. Creates nothing.
+void prepareDocuments(const QString& applicationFolder);
+
 /// Gives folders the command "Play clips". Repeated at every start, so that a moved program is
 /// corrected.
 void registerFolderVerb(Registry& registry, const QString& applicationFolder);

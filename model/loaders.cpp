@@ -37,6 +37,7 @@ void clearPlaylist(PlaylistState& playlist)
     playlist.Playlist.clear();
     playlist.PlaylistCount = 0;
     playlist.Document.clear();
+    beginSearches();
 }
 
 /// What was opened into an empty playlist is all that is open; with anything more there is no one
@@ -72,11 +73,43 @@ static void place(PlaylistState& playlist, std::vector<PlaylistEntry>&& packets,
     playlist.Document = document;
 }
 
+namespace {
+
+/// Finds the packets of a group. What is deep below the group's folder is waited for once, a moment
+/// only: the windows stand still meanwhile.
+class MemberSearch
+{
+public:
+    explicit MemberSearch(const QString& folder)
+        : m_folders{.packet = folder}
+    {}
+
+    [[nodiscard]] QString locate(const QString& pathText)
+    {
+        QString file = findMediaFile(pathText, m_folders).file;
+        if (file.isEmpty() && !std::exchange(m_hasWaited, true) &&
+            !mayBeFoundLater(pathText, m_folders, kPatienceMs)) {
+            file = findMediaFile(pathText, m_folders).file;
+        }
+        return file;
+    }
+
+private:
+    static constexpr int kPatienceMs = 500;
+
+    LessonFolders m_folders;
+    bool m_hasWaited = false;
+};
+
+} // namespace
+
 /// A group without a readable count changes nothing; after that, what was read stays.
 static void loadGroup(PlaylistState& playlist, const QString& path, Placing placing)
 {
     const QString folder = folderOfPath(path);
-    const auto find = [&](const QString& pathText) { return locateFile(pathText, folder); };
+    const auto find = [search = MemberSearch(folder)](const QString& pathText) mutable {
+        return search.locate(pathText);
+    };
     std::vector<PlaylistEntry> packets;
     try {
         readGroupInto(packets, path, find);

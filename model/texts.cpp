@@ -1,6 +1,7 @@
 #include "model/texts.h"
 
 #include "model/texts_of_editing.h"
+#include "model/texts_of_files.h"
 
 #include <algorithm>
 #include <array>
@@ -12,6 +13,7 @@ constexpr QStringView kHelp =
     u"Usage: orvanta [FILE...]\n"
     u"       orvanta /fFOLDER\n"
     u"       orvanta --continue\n"
+    u"       orvanta --check [--json] [--fix] [--relative] FILE|FOLDER...\n"
     u"       orvanta /auto\n"
     u"\n"
     u"Plays packets (.vxl), groups of packets (.vxg) and clips. A program that is\n"
@@ -21,6 +23,9 @@ constexpr QStringView kHelp =
     u"  /fFOLDER   the clips of a folder, too\n"
     u"  --continue goes on with the lesson that was on last, where it was left\n"
     u"  /auto      starts without showing the main window\n"
+    u"  --check    says whether the clips of packets and groups are there, without a\n"
+    u"             window; --fix writes where they were found, --relative makes paths\n"
+    u"             relative, --json prints for programs\n"
     u"  --help     shows this text\n"
     u"  --version  shows the version\n"
     u"\n"
@@ -426,12 +431,15 @@ constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
     InterfaceText{u"Form6", u"Text3.label", u"Picture:", u"Картинка:"},
 });
 
-/// Both tables as one.
+/// All tables as one.
 constexpr auto allTexts()
 {
-    std::array<InterfaceText, kTextsOfWindows.size() + kTextsOfEditing.size()> all;
-    const auto rest = std::ranges::copy(kTextsOfWindows, all.begin()).out;
-    std::ranges::copy(kTextsOfEditing, rest);
+    std::array<InterfaceText,
+               kTextsOfWindows.size() + kTextsOfEditing.size() + kTextsOfFiles.size()>
+        all;
+    const auto editing = std::ranges::copy(kTextsOfWindows, all.begin()).out;
+    const auto files = std::ranges::copy(kTextsOfEditing, editing).out;
+    std::ranges::copy(kTextsOfFiles, files);
     return all;
 }
 constexpr auto kTexts = allTexts();

@@ -10,11 +10,16 @@
 
 #include <QFile>
 
+#include <chrono>
 #include <utility>
 
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
+
+// For what lies deep below a folder.
+constexpr int kUnnoticed = 50; // milliseconds for which the windows may stand still
+constexpr std::chrono::seconds kPatienceWithSearch(30);
 
 ClipStarter::ClipStarter(EngineContext& context, TransportButtons& transport)
     : m_context(context),
@@ -79,7 +84,8 @@ void ClipStarter::showPicture(Int16 p)
     const PlaylistEntry& packet = m_context.module.playlist.packet(p);
     const bool hasPicture = !packet.Picture.isEmpty() && packet.Picture != kNoPicture;
     m_context.video.setStillPicture(
-        hasPicture ? m_context.findFile(packet.Picture, packet.PictureFolder) : QString());
+        hasPicture ? m_context.findFile(packet.Picture, {.packet = packet.PictureFolder})
+                   : QString());
 }
 
 /// Of the entry that is current.
@@ -104,13 +110,31 @@ static QString existing(const QString& file)
     return file;
 }
 
+/// A lesson that has moved may lie in a large folder: what is deep below it is known only after a
+/// while, and windows and keys go on meanwhile.
+QString ClipStarter::located(const QString& text, const LessonFolders& folders)
+{
+    QString file = m_context.findFile(text, folders);
+    if (!file.isEmpty() || !mayBeFoundLater(text, folders, kUnnoticed)) {
+        return file.isEmpty() ? m_context.findFile(text, folders) : file;
+    }
+    const Superseded superseded(m_context);
+    ++m_waiting;
+    waitInEventLoop([&] { return superseded() || !mayBeFoundLater(text, folders); },
+                    QDeadlineTimer(kPatienceWithSearch));
+    --m_waiting;
+    return superseded() ? QString() : m_context.findFile(text, folders);
+}
+
 bool ClipStarter::startClip(Cursor place)
 {
     const PlaylistEntry& packet = m_context.module.playlist.packet(place.packet);
-    const QString& text = packet.clip(place.clip).Path;
-    const QString file = existing(m_context.locate(text, packet));
+    // Copies: appending packets while the file is looked for moves the list.
+    const QString text = packet.clip(place.clip).Path;
+    const QString folder = packet.Folder;
+    const QString file = existing(located(text, m_context.foldersOf(packet)));
     const auto beginning = takeBeginning(place);
-    open(playableFile(text, file), text, packet.Folder);
+    open(playableFile(text, file), text, folder);
     if (beginning) { // the player goes there once it has opened the clip
         resumeNext("place in the clip",
                    [&] { m_context.operations.SetPlayerPosition(decimalText(*beginning)); });
@@ -124,17 +148,19 @@ bool ClipStarter::startBrake(Cursor place, Way way)
     const Superseded superseded(m_context);
     const auto beginning = takeBeginning(place);
     const PlaylistEntry& packet = m_context.module.playlist.packet(place.packet);
-    const QString file = existing(m_context.locate(packet.MediaFile, packet));
+    const QString text = packet.MediaFile;
+    const QString folder = packet.Folder;
+    const QString file = existing(located(text, m_context.foldersOf(packet)));
     if (mustLoad(file, place.packet)) {
-        open(file, packet.MediaFile, packet.Folder);
+        open(file, text, folder);
     } else {
         // Perhaps loaded as a clip of its own, or from another packet: now it is this packet's.
-        m_context.loaded = {file, packet.MediaFile, packet.Folder};
+        m_context.loaded = {file, text, folder};
     }
     if (!waitUntilReady() || superseded()) {
         return false;
     }
-    // Not through the reference above: appending packets meanwhile has moved the list.
+    // Not through a reference: appending packets meanwhile has moved the list.
     const QString time = m_context.module.playlist.packet(place.packet).clip(place.clip).Time;
     const bool stands = takeStanding(time) && way == ByPlaying;
     if (stands) {

@@ -63,6 +63,7 @@ private:
     void showPicture(Int16 p);
     void handBookmarkOver();
     [[nodiscard]] bool startMedia(Cursor place, Way way);
+    [[nodiscard]] QString located(const QString& text, const LessonFolders& folders);
     [[nodiscard]] bool startClip(Cursor place);
     [[nodiscard]] bool startBrake(Cursor place, Way way);
     void goToBrake(const QString& time);

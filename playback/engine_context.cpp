@@ -1,14 +1,14 @@
 #include "playback/engine_context.h"
 
-#include "platform/process/media_locator.h"
-
 namespace orvanta {
 
 EngineContext::EngineContext(Module1& sharedState, MediaControl& control, VideoWindow& videoWindow)
     : module(sharedState),
       video(videoWindow),
       operations(sharedState, control, videoWindow),
-      findFile(locateFile)
+      findFile([](const QString& pathText, const LessonFolders& folders) {
+          return findMediaFile(pathText, folders).file;
+      })
 {}
 
 void EngineContext::supersede(FailedMedia takenAlong)
@@ -72,10 +72,10 @@ bool EngineContext::areBrakesLoaded() const
     return packet.MediaFile == loaded.text && packet.Folder == loaded.folder;
 }
 
-QString EngineContext::locate(const QString& pathText, const PlaylistEntry& packet) const
+LessonFolders EngineContext::foldersOf(const PlaylistEntry& packet) const
 {
     const bool loose = packet.Folder.isEmpty();
-    return findFile(pathText, loose ? module.playlist.PacketFolder : packet.Folder);
+    return {loose ? module.playlist.PacketFolder : packet.Folder, packet.PictureFolder};
 }
 
 int EngineContext::moveListCursor(Cursor place)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "model/module1.h"
+#include "platform/process/media_locator.h"
 #include "playback/advance.h"
 #include "playback/playback_log.h"
 #include "playback/playback_operations.h"
@@ -36,8 +37,8 @@ struct EngineContext
     PlaybackView* view = nullptr;
     PlaybackLog log;
     LoadedMedia loaded;
-    /// Looks for the file that a path text means in a packet's folder.
-    std::function<QString(const QString& pathText, const QString& folder)> findFile;
+    /// Looks for the file that a path text means, as far as that can be said at once.
+    std::function<QString(const QString& pathText, const LessonFolders& folders)> findFile;
     /// For who shows the current clip elsewhere.
     std::function<void()> onCursorMoved = [] {};
     /// A person has asked for a stop: a lesson that waits does not go on.
@@ -77,9 +78,8 @@ struct EngineContext
     [[nodiscard]] bool areBrakesLoaded() const;
     /// The same, and the player still has it.
     [[nodiscard]] bool areBrakesPlaying() const;
-    /// Below the packet's folder, for loose clips below the folder of what was opened last; empty
-    /// when there is no such file.
-    [[nodiscard]] QString locate(const QString& pathText, const PlaylistEntry& packet) const;
+    /// Where the packet's texts belong: its folder, for loose clips that of what was opened last.
+    [[nodiscard]] LessonFolders foldersOf(const PlaylistEntry& packet) const;
     /// Moves the list's cursor to line q below packet p's header. Returns the line, -1 for none.
     int moveListCursor(Cursor place);
 

@@ -3,12 +3,14 @@
 #include "window/editing_mode.h"
 #include "window/editing_row.h"
 #include "window/form2_main_window.h"
+#include "window/missing_clips.h"
 #include "window/playlist_list.h"
 #include "window/silence_row.h"
 #include "window/skin.h"
 #include "window/skin_button.h"
 #include "window/waveform_strip.h"
 
+#include <QFileDialog>
 #include <QLabel>
 
 namespace orvanta {
@@ -50,6 +52,25 @@ void Form2::connectEditing()
     connect(EditButton, &SkinButton::clicked, this,
             m_services.boundary([this](bool) { carryOut(Command::EditMode); }));
     connect(m_editing, &EditingMode::switched, this, [this](bool on) { showEditing(on); });
+}
+
+void Form2::connectMissingClips()
+{
+    const TextLanguage language =
+        textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
+    const auto askFolder = [this, language] {
+        return QFileDialog::getExistingDirectory(this, interfaceText(u"Files", u"folder", language),
+                                                 m_services.module.settings().folder());
+    };
+    m_missingClips = new MissingClips(
+        MissingClipsPorts{.module = m_services.module,
+                          .list = *List1,
+                          .notice = *Notice,
+                          .boundary = m_services.boundary,
+                          .language = language,
+                          .askFolder = m_services.askFolder ? m_services.askFolder : askFolder,
+                          .reopen = [this](const QString& path) { openPacketOrGroup(path); }},
+        this);
 }
 
 void Form2::showEditing(bool on)

@@ -48,6 +48,7 @@ void Form2::connectHandlers()
     press(Image2, &Form2::Form2_Image2_Click);
     connectPractice();
     connectEditing();
+    connectMissingClips();
     connectStartPage();
     on(Text1, &QLineEdit::returnPressed, [this] { Form2_Image2_Click(); });
     on(&m_missed, &QTimer::timeout, [this](auto&&...) { sayFound(true); });
@@ -290,7 +291,8 @@ void Form2::Form2_List1_MouseMove(int y)
         }
         const QString text = textWithoutPrefix(List1->lines()[row.index()].text);
         if (!text.isNull()) {
-            List1->setToolTip(plainToolTip(text));
+            const QString why = List1->whyMissing(row.value());
+            List1->setToolTip(plainToolTip(why.isEmpty() ? text : text + u'\n' + why));
         }
     });
 }

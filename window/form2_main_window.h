@@ -49,6 +49,7 @@ class EditingMode;
 class EditingRow;
 class EditNotice;
 class CommandMenu;
+class MissingClips;
 class PictureHolder;
 class PlaylistList;
 class PracticeChips;
@@ -81,6 +82,7 @@ struct Form2Services
     std::function<void()> showAbout;             // Form9
     TrackControls* tracks = nullptr;             // sound and subtitles; null: no choice of them
     std::function<void()> closingBegins = [] {}; // the program ends, whatever it still waits for
+    std::function<QString()> askFolder = {};     // modally, for missing clips; empty: by a dialog
     std::function<QImage()> frame = [] { return QImage(); }; // of the clip's picture, now
 };
 
@@ -148,6 +150,9 @@ public:
     QTimer Timer1; // 300 ms: the playback tick; runs as long as the window exists
     QTimer Timer2; // 100 ms, one shot: marks the line that enableTimer2 was given
     QTimer Timer3; // 200 ms, one shot: brings the window to the front
+
+    /// What of the playlist cannot be found.
+    [[nodiscard]] MissingClips& missingClips() const { return *m_missingClips; }
 
     /// What the video window hands on: opening, finding, the handbook. False for other commands.
     bool carryOutForVideoWindow(Command command);
@@ -266,6 +271,7 @@ private:
     // Handlers: form2_editing.cpp
     void buildEditing();
     void connectEditing();
+    void connectMissingClips();
     void showEditing(bool on);
 
     // Handlers: form2_create.cpp
@@ -305,6 +311,7 @@ private:
     Form2Services m_services;
     MainWindowKeys m_keys;
     EditingMode* m_editing = nullptr;
+    MissingClips* m_missingClips = nullptr;
     QWidget* m_commands = nullptr;  // opening, menus, finding: Editing takes its place
     QWidget* m_stripRoom = nullptr; // of Strip
     QLabel* m_document = nullptr;   // what is edited, beside the title

@@ -5,6 +5,7 @@
 #include "window/clip_line.h"
 #include "window/editing_mode.h"
 #include "window/form2_main_window.h"
+#include "window/missing_clips.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
 #include "window/skin_button.h"
@@ -87,6 +88,7 @@ void Form2::RebuildTree()
     List1->setLines(treeLines(m_services.module.playlist));
     showStartPage();
     m_editing->playlistShown();
+    m_missingClips->playlistShown();
 }
 
 void Form2::clearList()
@@ -94,6 +96,7 @@ void Form2::clearList()
     List1->setLines({});
     showStartPage();
     m_editing->playlistShown();
+    m_missingClips->playlistShown();
 }
 
 int Form2::headerLineOf(Int16 p) const

@@ -89,7 +89,11 @@ void PlaylistDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     if (m_model->hasBox(row)) {
         paintBox(*painter, line, m_model->isChecked(row));
     }
-    paintSign(*painter, line, m_model->signOf(row));
+    const PlayingSign sign = m_model->signOf(row);
+    paintSign(*painter, line, sign);
+    if (sign == PlayingSign::None && !m_model->whyMissing(row).isEmpty()) {
+        paintMissing(*painter, line);
+    }
     const bool current = (option.state & QStyle::State_Selected) != 0;
     painter->setPen(QPen(current ? skin::kAccent : skin::kTreeLine, 1));
     const int textLeft = paintTree(*painter, line, row);
@@ -162,6 +166,17 @@ void PlaylistDelegate::paintSign(QPainter& painter, const QRect& line, PlayingSi
     }
 }
 
+/// A cross where lines that play have their sign.
+void PlaylistDelegate::paintMissing(QPainter& painter, const QRect& line)
+{
+    constexpr double kSide = 5;
+    const QRectF place(line.left() + kSignLeft + 0.5, line.top() + (line.height() - kSide) / 2,
+                       kSide, kSide);
+    painter.setPen(QPen(skin::kGone, 1.4, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(place.topLeft(), place.bottomRight());
+    painter.drawLine(place.topRight(), place.bottomLeft());
+}
+
 void PlaylistDelegate::paintBox(QPainter& painter, const QRect& line, bool checked) const
 {
     const QRectF box(line.left() + kBoxLeft, line.top() + (line.height() - kBoxSide) / 2.0,
@@ -219,7 +234,7 @@ int PlaylistDelegate::paintTree(QPainter& painter, const QRect& line, int row) c
 QColor PlaylistDelegate::textColour(int row) const
 {
     // The root has no mark, so it is quiet too.
-    if (!m_model->isChecked(row)) {
+    if (!m_model->isChecked(row) || !m_model->whyMissing(row).isEmpty()) {
         return skin::kTextMuted;
     }
     return isHeader(row) ? skin::kText : skin::kTextSoft;

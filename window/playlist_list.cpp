@@ -20,6 +20,7 @@ void PlaylistModel::setLines(std::vector<TreeLine> lines)
     beginResetModel();
     m_lines = std::move(lines);
     m_checked.assign(m_lines.size(), true);
+    m_missing.clear();
     m_playing = {};
     m_playingLine = -1;
     endResetModel();
@@ -40,6 +41,15 @@ void PlaylistModel::setNotes(LineNotes notes)
     if (!m_lines.empty()) {
         Q_EMIT dataChanged(index(0), index(rowCount({}) - 1));
     }
+}
+
+void PlaylistModel::setMissing(QHash<int, QString> reasons)
+{
+    if (reasons == m_missing) {
+        return;
+    }
+    m_missing = std::move(reasons);
+    Q_EMIT dataChanged(index(0), index(rowCount({}) - 1), {Qt::AccessibleDescriptionRole});
 }
 
 void PlaylistModel::growTo(std::vector<TreeLine> lines)
@@ -89,7 +99,7 @@ QString PlaylistModel::describe(int line) const
 {
     QString packet =
         isHeaderLine(m_lines[static_cast<std::size_t>(line)].text) ? m_words.packet : QString();
-    QStringList words = {packet, noteOf(line).words};
+    QStringList words = {packet, noteOf(line).words, whyMissing(line)};
     if (const PlayingSign sign = signOf(line); sign != PlayingSign::None) {
         words.append(sign == PlayingSign::Playing ? m_words.playing : m_words.paused);
     }

@@ -6,6 +6,7 @@
 #include "playback/playback_view.h"
 
 #include <QAbstractListModel>
+#include <QHash>
 #include <QListView>
 #include <QStyledItemDelegate>
 
@@ -53,6 +54,10 @@ public:
     [[nodiscard]] bool isEdited() const { return m_notes != nullptr; }
     [[nodiscard]] LineNote noteOf(int line) const { return m_notes ? m_notes(line) : LineNote(); }
     void setWords(const LineWords& words) { m_words = words; }
+    /// Why lines cannot be played, by line; none after setLines.
+    void setMissing(QHash<int, QString> reasons);
+    /// Empty for a line that can be played.
+    [[nodiscard]] QString whyMissing(int line) const { return m_missing.value(line); }
     /// Which line has the sign; none after setLines. A place that is no line has none.
     void showPlaying(const PlayingPlace& place);
     [[nodiscard]] PlayingSign signOf(int line) const;
@@ -73,6 +78,7 @@ private:
 
     std::vector<TreeLine> m_lines;
     std::vector<bool> m_checked;
+    QHash<int, QString> m_missing; // reasons by line
     LineWords m_words;
     LineNotes m_notes;
     PlayingPlace m_playing; // as it was shown last
@@ -107,6 +113,7 @@ public:
 private:
     void paintRow(QPainter& painter, const QStyleOptionViewItem& option) const;
     void paintSign(QPainter& painter, const QRect& line, PlayingSign sign) const;
+    static void paintMissing(QPainter& painter, const QRect& line);
     void paintBox(QPainter& painter, const QRect& line, bool checked) const;
     [[nodiscard]] int paintTree(QPainter& painter, const QRect& line, int row) const;
     [[nodiscard]] int paintNote(QPainter& painter, const QRect& line, int row, bool current) const;
@@ -149,6 +156,8 @@ public:
     void setWords(const LineWords& words) { m_model->setWords(words); }
     void showPlaying(const PlayingPlace& place) { m_model->showPlaying(place); }
     [[nodiscard]] PlayingSign signOf(int line) const { return m_model->signOf(line); }
+    void setMissing(QHash<int, QString> reasons) { m_model->setMissing(std::move(reasons)); }
+    [[nodiscard]] QString whyMissing(int line) const { return m_model->whyMissing(line); }
     /// 1: rows of 13 pixels. What is in them grows alike.
     void setZoom(double zoom);
     [[nodiscard]] double zoom() const { return m_delegate->zoom(); }

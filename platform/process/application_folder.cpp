@@ -46,7 +46,7 @@ QString folderWithoutVariable()
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/orvanta"_s;
 }
 
-static QString chosenFolder()
+QString chosenApplicationFolder()
 {
     const QString home = qEnvironmentVariable("ORVANTA_HOME");
     return home.isEmpty() ? folderWithoutVariable()
@@ -61,7 +61,7 @@ QString stateFolder()
 
 QString applicationFolder()
 {
-    QString folder = chosenFolder();
+    QString folder = chosenApplicationFolder();
     if (!QDir().mkpath(folder)) {
         qCInfo(logErrors, "the application folder %ls cannot be created", qUtf16Printable(folder));
     }

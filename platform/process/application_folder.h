@@ -9,6 +9,9 @@ namespace orvanta {
 /// orvanta.ini; else $XDG_DATA_HOME/orvanta. Created, with default settings, on first use.
 [[nodiscard]] QString applicationFolder();
 
+/// The same folder, whether it is there or not. Creates nothing.
+[[nodiscard]] QString chosenApplicationFolder();
+
 /// The folder that the program would choose without $ORVANTA_HOME. Creates nothing.
 [[nodiscard]] QString folderWithoutVariable();
 

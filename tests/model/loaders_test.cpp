@@ -86,6 +86,22 @@ TEST_F(Loaders, ARelativeMemberIsMeantBelowTheGroupsFolder)
     }
 }
 
+TEST_F(Loaders, ThePacketsOfAGroupThatHasMovedAreFoundAndKeepTheTextsOfTheGroup)
+{
+    QDir(folder.path()).mkpath(u"Week 1/deep"_s);
+    (void)clipPacket(u"Week 1/One.vxl"_s);
+    (void)clipPacket(u"Week 1/deep/two.vxl"_s);
+    const QStringList members = {u"C:\\Course\\week 1\\one.vxl"_s, u"C:\\Other\\two.vxl"_s,
+                                 u"C:\\Course\\three.vxl"_s};
+    OpenGroup(playlist, group(u"g.vxg"_s, members));
+    EXPECT_EQ(playlist.packet(1).Origin->file, folder.file(u"Week 1/One.vxl"_s));
+    EXPECT_EQ(playlist.packet(2).Origin->file, folder.file(u"Week 1/deep/two.vxl"_s));
+    EXPECT_EQ(playlist.packet(3).ClipCount, 0);
+    for (int p = 1; p <= 3; ++p) {
+        EXPECT_EQ(playlist.packet(p).Origin->member, members[p - 1]);
+    }
+}
+
 TEST_F(Loaders, AGroupReplacesThePlaylist)
 {
     OpenFiles(playlist, {u"/m/a.avi"_s, u"/m/b.avi"_s});

@@ -66,6 +66,18 @@ TEST_F(Starting, AClipThatItsPacketLacksIsNotTakenFromAnotherPacketsFolder)
     EXPECT_EQ(loads(), 0);
 }
 
+TEST_F(Starting, AClipOfALessonThatHasMovedPlaysFromDeepBelowItsFolder)
+{
+    QDir(home.path()).mkpath(u"lesson/clips/1"_s);
+    const QString clip = file(u"lesson/clips/1/One.avi"_s);
+    PlaylistEntry packet;
+    packet.Folder = path(u"lesson/"_s);
+    packet.Clips.push_back({.Time = {}, .Text = {}, .Path = u"C:\\Old\\one.avi"_s});
+    play(addPacket(packet), 1);
+    EXPECT_EQ(control.FileName(), clip);
+    EXPECT_EQ(module.playlist.packet(1).clip(1).Path, u"C:\\Old\\one.avi");
+}
+
 TEST_F(Starting, AGroupsPictureIsLookedForInTheGroupsFolderWhateverIsOpenedLater)
 {
     QDir(home.path()).mkdir(u"lesson"_s);
@@ -301,7 +313,7 @@ protected:
     StartingFromDriveA()
     {
         context.view = &view;
-        context.findFile = [this](const QString& text, const QString&) {
+        context.findFile = [this](const QString& text, const LessonFolders&) {
             return text == u"a:\\x.avi" ? path(u"floppy.avi"_s) : QString();
         };
         file(u"floppy.avi"_s);

@@ -79,6 +79,7 @@ protected:
             .showPacketEditor = [this] { return packetEditor(); },
             .showGroupEditor = [this] { return groupEditor(); },
             .showAbout = [this] { ++aboutRequests; },
+            .askFolder = [this] { return chosenFolder; },
         });
         timerRanAfterLoad = window->Timer1.isActive();
         window->Timer1.stop();
@@ -216,6 +217,7 @@ protected:
     int splashUnloads = 0;
     int textLevels = 0;
     int aboutRequests = 0;
+    QString chosenFolder; // where missing clips are to be looked for
     bool othersUnloaded = false;
     bool timerRanAfterLoad = false;
 
