@@ -56,6 +56,7 @@ void EditingMode::connectList()
     on(&list, &PlaylistList::filesDroppedBefore,
        [this](const QStringList& files, int before) { dropFiles(files, before); });
     on(&list, &PlaylistList::cursorMoved, [this](int) { refresh(); });
+    on(&list, &PlaylistList::pictureAsked, [this](int) { pickPicture(); });
     on(m_box, &LineEditor::typed, [this](int line, LineEditor::Field field, const QString& text) {
         takeTyped(line, field, text);
     });

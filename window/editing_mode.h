@@ -72,8 +72,8 @@ public:
     void playlistGrown();
     /// The program begins with nothing open.
     void offerDrafts();
-    /// The program ends.
-    void end();
+    /// What is being typed belongs to what is open, and all of it into the draft.
+    void endProgram();
 
     /// The steps that were done, for who tests and shows them.
     [[nodiscard]] const LessonEditing& editing() const { return m_editing; }
@@ -107,6 +107,7 @@ private:
     [[nodiscard]] std::vector<EditPlace> selected() const;
     [[nodiscard]] std::optional<MarkSetting> markSetting() const;
     [[nodiscard]] LineNote noteOf(int line) const;
+    [[nodiscard]] LineNote pictureNote(const PlaylistEntry& packet) const;
     [[nodiscard]] QString fieldText(EditPlace place, LineEditor::Field field) const;
 
     // What is seldom needed: editing_mode_more.cpp
@@ -114,7 +115,7 @@ private:
     void showMore();
     void pickPicture();
     void takeFrame();
-    void setPicture(const QString& path);
+    void setPicture(int packet, const QString& path);
     void takeEarlier();
     void fillSuggestions();
     void setMarks(const std::vector<SuggestedMark>& marks);

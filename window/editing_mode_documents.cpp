@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 QString EditingMode::text(QStringView name) const
 {
-    return interfaceText(u"Editing", name, m_ports.language);
+    return interfaceText(u"EditingMode", name, m_ports.language);
 }
 
 QString EditingMode::nameOf(const QString& document) const
@@ -22,7 +22,8 @@ QString EditingMode::nameOf(const QString& document) const
     return document.isEmpty() ? text(u"no.name") : fileNameOfPath(document);
 }
 
-/// One that cannot be kept is due again with the next change, and at the end.
+// One that was offered and not taken stays as long as nothing is changed; one that cannot be kept
+// is due again with the next change, and at the end.
 void EditingMode::keepDraft()
 {
     m_draftTimer.stop();
@@ -47,7 +48,7 @@ void EditingMode::keepDraftSoon()
     }
 }
 
-void EditingMode::end()
+void EditingMode::endProgram()
 {
     m_box->finish();
     keepDraft();

@@ -1,5 +1,6 @@
 // The editing mode's part in the lines: marks, texts, times, what is moved and dropped.
 #include "core/error_boundary.h"
+#include "core/group_file.h"
 #include "core/paths.h"
 #include "model/drop.h"
 #include "model/editing/brake_times.h"
@@ -10,6 +11,8 @@
 #include "window/edit_notice.h"
 #include "window/editing_mode.h"
 #include "window/playlist_list.h"
+
+#include <QFileInfo>
 
 #include <algorithm>
 #include <memory>
@@ -148,13 +151,28 @@ void EditingMode::playFrom(EditPlace place)
     m_ports.engine.seekTo(std::max(end - kBeforeEnd, 0.0));
 }
 
+/// Only groups hold pictures.
+LineNote EditingMode::pictureNote(const PlaylistEntry& packet) const
+{
+    if (!m_editing.hasTitles()) {
+        return {};
+    }
+    const bool has = !packet.Picture.isEmpty() && packet.Picture != kNoPicture;
+    const QString name = has ? fileNameOfPath(packet.Picture) : text(u"picture.none");
+    return {
+        .time = name, .isPicture = true, .words = has ? text(u"picture.is").arg(name) : QString()};
+}
+
 LineNote EditingMode::noteOf(int line) const
 {
     const EditPlace place = placeOf(line);
-    if (place.line < 1 || place.packet > m_ports.module.playlist.PlaylistCount.value()) {
+    if (place.packet < 1 || place.packet > m_ports.module.playlist.PlaylistCount.value()) {
         return {};
     }
     const PlaylistEntry& packet = m_ports.module.playlist.packet(Int16(place.packet));
+    if (place.line == 0) {
+        return pictureNote(packet);
+    }
     if (!packet.HasBrakes || place.line > packet.ClipCount.value()) {
         return {};
     }
@@ -164,7 +182,8 @@ LineNote EditingMode::noteOf(int line) const
     }
     const QString time = markTimeText(seconds);
     const bool isEnd = endMarkOf(packet).value() == place.line;
-    return {time, isEnd, text(isEnd ? u"line.end" : u"line.time").arg(time)};
+    return {
+        .time = time, .isEnd = isEnd, .words = text(isEnd ? u"line.end" : u"line.time").arg(time)};
 }
 
 void EditingMode::dropLines(int before)
@@ -185,11 +204,21 @@ void EditingMode::dropLines(int before)
     m_editing.moveTo(places, target.line >= 1 ? target : EditPlace{above.packet, above.line + 1});
 }
 
-/// A picture on a packet's line becomes its picture; packets, groups and folders become packets
+static bool isPicture(const QString& file)
+{
+    static const QStringList kEndings = {u"bmp"_s, u"jpg"_s, u"jpeg"_s, u"gif"_s,
+                                         u"wmf"_s, u"ico"_s, u"png"_s,  u"webp"_s};
+    return kEndings.contains(QFileInfo(file).suffix().toLower());
+}
+
+/// A picture among a packet's lines becomes its picture; packets, groups and folders become packets
 /// there, clips lines of the packet there.
 void EditingMode::dropFiles(const QStringList& files, int before)
 {
     const EditPlace above = before >= 2 ? placeOf(before - 1) : EditPlace{1, 0};
+    if (files.size() == 1 && isPicture(files.front()) && m_editing.hasTitles()) {
+        return setPicture(above.packet, files.front());
+    }
     PlaylistState dropped;
     // It takes the last one first.
     trapped("files dropped on an edited list", [&] {

@@ -191,7 +191,7 @@ void Form2::cancelModalWindows()
 void Form2::unloadAll()
 {
     m_unloading = true;
-    m_editing->end();
+    m_editing->endProgram();
     keepSize();
     for (QTimer* timer : {&Timer1, &Timer2, &Timer3}) {
         timer->stop();

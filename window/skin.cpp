@@ -165,6 +165,12 @@ QString styleSheet()
 #Silence QLabel { color: %muted; }
 #Silence QSpinBox, #Silence QDoubleSpinBox { background: %sunken; color: %text;
     border: 1px solid %line; border-radius: 6px; padding: 3px 6px; }
+#Silence QAbstractSpinBox::up-button, #Silence QAbstractSpinBox::down-button {
+    subcontrol-origin: padding; width: 18px; border: none; background: transparent; }
+#Silence QAbstractSpinBox::up-button { subcontrol-position: top right; }
+#Silence QAbstractSpinBox::down-button { subcontrol-position: bottom right; }
+#Silence QAbstractSpinBox::up-arrow { image: url(:/orvanta/ui/up.svg); width: 10px; height: 10px; }
+#Silence QAbstractSpinBox::down-arrow { image: url(:/orvanta/ui/down.svg); width: 10px; height: 10px; }
 #Silence QSpinBox:focus, #Silence QDoubleSpinBox:focus { border-color: %accent; }
 #Silence QPushButton { background: %raised; color: %text; border: 1px solid transparent;
     border-radius: 6px; padding: 5px 10px; }

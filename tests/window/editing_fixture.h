@@ -1,15 +1,13 @@
-// The main window with the editing mode on.
+// The main window in its editing mode, with a document that plays.
 #pragma once
 
 #include "core/earlier_versions.h"
+#include "playback/lesson_controls.h"
 #include "tests/window/window_fixture.h"
 #include "window/edit_notice.h"
 #include "window/editing_mode.h"
 #include "window/editing_row.h"
-#include "window/silence_row.h"
-#include "window/waveform_strip.h"
 
-#include <QDir>
 #include <QPushButton>
 
 namespace orvanta::test {
