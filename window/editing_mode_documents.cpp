@@ -22,8 +22,7 @@ QString EditingMode::nameOf(const QString& document) const
     return document.isEmpty() ? text(u"no.name") : fileNameOfPath(document);
 }
 
-// One that was offered and not taken stays as long as nothing is changed; one that cannot be kept
-// is due again with the next change, and at the end.
+// One that was offered and not taken stays as long as nothing is changed.
 void EditingMode::keepDraft()
 {
     m_draftTimer.stop();
@@ -31,6 +30,7 @@ void EditingMode::keepDraft()
         return;
     }
     if (m_editing.isChanged()) {
+        // Where it cannot be kept, the next change tries again, and so does the end.
         m_draftIsDue = !m_drafts.keep(m_ports.module.playlist, m_saving.saved());
     } else {
         m_drafts.discard(m_ports.module.playlist.Document);

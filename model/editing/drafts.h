@@ -26,7 +26,8 @@ public:
 
     /// Keeps what is open, as a document is written: whole or not at all. Packets that are as
     /// saved are named only. Returns false, with a line in the log, where it cannot be kept.
-    bool keep(const PlaylistState& playlist, const std::vector<PlaylistEntry>& saved) const;
+    [[nodiscard]] bool keep(const PlaylistState& playlist,
+                            const std::vector<PlaylistEntry>& saved) const;
     void discard(const QString& document) const;
     /// The document's draft is of an earlier time, and nobody has taken it: the next one is kept
     /// beside it, not in its place.

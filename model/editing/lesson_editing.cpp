@@ -283,6 +283,16 @@ static bool isMovable(const PlaylistState& playlist, EditPlace place)
     return place.line == 0 || !playlist.Playlist[indexOf(place.packet)].HasBrakes;
 }
 
+/// Of a packet by its own line, else of a line within its packet.
+static EditChange moveOf(EditPlace place, int direction)
+{
+    if (place.line == 0) {
+        return PacketMove{indexOf(place.packet), indexOf(place.packet + direction)};
+    }
+    const std::size_t packet = indexOf(place.packet);
+    return LineMove{packet, indexOf(place.line), packet, indexOf(place.line + direction)};
+}
+
 bool LessonEditing::moveBy(std::vector<EditPlace> places, int direction)
 {
     std::erase_if(places, [&](EditPlace place) {
@@ -309,14 +319,7 @@ bool LessonEditing::moveBy(std::vector<EditPlace> places, int direction)
             blocked = place;
             continue;
         }
-        const std::size_t from = indexOf(number);
-        const std::size_t to = indexOf(number + direction);
-        if (isPacketLine) {
-            step.changes.emplace_back(PacketMove{from, to});
-        } else {
-            const std::size_t index = indexOf(place.packet);
-            step.changes.emplace_back(LineMove{index, from, index, to});
-        }
+        step.changes.push_back(moveOf(place, direction));
     }
     step.after = placeAfter(step, step.before).value_or(step.before);
     return take(std::move(step));

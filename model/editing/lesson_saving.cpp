@@ -98,7 +98,7 @@ static QString fileOf(const PlaylistEntry& packet)
 QString LessonSaving::fileFor(const PlaylistEntry& packet, const QString& group) const
 {
     const bool goesElsewhere = group != m_playlist.Document && !isAsSaved(packet);
-    const QString present = fileOf(packet);
+    QString present = fileOf(packet);
     if (!present.isEmpty() && !goesElsewhere) {
         return present;
     }
@@ -128,7 +128,7 @@ static QString memberText(const PlaylistEntry& packet, const QString& file,
                           const QString& formerGroup)
 {
     const QString folder = folderOfPath(group);
-    const QString member = packet.Origin ? packet.Origin->member : QString();
+    QString member = packet.Origin ? packet.Origin->member : QString();
     const bool stays = file == formerFile && folder == folderOfPath(formerGroup);
     if (stays && !member.isEmpty()) {
         return member;

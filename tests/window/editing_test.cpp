@@ -352,7 +352,7 @@ TEST_F(EditingInTheWindow, HasAPicturesPlaceInTheLinesOfAGroupsPackets)
     QTest::mouseClick(window->List1->viewport(), Qt::LeftButton, {}, place);
     EXPECT_TRUE(pickers.calls.last().contains(u"*.png"_s));
     EXPECT_EQ(module.playlist.packet(1).Picture, u"p.png");
-    EXPECT_EQ(packet.data(Qt::AccessibleDescriptionRole).toString(), u"packet, picture p.png"_s);
+    EXPECT_EQ(packet.data(Qt::AccessibleDescriptionRole).toString(), u"Packet, picture p.png"_s);
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(module.playlist.packet(1).Picture, QString());
     Q_EMIT window->List1->filesDroppedBefore({home.write(u"q.PNG"_s, "picture")}, 2);
