@@ -89,6 +89,7 @@ inline constexpr auto kTextsOfEditing = std::to_array<InterfaceText>({
     InterfaceText{u"Earlier", u"Earlier", u"Earlier versions", u"Прежние версии"},
     InterfaceText{u"Earlier", u"VersionList.name", u"Versions", u"Версии"},
     InterfaceText{u"Earlier", u"ContentBox.name", u"What is in it", u"Что в ней"},
+    InterfaceText{u"Earlier", u"VersionList.size", u"%1 KB", u"%1 КБ"},
     InterfaceText{u"Earlier", u"TakeButton", u"&Take this version", u"&Взять эту версию"},
     InterfaceText{u"Earlier", u"CloseButton", u"&Close", u"&Закрыть"},
     InterfaceText{u"Earlier", u"ContentBox.none", u"There is none yet.", u"Их пока нет."},

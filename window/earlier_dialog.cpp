@@ -4,7 +4,9 @@
 #include "core/group_file.h"
 #include "core/packet_file.h"
 #include "core/paths.h"
+#include "model/editing/brake_times.h"
 #include "model/editing/lesson_saving.h"
+#include "model/editing/time_text.h"
 #include "platform/process/media_locator.h"
 
 #include <QHBoxLayout>
@@ -15,6 +17,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace orvanta {
@@ -88,13 +91,22 @@ void EarlierDialog::layOut()
     resize(640, 360);
 }
 
+/// At least the least that is not none.
+static double kilobytesOf(const EarlierVersion& version)
+{
+    constexpr double kKilobyte = 1024;
+    return std::max(static_cast<double>(version.size) / kKilobyte, 0.1);
+}
+
 void EarlierDialog::fill()
 {
     const QLocale locale;
+    const QString sizes = interfaceText(u"Earlier", u"VersionList.size", m_language);
     for (const VersionOfDocument& version : m_versions) {
         VersionList->addItem(u"%1 · %2 · %3"_s.arg(
             locale.toString(version.version.kept, QLocale::ShortFormat),
-            fileNameOfPath(version.document), locale.formattedDataSize(version.version.size)));
+            fileNameOfPath(version.document),
+            sizes.arg(locale.toString(kilobytesOf(version.version), 'f', 1))));
     }
     TakeButton->setEnabled(!m_versions.empty());
     if (m_versions.empty()) {
@@ -102,6 +114,13 @@ void EarlierDialog::fill()
     } else {
         VersionList->setCurrentRow(0);
     }
+}
+
+/// As the list shows it while it is edited; what is no time, as it stands there.
+static QString timeTextOf(const ClipEntry& brake)
+{
+    const double seconds = timeOf(brake);
+    return seconds < 0 ? brake.Time : markTimeText(seconds);
 }
 
 static QString linesOf(const std::vector<PlaylistEntry>& packets)
@@ -112,7 +131,7 @@ static QString linesOf(const std::vector<PlaylistEntry>& packets)
             lines += packet.Title + u'\n';
         }
         for (const ClipEntry& line : packet.Clips) {
-            lines += (packet.HasBrakes ? line.Time + u"  "_s : u"  "_s) + line.Text + u'\n';
+            lines += (packet.HasBrakes ? timeTextOf(line) + u"  "_s : u"  "_s) + line.Text + u'\n';
         }
     }
     return lines;

@@ -1,5 +1,10 @@
 // Editing what is open in the main window: saving, drafts, what is said about changes.
 #include "tests/window/editing_fixture.h"
+#include "window/earlier_dialog.h"
+
+#include <QListWidget>
+#include <QLocale>
+#include <QPlainTextEdit>
 
 namespace orvanta::test {
 
@@ -142,6 +147,22 @@ TEST_F(EditedDocuments, SavesWhatWasLeftByOpeningSomethingElse)
     EXPECT_EQ(kept(u"brake1", u"text"), u"start");
     EXPECT_TRUE(drafts().isEmpty());
     EXPECT_EQ(module.playlist.Document, home.file(u"clips.vxl"_s));
+}
+
+TEST_F(EditedDocuments, ListsEarlierVersionsAsPeopleReadThem)
+{
+    setVersionsFolder(home.file(u"versions"_s));
+    openBrakes({u"000004.25"_s, u"soon"_s});
+    press(Qt::Key_Delete);
+    press(Qt::Key_S, Qt::ControlModifier);
+    const QString document = home.file(u"lesson.vxl"_s);
+    std::vector<EarlierVersion> versions = earlierVersions(document);
+    ASSERT_EQ(versions.size(), 1U);
+    versions[0].size = 1536;
+    const EarlierDialog dialog({{document, versions[0]}}, TextLanguage::Russian, nullptr);
+    EXPECT_TRUE(dialog.VersionList->item(0)->text().endsWith(u" КБ"_s));
+    EXPECT_TRUE(dialog.VersionList->item(0)->text().contains(QLocale().toString(1.5, 'f', 1)));
+    EXPECT_EQ(dialog.ContentBox->toPlainText(), u"0:04.25  line 1\nsoon  line 2\n");
 }
 
 } // namespace orvanta::test
