@@ -95,9 +95,9 @@ QString FormerKeys::contentOf(const QString& section, const Keys& like) const
 {
     const Keys keys = m_sections.value(section);
     QStringList values;
-    for (const auto& [name, unused] : like) {
+    for (const auto& wanted : like) {
         const auto found = std::find_if(keys.begin(), keys.end(), [&](const auto& pair) {
-            return pair.first.compare(name, Qt::CaseInsensitive) == 0;
+            return pair.first.compare(wanted.first, Qt::CaseInsensitive) == 0;
         });
         values.append(found == keys.end() ? QString() : asDocumentHolds(found->second));
     }

@@ -12,6 +12,7 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QPushButton>
+#include <QShortcut>
 
 #include <utility>
 
@@ -48,6 +49,9 @@ void EditorWindow::setUpControls()
 {
     nameControls(controls());
     applyTexts(controls(), m_texts.language());
+    m_caption = windowTitle();
+    // Screen readers and the like look for the window by the name that it always has.
+    setAccessibleName(m_caption);
     giveRoomAtTheSides(*this);
     showFocusOfViews(*this);
 }
@@ -104,6 +108,25 @@ void EditorWindow::connectListHandlers()
     on(Command6, &QPushButton::clicked, [this](auto&&...) { List1->change(removeAll); });
     connectRemove(List1, Command5);
     connectMoves(List1, Command9, Command10);
+    on(List1, &EntryListView::documentChanged, [this] { showTitle(); });
+    connectUndo();
+    connectRunOf(Text1, List1);
+    connectRunOf(Text2, List1);
+}
+
+void EditorWindow::connectUndo()
+{
+    auto* undo = new QShortcut(this);
+    undo->setKeys(undoKeys());
+    on(undo, &QShortcut::activated, [this] { shownList()->undo(); });
+    auto* redo = new QShortcut(this);
+    redo->setKeys(redoKeys());
+    on(redo, &QShortcut::activated, [this] { shownList()->redo(); });
+}
+
+void EditorWindow::connectRunOf(const LineBox* box, EntryListView* list)
+{
+    on(box, &QLineEdit::editingFinished, [list] { list->endRun(); });
 }
 
 void EditorWindow::connectRemove(EntryListView* list, QPushButton* remove)
@@ -119,9 +142,31 @@ void EditorWindow::connectMoves(EntryListView* list, QPushButton* up, QPushButto
     const auto downward = [list](auto&&...) { list->change(moveDown); };
     on(list, &EntryListView::moveUpWanted, upward);
     on(list, &EntryListView::moveDownWanted, downward);
+    on(list, &EntryListView::moveWanted, [list](int place) {
+        list->change([place](EntryList& entries) { moveBefore(entries, place); });
+    });
     if (up != nullptr && down != nullptr) {
         on(up, &QPushButton::clicked, upward);
         on(down, &QPushButton::clicked, downward);
+    }
+}
+
+void EditorWindow::showTitle()
+{
+    const QString name = onOneLine(fileNameOfPath(shownList()->document().file));
+    const bool isChanged = !name.isEmpty() && shownList()->differsFromItsFile();
+    // A title without the place of the sign takes none.
+    if (name.isEmpty()) {
+        setWindowModified(false);
+        setWindowTitle(m_caption);
+    } else {
+        const QString escaped = QString(name).replace(u"[*]"_s, u"[*][*]"_s);
+        setWindowTitle(m_caption + u" — "_s + escaped + u"[*]"_s);
+        setWindowModified(isChanged);
+    }
+    const QString heard = isChanged ? name + u'*' : name;
+    if (heard != accessibleDescription()) {
+        setAccessibleDescription(heard);
     }
 }
 
@@ -161,28 +206,30 @@ void EditorWindow::loadList(const QString& pattern, void (*load)(EntryList&, con
     trapped("loading into an editor", [&] {
         const QString document = pickFile(pattern);
         if (!document.isEmpty()) {
-            m_documentFolder = folderOfPath(document);
-            m_documentFile = document;
-            List1->change([&](EntryList& list) { load(list, document); });
+            List1->changeState([&](ListState& state) {
+                state.document = {.file = document, .folder = folderOfPath(document)};
+                load(state.list, document);
+                setWritten(state, document);
+            });
         }
     });
 }
 
 void EditorWindow::save(const QString& pattern, const Write& write)
 {
-    save(pattern, m_documentFile, write);
+    save(pattern, *List1, write);
 }
 
-void EditorWindow::save(const QString& pattern, QString& document, const Write& write)
+void EditorWindow::save(const QString& pattern, EntryListView& list, const Write& write)
 {
     trapped("saving from an editor", [&] {
-        const QString name = nameWithoutExtension(fileNameOfPath(document));
+        const QString name = nameWithoutExtension(fileNameOfPath(list.document().file));
         m_services.pickers.ShowSavePicker(pattern, name);
         const QString target = m_services.module.picker.SaveFileName;
         if (!target.isEmpty()) {
             m_pickerWasLast = true;
             write(target);
-            document = target;
+            list.setWritten(target);
         }
     });
 }

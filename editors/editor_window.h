@@ -74,11 +74,19 @@ protected:
         connect(sender, signal, this, m_services.boundary(std::move(handler)));
     }
     void connectListHandlers();
+    /// The keys of undo and redo. Text boxes come first.
+    void connectUndo();
+    /// One edit of a box is one step of the list.
+    void connectRunOf(const LineBox* box, EntryListView* list);
     /// The button and the keys that change a list, a null button for none.
     void connectRemove(EntryListView* list, QPushButton* remove);
     void connectMoves(EntryListView* list, QPushButton* up, QPushButton* down);
+    /// The document's name behind the caption, and a sign when it has changed.
+    void showTitle();
     void showStoredFolder(FolderTree* tree);
 
+    /// The list of the mode that is shown.
+    [[nodiscard]] virtual EntryListView* shownList() const { return List1; }
     /// Whether closing loses nothing.
     [[nodiscard]] virtual bool isEmpty() const;
     /// The file that the user picks; empty for none.
@@ -88,16 +96,15 @@ protected:
     using Write = std::function<void(const QString& target)>;
     /// Writes the file that the user names; a failing step ends it silently.
     void save(const QString& pattern, const Write& write);
-    /// The same for a document of another list than List1. document: the file that was loaded or
-    /// saved last, whose name is proposed; empty before.
-    void save(const QString& pattern, QString& document, const Write& write);
+    /// The same for the document of another list than List1. The name of its file is proposed.
+    void save(const QString& pattern, EntryListView& list, const Write& write);
     /// Writes the temporary document and closes; without entries it closes without result.
     void create(const EntryListView& list, const QString& temporaryName, const Write& write);
 
     [[nodiscard]] EditorServices& services() const { return m_services; }
     [[nodiscard]] const WindowTexts& texts() const { return m_texts; }
     /// Of the document that was loaded into List1 last; empty before.
-    [[nodiscard]] const QString& documentFolder() const { return m_documentFolder; }
+    [[nodiscard]] const QString& documentFolder() const { return List1->document().folder; }
 
 private:
     void FolderTreeview1_FolderClick(const QString& folder);
@@ -106,8 +113,7 @@ private:
 
     EditorServices& m_services;
     WindowTexts m_texts;
-    QString m_documentFolder;
-    QString m_documentFile;       // loaded into List1, or saved from it, last; empty before
+    QString m_caption;            // the title without a document
     bool m_pickerWasLast = false; // a picker has stored its folder since File1's was chosen
 };
 

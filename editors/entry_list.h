@@ -1,6 +1,7 @@
-// The list of an editor: entries and the one that is selected, with the operations on both.
+// The list of an editor: entries and those that are selected, with the operations on both.
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -11,7 +12,8 @@ namespace orvanta {
 struct EntryList
 {
     QStringList entries;
-    int selected = -1; // -1: none
+    int selected = -1;      // -1: none; of several the one whose fields the boxes show
+    QList<int> others = {}; // selected, too: ascending, without that one
 
     [[nodiscard]] bool hasSelection() const { return selected >= 0 && selected < entries.size(); }
     [[nodiscard]] QString selectedEntry() const
@@ -29,13 +31,32 @@ void makeRoom(EntryList& list);
 /// Puts the entry in the selected one's place; with none selected it is appended and selected.
 void rebuildSelected(EntryList& list, const QString& entry);
 
-/// Removes the selected entry; none is selected afterwards.
+/// Of all that are selected, ascending.
+[[nodiscard]] QList<int> selectedRows(const EntryList& list);
+/// Selects these, ascending; shown: the one of them whose fields the boxes show. None for none.
+void selectRows(EntryList& list, const QList<int>& rows, int shown);
+
+/// Removes the selected entries; none is selected afterwards.
 void removeSelected(EntryList& list);
 void removeAll(EntryList& list);
 
-/// Moves the selected entry one place and keeps it selected. At the end of the way nothing happens.
+/// Moves the selected entries one place each and keeps them selected. When one of them is at the
+/// end of the way nothing happens: what lies between them stays between them.
 void moveUp(EntryList& list);
 void moveDown(EntryList& list);
+/// Moves the selected entries together, in their order, before this one, counted from 0 as they
+/// stand now; the number of entries moves them to the end. They stay selected.
+void moveBefore(EntryList& list, int place);
+
+/// Where two lists differ: [first, oldEnd) of the old one stands where [first, newEnd) of the new
+/// one does. All counted from 0.
+struct ListDifference
+{
+    qsizetype first = 0;
+    qsizetype oldEnd = 0;
+    qsizetype newEnd = 0;
+};
+[[nodiscard]] ListDifference differenceOf(const QStringList& old, const QStringList& next);
 
 /// "{}", which joins the fields of an entry.
 [[nodiscard]] QString entryMarker();

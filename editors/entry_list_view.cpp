@@ -5,8 +5,12 @@
 #include "platform/screen/window_basics.h"
 
 #include <QAbstractListModel>
+#include <QDrag>
+#include <QDropEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QScopedValueRollback>
+#include <QUuid>
 
 #include <algorithm>
 #include <utility>
@@ -41,7 +45,31 @@ public:
         }
     }
 
+    // Entries are dragged, and dropped between others.
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override
+    {
+        const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+        return flags | (index.isValid() ? Qt::ItemIsDragEnabled : Qt::ItemIsDropEnabled);
+    }
+    [[nodiscard]] Qt::DropActions supportedDropActions() const override { return Qt::MoveAction; }
+    [[nodiscard]] QStringList mimeTypes() const override { return {kDragType.toString()}; }
+    /// Says that this list's entries are dragged and not which: the list knows.
+    [[nodiscard]] QMimeData* mimeData(const QModelIndexList& /*indexes*/) const override
+    {
+        auto* data = new QMimeData;
+        data->setData(kDragType.toString(), m_ownMark);
+        return data;
+    }
+    /// Another list's entries mean something else, in this program and in another one.
+    [[nodiscard]] bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int /*row*/,
+                                       int /*column*/, const QModelIndex& /*parent*/) const override
+    {
+        return action == Qt::MoveAction && data->data(kDragType.toString()) == m_ownMark;
+    }
+
 private:
+    static constexpr QStringView kDragType = u"application/x-orvanta-entries";
+
     /// None leaves the view's own tool tip.
     [[nodiscard]] QVariant wordsFor(int row, int role) const
     {
@@ -56,27 +84,19 @@ private:
 
     const EntryListView* m_view;
     QStringList m_entries;
+    const QByteArray m_ownMark = QUuid::createUuid().toByteArray();
 };
 
 void EntryModel::setEntries(const QStringList& next)
 {
-    const auto [oldEnd, newEnd] =
-        std::mismatch(m_entries.cbegin(), m_entries.cend(), next.cbegin(), next.cend());
-    const qsizetype first = oldEnd - m_entries.cbegin();
-    qsizetype oldLast = m_entries.size();
-    qsizetype newLast = next.size();
-    while (oldLast > first && newLast > first &&
-           m_entries.at(oldLast - 1) == next.at(newLast - 1)) {
-        --oldLast;
-        --newLast;
-    }
-    if (oldLast == newLast) {
+    const auto [first, oldEnd, newEnd] = differenceOf(m_entries, next);
+    if (oldEnd == newEnd) {
         m_entries = next;
-        Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(newLast) - 1));
+        Q_EMIT dataChanged(index(static_cast<int>(first)), index(static_cast<int>(newEnd) - 1));
         return;
     }
-    removeRowsBetween(first, oldLast);
-    insertRowsOf(next, first, newLast);
+    removeRowsBetween(first, oldEnd);
+    insertRowsOf(next, first, newEnd);
 }
 
 void EntryModel::removeRowsBetween(qsizetype first, qsizetype end)
@@ -106,58 +126,115 @@ EntryListView::EntryListView(Look look, QWidget* parent)
     setItemDelegate(new EntryPainter(this));
     setUniformItemSizes(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setDragDropMode(QAbstractItemView::DragDrop);
+    setDefaultDropAction(Qt::MoveAction);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(this, &QListView::clicked, this, &EntryListView::clickedAgain);
 }
 
-void EntryListView::change(const std::function<void(EntryList&)>& operation)
+void EntryListView::change(const std::function<void(EntryList&)>& operation, const QObject* run)
 {
-    EntryList next = m_list;
+    changeState([&](ListState& state) { operation(state.list); }, run);
+}
+
+void EntryListView::changeState(const std::function<void(ListState&)>& operation,
+                                const QObject* run)
+{
+    ListState next = m_state;
     // What an operation did before it failed is shown, too.
     try {
         operation(next);
     } catch (...) {
-        show(next);
+        take(next, run);
         throw;
+    }
+    take(next, run);
+}
+
+void EntryListView::take(const ListState& next, const QObject* run)
+{
+    if (!haveSameContents(m_state, next)) {
+        m_history.record(m_state, next, run);
     }
     show(next);
 }
 
-EntryLook EntryListView::lookOf(int row) const
+void EntryListView::setWritten(const QString& file)
 {
-    const bool isThere = row >= 0 && row < m_list.entries.size();
-    return isThere ? m_look(m_list.entries, row) : EntryLook();
+    orvanta::setWritten(m_state, file);
+    Q_EMIT documentChanged();
 }
 
-void EntryListView::show(const EntryList& next)
+void EntryListView::undo()
 {
-    if (next == m_list) {
-        return;
+    ListState state = m_state;
+    if (m_history.undo(state)) {
+        show(state);
+        Q_EMIT restored();
     }
+}
+
+void EntryListView::redo()
+{
+    ListState state = m_state;
+    if (m_history.redo(state)) {
+        show(state);
+        Q_EMIT restored();
+    }
+}
+
+EntryLook EntryListView::lookOf(int row) const
+{
+    const bool isThere = row >= 0 && row < m_state.list.entries.size();
+    return isThere ? m_look(m_state.list.entries, row) : EntryLook();
+}
+
+void EntryListView::show(const ListState& next)
+{
     const QScopedValueRollback guard(m_programChanges, true);
-    const bool sameEntries = next.entries == m_list.entries;
-    m_list = next;
+    const bool sameEntries = next.list.entries == m_state.list.entries;
+    const bool sameList = sameEntries && next.list == m_state.list;
+    m_state = next;
     if (!sameEntries) {
-        m_model->setEntries(m_list.entries);
+        m_model->setEntries(m_state.list.entries);
     }
-    showSelection();
+    if (!sameList) {
+        showSelection();
+    }
     if (!sameEntries) {
         Q_EMIT entriesChanged();
     }
+    Q_EMIT documentChanged();
+}
+
+QItemSelection EntryListView::rangesOf(const QList<int>& rows) const
+{
+    QItemSelection ranges;
+    for (auto first = rows.cbegin(); first != rows.cend();) {
+        const auto gap = std::adjacent_find(first, rows.cend(),
+                                            [](int row, int next) { return next != row + 1; });
+        const auto last = gap == rows.cend() ? gap - 1 : gap;
+        ranges.append(QItemSelectionRange(m_model->index(*first), m_model->index(*last)));
+        first = last + 1;
+    }
+    return ranges;
 }
 
 void EntryListView::showSelection()
 {
-    if (!m_list.hasSelection()) {
+    if (!m_state.list.hasSelection()) {
         selectionModel()->clearSelection();
         setToolTip({});
         return;
     }
-    const QModelIndex index = m_model->index(m_list.selected);
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    const QModelIndex index = m_model->index(m_state.list.selected);
+    // The others first: Shift goes on from what is selected last.
+    selectionModel()->select(rangesOf(m_state.list.others), QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::Select);
+    m_anchor = m_state.list.selected;
     scrollTo(index);
-    setToolTip(plainToolTip(m_list.selectedEntry()));
+    setToolTip(plainToolTip(m_state.list.selectedEntry()));
 }
 
 void EntryListView::selectionChanged(const QItemSelection& selected,
@@ -167,13 +244,88 @@ void EntryListView::selectionChanged(const QItemSelection& selected,
     if (m_programChanges) {
         return;
     }
-    const QModelIndexList rows = selectionModel()->selectedIndexes();
-    m_list.selected = rows.isEmpty() ? -1 : rows.first().row();
-    setToolTip(plainToolTip(m_list.selectedEntry()));
+    m_history.endRun();
     m_pressSelected = true;
-    if (m_list.hasSelection()) {
-        Q_EMIT Click(m_list.selected);
+    const int shownBefore = m_state.list.selected;
+    const QList<int> rows = rowsOfSelection();
+    selectRows(m_state.list, rows, rowToShow(rows));
+    setToolTip(plainToolTip(m_state.list.selectedEntry()));
+    m_anchor = rows.size() == 1 ? rows.front() : currentIndex().row();
+    // Among several only another one in the boxes is a click.
+    if (m_state.list.hasSelection() && (rows.size() == 1 || m_state.list.selected != shownBefore)) {
+        Q_EMIT Click(m_state.list.selected);
     }
+}
+
+QList<int> EntryListView::rowsOfSelection() const
+{
+    QList<int> rows;
+    for (const QModelIndex& index : selectionModel()->selectedIndexes()) {
+        rows.append(index.row());
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+/// The one that the user came to, else the one that was shown, else the first. -1 for none.
+int EntryListView::rowToShow(const QList<int>& rows) const
+{
+    for (const int row : {currentIndex().row(), m_state.list.selected}) {
+        if (std::binary_search(rows.cbegin(), rows.cend(), row)) {
+            return row;
+        }
+    }
+    return rows.value(0, -1);
+}
+
+// The view's own idea of where Shift began stays behind when entries are moved.
+void EntryListView::setSelection(const QRect& area, QItemSelectionModel::SelectionFlags command)
+{
+    const int reached = currentIndex().row();
+    const bool isShift = command.testFlag(QItemSelectionModel::SelectCurrent);
+    if (!isShift || reached < 0 || m_anchor < 0 || m_anchor >= m_state.list.entries.size()) {
+        QListView::setSelection(area, command);
+        return;
+    }
+    const QScopedValueRollback anchorStays(m_anchor);
+    const auto [first, last] = std::minmax(m_anchor, reached);
+    selectionModel()->select(QItemSelection(m_model->index(first), m_model->index(last)), command);
+}
+
+int EntryListView::dropPlace(const QPoint& at) const
+{
+    const int row = indexAt(at).row();
+    switch (dropIndicatorPosition()) {
+    case QAbstractItemView::AboveItem:
+        return row;
+    case QAbstractItemView::BelowItem:
+        return row + 1;
+    default:
+        return static_cast<int>(m_state.list.entries.size());
+    }
+}
+
+// Without the view's picture of the rows, which would lie over the line that shows where they go.
+void EntryListView::startDrag(Qt::DropActions actions)
+{
+    auto* drag = new QDrag(this); // the library deletes it
+    drag->setMimeData(m_model->mimeData({}));
+    drag->exec(actions, Qt::MoveAction);
+}
+
+// The view would take the rows out of the model behind the list's back.
+void EntryListView::dropEvent(QDropEvent* event)
+{
+    if (!m_model->canDropMimeData(event->mimeData(), event->dropAction(), -1, -1, {})) {
+        return;
+    }
+    const int place = dropPlace(event->position().toPoint());
+    event->setDropAction(Qt::IgnoreAction);
+    event->accept();
+    stopAutoScroll();
+    setState(NoState);
+    viewport()->update();
+    Q_EMIT moveWanted(place);
 }
 
 void EntryListView::mousePressEvent(QMouseEvent* event)
@@ -188,7 +340,7 @@ void EntryListView::mousePressEvent(QMouseEvent* event)
 
 void EntryListView::clickedAgain(const QModelIndex& index)
 {
-    if (!m_pressSelected && m_list.selected == index.row()) {
+    if (!m_pressSelected && m_state.list.selected == index.row()) {
         Q_EMIT Click(index.row());
     }
 }
@@ -197,7 +349,7 @@ void EntryListView::keyPressEvent(QKeyEvent* event)
 {
     const bool isControl = event->modifiers() == Qt::ControlModifier;
     const bool isSpace = event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier;
-    if (isSpace && m_list.hasSelection() && currentIndex().row() == m_list.selected) {
+    if (isSpace && m_state.list.hasSelection() && currentIndex().row() == m_state.list.selected) {
         event->ignore(); // there is nothing to select: the key is the window's
     } else if (event->key() == Qt::Key_Delete) {
         Q_EMIT removeWanted();
@@ -220,7 +372,7 @@ void EntryListView::setMarkedRow(int row)
 
 void EntryListView::updateRow(int row)
 {
-    if (row >= 0 && row < m_list.entries.size()) {
+    if (row >= 0 && row < m_state.list.entries.size()) {
         update(m_model->index(row));
     }
 }

@@ -24,7 +24,10 @@ void Form5::Form5_FolderTreeview2_FolderClick(const QString& folder)
 
 void Form5::Form5_File2_Click()
 {
-    List2->change(removeAll);
+    List2->changeState([this](ListState& state) {
+        removeAll(state.list);
+        state.clip = {.path = File2->filePath(), .text = File2->filePath()};
+    });
     openPreview(File2->filePath(), File2->folder());
     m_openedClip = File2->filePath();
     Text3->show(m_openedClip);
@@ -85,26 +88,59 @@ void Form5::Form5_Slider1_Change(double seconds, bool held)
         ActiveMovie1->runFrom(seconds);
     }
     showPosition();
-    List2->change([&](EntryList& list) { rebuildBrake(list, seconds, Text4->text()); });
+    List2->change([&](EntryList& list) { rebuildBrake(list, seconds, Text4->text()); }, Slider1);
+    if (!held) {
+        List2->endRun();
+    }
 }
 
 void Form5::Form5_Text4_Change()
 {
-    List2->change([this](EntryList& list) { rebuildBrake(list, m_chosenSeconds, Text4->text()); });
+    List2->change([this](EntryList& list) { rebuildBrake(list, m_chosenSeconds, Text4->text()); },
+                  Text4);
+}
+
+void Form5::Form5_Text3_Change()
+{
+    List2->changeState([this](ListState& state) { state.clip.text = Text3->text(); }, Text3);
 }
 
 void Form5::Form5_List2_Click()
 {
     const MarkerSplit split = splitAtLastMarker(List2->list().selectedEntry());
-    if (!split.found) {
-        return;
+    if (split.found) {
+        showBrake(split);
+        ActiveMovie1->runFrom(Slider1->seconds());
+        showPosition();
     }
+}
+
+void Form5::showBrake(const MarkerSplit& brake)
+{
     // A time that is no number leaves the slider where it is.
-    resumeNext("Form5_List2_Click", [&] { Slider1->setSeconds(decimalValue(split.before)); });
+    resumeNext("Form5 showBrake", [&] { Slider1->setSeconds(decimalValue(brake.before)); });
     m_chosenSeconds = Slider1->seconds();
-    Text4->show(split.after);
-    ActiveMovie1->runFrom(Slider1->seconds());
-    showPosition();
+    Text4->show(brake.after);
+}
+
+// Shows what came back, and runs nothing: nobody has clicked a brake.
+void Form5::showRestoredBrakes()
+{
+    const BrakedClip clip = List2->clip();
+    if (Text3->text() != clip.text) {
+        Text3->show(clip.text);
+    }
+    if (m_openedClip != clip.path) {
+        m_openedClip = clip.path;
+        openPreview(clip.path, List2->document().folder);
+        // The slider goes to the beginning of the clip, and no brake must go with it.
+        List2->change([](EntryList& list) { selectRows(list, {}, -1); });
+    }
+    const MarkerSplit split = splitAtLastMarker(List2->list().selectedEntry());
+    if (split.found) {
+        showBrake(split);
+        showPosition();
+    }
 }
 
 void Form5::Form5_Command15_Click()
@@ -131,20 +167,21 @@ void Form5::Form5_Command7_Click()
         return;
     }
     const BrakeDocument document = readBrakeDocument(packet);
-    m_brakesFolder = folderOfPath(packet);
-    m_brakesFile = packet;
     m_openedClip = document.mediaFile;
     Text3->show(document.mediaFile);
-    openPreview(document.mediaFile, m_brakesFolder);
-    List2->change([&](EntryList& list) {
-        removeAll(list);
-        list.entries = document.entries;
+    openPreview(document.mediaFile, folderOfPath(packet));
+    List2->changeState([&](ListState& state) {
+        removeAll(state.list);
+        state.list.entries = document.entries;
+        state.clip = {.path = document.mediaFile, .text = document.mediaFile};
+        state.document = {.file = packet, .folder = folderOfPath(packet)};
+        setWritten(state, packet);
     });
 }
 
 void Form5::Form5_Command16_Click()
 {
-    save(u"*.vxl"_s, m_brakesFile, [this](const QString& target) { writeBrakes(target); });
+    save(u"*.vxl"_s, *List2, [this](const QString& target) { writeBrakes(target); });
 }
 
 void Form5::Form5_Command12_Click()
@@ -154,9 +191,10 @@ void Form5::Form5_Command12_Click()
 
 void Form5::writeBrakes(const QString& target) const
 {
+    const QString& folder = List2->document().folder;
     // Not what File2 shows by now: keys and other folders lead away from the clip of the brakes.
-    writeBrakePacket(target, pathFor(target, m_brakesFolder, m_openedClip),
-                     pathFor(target, m_brakesFolder, Text3->text()), List2->list().entries);
+    writeBrakePacket(target, pathFor(target, folder, m_openedClip),
+                     pathFor(target, folder, Text3->text()), List2->list().entries);
 }
 
 void Form5::takeBrakeTimes()

@@ -16,11 +16,11 @@ void Form5::Form5_File1_Click()
     Text2->show(nameWithoutExtension(File1->FileName()));
 }
 
-void Form5::Form5_Text1_Change()
+void Form5::Form5_Text1_Change(const LineBox* box)
 {
-    List1->change([this](EntryList& list) {
-        rebuildSelected(list, clipEntry(Text1->text(), Text2->text()));
-    });
+    List1->change(
+        [this](EntryList& list) { rebuildSelected(list, clipEntry(Text1->text(), Text2->text())); },
+        box);
 }
 
 void Form5::Form5_List1_Click()

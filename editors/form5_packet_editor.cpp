@@ -37,9 +37,11 @@ void Form5::connectHandlers()
 void Form5::connectClipMode()
 {
     on(File1, &FileListBox::Click, [this] { Form5_File1_Click(); });
-    on(Text1, &LineBox::edited, [this] { Form5_Text1_Change(); });
-    on(Text2, &LineBox::edited, [this] { Form5_Text1_Change(); });
+    for (const LineBox* box : {Text1, Text2}) {
+        on(box, &LineBox::edited, [this, box] { Form5_Text1_Change(box); });
+    }
     on(List1, &EntryListView::Click, [this](auto&&...) { Form5_List1_Click(); });
+    on(List1, &EntryListView::restored, [this] { Form5_List1_Click(); });
     on(Command3, &QPushButton::clicked, [this](auto&&...) { Form5_Command3_Click(); });
     on(Command4, &QPushButton::clicked, [this](auto&&...) { Form5_Command4_Click(); });
     on(Command1, &QPushButton::clicked, [this](auto&&...) { Form5_Command1_Click(); });
@@ -63,6 +65,9 @@ void Form5::connectBrakeMode()
        [this](double seconds, bool held) { Form5_Slider1_Change(seconds, held); });
     on(List2, &EntryListView::Click, [this](auto&&...) { Form5_List2_Click(); });
     on(List2, &EntryListView::entriesChanged, [this] { takeBrakeTimes(); });
+    on(List2, &EntryListView::documentChanged, [this] { showTitle(); });
+    on(List2, &EntryListView::restored, [this] { showRestoredBrakes(); });
+    on(Text3, &LineBox::edited, [this] { Form5_Text3_Change(); });
     on(Text4, &LineBox::edited, [this] { Form5_Text4_Change(); });
     on(Text4, &QLineEdit::returnPressed, [this] { Form5_Text4_Return(); });
     on(Command7, &QPushButton::clicked, [this](auto&&...) { Form5_Command7_Click(); });
@@ -71,6 +76,8 @@ void Form5::connectBrakeMode()
     on(Command12, &QPushButton::clicked, [this](auto&&...) { Form5_Command12_Click(); });
     connectRemove(List2, Command11);
     connectMoves(List2, nullptr, nullptr);
+    connectRunOf(Text3, List2);
+    connectRunOf(Text4, List2);
 }
 
 void Form5::Form5_Form_Load()
@@ -94,6 +101,7 @@ void Form5::Form5_Option1_Click()
         covered->show();
     }
     Command7->hide();
+    showTitle();
 }
 
 void Form5::Form5_Option2_Click()
@@ -105,6 +113,7 @@ void Form5::Form5_Option2_Click()
         covered->hide();
     }
     Command7->show();
+    showTitle();
 }
 
 static bool isPlainSpace(const QEvent& event)
@@ -129,6 +138,11 @@ bool Form5::eventFilter(QObject* watched, QEvent* event)
 bool Form5::isEmpty() const
 {
     return EditorWindow::isEmpty() && List2->list().entries.isEmpty();
+}
+
+EntryListView* Form5::shownList() const
+{
+    return Option2->isChecked() ? List2 : List1;
 }
 
 } // namespace orvanta

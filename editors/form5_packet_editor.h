@@ -68,6 +68,7 @@ public:
 protected:
     [[nodiscard]] ControlRows controls() override;
     [[nodiscard]] bool isEmpty() const override;
+    [[nodiscard]] EntryListView* shownList() const override;
     /// Space that no control of brake mode takes for itself halts the preview and lets it go on.
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -93,7 +94,7 @@ private:
 
     // Clip mode: form5_clip_mode.cpp
     void Form5_File1_Click();
-    void Form5_Text1_Change();
+    void Form5_Text1_Change(const LineBox* box);
     void Form5_List1_Click();
     void Form5_Command3_Click();
     void Form5_Command4_Click();
@@ -109,12 +110,15 @@ private:
     void showPreviewState();
     void Form5_Text4_Change();
     void Form5_Text4_Return();
+    void Form5_Text3_Change();
     void Form5_List2_Click();
     void Form5_Command15_Click();
     void Form5_Command7_Click();
     void Form5_Command16_Click();
     void Form5_Command12_Click();
     void writeBrakes(const QString& target) const;
+    void showBrake(const MarkerSplit& brake);
+    void showRestoredBrakes();
     void openPreview(const QString& pathText, const QString& packetFolder);
     void showDuration(double seconds);
     void showPosition();
@@ -127,9 +131,7 @@ private:
     // the preview, and a brake whose text is typed meanwhile must not go with it.
     double m_chosenSeconds = 0;
     std::optional<double> m_previewSeconds; // where the preview is; none before it has moved
-    QString m_openedClip;   // clicked in File2 or named by a loaded packet last; empty before
-    QString m_brakesFile;   // the brake packet loaded or saved last; empty before
-    QString m_brakesFolder; // of the brake packet that was loaded last; empty before
+    QString m_openedClip; // clicked in File2 or named by a loaded packet last; empty before
     bool m_hasPausedPlayer = false;
 };
 

@@ -29,7 +29,7 @@ void Form6::connectHandlers()
     connectListHandlers();
     on(File1, &FileListBox::Click, [this] { Form6_File1_Click(); });
     for (const LineBox* box : {Text1, Text2, Text3}) {
-        on(box, &QLineEdit::textChanged, [this](auto&&...) { Form6_Text1_Change(); });
+        on(box, &QLineEdit::textChanged, [this, box](auto&&...) { Form6_Text1_Change(box); });
     }
     // A relative picture lies beside the packet.
     for (const LineBox* box : {Text1, Text3}) {
@@ -41,6 +41,8 @@ void Form6::connectHandlers()
     on(Command7, &QPushButton::clicked, [this](auto&&...) { Form6_Command7_Click(); });
     on(List1, &EntryListView::entriesChanged,
        [this] { m_lenders = lendersOf(List1->list().entries); });
+    connectRunOf(Text3, List1);
+    on(List1, &EntryListView::restored, [this] { Form6_List1_Click(); });
     on(List1, &EntryListView::Click, [this](auto&&...) { Form6_List1_Click(); });
 }
 
@@ -53,10 +55,12 @@ void Form6::Form6_Form_Load()
 
 void Form6::Form6_File1_Click()
 {
-    List1->change(makeRoom);
     const MemberFields fields = fieldsOfFile(File1->folder(), File1->FileName());
     fill(fields);
-    List1->change([&](EntryList& list) { rebuildSelected(list, memberEntry(fields)); });
+    List1->change([&](EntryList& list) {
+        makeRoom(list);
+        rebuildSelected(list, memberEntry(fields));
+    });
 }
 
 MemberFields Form6::shownFields() const
@@ -72,12 +76,13 @@ void Form6::fill(const MemberFields& fields)
     Text3->show(fields.picture);
 }
 
-void Form6::Form6_Text1_Change()
+void Form6::Form6_Text1_Change(const LineBox* box)
 {
     if (m_filling) {
         return;
     }
-    List1->change([this](EntryList& list) { rebuildSelected(list, memberEntry(shownFields())); });
+    List1->change([this](EntryList& list) { rebuildSelected(list, memberEntry(shownFields())); },
+                  box);
 }
 
 void Form6::Form6_List1_Click()
@@ -89,9 +94,11 @@ void Form6::Form6_Command7_Click()
 {
     const QString picture = pickFile(u"*.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico;*.png;*.webp"_s);
     if (!picture.isEmpty()) {
+        List1->endRun();
         Text3->show(picture);
         // Also when the box showed it already: a member of two fields has it from now on.
-        Form6_Text1_Change();
+        Form6_Text1_Change(Text3);
+        List1->endRun();
     }
 }
 

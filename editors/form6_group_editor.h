@@ -45,7 +45,7 @@ private:
     void connectHandlers();
     void Form6_Form_Load();
     void Form6_File1_Click();
-    void Form6_Text1_Change();
+    void Form6_Text1_Change(const LineBox* box);
     void Form6_List1_Click();
     void Form6_Command7_Click();
     void Form6_Command3_Click();

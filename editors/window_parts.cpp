@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QIconEngine>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
@@ -22,11 +23,47 @@ TextLanguage editorLanguage(const Module1& module)
     return textLanguage(module.Language.value(), TextLanguage::English);
 }
 
+QList<QKeySequence> undoKeys()
+{
+    return {Qt::CTRL | Qt::Key_Z};
+}
+
+QList<QKeySequence> redoKeys()
+{
+    return {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y};
+}
+
 LineBox::LineBox(QWidget* parent)
     : QLineEdit(parent)
 {
     setMaxLength(std::numeric_limits<int>::max());
     connect(this, &QLineEdit::textChanged, this, &LineBox::takeChange);
+}
+
+static bool isOneOf(const QList<QKeySequence>& keys, const QKeyEvent& event)
+{
+    return keys.contains(QKeySequence(event.keyCombination()));
+}
+
+// A box takes the keys of undo for its own even where there is nothing that it could undo, and does
+// not know all of them.
+bool LineBox::event(QEvent* event)
+{
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (!isOverride && event->type() != QEvent::KeyPress) {
+        return QLineEdit::event(event);
+    }
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    const bool isUndo = isOneOf(undoKeys(), key);
+    if (!isUndo && !isOneOf(redoKeys(), key)) {
+        return QLineEdit::event(event);
+    }
+    const bool isOwn = isUndo ? isUndoAvailable() : isRedoAvailable();
+    event->setAccepted(isOwn);
+    if (isOwn && !isOverride) {
+        isUndo ? undo() : redo();
+    }
+    return isOwn;
 }
 
 // Assistive technology sets the text itself, which is the user's doing like any other.

@@ -5,7 +5,9 @@
 #include "playback/control_rows.h"
 
 #include <QIcon>
+#include <QKeySequence>
 #include <QLineEdit>
+#include <QList>
 #include <QSize>
 
 class QLabel;
@@ -38,8 +40,12 @@ private:
 /// they are.
 [[nodiscard]] TextLanguage editorLanguage(const Module1& module);
 
+/// In text boxes and in the lists of editors, whatever the desktop takes for them besides.
+[[nodiscard]] QList<QKeySequence> undoKeys();
+[[nodiscard]] QList<QKeySequence> redoKeys();
+
 /// A box for one line of a file: line breaks that are pasted become blanks, and a text of any
-/// length stays whole.
+/// length stays whole. With nothing of its own to undo, it leaves the key to its window.
 class LineBox : public QLineEdit
 {
     Q_OBJECT
@@ -54,6 +60,9 @@ public:
 Q_SIGNALS:
     /// The user changed the text, which is one line by now.
     void edited();
+
+protected:
+    bool event(QEvent* event) override;
 
 private:
     void takeChange();

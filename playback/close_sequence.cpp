@@ -43,6 +43,7 @@ void CloseSequence::request()
 
 void CloseSequence::hideProgram()
 {
+    m_context.onReplacing();
     m_context.supersede();
     m_context.view->hideMainWindow();
     unloadClip();

@@ -95,7 +95,7 @@ void CommandMenu::setLanguage(TextLanguage language)
         entry->setText(interfaceText(u"Command", rowOf(commandOf(*entry)).name, language));
     }
     if (m_editing != nullptr) {
-        m_editing->setTitle(interfaceText(u"Editing", u"menu", language));
+        m_editing->setTitle(interfaceText(u"EditingMode", u"menu", language));
     }
     if (m_practice != nullptr) {
         m_practice->setTitle(interfaceText(u"Practice", u"menu", language));

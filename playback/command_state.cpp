@@ -24,6 +24,8 @@ static CommandState stateOfEditing(Command command, const CommandFacts& facts)
         return {facts.canRedo};
     case Command::Save:
         return {facts.changed};
+    case Command::SaveAs:
+        return {facts.editing};
     default:
         return {};
     }

@@ -45,6 +45,8 @@ struct EngineContext
     std::function<void()> onStopAsked = [] {};
     /// Something else begins: what waits has nothing to wait for.
     std::function<void()> onSuperseded = [] {};
+    /// What is open is about to be replaced.
+    std::function<void()> onReplacing = [] {};
     /// The last line there is has been played.
     std::function<void()> onLessonOver = [] {};
     /// A launch asks for the lesson that was on last.

@@ -41,6 +41,7 @@ void HandOverDrain::serve()
 
 void HandOverDrain::replacePlaylist(const QStringList& lines)
 {
+    m_context.onReplacing();
     open(lines);
     m_context.view->RebuildTree();
     logLoaded(m_context.module.playlist);

@@ -15,7 +15,14 @@ LessonControls::LessonControls(EngineContext& context, ClipStarter& starter,
       m_takePlaylist(std::move(takePlaylist))
 {
     context.onLessonOver = [this] { Q_EMIT over(); };
+    context.onReplacing = [this] { leave(); };
     context.onContinueAsked = [this] { Q_EMIT continueAsked(); };
+}
+
+void LessonControls::leave()
+{
+    Q_EMIT replacing();
+    Q_EMIT left();
 }
 
 LessonLine LessonControls::line() const

@@ -35,7 +35,9 @@ public:
     [[nodiscard]] std::optional<LessonPlace> place() const;
 
     /// To be called before the playlist is replaced: who keeps the place looks a last time.
-    void leave() { Q_EMIT left(); }
+    void leave();
+    /// What waited was superseded.
+    void superseded() { Q_EMIT left(); }
 
     /// What an opening does after its loader, as PlaybackEngine::playlistReplaced, but beginning
     /// at a place. With "as" off, that place is where Play begins.
@@ -45,6 +47,8 @@ public:
     void edited(const EditStep& step);
 
 Q_SIGNALS:
+    /// What is open is about to be replaced, or to grow; left() follows.
+    void replacing();
     /// The place is about to become another.
     void left();
     /// It was played to its end.

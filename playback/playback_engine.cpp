@@ -36,7 +36,7 @@ public:
     {
         context.onStopAsked = [this] { practice.giveUpWait(); };
         context.onSuperseded = [this] {
-            lesson.leave();
+            lesson.superseded();
             practice.step().beginLine();
         };
         context.onCursorMoved = [this, &engine] {

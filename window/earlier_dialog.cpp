@@ -98,7 +98,7 @@ void EarlierDialog::fill()
     }
     TakeButton->setEnabled(!m_versions.empty());
     if (m_versions.empty()) {
-        ContentBox->setPlainText(interfaceText(u"Earlier", u"none", m_language));
+        ContentBox->setPlainText(interfaceText(u"Earlier", u"ContentBox.none", m_language));
     } else {
         VersionList->setCurrentRow(0);
     }
@@ -121,7 +121,7 @@ static QString linesOf(const std::vector<PlaylistEntry>& packets)
 void EarlierDialog::showContent()
 {
     const int row = VersionList->currentRow();
-    QString content = interfaceText(u"Earlier", u"spoilt", m_language);
+    QString content = interfaceText(u"Earlier", u"ContentBox.spoilt", m_language);
     const bool readable =
         row >= 0 && resumeNext("reading an earlier version", [&] {
             content = linesOf(packetsOfVersion(m_versions[static_cast<std::size_t>(row)]));

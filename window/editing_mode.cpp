@@ -32,6 +32,8 @@ EditingMode::EditingMode(EditingPorts ports, QObject* parent)
     connect(&m_editing, &LessonEditing::edited, this,
             [this](const EditStep& step) { showStep(step); });
     connect(&m_editing, &LessonEditing::stateChanged, this, [this] { refresh(); });
+    connect(&m_ports.engine.lesson(), &LessonControls::replacing, this,
+            [this] { m_box->finish(); });
     connect(&m_ports.engine.lesson(), &LessonControls::left, this, [this] { noteLeaving(); });
     connect(&m_ports.engine, &PlaybackEngine::cursorChanged, this, [this] { refresh(); });
     connect(&m_ports.row, &EditingRow::asked, this,
@@ -45,13 +47,16 @@ void EditingMode::connectList()
 {
     PlaylistList& list = m_ports.list;
     const auto on = [this](auto* sender, auto signal, auto handler) {
-        connect(sender, signal, this, m_ports.boundary(handler));
+        connect(sender, signal, this, m_ports.boundary([handler](auto&&... arguments) {
+            trapped("editing", [&] { handler(arguments...); });
+        }));
     };
     on(&list, &PlaylistList::editingAsked, [this](Command command) { carryOut(command); });
     on(&list, &PlaylistList::linesDropped, [this](int before) { dropLines(before); });
     on(&list, &PlaylistList::filesDroppedBefore,
        [this](const QStringList& files, int before) { dropFiles(files, before); });
     on(&list, &PlaylistList::cursorMoved, [this](int) { refresh(); });
+    on(&list, &PlaylistList::pictureAsked, [this](int) { pickPicture(); });
     on(m_box, &LineEditor::typed, [this](int line, LineEditor::Field field, const QString& text) {
         takeTyped(line, field, text);
     });
@@ -97,6 +102,13 @@ bool EditingMode::carryOut(Command command)
     if (!m_on) {
         return false;
     }
+    bool isEditing = true;
+    trapped("command of editing", [&] { isEditing = carryOutWhileOn(command); });
+    return isEditing;
+}
+
+bool EditingMode::carryOutWhileOn(Command command)
+{
     if (command != Command::EditText) {
         m_box->finish();
     }

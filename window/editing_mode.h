@@ -66,11 +66,14 @@ public:
     /// What the menu needs to know of editing.
     void addFacts(CommandFacts& facts) const;
 
-    /// Something else is open now, or more.
+    /// Something else is open now.
     void playlistShown();
-    /// The program begins with nothing open, or it ends.
+    /// More is open now, behind what was open before.
+    void playlistGrown();
+    /// The program begins with nothing open.
     void offerDrafts();
-    void keepDraft();
+    /// The program ends.
+    void end();
 
     /// The steps that were done, for who tests and shows them.
     [[nodiscard]] const LessonEditing& editing() const { return m_editing; }
@@ -95,6 +98,7 @@ private:
     void dropLines(int before);
     void dropFiles(const QStringList& files, int before);
     void showStep(const EditStep& step);
+    [[nodiscard]] std::vector<EditPlace> uncheckedAfter(const EditStep& step) const;
     void selectAfter(const EditStep& step, const std::vector<EditPlace>& before);
     [[nodiscard]] EditPlace placeOf(int line) const;
     [[nodiscard]] int lineOf(EditPlace place) const;
@@ -103,6 +107,7 @@ private:
     [[nodiscard]] std::vector<EditPlace> selected() const;
     [[nodiscard]] std::optional<MarkSetting> markSetting() const;
     [[nodiscard]] LineNote noteOf(int line) const;
+    [[nodiscard]] LineNote pictureNote(const PlaylistEntry& packet) const;
     [[nodiscard]] QString fieldText(EditPlace place, LineEditor::Field field) const;
 
     // What is seldom needed: editing_mode_more.cpp
@@ -110,12 +115,14 @@ private:
     void showMore();
     void pickPicture();
     void takeFrame();
-    void setPicture(const QString& path);
+    void setPicture(int packet, const QString& path);
     void takeEarlier();
     void fillSuggestions();
     void setMarks(const std::vector<SuggestedMark>& marks);
 
     // Documents: editing_mode_documents.cpp
+    void keepDraft();
+    void keepDraftSoon();
     bool save(bool elsewhere);
     [[nodiscard]] QString askTarget();
     void discard();
@@ -131,6 +138,7 @@ private:
     [[nodiscard]] QString text(QStringView name) const;
 
     void connectList();
+    [[nodiscard]] bool carryOutWhileOn(Command command);
     void refresh();
 
     EditingPorts m_ports;
@@ -149,6 +157,7 @@ private:
     bool m_isFollowed = false;       // what is saved of it is known
     bool m_on = false;
     bool m_draftIsDue = false;
+    bool m_hasOldDraft = false; // of what is open: one that nobody has taken
 };
 
 } // namespace orvanta

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 QString EditingMode::text(QStringView name) const
 {
-    return interfaceText(u"Editing", name, m_ports.language);
+    return interfaceText(u"EditingMode", name, m_ports.language);
 }
 
 QString EditingMode::nameOf(const QString& document) const
@@ -22,14 +22,36 @@ QString EditingMode::nameOf(const QString& document) const
     return document.isEmpty() ? text(u"no.name") : fileNameOfPath(document);
 }
 
+/// One that cannot be kept is due again with the next change, and at the end. One that was offered
+/// and not taken stays as long as nothing is changed.
 void EditingMode::keepDraft()
 {
     m_draftTimer.stop();
-    if (std::exchange(m_draftIsDue, false) && m_editing.isChanged()) {
-        m_drafts.keep(m_ports.module.playlist, m_saving.saved());
-    } else if (!m_editing.isChanged()) {
+    if (!std::exchange(m_draftIsDue, false)) {
+        return;
+    }
+    if (m_editing.isChanged()) {
+        m_draftIsDue = !m_drafts.keep(m_ports.module.playlist, m_saving.saved());
+    } else {
         m_drafts.discard(m_ports.module.playlist.Document);
     }
+}
+
+void EditingMode::keepDraftSoon()
+{
+    if (std::exchange(m_hasOldDraft, false)) {
+        m_drafts.setAside(m_ports.module.playlist.Document);
+    }
+    m_draftIsDue = true;
+    if (!m_draftTimer.isActive()) {
+        m_draftTimer.start();
+    }
+}
+
+void EditingMode::end()
+{
+    m_box->finish();
+    keepDraft();
 }
 
 /// Empty when nothing was chosen.
@@ -59,8 +81,11 @@ bool EditingMode::save(bool elsewhere)
         return false;
     }
     m_draftIsDue = false;
-    m_drafts.discard(document);
+    if (!m_hasOldDraft) {
+        m_drafts.discard(document);
+    }
     if (target != document) {
+        m_hasOldDraft = m_drafts.of(target).has_value();
         m_editing.begin(); // paths may be others now: there is no way back over that
     }
     m_editing.noteSaved();
@@ -74,14 +99,17 @@ void EditingMode::sayFailed(const QString& document)
                        {{text(u"notice.close"), [] {}}});
 }
 
-/// As it was saved last; that itself can be undone.
+/// As it was saved last; that itself can be undone. Where no file was ever read, only the draft
+/// goes.
 void EditingMode::discard()
 {
     const std::vector<PlaylistEntry> saved = m_saving.saved();
-    if (!m_editing.isChanged() || !m_editing.replaceAll(EditName::Discard, saved)) {
+    if (!m_editing.isChanged()) {
         return;
     }
-    m_editing.noteSaved();
+    if (m_editing.replaceAll(EditName::Discard, saved)) {
+        m_editing.noteSaved();
+    }
     m_draftIsDue = false;
     m_drafts.discard(m_ports.module.playlist.Document);
 }
@@ -114,6 +142,7 @@ void EditingMode::sayLeft()
     const auto discardLeft = [this, document] {
         m_left.reset();
         m_drafts.discard(document);
+        offerDraftOfDocument();
     };
     m_ports.notice.say(text(u"notice.unsaved").arg(nameOf(document)),
                        {{text(u"notice.save"), [this, left] { saveLeft(left); }},
@@ -136,6 +165,7 @@ void EditingMode::saveLeft(const std::shared_ptr<Left>& left)
     m_left.reset();
     if (resumeNext("saving what was left", [&] { saving.save(target); })) {
         m_drafts.discard(document);
+        offerDraftOfDocument();
     } else {
         sayFailed(target);
     }
@@ -162,11 +192,28 @@ void EditingMode::playlistShown()
     } else {
         m_saving.forget();
     }
+    const QString& document = m_ports.module.playlist.Document;
+    m_hasOldDraft = m_drafts.of(document).has_value();
+    if (m_left && m_hasOldDraft && m_left->playlist.Document == document && !document.isEmpty()) {
+        m_left.reset(); // it has come back: saved now, it would not be what is open
+    }
     if (m_left) {
         sayLeft();
     } else {
         offerDraftOfDocument();
     }
+}
+
+/// Changes that are not saved are of what is open, still.
+void EditingMode::playlistGrown()
+{
+    if (!m_editing.isChanged()) {
+        return playlistShown();
+    }
+    m_leaving.reset();
+    m_editing.noteDraftTaken();
+    m_revision = m_ports.module.playlist.revision;
+    keepDraftSoon();
 }
 
 static QString momentText(const QDateTime& moment)
@@ -219,6 +266,7 @@ void EditingMode::takeDraft(const QString& document)
     if (!packets || packets->empty()) {
         return;
     }
+    m_drafts.takeUp(document);
     if (playlist.PlaylistCount == 0) { // its document is gone, or it never had one
         playlist.Playlist = *packets;
         playlist.PlaylistCount = Int16(static_cast<qint64>(packets->size()));
@@ -229,9 +277,11 @@ void EditingMode::takeDraft(const QString& document)
         m_saving.forget();
         m_editing.noteDraftTaken();
         m_ports.notice.clear();
+        m_hasOldDraft = false;
         return;
     }
     setOn(true);
+    m_hasOldDraft = false;
     m_editing.replaceAll(EditName::Version, *packets);
 }
 

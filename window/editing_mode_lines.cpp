@@ -1,5 +1,6 @@
 // The editing mode's part in the lines: marks, texts, times, what is moved and dropped.
 #include "core/error_boundary.h"
+#include "core/group_file.h"
 #include "core/paths.h"
 #include "model/drop.h"
 #include "model/editing/brake_times.h"
@@ -11,7 +12,10 @@
 #include "window/editing_mode.h"
 #include "window/playlist_list.h"
 
+#include <QFileInfo>
+
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace orvanta {
@@ -147,13 +151,28 @@ void EditingMode::playFrom(EditPlace place)
     m_ports.engine.seekTo(std::max(end - kBeforeEnd, 0.0));
 }
 
+/// Only groups hold pictures.
+LineNote EditingMode::pictureNote(const PlaylistEntry& packet) const
+{
+    if (!m_editing.hasTitles()) {
+        return {};
+    }
+    const bool has = !packet.Picture.isEmpty() && packet.Picture != kNoPicture;
+    const QString name = has ? fileNameOfPath(packet.Picture) : text(u"picture.none");
+    return {
+        .time = name, .isPicture = true, .words = has ? text(u"picture.is").arg(name) : QString()};
+}
+
 LineNote EditingMode::noteOf(int line) const
 {
     const EditPlace place = placeOf(line);
-    if (place.line < 1 || place.packet > m_ports.module.playlist.PlaylistCount.value()) {
+    if (place.packet < 1 || place.packet > m_ports.module.playlist.PlaylistCount.value()) {
         return {};
     }
     const PlaylistEntry& packet = m_ports.module.playlist.packet(Int16(place.packet));
+    if (place.line == 0) {
+        return pictureNote(packet);
+    }
     if (!packet.HasBrakes || place.line > packet.ClipCount.value()) {
         return {};
     }
@@ -163,7 +182,8 @@ LineNote EditingMode::noteOf(int line) const
     }
     const QString time = markTimeText(seconds);
     const bool isEnd = endMarkOf(packet).value() == place.line;
-    return {time, isEnd, text(isEnd ? u"line.end" : u"line.time").arg(time)};
+    return {
+        .time = time, .isEnd = isEnd, .words = text(isEnd ? u"line.end" : u"line.time").arg(time)};
 }
 
 void EditingMode::dropLines(int before)
@@ -184,11 +204,21 @@ void EditingMode::dropLines(int before)
     m_editing.moveTo(places, target.line >= 1 ? target : EditPlace{above.packet, above.line + 1});
 }
 
-/// A picture on a packet's line becomes its picture; packets, groups and folders become packets
+static bool isPicture(const QString& file)
+{
+    static const QStringList kEndings = {u"bmp"_s, u"jpg"_s, u"jpeg"_s, u"gif"_s,
+                                         u"wmf"_s, u"ico"_s, u"png"_s,  u"webp"_s};
+    return kEndings.contains(QFileInfo(file).suffix().toLower());
+}
+
+/// A picture among a packet's lines becomes its picture; packets, groups and folders become packets
 /// there, clips lines of the packet there.
 void EditingMode::dropFiles(const QStringList& files, int before)
 {
     const EditPlace above = before >= 2 ? placeOf(before - 1) : EditPlace{1, 0};
+    if (files.size() == 1 && isPicture(files.front()) && m_editing.hasTitles()) {
+        return setPicture(above.packet, files.front());
+    }
     PlaylistState dropped;
     // It takes the last one first.
     trapped("files dropped on an edited list", [&] {
@@ -210,6 +240,7 @@ void EditingMode::dropFiles(const QStringList& files, int before)
     const EditPlace place = {above.packet, above.line + 1};
     if (!paths.isEmpty() && !m_editing.insertClips(place, paths, texts)) {
         PlaylistEntry loose; // among brakes: a packet of their own behind them
+        loose.Origin = std::make_shared<PacketOrigin>(); // the same when it comes back by redo
         loose.Title = QStringView(kPacketTitle).toString();
         for (qsizetype i = 0; i < paths.size(); ++i) {
             loose.Clips.push_back({.Time = {}, .Text = texts[i], .Path = paths[i]});
@@ -220,19 +251,30 @@ void EditingMode::dropFiles(const QStringList& files, int before)
     m_editing.insertPackets(above.packet + 1, packets);
 }
 
+/// The lines without a mark, as they are after the step. Their places are counted: to look each one
+/// up would take too long in the longest lists.
+std::vector<EditPlace> EditingMode::uncheckedAfter(const EditStep& step) const
+{
+    std::vector<EditPlace> unchecked;
+    const std::vector<TreeLine>& lines = m_ports.list.lines();
+    EditPlace place;
+    for (std::size_t line = 1; line < lines.size(); ++line) {
+        const int packet = lines[line].packet.value();
+        place = {packet, packet == place.packet ? place.line + 1 : 0};
+        if (!m_ports.list.isLineChecked(static_cast<int>(line))) {
+            if (const auto after = placeAfter(step, place)) {
+                unchecked.push_back(*after);
+            }
+        }
+    }
+    return unchecked;
+}
+
 /// Marks of lines and the selection stay with their lines.
 void EditingMode::showStep(const EditStep& step)
 {
     const std::vector<EditPlace> before = selected();
-    std::vector<EditPlace> unchecked;
-    const int lines = static_cast<int>(m_ports.list.lines().size());
-    for (int line = 1; line < lines; ++line) {
-        if (!m_ports.list.isLineChecked(line)) {
-            if (const auto place = placeAfter(step, placeOf(line))) {
-                unchecked.push_back(*place);
-            }
-        }
-    }
+    const std::vector<EditPlace> unchecked = uncheckedAfter(step);
     m_ports.engine.lesson().edited(step);
     std::vector<TreeLine> tree = treeLines(m_ports.module.playlist);
     std::vector<bool> checked(tree.size(), true);
@@ -245,10 +287,7 @@ void EditingMode::showStep(const EditStep& step)
     m_revision = m_ports.module.playlist.revision;
     m_left.reset();
     m_ports.notice.clear(); // what it asks about is past
-    m_draftIsDue = true;
-    if (!m_draftTimer.isActive()) {
-        m_draftTimer.start();
-    }
+    keepDraftSoon();
 }
 
 void EditingMode::selectAfter(const EditStep& step, const std::vector<EditPlace>& before)

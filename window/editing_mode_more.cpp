@@ -79,11 +79,11 @@ void EditingMode::showMore()
 }
 
 /// Beside its document a picture is named by its name alone, so that both can move.
-void EditingMode::setPicture(const QString& path)
+void EditingMode::setPicture(int packet, const QString& path)
 {
-    const QString folder = m_ports.module.playlist.packet(Int16(current().packet)).PictureFolder;
+    const QString folder = m_ports.module.playlist.packet(Int16(packet)).PictureFolder;
     const bool isBeside = !folder.isEmpty() && folderOfPath(path) == folder;
-    m_editing.setPicture(current().packet, isBeside ? fileNameOfPath(path) : path);
+    m_editing.setPicture(packet, isBeside ? fileNameOfPath(path) : path);
 }
 
 void EditingMode::pickPicture()
@@ -92,7 +92,7 @@ void EditingMode::pickPicture()
                                        false)) {
         const QString path = m_ports.module.picker.PickedFiles.value(1);
         if (!path.isEmpty()) {
-            setPicture(path);
+            setPicture(current().packet, path);
         }
     }
 }
@@ -118,7 +118,7 @@ void EditingMode::takeFrame()
     const QString path = unusedPicture(folderOfPath(target) + QFileInfo(target).completeBaseName() +
                                        u' ' + QString::number(current().packet));
     if (frame.save(path)) {
-        setPicture(path);
+        setPicture(current().packet, path);
     } else {
         qCInfo(logErrors, "cannot write the picture %ls", qUtf16Printable(path));
         sayFailed(path);

@@ -33,6 +33,7 @@ EditingRow::EditingRow(TextLanguage language, QWidget* parent)
     applyTexts(controls(), language);
     nameKeys();
     layOut();
+    More->setStyleSheet(skin::commandMenuSheet());
     connect(MoreButton, &QPushButton::clicked, this,
             [this] { More->popup(MoreButton->mapToGlobal(QPoint(0, MoreButton->height() + 2))); });
 }
@@ -40,10 +41,17 @@ EditingRow::EditingRow(TextLanguage language, QWidget* parent)
 ControlRows EditingRow::controls()
 {
     return {
-        {this, u"Editing"},          {MarkButton, u"MarkButton"}, {RemoveButton, u"RemoveButton"},
-        {UpButton, u"UpButton"},     {DownButton, u"DownButton"}, {UndoButton, u"UndoButton"},
-        {RedoButton, u"RedoButton"}, {SaveButton, u"SaveButton"}, {MoreButton, u"MoreButton"},
+        {this, u"Editing"},
+        {MarkButton, u"MarkButton"},
+        {RemoveButton, u"RemoveButton"},
+        {UpButton, u"UpButton"},
+        {DownButton, u"DownButton"},
+        {UndoButton, u"UndoButton"},
+        {RedoButton, u"RedoButton"},
+        {SaveButton, u"SaveButton"},
+        {MoreButton, u"MoreButton"},
         {DoneButton, u"DoneButton"},
+        {More, u"More"},
     };
 }
 
@@ -130,8 +138,10 @@ void EditingRow::setState(const EditingState& state)
         button->setEnabled(state.hasLine);
     }
     SaveButton->setEnabled(state.changed);
-    nameStep(*UndoButton, state.undo, text(u"UndoButton.tip"), text(u"undo.of"), Command::Undo);
-    nameStep(*RedoButton, state.redo, text(u"RedoButton.tip"), text(u"redo.of"), Command::Redo);
+    nameStep(*UndoButton, state.undo, text(u"UndoButton.tip"), text(u"UndoButton.of"),
+             Command::Undo);
+    nameStep(*RedoButton, state.redo, text(u"RedoButton.tip"), text(u"RedoButton.of"),
+             Command::Redo);
 }
 
 } // namespace orvanta

@@ -7,7 +7,7 @@
 #include "window/silence_row.h"
 #include "window/waveform_strip.h"
 
-#include <iterator>
+#include <algorithm>
 #include <utility>
 
 namespace orvanta {
@@ -97,6 +97,7 @@ void EditingSound::follow()
 void EditingSound::readClip()
 {
     m_file = m_ports.engine.operations().player().file;
+    m_suggestions.cancel(); // they would be of another clip
     m_ports.strip.setPeaks({});
     m_ports.strip.setSilences({});
     m_ports.silences.hide();
@@ -123,31 +124,40 @@ void EditingSound::refresh(EditPlace selected)
     }
 }
 
-/// Those of the packet that plays; what has no readable time has no place in the strip.
-void EditingSound::showBrakes(EditPlace selected)
+/// What has no readable time has no place in the strip.
+void EditingSound::takeBrakes(const PlaylistEntry& packet)
 {
-    m_selected = selected;
-    m_brakeNumbers.clear();
+    const Int16 end = endMarkOf(packet);
     std::vector<WaveformBrake> brakes;
-    int chosen = -1;
-    const auto place = m_ports.engine.lesson().place();
-    m_packet = place ? place->packet.value() : 0;
-    if (place && m_ports.playlist.packet(place->packet).HasBrakes) {
-        const PlaylistEntry& packet = m_ports.playlist.packet(place->packet);
-        for (int number = 1; number <= packet.ClipCount.value(); ++number) {
-            const double seconds = timeOf(packet.clip(number));
-            if (seconds < 0) {
-                continue;
-            }
-            if (selected == EditPlace{m_packet, number}) {
-                chosen = static_cast<int>(brakes.size());
-            }
-            brakes.push_back({seconds, endMarkOf(packet) == number});
+    for (int number = 1; number <= packet.ClipCount.value(); ++number) {
+        const double seconds = timeOf(packet.clip(number));
+        if (seconds >= 0) {
+            brakes.push_back({seconds, end == number});
             m_brakeNumbers.push_back(number);
         }
     }
     m_ports.strip.setBrakes(std::move(brakes));
-    m_ports.strip.setSelected(chosen);
+}
+
+/// Those of the packet that plays, taken anew when they may be others: a packet can have thousands.
+void EditingSound::showBrakes(EditPlace selected)
+{
+    m_selected = selected;
+    const auto place = m_ports.engine.lesson().place();
+    const int packet = place ? place->packet.value() : 0;
+    if (packet != m_packet || m_revision != m_ports.playlist.revision) {
+        m_packet = packet;
+        m_revision = m_ports.playlist.revision;
+        m_brakeNumbers.clear();
+        if (packet >= 1 && m_ports.playlist.packet(packet).HasBrakes) {
+            takeBrakes(m_ports.playlist.packet(packet));
+        } else {
+            m_ports.strip.setBrakes({});
+        }
+    }
+    const auto chosen = std::find(m_brakeNumbers.begin(), m_brakeNumbers.end(), selected.line);
+    const bool isThere = selected.packet == m_packet && chosen != m_brakeNumbers.end();
+    m_ports.strip.setSelected(isThere ? static_cast<int>(chosen - m_brakeNumbers.begin()) : -1);
 }
 
 void EditingSound::suggestFrom(MarkSource source)
@@ -160,6 +170,11 @@ void EditingSound::suggestFrom(MarkSource source)
 
 void EditingSound::takeTexts(const ClipTexts& texts)
 {
+    const QString asked = m_file;
+    follow();
+    if (m_file != asked) {
+        return; // another clip came meanwhile
+    }
     std::vector<SuggestedMark> marks;
     if (m_source == MarkSource::Chapters) {
         marks = texts.chapters;

@@ -64,6 +64,7 @@ private:
     void readClip();
     void showPeaks();
     void showBrakes(EditPlace selected);
+    void takeBrakes(const PlaylistEntry& packet);
     void previewSilences();
     void takeTexts(const ClipTexts& texts);
     [[nodiscard]] EditPlace placeOf(int index) const;
@@ -76,6 +77,7 @@ private:
     double m_length = 0;
     EditPlace m_selected;
     int m_packet = 0;                // of the brakes in the strip, from 1
+    int m_revision = -1;             // of the playlist, when they were taken from it
     std::vector<int> m_brakeNumbers; // from 1, of each brake in the strip
     std::vector<SilentSpan> m_silent;
     MarkSource m_source = MarkSource::Chapters;

@@ -132,7 +132,7 @@ void Form2::Form2_List1_OLEDragDrop(const QStringList& files)
     runBusy([&] { result = applyDrop(module.playlist, files, module.TypePattern); });
     List1->growTo(treeLines(module.playlist));
     showStartPage();
-    m_editing->playlistShown();
+    m_editing->playlistGrown();
     m_services.engine.playlistExtended(result);
 }
 

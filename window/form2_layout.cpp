@@ -178,7 +178,7 @@ QBoxLayout* Form2::transportRow()
     layout->addWidget(PracticeButton);
     layout->addWidget(EditButton);
     layout->addStretch(1);
-    layout->addSpacing(skin::kMargin);
+    layout->addSpacing(skin::kGrid);
     layout->addWidget(sign(u"volume"_s, m_surface));
     layout->addWidget(Slider2, 1);
     layout->addSpacing(skin::kGrid);

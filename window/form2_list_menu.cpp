@@ -50,10 +50,6 @@ bool Form2::carryOutForVideoWindow(Command command)
         m_services.videoKeys.leaveFullScreen();
         break;
     case Command::Find:
-        m_services.videoKeys.leaveFullScreen();
-        showMainWindow();
-        bringMainWindowToFront();
-        break;
     case Command::EditMode:
         m_services.videoKeys.leaveFullScreen();
         showMainWindow();

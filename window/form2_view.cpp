@@ -194,7 +194,7 @@ void Form2::cancelModalWindows()
 void Form2::unloadAll()
 {
     m_unloading = true;
-    m_editing->keepDraft();
+    m_editing->end();
     keepSize();
     for (QTimer* timer : {&Timer1, &Timer2, &Timer3}) {
         timer->stop();

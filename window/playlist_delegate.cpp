@@ -119,8 +119,10 @@ int PlaylistDelegate::paintNote(QPainter& painter, const QRect& line, int row, b
         paintEndMark(painter, line);
     }
     painter.setPen(current ? skin::kText : skin::kTextMuted);
-    painter.drawText(line.adjusted(0, 0, -kTextRightMargin, 0), Qt::AlignRight | Qt::AlignVCenter,
-                     note.time);
+    const QRect place = line.adjusted(line.width() - kTimeWidth, 0, -kTextRightMargin, 0);
+    const QFontMetrics metrics(painter.font());
+    painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine,
+                     metrics.elidedText(note.time, Qt::ElideMiddle, place.width()));
     return kTimeWidth;
 }
 

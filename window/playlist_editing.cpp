@@ -73,6 +73,11 @@ void PlaylistList::pressWhileEdited(const QMouseEvent& event)
     if (event.button() != Qt::LeftButton || line.row() < 1 || toggleAt(place)) {
         return;
     }
+    if (m_model->noteOf(line.row()).isPicture && timeArea(line.row()).contains(place)) {
+        setCursorLine(line.row());
+        Q_EMIT pictureAsked(line.row());
+        return;
+    }
     m_pressedAt = place;
     using Model = QItemSelectionModel;
     if (event.modifiers().testFlag(Qt::ControlModifier)) {

@@ -18,9 +18,10 @@ namespace orvanta {
 /// What stands at the right end of a line while the list is edited.
 struct LineNote
 {
-    QString time;       // of a brake; empty for other lines
-    bool isEnd = false; // the end mark
-    QString words;      // for assistive technology
+    QString time;           // of a brake, or what stands there; empty: nothing
+    bool isEnd = false;     // the end mark
+    bool isPicture = false; // a packet's picture: a click there chooses another
+    QString words;          // for assistive technology
 };
 using LineNotes = std::function<LineNote(int line)>;
 
@@ -192,6 +193,8 @@ Q_SIGNALS:
     void filesDroppedBefore(const QStringList& files, int line);
     /// The selected lines were dragged to before this line.
     void linesDropped(int line);
+    /// A click where a packet's picture stands.
+    void pictureAsked(int line);
     /// A key of editing was pressed.
     void editingAsked(orvanta::Command command);
 

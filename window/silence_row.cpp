@@ -31,12 +31,12 @@ SilenceRow::SilenceRow(TextLanguage language, QWidget* parent)
     applyTexts(controls(), language);
     LevelBox->setRange(-48, -6);
     LevelBox->setValue(kUsualLevel);
-    LevelBox->setSuffix(interfaceText(u"Silence", u"decibels", language));
+    LevelBox->setSuffix(interfaceText(u"Silence", u"LevelBox.decibels", language));
     LengthBox->setRange(0.1, 10);
     LengthBox->setSingleStep(0.1);
     LengthBox->setDecimals(1);
     LengthBox->setValue(kUsualLength);
-    LengthBox->setSuffix(interfaceText(u"Silence", u"seconds", language));
+    LengthBox->setSuffix(interfaceText(u"Silence", u"LengthBox.seconds", language));
     LevelLabel->setBuddy(LevelBox);
     LengthLabel->setBuddy(LengthBox);
     layOut();
@@ -76,7 +76,7 @@ void SilenceRow::open()
 
 void SilenceRow::setFound(int marks)
 {
-    FoundLabel->setText(interfaceText(u"Silence", u"found", m_language).arg(marks));
+    FoundLabel->setText(interfaceText(u"Silence", u"FoundLabel.found", m_language).arg(marks));
     TakeButton->setEnabled(marks > 0);
 }
 

@@ -101,6 +101,45 @@ static QString listSheet(const QString& list)
 )"_s.arg(list);
 }
 
+/// With names for the colours.
+static QString editingSheet()
+{
+    return uR"(
+#Editing QPushButton { background: %raised; color: %text; border: 1px solid transparent;
+    border-radius: 6px; padding: 0 10px; }
+#Editing QPushButton:hover { background: %hover; }
+#Editing QPushButton:focus { border-color: %accent; }
+#Editing QPushButton:disabled { color: %muted; }
+#Editing QPushButton#MarkButton { background: %accent; color: %surface; }
+#Editing QPushButton#MarkButton:focus { border-color: %text; }
+#Editing QPushButton#MarkButton:disabled { background: %faint; color: %muted; }
+#Editing #UpButton, #Editing #DownButton, #Editing #UndoButton, #Editing #RedoButton,
+#Editing #MoreButton { padding: 0; }
+#Notice { background: %faint; border-radius: 8px; margin-bottom: 8px; }
+#Notice QLabel { color: %text; }
+#Notice QPushButton { background: transparent; color: %accent; border: 1px solid transparent;
+    border-radius: 6px; padding: 4px 10px; }
+#Notice QPushButton:hover { border-color: %deep; }
+#Notice QPushButton:focus { border-color: %accent; }
+#Silence QLabel { color: %muted; }
+#Silence QSpinBox, #Silence QDoubleSpinBox { background: %sunken; color: %text;
+    border: 1px solid %line; border-radius: 6px; padding: 3px 6px; }
+#Silence QAbstractSpinBox::up-button, #Silence QAbstractSpinBox::down-button {
+    subcontrol-origin: padding; width: 18px; border: none; background: transparent; }
+#Silence QAbstractSpinBox::up-button { subcontrol-position: top right; }
+#Silence QAbstractSpinBox::down-button { subcontrol-position: bottom right; }
+#Silence QAbstractSpinBox::up-arrow { image: url(:/orvanta/ui/up.svg); width: 10px; height: 10px; }
+#Silence QAbstractSpinBox::down-arrow { image: url(:/orvanta/ui/down.svg); width: 10px; height: 10px; }
+#Silence QSpinBox:focus, #Silence QDoubleSpinBox:focus { border-color: %accent; }
+#Silence QPushButton { background: %raised; color: %text; border: 1px solid transparent;
+    border-radius: 6px; padding: 5px 10px; }
+#Silence QPushButton:focus { border-color: %accent; }
+#Silence QPushButton:disabled { color: %muted; }
+#LineBox { background: %sunken; color: %text; border: 1px solid %accent; border-radius: 3px;
+    padding: 0 2px; selection-background-color: %deep; selection-color: %text; }
+)"_s;
+}
+
 // For the window's surface alone. A sheet on the window would reach the dialogs that it opens, tool
 // tips and all, and those follow the desktop.
 QString styleSheet()
@@ -146,32 +185,7 @@ QString styleSheet()
     border-radius: 12px; padding: 0 12px; }
 #Chips QPushButton:hover { border-color: %deep; }
 #Chips QPushButton:focus { border-color: %accent; }
-#Editing QPushButton { background: %raised; color: %text; border: 1px solid transparent;
-    border-radius: 6px; padding: 0 10px; }
-#Editing QPushButton:hover { background: %hover; }
-#Editing QPushButton:focus { border-color: %accent; }
-#Editing QPushButton:disabled { color: %muted; }
-#Editing QPushButton#MarkButton { background: %accent; color: %surface; }
-#Editing QPushButton#MarkButton:focus { border-color: %text; }
-#Editing QPushButton#MarkButton:disabled { background: %faint; color: %muted; }
-#Editing #UpButton, #Editing #DownButton, #Editing #UndoButton, #Editing #RedoButton,
-#Editing #MoreButton { padding: 0; }
-#Notice { background: %faint; border-radius: 8px; margin-bottom: 8px; }
-#Notice QLabel { color: %text; }
-#Notice QPushButton { background: transparent; color: %accent; border: 1px solid transparent;
-    border-radius: 6px; padding: 4px 10px; }
-#Notice QPushButton:hover { border-color: %deep; }
-#Notice QPushButton:focus { border-color: %accent; }
-#Silence QLabel { color: %muted; }
-#Silence QSpinBox, #Silence QDoubleSpinBox { background: %sunken; color: %text;
-    border: 1px solid %line; border-radius: 6px; padding: 3px 6px; }
-#Silence QSpinBox:focus, #Silence QDoubleSpinBox:focus { border-color: %accent; }
-#Silence QPushButton { background: %raised; color: %text; border: 1px solid transparent;
-    border-radius: 6px; padding: 5px 10px; }
-#Silence QPushButton:focus { border-color: %accent; }
-#Silence QPushButton:disabled { color: %muted; }
-#LineBox { background: %sunken; color: %text; border: 1px solid %accent; border-radius: 3px;
-    padding: 0 2px; selection-background-color: %deep; selection-color: %text; }
+)"_s + editingSheet() + uR"(
 QToolTip { background: %raised; color: %text; border: 1px solid %edge; padding: 3px; }
 )"_s)
                                       .replace(u"%raised"_s, kRaised.name())

@@ -66,6 +66,14 @@ QColor SkinButton::flatFaceColour(const QColor& hover) const
     return isDown() ? hover.darker(120) : hover;
 }
 
+QColor SkinButton::accentFaceColour(bool over) const
+{
+    if (!isEnabled()) {
+        return skin::kAccentFaint;
+    }
+    return isDown() ? skin::kAccentDown : over ? skin::kAccentHover : skin::kAccent;
+}
+
 QColor SkinButton::faceColour() const
 {
     const bool over = underMouse() && isEnabled();
@@ -75,10 +83,7 @@ QColor SkinButton::faceColour() const
     case Face::Warning:
         return flatFaceColour(skin::kWarning);
     case Face::Accent:
-        if (!isEnabled()) {
-            return skin::kAccentFaint;
-        }
-        return isDown() ? skin::kAccentDown : over ? skin::kAccentHover : skin::kAccent;
+        return accentFaceColour(over);
     case Face::Raised:
         break;
     }

@@ -46,6 +46,7 @@ protected:
 
 private:
     [[nodiscard]] QColor faceColour() const;
+    [[nodiscard]] QColor accentFaceColour(bool over) const;
     [[nodiscard]] QColor flatFaceColour(const QColor& hover) const;
     [[nodiscard]] qreal radius() const;
     void paintFace(QPainter& painter) const;

@@ -22,12 +22,11 @@ constexpr double kFlagGap = 1;
 constexpr double kNearBrake = 4; // so near, the pointer means the line
 constexpr int kNumberSize = 10;
 
-static double flagWidth(const WaveformBrake& brake, int index)
+static double flagWidth(const WaveformBrake& brake, int index, const QFontMetricsF& metrics)
 {
     if (brake.isEnd) {
         return kLeastFlagWidth;
     }
-    const QFontMetricsF metrics(skin::interfaceFont(kNumberSize));
     const double number = metrics.horizontalAdvance(QString::number(index + 1));
     return std::max(kLeastFlagWidth, std::ceil(number) + 2 * kFlagPadding);
 }
@@ -69,15 +68,22 @@ std::vector<WaveformFlag> flagsOf(const std::vector<WaveformBrake>& brakes, cons
     const auto brakeOf = [&](int index) { return brakes[static_cast<std::size_t>(index)]; };
     // Those of the end mark and of the selected brake, whatever else stands there.
     const auto mustStay = [&](int index) { return brakeOf(index).isEnd || index == selected; };
+    const QFontMetricsF metrics(skin::interfaceFont(kNumberSize));
     std::vector<WaveformFlag> flags;
     std::vector<QRectF> firsts;
+    double taken = -1; // the place of the last line that was kept
     for (int i = 0; i < static_cast<int>(brakes.size()); ++i) {
         const double seconds = std::min(brakeOf(i).seconds, scale.length());
         if (!scale.shows(seconds)) {
             continue;
         }
         const double x = std::round(scale.placeOf(seconds));
-        flags.push_back({i, x, flagBeside(x, flagWidth(brakeOf(i), i), brakeOf(i).isEnd, width)});
+        if (x == taken && !mustStay(i)) {
+            continue; // neither to be seen nor to be pressed
+        }
+        taken = x;
+        const double wide = flagWidth(brakeOf(i), i, metrics);
+        flags.push_back({i, x, flagBeside(x, wide, brakeOf(i).isEnd, width)});
         if (mustStay(i)) {
             firsts.push_back(flags.back().flag);
         }

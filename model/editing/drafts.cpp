@@ -26,11 +26,48 @@ Drafts::Drafts(const QString& applicationFolder)
     : m_folder(applicationFolder + u"/drafts/"_s)
 {}
 
-QString Drafts::fileOf(const QString& document) const
+static QString hashOf(const QString& document)
 {
     const QByteArray hash =
         QCryptographicHash::hash(document.toUtf8(), QCryptographicHash::Sha256).toHex();
-    return m_folder + QString::fromLatin1(hash.left(kHashDigits)) + u".draft"_s;
+    return QString::fromLatin1(hash.left(kHashDigits));
+}
+
+QString Drafts::fileOf(const QString& document) const
+{
+    return m_folder + hashOf(document) + u".draft"_s;
+}
+
+/// Numbers from 1, the newest has the highest.
+QString Drafts::fileAside(const QString& document, int number) const
+{
+    return u"%1%2-%3.draft"_s.arg(m_folder, hashOf(document)).arg(number);
+}
+
+int Drafts::countAside(const QString& document) const
+{
+    int count = 0;
+    while (QFileInfo::exists(fileAside(document, count + 1))) {
+        ++count;
+    }
+    return count;
+}
+
+QString Drafts::newestFile(const QString& document) const
+{
+    const QString file = fileOf(document);
+    const int aside = QFileInfo::exists(file) ? 0 : countAside(document);
+    return aside == 0 ? file : fileAside(document, aside);
+}
+
+void Drafts::setAside(const QString& document) const
+{
+    QFile::rename(fileOf(document), fileAside(document, countAside(document) + 1));
+}
+
+void Drafts::takeUp(const QString& document) const
+{
+    QFile::rename(newestFile(document), fileOf(document));
 }
 
 static QString packetSection(std::size_t index)
@@ -128,7 +165,7 @@ static std::optional<DraftInfo> infoOf(const QString& file)
 
 std::optional<DraftInfo> Drafts::of(const QString& document) const
 {
-    const std::optional<DraftInfo> info = infoOf(fileOf(document));
+    const std::optional<DraftInfo> info = infoOf(newestFile(document));
     return info && info->document == document ? info : std::nullopt;
 }
 
@@ -228,7 +265,7 @@ std::optional<std::vector<PlaylistEntry>> Drafts::packets(const QString& documen
     if (!of(document)) {
         return std::nullopt;
     }
-    const IniSnapshot draft(fileOf(document));
+    const IniSnapshot draft(newestFile(document));
     std::vector<PlaylistEntry> packets;
     const bool whole = resumeNext("reading a draft", [&] {
         const std::size_t count = sizeIn(draft, kHead, u"packets"_s);

@@ -16,6 +16,7 @@ struct EditPlace
     int packet = 0;
     int line = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): the check trips over the defaulted operator.
     friend auto operator<=>(const EditPlace&, const EditPlace&) = default;
 };
 

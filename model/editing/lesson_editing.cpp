@@ -3,6 +3,7 @@
 #include "core/document_saving.h"
 #include "core/paths.h"
 #include "model/editing/brake_times.h"
+#include "model/editing/lesson_saving.h"
 #include "model/editing/time_text.h"
 
 #include <QFileInfo>
@@ -172,7 +173,7 @@ std::optional<EditPlace> LessonEditing::setTime(EditPlace place, double seconds)
     const ClipEntry line = others[indexOf(place.line)];
     ClipEntry changed = line;
     changed.Time = storedTime(seconds);
-    if (changed.Time == line.Time) {
+    if (timeOf(changed) == timeOf(line)) { // written in another way, perhaps
         return std::nullopt;
     }
     others.erase(others.begin() + (place.line - 1));
@@ -216,6 +217,32 @@ static PlaylistEntry withoutBrakes(const PlaylistEntry& packet)
     return clips;
 }
 
+/// How many places from this one on, most of them at last, stand for lines one above the other.
+template <typename Place> static int neighbours(Place place, Place end, int most)
+{
+    int count = 1;
+    for (Place next = place + 1; next != end && count < most; ++next, ++count) {
+        if (next->packet != place->packet || next->line != place->line - count || next->line == 0) {
+            break;
+        }
+    }
+    return count;
+}
+
+static EditChange withoutLines(std::size_t index, const PlaylistEntry& owner, int first, int count)
+{
+    const auto begin = owner.Clips.begin() + (first - 1);
+    return LinesExchange{index, indexOf(first), {begin, begin + count}, {}};
+}
+
+static EditChange withoutLastBrake(std::size_t index, const PlaylistEntry& owner, EditPlace place)
+{
+    PlaylistEntry last = owner;
+    last.Clips = {owner.Clips[indexOf(place.line)]};
+    last.ClipCount = 1;
+    return PacketsExchange{index, {std::move(last)}, {withoutBrakes(owner)}};
+}
+
 bool LessonEditing::remove(std::vector<EditPlace> places)
 {
     std::erase_if(places, [&](EditPlace place) {
@@ -231,19 +258,20 @@ bool LessonEditing::remove(std::vector<EditPlace> places)
         .name = EditName::Remove, .changes = {}, .before = places.front(), .after = {}};
     std::vector<int> left(m_playlist.Playlist.size());
     std::transform(m_playlist.Playlist.begin(), m_playlist.Playlist.end(), left.begin(), sizeOf);
-    for (auto place = places.rbegin(); place != places.rend(); ++place) {
+    for (auto place = places.rbegin(); place != places.rend();) {
         const std::size_t index = indexOf(place->packet);
         const PlaylistEntry& owner = packet(place->packet);
         if (place->line == 0) {
             step.changes.emplace_back(PacketsExchange{index, {owner}, {}});
-        } else if (const std::size_t line = indexOf(place->line);
-                   --left[index] > 0 || !owner.HasBrakes) {
-            step.changes.emplace_back(LinesExchange{index, line, {owner.Clips[line]}, {}});
+            ++place;
+        } else if (const int most = left[index] - (owner.HasBrakes ? 1 : 0); most > 0) {
+            const int count = neighbours(place, places.rend(), most);
+            step.changes.push_back(withoutLines(index, owner, place->line - count + 1, count));
+            left[index] -= count;
+            place += count;
         } else {
-            PlaylistEntry last = owner;
-            last.Clips = {owner.Clips[line]};
-            last.ClipCount = 1;
-            step.changes.emplace_back(PacketsExchange{index, {last}, {withoutBrakes(owner)}});
+            step.changes.push_back(withoutLastBrake(index, owner, *place));
+            ++place;
         }
     }
     return take(std::move(step));
@@ -253,6 +281,16 @@ bool LessonEditing::remove(std::vector<EditPlace> places)
 static bool isMovable(const PlaylistState& playlist, EditPlace place)
 {
     return place.line == 0 || !playlist.Playlist[indexOf(place.packet)].HasBrakes;
+}
+
+/// Of a packet by its own line, else of a line within its packet.
+static EditChange moveOf(EditPlace place, int direction)
+{
+    if (place.line == 0) {
+        return PacketMove{indexOf(place.packet), indexOf(place.packet + direction)};
+    }
+    const std::size_t packet = indexOf(place.packet);
+    return LineMove{packet, indexOf(place.line), packet, indexOf(place.line + direction)};
 }
 
 bool LessonEditing::moveBy(std::vector<EditPlace> places, int direction)
@@ -281,14 +319,7 @@ bool LessonEditing::moveBy(std::vector<EditPlace> places, int direction)
             blocked = place;
             continue;
         }
-        const std::size_t from = indexOf(number);
-        const std::size_t to = indexOf(number + direction);
-        if (isPacketLine) {
-            step.changes.emplace_back(PacketMove{from, to});
-        } else {
-            const std::size_t index = indexOf(place.packet);
-            step.changes.emplace_back(LineMove{index, from, index, to});
-        }
+        step.changes.push_back(moveOf(place, direction));
     }
     step.after = placeAfter(step, step.before).value_or(step.before);
     return take(std::move(step));
@@ -305,6 +336,18 @@ static void addLineMove(EditStep& step, EditPlace from, EditPlace target, bool b
     if (from.packet != target.packet || from.line != to) {
         step.changes.emplace_back(LineMove{indexOf(from.packet), indexOf(from.line),
                                            indexOf(target.packet), indexOf(to)});
+    }
+}
+
+/// A clip that leaves its packet's folder takes its path along.
+static void addPathOfMoved(EditStep& step, EditPlace from, const PlaylistEntry& source,
+                           ClipEntry line, const PlaylistEntry& target)
+{
+    ClipEntry moved = line;
+    moved.Path = absolutePathText(line.Path, source.Folder);
+    if (source.Folder != target.Folder && moved.Path != line.Path) {
+        step.changes.emplace_back(LinesExchange{
+            indexOf(from.packet), indexOf(from.line), {std::move(line)}, {std::move(moved)}});
     }
 }
 
@@ -342,6 +385,8 @@ bool LessonEditing::moveTo(std::vector<EditPlace> places, EditPlace before)
         if (ofPackets) {
             addPacketMove(step, from.packet, target.packet, last.has_value());
         } else {
+            addPathOfMoved(step, from, packet(place.packet),
+                           packet(place.packet).Clips[indexOf(place.line)], packet(target.packet));
             addLineMove(step, from, target, last.has_value());
         }
         last = place;

@@ -27,6 +27,12 @@ bool isAbsolutePathText(const QString& path)
     return path.startsWith(u'/') || path.startsWith(u'\\') || hasDrive;
 }
 
+QString absolutePathText(const QString& path, const QString& folder)
+{
+    const bool meansTheSame = path.isEmpty() || folder.isEmpty() || isAbsolutePathText(path);
+    return meansTheSame ? path : folder + QString(path).replace(u'\\', u'/');
+}
+
 static bool isSameLine(const ClipEntry& a, const ClipEntry& b)
 {
     return a.Time == b.Time && a.Text == b.Text && a.Path == b.Path;
@@ -92,27 +98,20 @@ static QString fileOf(const PlaylistEntry& packet)
 QString LessonSaving::fileFor(const PlaylistEntry& packet, const QString& group) const
 {
     const bool goesElsewhere = group != m_playlist.Document && !isAsSaved(packet);
-    const QString present = fileOf(packet);
+    QString present = fileOf(packet);
     if (!present.isEmpty() && !goesElsewhere) {
         return present;
     }
     return unusedFile(folderOfPath(group), safeName(packet.Title));
 }
 
-static void makeAbsolute(QString& path, const QString& folder)
-{
-    if (!path.isEmpty() && !folder.isEmpty() && !isAbsolutePathText(path)) {
-        path = folder + QString(path).replace(u'\\', u'/');
-    }
-}
-
 void LessonSaving::saveOnePacket(PlaylistEntry& packet, const QString& target)
 {
     const QString folder = folderOfPath(target);
     if (packet.Folder != folder) {
-        makeAbsolute(packet.MediaFile, packet.Folder);
+        packet.MediaFile = absolutePathText(packet.MediaFile, packet.Folder);
         for (ClipEntry& clip : packet.Clips) {
-            makeAbsolute(clip.Path, packet.Folder);
+            clip.Path = absolutePathText(clip.Path, packet.Folder);
         }
     }
     savePacket(packet, target, fileOf(packet));
@@ -129,7 +128,7 @@ static QString memberText(const PlaylistEntry& packet, const QString& file,
                           const QString& formerGroup)
 {
     const QString folder = folderOfPath(group);
-    const QString member = packet.Origin ? packet.Origin->member : QString();
+    QString member = packet.Origin ? packet.Origin->member : QString();
     const bool stays = file == formerFile && folder == folderOfPath(formerGroup);
     if (stays && !member.isEmpty()) {
         return member;
@@ -156,7 +155,7 @@ void LessonSaving::saveGroupTo(const QString& target)
         }
         QString picture = packet.Picture;
         if (folderOfPath(target) != packet.PictureFolder) {
-            makeAbsolute(picture, packet.PictureFolder);
+            picture = absolutePathText(picture, packet.PictureFolder);
         }
         members.push_back({member, packet.Title, picture});
         packet.Picture = picture;

@@ -15,6 +15,10 @@ namespace orvanta {
 /// A path that means the same from everywhere; the others are looked for below a folder.
 [[nodiscard]] bool isAbsolutePathText(const QString& path);
 
+/// A path of a document in this folder, so that it means the same in a document elsewhere; as it
+/// is where it does already, or there is no folder.
+[[nodiscard]] QString absolutePathText(const QString& path, const QString& folder);
+
 /// Whether two entries say the same of their clips and brakes.
 [[nodiscard]] bool isSamePacket(const PlaylistEntry& a, const PlaylistEntry& b);
 

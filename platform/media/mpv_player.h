@@ -129,6 +129,7 @@ private:
     void loadSubtitles();
     void subtitlesAdded(int error);
     void showAtRest();
+    void readAgain();
 
     // mpv_events.cpp
     void observeProperties();

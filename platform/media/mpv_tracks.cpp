@@ -63,6 +63,9 @@ void MpvPlayer::chooseSound(int id)
 {
     if (hasTrack(MediaTrack::Sound, id)) {
         m_mpv->set("aid", QByteArray::number(id));
+        if (m_state != Running) {
+            readAgain(); // or the new sound may never begin, and with it the clip
+        }
         markChosen(MediaTrack::Sound, id);
     }
 }
@@ -84,12 +87,20 @@ void MpvPlayer::chooseSubtitles(int id)
 void MpvPlayer::showAtRest()
 {
     QTimer::singleShot(0, this, [this, load = m_load] {
-        if (load == m_load && m_phase == Ready && m_state != Running && !m_seek.isUnderWay()) {
-            const bool atStart = m_atStart;
-            goTo(CurrentPosition(), MpvSeek::Exact);
-            m_atStart = atStart;
+        if (load == m_load && m_state != Running) {
+            readAgain();
         }
     });
+}
+
+/// From the place at which the clip rests.
+void MpvPlayer::readAgain()
+{
+    if (m_phase == Ready && !m_seek.isUnderWay()) {
+        const bool atStart = m_atStart;
+        goTo(CurrentPosition(), MpvSeek::Exact);
+        m_atStart = atStart;
+    }
 }
 
 void MpvPlayer::markChosen(MediaTrack::Kind kind, int id)

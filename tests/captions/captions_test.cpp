@@ -4,6 +4,7 @@
 #include "system/form12_tray.h"
 #include "tests/captions/captions.h"
 #include "tests/captions/every_window.h"
+#include "window/editing_row.h"
 #include "window/form2_main_window.h"
 
 #include <QApplication>
@@ -96,6 +97,15 @@ TEST_P(Menus, OfTheMainWindowHaveAccessKeysOfTheirOwn)
         expectGoodMenu(*menu);
     }
     expectGoodMenu(*main.ListMenu);
+    for (const QMenu* menu : main.ListMenu->findChildren<QMenu*>()) {
+        if (!menu->isEmpty()) { // no clip is open that had sounds or subtitles
+            expectGoodMenu(*menu);
+        }
+    }
+    expectGoodMenu(*main.Editing->More);
+    for (const QMenu* menu : main.Editing->More->findChildren<QMenu*>()) {
+        expectGoodMenu(*menu);
+    }
 }
 
 TEST_P(Menus, OfTheVideoWindowHasAccessKeysOfItsOwn)

@@ -7,8 +7,11 @@
 #include "editors/form7_open_picker.h"
 #include "system/form3_picture_window.h"
 #include "system/form9_about.h"
+#include "window/earlier_dialog.h"
 #include "window/form11_language_dialog.h"
 #include "window/form2_main_window.h"
+#include "window/silence_row.h"
+#include "window/skin_button.h"
 
 #include <QRadioButton>
 #include <QToolButton>
@@ -59,6 +62,28 @@ std::unique_ptr<QWidget> mainWindow(Surroundings& s)
     return window;
 }
 
+/// With one clip open and the row for silences, so that all of it is in sight.
+std::unique_ptr<QWidget> mainWindowWhileEditing(Surroundings& s)
+{
+    PlaylistEntry packet;
+    packet.Clips = {{.Time = {}, .Text = u"A clip"_s, .Path = s.home.file(u"clip.avi"_s)}};
+    packet.ClipCount = 1;
+    s.module.playlist.Playlist = {packet};
+    s.module.playlist.PlaylistCount = 1;
+    auto window = mainWindow(s);
+    auto& form = dynamic_cast<Form2&>(*window);
+    form.RebuildTree();
+    form.EditButton->click();
+    form.Silence->open();
+    return window;
+}
+
+std::unique_ptr<QWidget> earlierVersionsWindow(Surroundings& s)
+{
+    const TextLanguage language = textLanguage(s.module.Language.value(), TextLanguage::English);
+    return std::make_unique<EarlierDialog>(std::vector<VersionOfDocument>(), language, nullptr);
+}
+
 std::unique_ptr<QWidget> packetEditor(Surroundings& s, bool brakes)
 {
     auto editor = std::make_unique<Form5>(s.editors);
@@ -107,6 +132,8 @@ const std::vector<WindowOfProgram>& everyWindow()
 {
     static const std::vector<WindowOfProgram> windows = {
         {"Form2", mainWindow, 3},
+        {"Form2Editing", mainWindowWhileEditing, 10},
+        {"Earlier", earlierVersionsWindow, 2},
         {"Form3", picture, 0},
         {"Form5Clips", [](Surroundings& s) { return packetEditor(s, false); }, 10},
         {"Form5Brakes", [](Surroundings& s) { return packetEditor(s, true); }, 8},

@@ -4,9 +4,11 @@
 #include "playback/form4_bookmark_sign.h"
 #include "system/form12_tray.h"
 #include "tests/captions/every_window.h"
+#include "window/editing_row.h"
 #include "window/form1_splash.h"
 #include "window/form2_main_window.h"
 #include "window/practice_panel.h"
+#include "window/silence_row.h"
 
 #include <QAction>
 #include <QFile>
@@ -41,7 +43,8 @@ struct DocumentedForm
 /// whose first column holds the controls; "Check…" stands for the boxes of all options.
 std::map<QString, DocumentedForm> documentedForms()
 {
-    static const QRegularExpression heading(u"^`(Form\\d+|PracticePanel)`"_s);
+    static const QRegularExpression heading(
+        u"^`(Form\\d+|PracticePanel|Editing|Silence|Earlier)`"_s);
     static const QRegularExpression file(u"\nFile: `([^`]+)`"_s);
     static const QRegularExpression control(u"\n\\| `(\\w+)` \\|"_s);
     std::map<QString, DocumentedForm> forms;
@@ -60,6 +63,15 @@ std::map<QString, DocumentedForm> documentedForms()
     return forms;
 }
 
+/// The class of a window or of a part of one, by its name.
+QString classOf(const QString& form)
+{
+    static const QMap<QString, QString> others = {{u"Editing"_s, u"EditingRow"_s},
+                                                  {u"Silence"_s, u"SilenceRow"_s},
+                                                  {u"Earlier"_s, u"EarlierDialog"_s}};
+    return others.value(form, form);
+}
+
 /// The public members of a class, those of the window that it builds upon among them.
 QSet<QString> membersOf(const QString& form, const QString& header)
 {
@@ -68,7 +80,7 @@ QSet<QString> membersOf(const QString& form, const QString& header)
     static const QRegularExpression member(u"\n    [\\w:<>*]+ (\\w+)(?: = nullptr)?;"_s);
     const QRegularExpression declaration(
         u"\nclass %1 : public (\\w+).*?\npublic:(.*?)\n(?:protected|private|Q_SIGNALS):"_s.arg(
-            form),
+            classOf(form)),
         QRegularExpression::DotMatchesEverythingOption);
     const QRegularExpressionMatch found = declaration.match(source(header));
     EXPECT_TRUE(found.hasMatch()) << qPrintable(header);
@@ -80,16 +92,23 @@ QSet<QString> membersOf(const QString& form, const QString& header)
     return bases.contains(base) ? members + membersOf(base, bases.value(base)) : members;
 }
 
+bool hasSectionOfItsOwn(const QObject& part)
+{
+    return qobject_cast<const PracticePanel*>(&part) != nullptr ||
+           qobject_cast<const EditingRow*>(&part) != nullptr ||
+           qobject_cast<const SilenceRow*>(&part) != nullptr;
+}
+
 void collect(const QObject& object, QMap<QString, const QObject*>& named)
 {
     if (!object.objectName().isEmpty()) {
         named.insert(object.objectName(), &object);
     }
     for (const QObject* child : object.children()) {
-        if (qobject_cast<const PracticePanel*>(child) == nullptr) { // has a section of its own
-            collect(*child, named);
-        } else {
+        if (hasSectionOfItsOwn(*child)) {
             named.insert(child->objectName(), child);
+        } else {
+            collect(*child, named);
         }
     }
 }
@@ -120,6 +139,10 @@ void inEveryForm(const std::function<void(const QString& form, const Named& name
     add(Form1(1));
     const PracticePanel panel(TextLanguage::English, nullptr);
     add(panel);
+    const EditingRow editing(TextLanguage::English, nullptr);
+    add(editing);
+    const SilenceRow silence(TextLanguage::English, nullptr);
+    add(silence);
     const Form4 sign;
     add(sign, {&sign.Timer1});
     const Form12 tray(surroundings.module);
@@ -158,6 +181,11 @@ const QMap<QString, QString>& withoutTexts()
         {u"PracticePanel/FromBox"_s, label},
         {u"PracticePanel/StepBox"_s, label},
         {u"Form2/ListMenu"_s, menu},
+        {u"Form2/Editing"_s, u"holds what has names"_s},
+        {u"Form2/Notice"_s, u"has the name of what it says"_s},
+        {u"Form2/Silence"_s, u"holds what has names"_s},
+        {u"Form2/Strip"_s, u"has its name and value from the waveform's texts"_s},
+        {u"Editing/More"_s, menu},
         {u"Form13/PictureMenu"_s, menu},
         {u"Form13/TracksMenu"_s, menu},
         {u"Form11/Image1"_s, picture},
@@ -207,7 +235,7 @@ TEST(WindowsPage, HasEveryControlThatTheWindowsHaveAndNoOther)
         }
         // What the toolkit names begins with "qt_"; "List1.label" is the caption beside List1.
         static const QRegularExpression others(
-            u"^(qt_|Ring$|ScrollLeft|ScrollRight)|\\.|^l[12]$"_s);
+            u"^(qt_|Ring$|LineBox$|ScrollLeft|ScrollRight)|\\.|^l[12]$"_s);
         for (const QString& name : named.keys()) {
             EXPECT_TRUE(name == form || documented.at(form).controls.contains(name) ||
                         others.match(name).hasMatch())
@@ -239,12 +267,13 @@ TEST(ControlTexts, BelongToControlsThatThereAre)
         const auto form = documented.find(text.window.toString());
         if (form == documented.end()) {
             // A part of several windows, what is said at a terminal, what can be asked for, and how
-            // practice, lessons, tracks, languages, waveforms and missing files are spoken of.
+            // practice, lessons, tracks, languages, waveforms, editing and missing files are spoken of.
             EXPECT_TRUE(text.window == u"FolderTree" || text.window == u"CommandLine" ||
                         text.window == u"Command" || text.window == u"Practice" ||
                         text.window == u"Recent" || text.window == u"Tracks" ||
                         text.window == u"Language" || text.window == u"Waveform" ||
-                        text.window == u"Check" || text.window == u"Files");
+                        text.window == u"EditingMode" || text.window == u"Check" ||
+                        text.window == u"Files");
             continue;
         }
         EXPECT_TRUE(controlOf(text) == form->first ||

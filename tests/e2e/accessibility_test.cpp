@@ -101,6 +101,16 @@ TEST_F(AccessibilityWalk, TheMainWindowAndTheVideoWindow)
     walkOver(kVideoWindow, 0);
 }
 
+TEST_F(AccessibilityWalk, TheMainWindowWhileTheLessonIsEdited)
+{
+    playLesson();
+    ASSERT_TRUE(desktop.activate(kMainWindow));
+    desktop.press(u"F4"_s);
+    ASSERT_TRUE(m_bus.control(program.pid(), u"push button"_s, u"Leave editing"_s));
+    // Nine buttons instead of seven, and the strip.
+    walkOver(kMainWindow, 21);
+}
+
 TEST_F(AccessibilityWalk, TheMainWindowInRussian)
 {
     home.set(u"main"_s, u"language"_s, u"2"_s);

@@ -52,10 +52,14 @@ QStringList captionsOfWindow(QStringView window, TextLanguage language)
 /// How the handbook prints a key that has a sign or a name of its own.
 QString printed(QString key, TextLanguage language)
 {
-    const std::array<std::pair<QString, QString>, 6> names = {{
+    const std::array<std::pair<QString, QString>, 10> names = {{
         {u"Left"_s, u"←"_s},
         {u"Right"_s, u"→"_s},
         {u"Return"_s, u"Enter"_s},
+        {u"+Up"_s, u"+↑"_s},
+        {u"+Down"_s, u"+↓"_s},
+        {u"Ins"_s, u"Insert"_s},
+        {u"Del"_s, u"Delete"_s},
         {u"PgUp"_s, u"Page Up"_s},
         {u"PgDown"_s, u"Page Down"_s},
         {u"Space"_s, language == TextLanguage::English ? u"Space"_s : u"Пробел"_s},
@@ -163,9 +167,9 @@ TEST(HelpInBothLanguages, HasTheSameSectionsWithTheSameParts)
 TEST(HelpInBothLanguages, TreatsEveryWindowAndTopic)
 {
     const QStringList targets = readHandbook(TextLanguage::English).targets;
-    for (const char* topic :
-         {"start", "ideas", "window", "keys", "video", "packet-editor", "group-editor", "pickers",
-          "options", "tray", "addins", "formats", "command-line", "settings", "trouble"}) {
+    for (const char* topic : {"start", "ideas", "window", "keys", "video", "editing",
+                              "packet-editor", "group-editor", "pickers", "options", "tray",
+                              "addins", "formats", "command-line", "settings", "trouble"}) {
         EXPECT_TRUE(targets.contains(QString::fromLatin1(topic))) << topic;
     }
 }

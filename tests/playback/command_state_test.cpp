@@ -36,6 +36,17 @@ TEST(CommandStates, FollowWhatTheyNeed)
     };
     const Row rows[] = {
         {Command::PlayLine, {.lineStarts = true}, {true, false}},
+        {Command::EditMode, {.hasEntries = true}, {true, false}},
+        {Command::EditMode, {.editing = true}, {true, true}},
+        {Command::Mark, {.editing = true, .canMark = true}, {true, false}},
+        {Command::Mark, {.canMark = true}, {false, false}},
+        {Command::EditText, {.lineHasText = true}, {true, false}},
+        {Command::Later, {.lineIsBrake = true}, {true, false}},
+        {Command::RemoveLines, {.lineHasBox = true, .editing = true}, {true, false}},
+        {Command::Undo, {.canUndo = true}, {true, false}},
+        {Command::Redo, {.canRedo = true}, {true, false}},
+        {Command::Save, {.changed = true}, {true, false}},
+        {Command::SaveAs, {.editing = true}, {true, false}},
         {Command::CheckLine, {.lineHasBox = true}, {true, false}},
         {Command::CheckLine, {.lineHasBox = true, .lineChecked = true}, {true, true}},
         {Command::TogglePlay, {.hasEntries = true}, {true, false}},

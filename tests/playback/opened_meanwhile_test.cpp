@@ -47,7 +47,7 @@ TEST_F(OpenedMeanwhile, ItsFirstLineIsToldOfOnceItIsWhatPlays)
     openBrakes();
     engine->lineStep(1);
     waitUntilRunning();
-    EXPECT_EQ(line(), (LessonLine{.text = u"brake 1"_s, .number = 1, .count = 3}));
+    EXPECT_EQ(line(), (LessonLine{.text = u"brake 1"_s, .number = 1, .count = 2}));
     EXPECT_EQ(engine->lesson().marks().size(), 3U);
 }
 

@@ -252,7 +252,7 @@ TEST_F(Contrast, OfTheMenus)
     addThreePackets();
     showList();
     window->setListIndex(2);
-    window->ListMenu->open({}, {.hasEntries = true});
+    window->ListMenu->open({}, {.hasEntries = true, .editing = true});
     window->ListMenu->hide();
     for (QMenu* menu : {static_cast<QMenu*>(window->ListMenu), window->create, window->tools,
                         window->help, window->ai}) {

@@ -1,107 +1,9 @@
-// Editing what is open in the main window: keys, mouse, what is said about changes.
-#include "core/earlier_versions.h"
+// Editing what is open in the main window: keys, mouse, the strip.
 #include "playback/command_menu.h"
-#include "playback/lesson_controls.h"
-#include "tests/window/window_fixture.h"
-#include "window/edit_notice.h"
-#include "window/editing_mode.h"
-#include "window/editing_row.h"
-#include "window/silence_row.h"
+#include "tests/window/editing_fixture.h"
 #include "window/waveform_strip.h"
 
-#include <QMimeData>
-#include <QPushButton>
-
 namespace orvanta::test {
-
-class EditingInTheWindow : public Form2Test
-{
-protected:
-    ~EditingInTheWindow() override { setVersionsFolder({}); }
-
-    /// A packet file of brakes, open and playing from its first brake, in the mode.
-    void openBrakes(const QStringList& times, Int16 language = 1)
-    {
-        QString content =
-            u"[main]\nfiles=1\nfile=%1\nbrakes=%2\n"_s.arg(home.write(u"film.avi"_s, "media"))
-                .arg(times.size());
-        for (qsizetype i = 1; i <= times.size(); ++i) {
-            content +=
-                u"[brake%1]\ntime=%2\ntext=line %1\n"_s.arg(QString::number(i), times[i - 1]);
-        }
-        openPacket(home.write(u"lesson.vxl"_s, content.toUtf8()), language);
-    }
-    void openClips(const QStringList& texts, Int16 language = 1)
-    {
-        openPacket(writePacket(u"clips.vxl"_s, texts), language);
-    }
-    void openPacket(const QString& path, Int16 language)
-    {
-        control.duration = 60;
-        show(language);
-        pickers.answer = {path};
-        click(window->Image14);
-        ASSERT_TRUE(start(1, 1));
-        control.calls.clear();
-        press(Qt::Key_F4);
-        ASSERT_TRUE(mode().isOn());
-    }
-    EditingMode& mode() const { return *window->findChild<EditingMode*>(); }
-    LineEditor& box() const { return mode().box(); }
-
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        QTest::keyClick(window->List1, key, modifiers);
-    }
-    void type(const QString& text) const
-    {
-        ASSERT_TRUE(box().isOpen());
-        QTest::keyClicks(&box(), text);
-    }
-    void playTo(double seconds)
-    {
-        control.playTo(seconds);
-        engine->tick();
-    }
-    [[nodiscard]] QStringList texts(Int16 packet = 1) const
-    {
-        QStringList texts;
-        for (const ClipEntry& line : module.playlist.packet(packet).Clips) {
-            texts.append(line.Text);
-        }
-        return texts;
-    }
-    [[nodiscard]] QStringList times() const
-    {
-        QStringList times;
-        for (const ClipEntry& line : module.playlist.packet(1).Clips) {
-            times.append(line.Time);
-        }
-        return times;
-    }
-    [[nodiscard]] int line() const { return window->List1->cursorLine(); }
-    [[nodiscard]] QStringList answers() const
-    {
-        QStringList captions;
-        for (const QPushButton* button : window->Notice->buttons()) {
-            captions.append(button->text());
-        }
-        return captions;
-    }
-    void answer(int index) const
-    {
-        click(window->Notice->buttons()[static_cast<std::size_t>(index)]);
-    }
-    [[nodiscard]] QString kept(const char16_t* section, const char16_t* key,
-                               const QString& name = u"lesson.vxl"_s) const
-    {
-        return ReadIni(QString::fromUtf16(section), QString::fromUtf16(key), home.file(name));
-    }
-    [[nodiscard]] QStringList drafts() const
-    {
-        return QDir(home.file(u"drafts"_s)).entryList(QDir::Files);
-    }
-};
 
 TEST_F(EditingInTheWindow, ComesAndGoesByKeyAndButtonAndShowsItsControlsOnlyMeanwhile)
 {
@@ -371,146 +273,6 @@ TEST_F(EditingInTheWindow, ShowsTimesAndTheEndMark)
     EXPECT_FALSE(model.index(3, 0).data(Qt::AccessibleDescriptionRole).isValid());
 }
 
-TEST_F(EditingInTheWindow, SavesToWhereItCameFromAndKeepsTheEarlierVersion)
-{
-    setVersionsFolder(home.file(u"versions"_s));
-    openBrakes({u"000000.00"_s, u"000020.00"_s});
-    const QByteArray before = home.bytes(u"lesson.vxl"_s);
-    press(Qt::Key_F2);
-    type(u"start"_s);
-    press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(kept(u"brake1", u"text"), u"start");
-    EXPECT_FALSE(window->Editing->SaveButton->isEnabled());
-    EXPECT_TRUE(drafts().isEmpty());
-    const auto versions = earlierVersions(home.file(u"lesson.vxl"_s));
-    ASSERT_EQ(versions.size(), 1U);
-    QFile version(versions[0].file);
-    ASSERT_TRUE(version.open(QIODevice::ReadOnly));
-    EXPECT_EQ(version.readAll(), before);
-}
-
-TEST_F(EditingInTheWindow, SavesElsewhereThroughThePicker)
-{
-    openBrakes({u"000000.00"_s, u"000020.00"_s});
-    press(Qt::Key_Delete);
-    pickers.saveAnswer = home.file(u"other.vxl"_s);
-    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(pickers.calls.last(), u"save *.vxl");
-    EXPECT_EQ(pickers.proposals.last(), u"lesson");
-    EXPECT_EQ(kept(u"main", u"brakes", u"other.vxl"_s), u"1");
-    EXPECT_EQ(kept(u"main", u"brakes"), u"2");
-    EXPECT_EQ(module.playlist.Document, home.file(u"other.vxl"_s));
-}
-
-TEST_F(EditingInTheWindow, SaysThatItCouldNotSaveAndKeepsTheDraft)
-{
-    openBrakes({u"000000.00"_s, u"000020.00"_s});
-    press(Qt::Key_Delete);
-    pickers.saveAnswer = home.file(u"nowhere/at/all.vxl"_s);
-    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_TRUE(window->Notice->text().contains(u"all.vxl"_s));
-    EXPECT_EQ(drafts().size(), 1);
-    EXPECT_TRUE(mode().editing().isChanged());
-}
-
-TEST_F(EditingInTheWindow, KeepsADraftSoonAfterAChange)
-{
-    openBrakes({u"000000.00"_s, u"000020.00"_s});
-    press(Qt::Key_Delete);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return drafts().size() == 1; }));
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return drafts().isEmpty(); }));
-}
-
-TEST_F(EditingInTheWindow, SaysOnLeavingThatChangesAreNotSaved)
-{
-    openBrakes({u"000000.00"_s, u"000020.00"_s});
-    press(Qt::Key_F2);
-    type(u"start"_s);
-    QTest::keyClick(&box(), Qt::Key_Return);
-    press(Qt::Key_F4);
-    EXPECT_TRUE(window->Notice->text().startsWith(u"lesson.vxl"_s));
-    EXPECT_EQ(answers(), (QStringList{u"Save"_s, u"Discard"_s}));
-    EXPECT_EQ(drafts().size(), 1);
-    answer(0);
-    EXPECT_EQ(kept(u"brake1", u"text"), u"start");
-    EXPECT_TRUE(drafts().isEmpty());
-    EXPECT_EQ(window->Notice->text(), QString());
-}
-
-TEST_F(EditingInTheWindow, DiscardsChangesInAStepThatCanBeUndone)
-{
-    openBrakes({u"000000.00"_s, u"000020.00"_s});
-    press(Qt::Key_F2);
-    type(u"start"_s);
-    QTest::keyClick(&box(), Qt::Key_Return);
-    press(Qt::Key_Delete);
-    press(Qt::Key_F4);
-    answer(1);
-    EXPECT_EQ(texts(), (QStringList{u"line 1"_s, u"line 2"_s}));
-    EXPECT_TRUE(drafts().isEmpty());
-    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
-    press(Qt::Key_F4);
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(texts(), (QStringList{u"line 2"_s}));
-}
-
-TEST_F(EditingInTheWindow, OffersTheDraftWhenItsDocumentIsOpenedAgain)
-{
-    openBrakes({u"000000.00"_s, u"000020.00"_s});
-    press(Qt::Key_F2);
-    type(u"start"_s);
-    QTest::keyClick(&box(), Qt::Key_Return);
-    click(window->Image14); // the same again
-    EXPECT_TRUE(window->Notice->text().startsWith(u"lesson.vxl"_s));
-    window.reset();
-    show();
-    EXPECT_EQ(answers(), (QStringList{})); // something is open
-    click(window->Image14);
-    EXPECT_TRUE(window->Notice->text().startsWith(u"Changes from "_s));
-    EXPECT_EQ(texts()[0], u"line 1");
-    answer(0);
-    EXPECT_EQ(texts()[0], u"start");
-    EXPECT_TRUE(mode().isOn());
-    press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(kept(u"brake1", u"text"), u"start");
-    EXPECT_TRUE(drafts().isEmpty());
-}
-
-TEST_F(EditingInTheWindow, OffersADraftAtTheStartAndOpensItsDocument)
-{
-    openBrakes({u"000000.00"_s, u"000020.00"_s});
-    press(Qt::Key_F2);
-    type(u"start"_s);
-    QTest::keyClick(&box(), Qt::Key_Return);
-    press(Qt::Key_F4);
-    window.reset();
-    module.playlist = {};
-    show(2);
-    EXPECT_TRUE(window->Notice->text().startsWith(u"lesson.vxl: изменения от "_s));
-    EXPECT_EQ(answers(), (QStringList{u"Взять их"_s, u"Оставить"_s}));
-    answer(0);
-    ASSERT_EQ(module.playlist.PlaylistCount, 1);
-    EXPECT_EQ(texts()[0], u"start");
-    EXPECT_EQ(kept(u"brake1", u"text"), u"line 1");
-}
-
-TEST_F(EditingInTheWindow, SavesWhatWasLeftByOpeningSomethingElse)
-{
-    openBrakes({u"000000.00"_s, u"000020.00"_s});
-    press(Qt::Key_F2);
-    type(u"start"_s);
-    QTest::keyClick(&box(), Qt::Key_Return);
-    pickers.answer = {writePacket(u"clips.vxl"_s, {u"one"_s})};
-    click(window->Image14);
-    EXPECT_EQ(texts(), (QStringList{u"one"_s}));
-    ASSERT_EQ(answers(), (QStringList{u"Save"_s, u"Discard"_s}));
-    answer(0);
-    EXPECT_EQ(kept(u"brake1", u"text"), u"start");
-    EXPECT_TRUE(drafts().isEmpty());
-    EXPECT_EQ(module.playlist.Document, home.file(u"clips.vxl"_s));
-}
-
 TEST_F(EditingInTheWindow, TakesFilesDroppedBetweenTwoLines)
 {
     openClips({u"one"_s, u"two"_s});
@@ -577,6 +339,36 @@ TEST_F(EditingInTheWindow, SaysWhenAClipSuggestsNothing)
     EXPECT_EQ(texts(), (QStringList{u"line 1"_s, u"three"_s, u"Mark 2"_s, u"line 2"_s}));
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(times().size(), 2);
+}
+
+TEST_F(EditingInTheWindow, HasAPicturesPlaceInTheLinesOfAGroupsPackets)
+{
+    const QString member = writePacket(u"m.vxl"_s, {u"one"_s});
+    openPacket(writeDocument(u"g.vxg"_s, {member}, {u"Member"_s}), 1);
+    const QModelIndex packet = window->List1->model()->index(1, 0);
+    const QPoint place = window->List1->timeArea(1).center();
+    const QString picture = home.write(u"p.png"_s, "picture");
+    pickers.answer = {picture};
+    QTest::mouseClick(window->List1->viewport(), Qt::LeftButton, {}, place);
+    EXPECT_TRUE(pickers.calls.last().contains(u"*.png"_s));
+    EXPECT_EQ(module.playlist.packet(1).Picture, u"p.png");
+    EXPECT_EQ(packet.data(Qt::AccessibleDescriptionRole).toString(), u"Packet, picture p.png"_s);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(module.playlist.packet(1).Picture, QString());
+    Q_EMIT window->List1->filesDroppedBefore({home.write(u"q.PNG"_s, "picture")}, 2);
+    EXPECT_EQ(module.playlist.packet(1).Picture, u"q.PNG");
+    EXPECT_EQ(module.playlist.packet(1).ClipCount, 1);
+}
+
+TEST_F(EditingInTheWindow, EditsTheTitlesOfAGroupInPlace)
+{
+    openPacket(writeDocument(u"g.vxg"_s, {writePacket(u"m.vxl"_s, {u"one"_s})}, {u"Member"_s}), 1);
+    window->List1->setCursorLine(1);
+    press(Qt::Key_F2);
+    type(u"Title"_s);
+    QTest::keyClick(&box(), Qt::Key_Return);
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(kept(u"file1", u"text", u"g.vxg"_s), u"Title");
 }
 
 } // namespace orvanta::test

@@ -341,6 +341,27 @@ TEST_F(Waveform, FlagsThatFindNoRoomAreLinesAlone)
     EXPECT_FALSE(flags[17].flag.isEmpty());
 }
 
+TEST_F(Waveform, BrakesWithoutNumberAreNoMoreLinesThanItHasRoomFor)
+{
+    std::vector<WaveformBrake> brakes(32767);
+    for (std::size_t i = 0; i < brakes.size(); ++i) {
+        brakes[i].seconds = static_cast<double>(i) / 100;
+    }
+    brakes.back().isEnd = true;
+    StripScale scale;
+    scale.setWidth(200);
+    scale.setLength(328);
+    const std::vector<WaveformFlag> flags = flagsOf(brakes, scale, 17000, 200);
+    EXPECT_LE(flags.size(), 203U);
+    const auto isThere = [&](int index) {
+        return std::any_of(flags.begin(), flags.end(), [&](const WaveformFlag& flag) {
+            return flag.index == index && !flag.flag.isEmpty();
+        });
+    };
+    EXPECT_TRUE(isThere(17000));
+    EXPECT_TRUE(isThere(32766));
+}
+
 TEST_F(Waveform, LinesDoNotCrossFlags)
 {
     strip.setBrakes({{20, false}, {24, false}, {27, true}});

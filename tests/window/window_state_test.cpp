@@ -180,11 +180,12 @@ TEST_F(MainWindow, TabGoesThroughTheControlsInTheirOrder)
 {
     addClips(u"clips"_s, {u"one"_s}); // Play is no stop on the way while it would do nothing
     show();
-    const QList<QWidget*> order = {
-        window->Image8,  window->Image14, window->Image9,         window->Image10, window->Image11,
-        window->Text1,   window->Image2,  window->Text2,          window->List1,   window->Slider1,
-        window->Image4,  window->Image5,  window->PracticeButton, window->Slider2, window->Slider3,
-        window->Image12, window->Image13};
+    const QList<QWidget*> order = {window->Image8,         window->Image14,    window->Image9,
+                                   window->Image10,        window->Image11,    window->Text1,
+                                   window->Image2,         window->Text2,      window->List1,
+                                   window->Slider1,        window->Image4,     window->Image5,
+                                   window->PracticeButton, window->EditButton, window->Slider2,
+                                   window->Slider3,        window->Image12,    window->Image13};
     window->Image8->setFocus();
     for (qsizetype i = 1; i < order.size(); ++i) {
         QTest::keyClick(window->focusWidget(), Qt::Key_Tab);

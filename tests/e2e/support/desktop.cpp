@@ -37,6 +37,7 @@ void Desktop::makeFolders()
         {u"XDG_CONFIG_HOME"_s, u"home/.config"_s},
         {u"XDG_DATA_HOME"_s, u"home/.local/share"_s},
         {u"XDG_CACHE_HOME"_s, u"home/.cache"_s},
+        {u"XDG_STATE_HOME"_s, u"home/.local/state"_s},
         {u"TMPDIR"_s, u"tmp"_s},
     };
     for (const auto& [variable, name] : folders) {

@@ -64,6 +64,16 @@ void Dragging::take(QPoint place)
     }
 }
 
+/// The program below is told of some moves only: it learns the place from a hand that trembles
+/// there.
+void Dragging::rest(QPoint place)
+{
+    constexpr int kTrembles = 40;
+    for (int i = 0; i < kTrembles; ++i) {
+        m_desktop.moveMouse(place + QPoint(i % 2, 0));
+    }
+}
+
 bool Dragging::drop(const QByteArrayList& addresses, QPoint place)
 {
     if (!offer(addresses)) {
@@ -71,6 +81,7 @@ bool Dragging::drop(const QByteArrayList& addresses, QPoint place)
     }
     take(place);
     const bool welcome = says("over copy");
+    rest(place);
     m_desktop.holdButton(false);
     return welcome && says("dropped copy");
 }

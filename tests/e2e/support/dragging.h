@@ -29,6 +29,7 @@ public:
 private:
     [[nodiscard]] bool offer(const QByteArrayList& addresses);
     void take(QPoint place);
+    void rest(QPoint place);
     [[nodiscard]] bool says(const QByteArray& line);
 
     Desktop& m_desktop;

@@ -157,6 +157,7 @@ static const std::map<QString, Maker>& makers()
         {u"video15.mp4"_s, video(u"15"_s, kMp4)},
         {u"brakes6.mp4"_s, video(u"6"_s, kMp4)},
         {u"video200.mp4"_s, video(u"200"_s, kMp4)},
+        {u"film180.mp4"_s, video(u"180"_s, kMp4)},
         {u"silent2.mp4"_s, picture(u"2"_s, kMp4)},
         {u"large20.mp4"_s, pictureOf(u"1280x720"_s, u"20"_s)},
         {u"sound2.mp3"_s, sound(u"2"_s, u"-c:a libmp3lame"_s)},

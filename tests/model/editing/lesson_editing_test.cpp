@@ -146,6 +146,19 @@ TEST_F(EditedLesson, LosesSeveralLinesAndPacketsInOneStep)
     expectOneStep();
 }
 
+TEST_F(EditedLesson, LosesLinesOneAboveTheOtherAtOnce)
+{
+    std::size_t changes = 0;
+    QObject::connect(&editing, &LessonEditing::edited,
+                     [&](const EditStep& step) { changes = step.changes.size(); });
+    EXPECT_TRUE(editing.remove({{1, 1}, {1, 2}, {2, 1}, {2, 2}, {2, 3}, {3, 1}}));
+    EXPECT_EQ(changes, 4U); // the last brake by itself: its packet is one clip again
+    EXPECT_EQ(playlist.packet(1).ClipCount, 1);
+    EXPECT_EQ(textsOf(playlist.packet(2)), (QStringList{u"film"_s}));
+    EXPECT_EQ(playlist.packet(3).ClipCount, 0);
+    expectOneStep();
+}
+
 TEST_F(EditedLesson, IsOneClipAgainWithoutItsLastBrake)
 {
     EXPECT_TRUE(editing.remove({{2, 1}, {2, 2}, {2, 3}}));
@@ -194,6 +207,22 @@ TEST_F(EditedLesson, TakesClipsToAnotherPlaceAndPacket)
     EXPECT_FALSE(editing.moveTo({{3, 3}}, {3, 4}));
     EXPECT_FALSE(editing.moveTo({{3, 1}}, {2, 1}));
     EXPECT_FALSE(editing.moveTo({{2, 1}}, {3, 1}));
+}
+
+TEST_F(EditedLesson, FindsAClipFromAnotherFolderWhereverItIsTaken)
+{
+    playlist.Playlist[0].Folder = u"/a/"_s;
+    playlist.Playlist[2].Folder = u"/b/"_s;
+    playlist.Playlist[0].Clips[0].Path = u"sub\\film.mp4"_s;
+    const QString before = wholeTextOf(playlist);
+    const int lines = playlist.packet(3).ClipCount.value();
+    ASSERT_TRUE(editing.moveTo({{1, 1}}, {3, 1}));
+    EXPECT_EQ(playlist.packet(3).clip(1).Path, u"/a/sub/film.mp4");
+    EXPECT_EQ(playlist.packet(3).ClipCount, lines + 1);
+    editing.undo();
+    EXPECT_EQ(wholeTextOf(playlist), before);
+    ASSERT_TRUE(editing.moveTo({{1, 1}}, {1, 3})); // within its packet
+    EXPECT_EQ(playlist.packet(1).clip(2).Path, u"sub\\film.mp4");
 }
 
 TEST_F(EditedLesson, TakesFilesBetweenTwoLines)
