@@ -8,6 +8,7 @@
 #include "platform/media/media_library.h"
 #include "platform/process/application_folder.h"
 #include "platform/process/end_signals.h"
+#include "platform/process/folder_search.h"
 #include "platform/process/hand_over_queue.h"
 #include "platform/process/single_instance.h"
 #include "platform/screen/window_stacking.h"
@@ -43,7 +44,11 @@ StartUp::StartUp(QStringList arguments, QString activationToken)
       m_activationToken(std::move(activationToken))
 {}
 
-StartUp::~StartUp() = default;
+/// What is still looking through folders ends with the program.
+StartUp::~StartUp()
+{
+    forgetFolders();
+}
 
 int StartUp::run()
 {

@@ -81,6 +81,10 @@ inline constexpr std::array kSettings = {
     SettingKey{u"recent", u"keep", nullptr},        // 0: no lesson is kept in recent.ini
     SettingKey{u"recent", u"seconds", nullptr},     // how often the place in a lesson is kept
     SettingKey{u"text", u"codepage", nullptr},      // of old files; in platform.ini
+    SettingKey{u"drives", u"#", nullptr},           // the folder of a drive; in platform.ini
+    SettingKey{u"moved", u"num", nullptr},          // folders that have moved; in platform.ini
+    SettingKey{u"moved", u"from#", nullptr},        // such a folder as documents write it, from 1
+    SettingKey{u"moved", u"to#", nullptr},          // where it lies now
     SettingKey{u"window", u"width", nullptr},       // of the main window, pixels; in platform.ini
     SettingKey{u"window", u"height", nullptr},      // the same
     SettingKey{u"window", u"zoom", nullptr},        // of its texts, percent; in platform.ini

@@ -128,7 +128,7 @@ public:
 
     SkinButton* EditButton = nullptr; // edits what is open
     EditingRow* Editing = nullptr;    // the buttons of editing
-    EditNotice* Notice = nullptr;     // what became of changes
+    EditNotice* Notice = nullptr;     // what became of changes, what is missing
     WaveformStrip* Strip = nullptr;   // the clip's sound with its brakes
     SilenceRow* Silence = nullptr;    // looks for marks in the clip's silences
 

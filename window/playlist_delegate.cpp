@@ -170,8 +170,8 @@ void PlaylistDelegate::paintSign(QPainter& painter, const QRect& line, PlayingSi
 void PlaylistDelegate::paintMissing(QPainter& painter, const QRect& line)
 {
     constexpr double kSide = 5;
-    const QRectF place(line.left() + kSignLeft + 0.5, line.top() + (line.height() - kSide) / 2,
-                       kSide, kSide);
+    const QRectF place(line.left() + kSignLeft + 1, line.top() + (line.height() - kSide) / 2, kSide,
+                       kSide);
     painter.setPen(QPen(skin::kGone, 1.4, Qt::SolidLine, Qt::RoundCap));
     painter.drawLine(place.topLeft(), place.bottomRight());
     painter.drawLine(place.topRight(), place.bottomLeft());

@@ -202,19 +202,27 @@ static int gather(const QString& top, const Look& look, NamesByFold& files)
     return count;
 }
 
+static void noteOver(Look& look)
+{
+    const std::lock_guard lock(folders().mutex);
+    look.isOver = true;
+    folders().lookOver.notify_all();
+}
+
 static void carryOut(const QString& folder, const std::shared_ptr<Look>& look)
 {
     QElapsedTimer clock;
     clock.start();
     NamesByFold files;
     const int count = gather(folder, *look, files);
+    if (look->isForgotten) {
+        return noteOver(*look);
+    }
     qCInfo(logPlaylist, "looked through %d files below %s in %lld ms%s", count,
            qUtf8Printable(folder), static_cast<long long>(clock.elapsed()),
            count < kMostFiles ? "" : "; there are more");
-    const std::lock_guard lock(folders().mutex);
-    look->files = std::move(files);
-    look->isOver = true;
-    folders().lookOver.notify_all();
+    look->files = std::move(files); // nobody reads them before it is over
+    noteOver(*look);
 }
 
 static QString lookedAt(const QString& folder)
