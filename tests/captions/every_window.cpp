@@ -66,6 +66,7 @@ std::unique_ptr<QWidget> mainWindow(Surroundings& s)
 std::unique_ptr<QWidget> mainWindowWhileEditing(Surroundings& s)
 {
     PlaylistEntry packet;
+    packet.Title = u"A packet"_s;
     packet.Clips = {{.Time = {}, .Text = u"A clip"_s, .Path = s.home.file(u"clip.avi"_s)}};
     packet.ClipCount = 1;
     s.module.playlist.Playlist = {packet};
