@@ -267,7 +267,8 @@ TEST(ControlTexts, BelongToControlsThatThereAre)
         const auto form = documented.find(text.window.toString());
         if (form == documented.end()) {
             // A part of several windows, what is said at a terminal, what can be asked for, and how
-            // practice, lessons, tracks, languages, waveforms, editing and missing files are spoken of.
+            // practice, lessons, tracks, languages, waveforms, editing and missing files are spoken
+            // of.
             EXPECT_TRUE(text.window == u"FolderTree" || text.window == u"CommandLine" ||
                         text.window == u"Command" || text.window == u"Practice" ||
                         text.window == u"Recent" || text.window == u"Tracks" ||
