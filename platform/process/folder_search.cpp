@@ -120,7 +120,7 @@ static std::shared_ptr<const Listing> listingOf(const QString& folder)
     Folders& all = folders();
     {
         const std::lock_guard lock(all.mutex);
-        const auto known = all.listings.value(folder);
+        auto known = all.listings.value(folder);
         if (known && isSameMoment(known->changed, status->st_mtim)) {
             return known;
         }
@@ -187,7 +187,8 @@ static int gather(const QString& top, const Look& look, NamesByFold& files)
     int count = 0;
     std::vector<std::pair<QString, int>> waiting = {{top, 0}};
     while (!waiting.empty() && count < kMostFiles && !look.isForgotten) {
-        const auto [folder, depth] = waiting.back();
+        const QString folder = waiting.back().first;
+        const int depth = waiting.back().second;
         waiting.pop_back();
         forEachEntry(folder, [&](const QString& name, unsigned char type) {
             const QString path = below(folder, name);

@@ -128,6 +128,7 @@ static std::vector<Place> placesByOwnFolder(const Search& search, const QString&
     std::stable_sort(runs.begin(), runs.end(),
                      [](const auto& one, const auto& other) { return one.first > other.first; });
     std::vector<Place> places;
+    places.reserve(runs.size());
     for (auto& run : runs) {
         places.push_back(std::move(run.second));
     }
@@ -196,7 +197,7 @@ static QString newestOf(const QString& text, const QStringList& files)
     if (files.size() < 2) {
         return files.value(0);
     }
-    const QString newest =
+    QString newest =
         *std::max_element(files.begin(), files.end(), [](const QString& one, const QString& other) {
             return QFileInfo(one).lastModified() < QFileInfo(other).lastModified();
         });
