@@ -164,11 +164,10 @@ static void measureLine()
 
 constexpr int kLines = 20;
 constexpr int kTimes = 3;
-constexpr double kLine = 1; // seconds
 constexpr double kSpeed = 0.8;
 
-/// Seconds from its first line to its end mark.
-static double lessonTime(Desktop& desktop)
+/// Seconds from its first line to its end mark, with lines of so many seconds.
+static double lessonTime(Desktop& desktop, double seconds)
 {
     const Home home;
     home.set(u"practice"_s, u"speed"_s, QString::number(kSpeed * 100));
@@ -176,25 +175,25 @@ static double lessonTime(Desktop& desktop)
     home.set(u"practice"_s, u"wait"_s, u"100"_s);
     QList<BrakeLine> brakes;
     for (int line = 0; line <= kLines; ++line) {
-        brakes.append({1 + line * kLine, u"Line %1"_s.arg(line + 1)});
+        brakes.append({1 + line * seconds, u"Line %1"_s.arg(line + 1)});
     }
     Application program(desktop, home);
     program.start({writeBrakes(desktop.folder() + u"/lesson.vxl"_s, minutesClip(), brakes)});
     const QString start = u"^orvanta.playback: start 1 %1 "_s;
     const auto first = program.next(start.arg(1));
-    constexpr int kLimit = 300000;
+    constexpr int kLimit = 600000;
     const auto last = program.next(start.arg(kLines + 1), kLimit);
     return first && last ? last->seconds - first->seconds : -1;
 }
 
-static void measureLesson()
+static void measureLesson(double seconds)
 {
     Desktop desktop({.screen = {1920, 1080}});
-    const double sum = kLines * (kTimes + 1) * kLine / kSpeed;
-    const double took = lessonTime(desktop);
+    const double sum = kLines * (kTimes + 1) * seconds / kSpeed;
+    const double took = lessonTime(desktop, seconds);
     std::printf("%d lines of %.0f s, %d times at %.1f, waits as long: %.2f s for %.2f s, ratio "
                 "%.3f (at most 1.03); too much per round %.0f ms\n",
-                kLines, kLine, kTimes, kSpeed, took, sum, took / sum,
+                kLines, seconds, kTimes, kSpeed, took, sum, took / sum,
                 (took - sum) / (kLines * kTimes) * 1000);
 }
 
@@ -216,7 +215,10 @@ int main(int argc, char** argv)
         orvanta::bench::measureLine();
     }
     if (isWanted(u"lesson"_s)) {
-        orvanta::bench::measureLesson();
+        constexpr double kWord = 1;     // seconds
+        constexpr double kSentence = 3; // seconds
+        orvanta::bench::measureLesson(kSentence);
+        orvanta::bench::measureLesson(kWord);
     }
     return 0;
 }

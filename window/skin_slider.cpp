@@ -129,9 +129,13 @@ QSize SkinSlider::minimumSizeHint() const
     return {56, 24};
 }
 
+// As wide as an even number of pixels, so that a pointer can hit the middle: half of the volume, no
+// more sound on one side than on the other.
 QRectF SkinSlider::groove() const
 {
-    return {kKnobRadius, (height() - kGrooveHeight) / 2, width() - 2 * kKnobRadius, kGrooveHeight};
+    const int room = width() - static_cast<int>(2 * kKnobRadius);
+    return {kKnobRadius, (height() - kGrooveHeight) / 2, static_cast<double>(room - room % 2),
+            kGrooveHeight};
 }
 
 double SkinSlider::knobCentre() const

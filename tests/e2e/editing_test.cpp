@@ -193,7 +193,7 @@ TEST_F(Editing, AFileDroppedBetweenTwoLinesComesInThere)
     ASSERT_TRUE(QFile::link(media(u"video2.mp4"_s), clip));
     const QRect second = placeOfLine(1);
     ASSERT_TRUE(dragging.dropFiles({clip}, {second.center().x(), second.top() + 2}));
-    ASSERT_TRUE(textsBecome({u"one"_s, clip, u"two"_s, u"three"_s}));
+    ASSERT_TRUE(textsBecome({u"one"_s, u"between"_s, u"two"_s, u"three"_s}));
     save();
     EXPECT_EQ(ReadIni(u"file2"_s, u"path"_s, lesson), clip);
     EXPECT_EQ(ReadIni(u"main"_s, u"files"_s, lesson), u"4");

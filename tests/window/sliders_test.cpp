@@ -162,4 +162,17 @@ TEST_F(Sliders, TheEngineMovingThePositionSliderIsNoUser)
     EXPECT_EQ(control.calls, QStringList());
 }
 
+TEST_F(Sliders, TheirMiddleCanBeHitAtEveryWidth)
+{
+    show();
+    for (int width = 57; width < 70; ++width) {
+        SkinSlider slider(SkinSlider::Fill::FromCentre, 5, window.get());
+        slider.resize(width, 24);
+        slider.show();
+        const int middle = 7 + (width - 14) / 2;
+        QTest::mouseClick(&slider, Qt::LeftButton, {}, QPoint(middle, 12));
+        EXPECT_EQ(slider.value(), 50) << width;
+    }
+}
+
 } // namespace orvanta::test
