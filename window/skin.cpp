@@ -102,6 +102,39 @@ static QString listSheet(const QString& list)
 }
 
 /// With names for the colours.
+static QString practiceSheet()
+{
+    return uR"(
+#Panel { background: %raised; border: 1px solid %edge; border-radius: 10px; }
+#Panel QLabel { color: %muted; }
+#Panel QCheckBox { color: %text; spacing: 8px; }
+#Panel QCheckBox::indicator { width: 12px; height: 12px; border: 1px solid %muted;
+    border-radius: 3px; background: %sunken; }
+#Panel QCheckBox::indicator:checked { background: %accent; border-color: %accent;
+    image: url(:/orvanta/ui/check_dark.svg); }
+#Panel QCheckBox:focus { color: %accent; }
+#Panel QComboBox { background: %sunken; color: %text; border: 1px solid %line;
+    border-radius: 6px; padding: 3px 8px; min-height: 18px; }
+#Panel QComboBox:hover { border-color: %edge; }
+#Panel QComboBox:focus { border-color: %accent; }
+#Panel QComboBox:disabled { color: %muted; }
+#Panel QComboBox::drop-down { width: 20px; border: none; }
+#Panel QComboBox::down-arrow { image: url(:/orvanta/ui/down.svg); width: 12px; height: 12px; }
+#Panel QComboBox QAbstractItemView { background: %raised; color: %text;
+    border: 1px solid %edge; selection-background-color: %deep; selection-color: %text; }
+#NormalButton { background: transparent; border: 1px solid transparent; border-radius: 6px;
+    color: %accent; padding: 4px 6px; }
+#NormalButton:hover { border-color: %edge; }
+#NormalButton:focus { border-color: %accent; }
+#NormalButton:disabled { color: %muted; }
+#Chips QPushButton { background: %faint; color: %light; border: 1px solid transparent;
+    border-radius: 12px; padding: 0 12px; }
+#Chips QPushButton:hover { border-color: %deep; }
+#Chips QPushButton:focus { border-color: %accent; }
+)"_s;
+}
+
+/// The same.
 static QString editingSheet()
 {
     return uR"(
@@ -159,33 +192,7 @@ QString styleSheet()
     border-radius: 4px; }
 #create::item:selected, #tools::item:selected, #help::item:selected, #ai::item:selected {
     background: %deep; }
-#Panel { background: %raised; border: 1px solid %edge; border-radius: 10px; }
-#Panel QLabel { color: %muted; }
-#Panel QCheckBox { color: %text; spacing: 8px; }
-#Panel QCheckBox::indicator { width: 12px; height: 12px; border: 1px solid %muted;
-    border-radius: 3px; background: %sunken; }
-#Panel QCheckBox::indicator:checked { background: %accent; border-color: %accent;
-    image: url(:/orvanta/ui/check_dark.svg); }
-#Panel QCheckBox:focus { color: %accent; }
-#Panel QComboBox { background: %sunken; color: %text; border: 1px solid %line;
-    border-radius: 6px; padding: 3px 8px; min-height: 18px; }
-#Panel QComboBox:hover { border-color: %edge; }
-#Panel QComboBox:focus { border-color: %accent; }
-#Panel QComboBox:disabled { color: %muted; }
-#Panel QComboBox::drop-down { width: 20px; border: none; }
-#Panel QComboBox::down-arrow { image: url(:/orvanta/ui/down.svg); width: 12px; height: 12px; }
-#Panel QComboBox QAbstractItemView { background: %raised; color: %text;
-    border: 1px solid %edge; selection-background-color: %deep; selection-color: %text; }
-#NormalButton { background: transparent; border: 1px solid transparent; border-radius: 6px;
-    color: %accent; padding: 4px 6px; }
-#NormalButton:hover { border-color: %edge; }
-#NormalButton:focus { border-color: %accent; }
-#NormalButton:disabled { color: %muted; }
-#Chips QPushButton { background: %faint; color: %light; border: 1px solid transparent;
-    border-radius: 12px; padding: 0 12px; }
-#Chips QPushButton:hover { border-color: %deep; }
-#Chips QPushButton:focus { border-color: %accent; }
-)"_s + editingSheet() + uR"(
+)"_s + practiceSheet() + editingSheet() + uR"(
 QToolTip { background: %raised; color: %text; border: 1px solid %edge; padding: 3px; }
 )"_s)
                                       .replace(u"%raised"_s, kRaised.name())

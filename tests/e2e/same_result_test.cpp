@@ -404,7 +404,7 @@ TEST_F(SameResult, OfTheWaitRound)
 
 TEST_F(SameResult, OfTheTextOverThePicture)
 {
-    expectOf(key(u"F5"_s) + menu({u"x"_s}) + bar(u"Text over the picture"_s),
+    expectOf(key(u"F5"_s) + menu({u"v"_s}) + bar(u"Text over the picture"_s),
              {.practice = u"text=1"_s});
 }
 
