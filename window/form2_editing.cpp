@@ -23,6 +23,9 @@ void Form2::buildEditing()
     Notice = new EditNotice(m_surface);
     Strip = new WaveformStrip(language, m_surface);
     Silence = new SilenceRow(language, m_surface);
+    for (QWidget* part : {static_cast<QWidget*>(Editing), static_cast<QWidget*>(Silence)}) {
+        part->hide(); // before the window takes its first size
+    }
     m_document = new QLabel(m_surface);
     m_document->setTextFormat(Qt::PlainText);
     QPalette palette = m_document->palette();

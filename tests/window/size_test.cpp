@@ -18,6 +18,11 @@ protected:
     }
 };
 
+TEST_F(WindowSize, IsTheUsualOneAtFirstWhateverTheWindowHidesAsYet)
+{
+    EXPECT_EQ(load().size(), fitted({520, 440}));
+}
+
 TEST_F(WindowSize, IsWrittenWhenTheProgramEndsAndTakenAtTheNextStart)
 {
     show();
