@@ -92,7 +92,7 @@ void Form6::Form6_List1_Click()
 
 void Form6::Form6_Command7_Click()
 {
-    const QString picture = pickFile(u"*.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico;*.png;*.webp"_s);
+    const QString picture = pickFile(kPicturePattern.toString());
     if (!picture.isEmpty()) {
         List1->endRun();
         Text3->show(picture);

@@ -5,6 +5,9 @@
 
 namespace orvanta {
 
+/// Of the pictures that packets can have.
+inline constexpr QStringView kPicturePattern = u"*.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico;*.png;*.webp";
+
 /// Results go to Module1's PickedFiles and SaveFileName.
 class Pickers
 {

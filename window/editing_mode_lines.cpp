@@ -206,9 +206,8 @@ void EditingMode::dropLines(int before)
 
 static bool isPicture(const QString& file)
 {
-    static const QStringList kEndings = {u"bmp"_s, u"jpg"_s, u"jpeg"_s, u"gif"_s,
-                                         u"wmf"_s, u"ico"_s, u"png"_s,  u"webp"_s};
-    return kEndings.contains(QFileInfo(file).suffix().toLower());
+    const QString pattern = u"*."_s + QFileInfo(file).suffix().toLower();
+    return kPicturePattern.toString().split(u';').contains(pattern);
 }
 
 /// A picture among a packet's lines becomes its picture; packets, groups and folders become packets

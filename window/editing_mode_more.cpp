@@ -88,8 +88,7 @@ void EditingMode::setPicture(int packet, const QString& path)
 
 void EditingMode::pickPicture()
 {
-    if (m_ports.pickers.ShowOpenPicker(u"*.bmp;*.jpg;*.jpeg;*.gif;*.wmf;*.ico;*.png;*.webp"_s,
-                                       false)) {
+    if (m_ports.pickers.ShowOpenPicker(kPicturePattern.toString(), false)) {
         const QString path = m_ports.module.picker.PickedFiles.value(1);
         if (!path.isEmpty()) {
             setPicture(current().packet, path);

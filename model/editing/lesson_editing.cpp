@@ -56,8 +56,7 @@ bool LessonEditing::isLine(EditPlace place) const
 
 bool LessonEditing::hasTitles() const
 {
-    return m_playlist.PlaylistCount > 1 ||
-           m_playlist.Document.endsWith(u".vxg"_s, Qt::CaseInsensitive);
+    return m_playlist.PlaylistCount > 1 || isGroupPath(m_playlist.Document);
 }
 
 bool LessonEditing::take(EditStep step)
