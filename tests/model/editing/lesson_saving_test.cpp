@@ -162,6 +162,23 @@ TEST_F(SavedLesson, LeavesTheOriginalsAloneWhenItIsSavedElsewhere)
     EXPECT_EQ(value(u"new/A.vxl"_s, u"file1"_s, u"text"_s), u"eins");
 }
 
+TEST_F(SavedLesson, StaysWithItsFilesWhenItCannotBeSavedElsewhere)
+{
+    open(groupFile());
+    const QByteArray original = folder.bytes(u"a.vxl"_s);
+    QDir(folder.path()).mkpath(u"new/h.vxg"_s); // a folder where the group's file should be
+    editing.setText({1, 2}, u"zwei"_s);
+    EXPECT_EQ(errorOf([&] { saving.save(folder.file(u"new/h.vxg"_s)); }), 75);
+    EXPECT_EQ(playlist.Document, folder.file(u"g.vxg"_s));
+    EXPECT_EQ(playlist.packet(1).clip(2).Path, u"b.mp4");
+    EXPECT_EQ(playlist.packet(1).Picture, u"p.png");
+    EXPECT_EQ(folder.bytes(u"a.vxl"_s), original);
+    saving.save(playlist.Document);
+    EXPECT_EQ(value(u"a.vxl"_s, u"file2"_s, u"text"_s), u"zwei");
+    EXPECT_EQ(value(u"a.vxl"_s, u"file2"_s, u"path"_s), u"b.mp4");
+    EXPECT_EQ(value(u"g.vxg"_s, u"file1"_s, u"path"_s), u"a.vxl");
+}
+
 TEST_F(SavedLesson, KeepsTheLastTenVersionsOfEachDocument)
 {
     setVersionsFolder(folder.file(u"versions"_s));
