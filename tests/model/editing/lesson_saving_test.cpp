@@ -226,6 +226,24 @@ TEST_F(SavedLesson, KeepsItsDraftUntilItIsDiscarded)
     EXPECT_FALSE(drafts.packets(document, playlist));
 }
 
+TEST_F(SavedLesson, HasNoDraftThatSaysWhatItsDocumentSays)
+{
+    open(groupFile());
+    const Drafts drafts(folder.path());
+    editing.setText({1, 2}, u"zwei"_s);
+    editing.setText({2, 0}, u"Beta"_s);
+    ASSERT_TRUE(drafts.keep(playlist, saving.saved()));
+    OpenGroup(playlist, folder.file(u"g.vxg"_s));
+    drafts.discardWhatIsSaved(playlist);
+    EXPECT_TRUE(drafts.of(playlist.Document)); // the document says something else
+    editing.begin();
+    editing.replaceAll(EditName::Version, *drafts.packets(playlist.Document, playlist));
+    saving.save(playlist.Document);
+    OpenGroup(playlist, folder.file(u"g.vxg"_s)); // saved, and ended before the draft went
+    drafts.discardWhatIsSaved(playlist);
+    EXPECT_FALSE(drafts.of(playlist.Document));
+}
+
 TEST_F(SavedLesson, SavesATakenDraftOverItsDocument)
 {
     const Drafts drafts(folder.path());
