@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QThread>
 
+#include <chrono>
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -23,6 +24,8 @@ static const QString kCount = u"num"_s;
 
 constexpr unsigned long kReadPauseMs = 15;
 constexpr qint64 kPatienceMs = 5000;
+/// The flag "wr" guards the queue for whoever finds its lock kept by a foreign program.
+constexpr std::chrono::seconds kLockPatience(1);
 
 static Int16 queueLength(const QString& text)
 {
@@ -139,13 +142,12 @@ bool HandOverQueue::freeWhenNobodyHolds() const
 bool HandOverQueue::tryAppend(const QStringList& lines) const
 {
     FileLock lock(lockFile());
-    lock.lock();
-    const Int16 length = queueLength(ReadIni(kQueue, kCount, m_settingsFile));
-    const std::vector<IniChange> changes = changesForAppending(lines, length);
+    lock.lockWithin(kLockPatience);
     bool free = true;
     const bool written = changeIniAtOnce(m_settingsFile, [&](const auto& read) {
         free = read(kQueue, kBusyFlag) == u"0";
-        return free ? changes : std::vector<IniChange>();
+        return free ? changesForAppending(lines, queueLength(read(kQueue, kCount)))
+                    : std::vector<IniChange>();
     });
     if (!written) {
         qCInfo(logErrors, "the command line cannot be handed over: settings are not writable");
@@ -157,7 +159,7 @@ HandOverQueue::Drain::Drain(const HandOverQueue& queue)
     : m_queue(queue),
       m_lock(queue.lockFile())
 {
-    m_lock.lock();
+    m_lock.lockWithin(kLockPatience);
     m_lock.setMark(true);
     WriteIni(kQueue, kBusyFlag, u"1"_s, m_queue.m_settingsFile);
 }

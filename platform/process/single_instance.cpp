@@ -10,6 +10,8 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 
+#include <sys/socket.h>
+#include <unistd.h>
 #include <utility>
 
 namespace orvanta {
@@ -24,18 +26,27 @@ constexpr qint64 kLongestCall = 4096; // bytes; a token is some dozens
 static const QByteArray kRaiseCall = "raise ";
 static const QByteArray kHeard = "heard\n";
 
-static QString socketFolder()
-{
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return QFileInfo(runtime).isDir() ? runtime : QDir::tempPath();
-}
-
-/// One name for each application folder, short enough for a socket's address.
+/// One name for each application folder. Without a folder of the session's own the socket lies in
+/// the application folder: in one that everybody may write to, anybody could take the name first.
 static QString socketName(const QString& folder)
 {
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (!QFileInfo(runtime).isDir()) {
+        return QDir(folder).canonicalPath() + u"/instance.socket"_s;
+    }
     const QByteArray path = QDir(folder).canonicalPath().toUtf8();
     const QByteArray digest = QCryptographicHash::hash(path, QCryptographicHash::Sha256);
-    return socketFolder() + u"/orvanta-"_s + QString::fromLatin1(digest.left(10).toHex());
+    return runtime + u"/orvanta-"_s + QString::fromLatin1(digest.left(10).toHex());
+}
+
+/// Whether who listens at the other end is this user.
+static bool isOfThisUser(const QLocalSocket& call)
+{
+    ucred peer = {};
+    socklen_t size = sizeof(peer);
+    const int socket = static_cast<int>(call.socketDescriptor());
+    return ::getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 &&
+           peer.uid == ::geteuid();
 }
 
 SingleInstance::SingleInstance(const QString& applicationFolder, QObject* parent)
@@ -100,6 +111,10 @@ bool SingleInstance::raiseFirst(const QString& activationToken) const
     QLocalSocket call;
     call.connectToServer(socketName(m_folder));
     if (!call.waitForConnected(kConnectTimeMs)) {
+        return false;
+    }
+    if (!isOfThisUser(call)) { // an activation token is nobody else's business
+        qCInfo(logErrors, "the socket of the first instance belongs to another user");
         return false;
     }
     call.write(kRaiseCall + activationToken.toUtf8() + '\n');
