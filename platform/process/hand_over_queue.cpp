@@ -75,19 +75,24 @@ bool HandOverQueue::isFree() const
     return ReadIni(kQueue, kBusyFlag, m_settingsFile) == u"0";
 }
 
-bool HandOverQueue::hasEntries() const
+QString HandOverQueue::countText() const
 {
-    return ReadIni(kQueue, kCount, m_settingsFile, u"0"_s) != u"0";
+    return ReadIni(kQueue, kCount, m_settingsFile, u"0"_s);
 }
 
-void HandOverQueue::append(const QStringList& lines)
+bool HandOverQueue::hasEntries() const
 {
-    if (lines.isEmpty()) {
-        return;
-    }
-    do {
+    return countText() != u"0";
+}
+
+bool HandOverQueue::append(const QStringList& lines)
+{
+    Appending outcome = lines.isEmpty() ? Appending::Done : Appending::Busy;
+    while (outcome == Appending::Busy) {
         waitUntilFree();
-    } while (!tryAppend(lines));
+        outcome = tryAppend(lines);
+    }
+    return outcome == Appending::Done;
 }
 
 void HandOverQueue::waitUntilFree() const
@@ -137,9 +142,8 @@ bool HandOverQueue::freeWhenNobodyHolds() const
     return true;
 }
 
-/// One atomic replacement, so that a killed launch never leaves "wr" = "1" behind. False when the
-/// queue has become busy since it was seen free.
-bool HandOverQueue::tryAppend(const QStringList& lines) const
+/// One atomic replacement, so that a killed launch never leaves "wr" = "1" behind.
+HandOverQueue::Appending HandOverQueue::tryAppend(const QStringList& lines) const
 {
     FileLock lock(lockFile());
     lock.lockWithin(kLockPatience);
@@ -150,9 +154,9 @@ bool HandOverQueue::tryAppend(const QStringList& lines) const
                     : std::vector<IniChange>();
     });
     if (!written) {
-        qCInfo(logErrors, "the command line cannot be handed over: settings are not writable");
+        return Appending::Refused;
     }
-    return free;
+    return free ? Appending::Done : Appending::Busy;
 }
 
 HandOverQueue::Drain::Drain(const HandOverQueue& queue)
@@ -166,10 +170,10 @@ HandOverQueue::Drain::Drain(const HandOverQueue& queue)
 
 HandOverQueue::Drain::~Drain()
 {
-    const bool written = changeIniAtOnce(m_queue.m_settingsFile, [](const auto&) {
+    m_queue.m_wasReset = changeIniAtOnce(m_queue.m_settingsFile, [](const auto&) {
         return std::vector<IniChange>{{kQueue, kCount, u"0"_s}, {kQueue, kBusyFlag, u"0"_s}};
     });
-    if (!written) {
+    if (!m_queue.m_wasReset) {
         qCInfo(logErrors, "the hand-over queue cannot be reset: settings are not writable");
     }
     m_lock.setMark(false);

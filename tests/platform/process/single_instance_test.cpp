@@ -75,6 +75,22 @@ TEST_F(TwoInstances, ALaunchWithoutATokenRaisesToo)
     EXPECT_EQ(first.nextLine(), "raise");
 }
 
+TEST_F(TwoInstances, LinesThatCouldNotBeQueuedArriveBeforeTheRaise)
+{
+    startFirst();
+    QStringList lines = {u"/a b.vxl"_s, u"/100 %.mp4"_s, u"/два\nстроки"_s};
+    for (int i = 0; i < 500; ++i) { // more than one read of a socket holds
+        lines.append(u"/folder/of/clips/%1.mp4"_s.arg(i, 100));
+    }
+    Probe later;
+    later.startProgram("instance_probe", QStringList(folder.path()) + lines);
+    EXPECT_EQ(later.nextLine(), "later");
+    const QByteArray all = "lines " + lines.join(u'|').toUtf8();
+    EXPECT_EQ(first.nextLine(), all.left(all.indexOf('\n')));
+    EXPECT_EQ(first.nextLine(), all.mid(all.indexOf('\n') + 1));
+    EXPECT_EQ(first.nextLine(), "raise");
+}
+
 TEST_F(TwoInstances, AnotherApplicationFolderIsAnotherProgram)
 {
     startFirst();
