@@ -1,14 +1,11 @@
 // The tutorial: hands the lessons in the interface language to the player and ends.
 
-#include "core/paths.h"
-#include "model/settings.h"
-#include "platform/process/application_folder.h"
+#include "companions/interface_language.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLocale>
 #include <QStandardPaths>
 
 #include <array>
@@ -35,22 +32,11 @@ static QString firstFile(const QStringList& names)
     return {};
 }
 
-/// As the main window sees it: English for 1, Russian for everything else. Whoever begins with the
-/// lessons has chosen none yet: the session's language is the best guess.
-static bool isEnglish()
-{
-    const QString settings = programFile(applicationFolder(), u"\\orvanta.ini"_s);
-    const auto session = QLocale::system().uiLanguages().value(0).startsWith(u"ru")
-                             ? TextLanguage::Russian
-                             : TextLanguage::English;
-    return Settings(settings).exactTextLanguage(TextLanguage::Russian, session) ==
-           TextLanguage::English;
-}
-
 /// Beside the installed programs, or beside the build folder of a checkout.
 static QString lessons()
 {
-    const QString name = isEnglish() ? u"tutorial_eng.vxg"_s : u"tutorial_rus.vxg"_s;
+    const QString name = companionLanguage() == TextLanguage::English ? u"tutorial_eng.vxg"_s
+                                                                      : u"tutorial_rus.vxg"_s;
     return firstFile({QStringLiteral(ORVANTA_SHARED_FROM_COMPANIONS "/tutorial/") + name,
                       u"../../tutorial/"_s + name});
 }
