@@ -2,6 +2,7 @@
 
 #include "model/texts_of_editing.h"
 #include "model/texts_of_files.h"
+#include "model/texts_of_page.h"
 
 #include <algorithm>
 #include <array>
@@ -434,12 +435,13 @@ constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
 /// All tables as one.
 constexpr auto allTexts()
 {
-    std::array<InterfaceText,
-               kTextsOfWindows.size() + kTextsOfEditing.size() + kTextsOfFiles.size()>
+    std::array<InterfaceText, kTextsOfWindows.size() + kTextsOfEditing.size() +
+                                  kTextsOfFiles.size() + kTextsOfPage.size()>
         all;
     const auto editing = std::ranges::copy(kTextsOfWindows, all.begin()).out;
     const auto files = std::ranges::copy(kTextsOfEditing, editing).out;
-    std::ranges::copy(kTextsOfFiles, files);
+    const auto page = std::ranges::copy(kTextsOfFiles, files).out;
+    std::ranges::copy(kTextsOfPage, page);
     return all;
 }
 constexpr auto kTexts = allTexts();
