@@ -54,6 +54,10 @@ struct CheckWishes
 [[nodiscard]] std::vector<CheckedDocument> checkDocuments(const QStringList& filesAndFolders,
                                                           const CheckWishes& wishes);
 
+/// The text by which a document in this folder can name a file below it without naming the folder;
+/// empty for a file elsewhere, and where a reader would take the text for another file.
+[[nodiscard]] QString relativePathText(const QString& folder, const QString& file);
+
 /// The worst of all; with none at all there was no document.
 [[nodiscard]] CheckResult worstOf(const std::vector<CheckedDocument>& documents);
 

@@ -1,6 +1,7 @@
 #include "model/texts.h"
 
 #include "model/texts_of_editing.h"
+#include "model/texts_of_exchange.h"
 #include "model/texts_of_files.h"
 
 #include <algorithm>
@@ -434,12 +435,13 @@ constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
 /// All tables as one.
 constexpr auto allTexts()
 {
-    std::array<InterfaceText,
-               kTextsOfWindows.size() + kTextsOfEditing.size() + kTextsOfFiles.size()>
+    std::array<InterfaceText, kTextsOfWindows.size() + kTextsOfEditing.size() +
+                                  kTextsOfFiles.size() + kTextsOfExchange.size()>
         all;
     const auto editing = std::ranges::copy(kTextsOfWindows, all.begin()).out;
     const auto files = std::ranges::copy(kTextsOfEditing, editing).out;
-    std::ranges::copy(kTextsOfFiles, files);
+    const auto exchange = std::ranges::copy(kTextsOfFiles, files).out;
+    std::ranges::copy(kTextsOfExchange, exchange);
     return all;
 }
 constexpr auto kTexts = allTexts();
