@@ -2,6 +2,7 @@
 #pragma once
 
 #include "companions/exchange/lesson.h"
+#include "platform/media/clip_facts.h"
 
 #include <QObject>
 #include <QProcess>
@@ -11,7 +12,7 @@
 
 namespace orvanta {
 
-/// One copy at a time. The clip is only read; the copy appears under its name when it is complete
+/// One copy, once. The clip is only read; the copy appears under its name when it is complete
 /// and holds the chapters. Ends what it started when it goes.
 class ChapterCopy : public QObject
 {
@@ -33,18 +34,23 @@ Q_SIGNALS:
     void finished(const char16_t* failure, const QString& detail);
 
 private:
-    [[nodiscard]] bool prepare(const LessonPacket& packet);
-    [[nodiscard]] QStringList arguments(const QString& clip) const;
+    void run();
+    [[nodiscard]] bool prepare();
+    [[nodiscard]] QStringList arguments() const;
+    [[nodiscard]] LessonPacket shiftedPacket() const;
+    [[nodiscard]] bool holdsChapters(const ClipFacts& copy) const;
+    [[nodiscard]] bool shiftsFor(const ClipFacts& copy);
     void readProgress();
     void end(const char16_t* failure, const QString& detail = {});
     void takeResult(int exitCode, QProcess::ExitStatus status);
 
+    LessonPacket m_packet;
     QString m_target;
+    double m_shift = 0;                      // of the copy's own clock, seconds
     std::unique_ptr<QTemporaryDir> m_folder; // in the target's: taking its place is one step
     QString m_copy;
-    QProcess m_process;
+    std::unique_ptr<QProcess> m_process;
     double m_clipSeconds = 0;
-    std::size_t m_chapters = 0;
 };
 
 } // namespace orvanta

@@ -61,6 +61,7 @@ ClipFacts readClipFacts(const QString& path)
     const int64_t length = input->container().duration;
     return {.isMedia = hasSoundOrPicture(input->container()),
             .seconds = length > 0 ? static_cast<double>(length) / AV_TIME_BASE : 0,
+            .start = input->start(),
             .chapters = allChapters(*input)};
 }
 

@@ -21,6 +21,7 @@ struct ClipFacts
 {
     bool isMedia = false;
     double seconds = 0;                // 0: the clip does not say
+    double start = 0;                  // the player's second 0 by the clip's own clock, seconds
     std::vector<ClipChapter> chapters; // by their start
 };
 
