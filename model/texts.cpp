@@ -2,6 +2,7 @@
 
 #include "model/texts_of_boxes.h"
 #include "model/texts_of_editing.h"
+#include "model/texts_of_exchange.h"
 #include "model/texts_of_files.h"
 #include "model/texts_of_page.h"
 
@@ -442,8 +443,8 @@ constexpr auto joined(const std::array<InterfaceText, Sizes>&... tables)
     ((end = std::ranges::copy(tables, end).out), ...);
     return all;
 }
-constexpr auto kTexts =
-    joined(kTextsOfWindows, kTextsOfEditing, kTextsOfFiles, kTextsOfBoxes, kTextsOfPage);
+constexpr auto kTexts = joined(kTextsOfWindows, kTextsOfEditing, kTextsOfFiles, kTextsOfBoxes,
+                               kTextsOfPage, kTextsOfExchange);
 
 constexpr bool everyCellIsFilled()
 {
