@@ -156,6 +156,7 @@ private:
     int m_revision = 0;              // of the playlist after the last step, or as it was opened
     bool m_isFollowed = false;       // what is saved of it is known
     bool m_on = false;
+    bool m_canMark = false; // as it was shown last
     bool m_draftIsDue = false;
     bool m_hasOldDraft = false; // of what is open: one that nobody has taken
 };

@@ -3,6 +3,8 @@
 #include "tests/window/editing_fixture.h"
 #include "window/waveform_strip.h"
 
+#include <QTimer>
+
 namespace orvanta::test {
 
 TEST_F(EditingInTheWindow, ComesAndGoesByKeyAndButtonAndShowsItsControlsOnlyMeanwhile)
@@ -259,6 +261,24 @@ TEST_F(EditingInTheWindow, CannotMarkWhatDoesNotPlay)
     engine->tick();
     press(Qt::Key_Insert);
     EXPECT_EQ(times().size(), 2);
+}
+
+TEST_F(EditingInTheWindow, OffersMarksByButtonAsSoonAsAClipPlaysAgain)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    const QPushButton& mark = *window->Editing->MarkButton;
+    EXPECT_TRUE(mark.isEnabled());
+    click(window->Image4);
+    engine->operations().UnloadMedia();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !mark.isEnabled(); }));
+    control.autoOpen = false; // the cursor is there before the clip has opened
+    QTimer::singleShot(0, &control, [&] {
+        EXPECT_FALSE(mark.isEnabled());
+        control.completeOpening();
+    });
+    engine->ListClick(1, 1);
+    engine->tick();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return mark.isEnabled(); }));
 }
 
 TEST_F(EditingInTheWindow, ShowsTimesAndTheEndMark)
