@@ -3,6 +3,7 @@
 #include "tests/window/editing_fixture.h"
 #include "window/waveform_strip.h"
 
+#include <QContextMenuEvent>
 #include <QTimer>
 
 namespace orvanta::test {
@@ -155,6 +156,24 @@ TEST_F(EditingInTheWindow, RemovesAndMovesSeveralLinesAndUndoesEachInOneStep)
     press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     press(Qt::Key_Y, Qt::ControlModifier);
     EXPECT_EQ(texts(), (QStringList{u"one"_s, u"four"_s}));
+}
+
+TEST_F(EditingInTheWindow, KeepsSeveralSelectedLinesUnderTheMenuOfOneOfThem)
+{
+    openClips({u"one"_s, u"two"_s, u"three"_s});
+    const auto rightClick = [&](int row) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, textOfRow(row),
+                                window->List1->viewport()->mapToGlobal(textOfRow(row)));
+        QCoreApplication::sendEvent(window->List1->viewport(), &event);
+        window->ListMenu->close();
+    };
+    window->List1->setCursorLine(3);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    rightClick(3);
+    EXPECT_EQ(window->List1->selectedLines(), (std::vector{3, 4}));
+    EXPECT_EQ(line(), 3);
+    rightClick(2); // another line is taken alone
+    EXPECT_EQ(window->List1->selectedLines(), (std::vector{2}));
 }
 
 TEST_F(EditingInTheWindow, SaysWhatUndoWouldTakeBack)
