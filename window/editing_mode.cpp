@@ -28,7 +28,7 @@ EditingMode::EditingMode(EditingPorts ports, QObject* parent)
 {
     m_draftTimer.setSingleShot(true);
     m_draftTimer.setInterval(kDraftMilliseconds);
-    connect(&m_draftTimer, &QTimer::timeout, this, [this] { keepDraft(); });
+    connect(&m_draftTimer, &QTimer::timeout, this, [this] { keepDraftOrSay(); });
     connect(&m_editing, &LessonEditing::edited, this,
             [this](const EditStep& step) { showStep(step); });
     connect(&m_editing, &LessonEditing::stateChanged, this, [this] { refresh(); });

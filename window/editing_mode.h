@@ -122,6 +122,7 @@ private:
 
     // Documents: editing_mode_documents.cpp
     void keepDraft();
+    void keepDraftOrSay();
     void keepDraftSoon();
     bool save(bool elsewhere);
     [[nodiscard]] QString askTarget();
@@ -134,6 +135,7 @@ private:
     void offerDraftOfDocument();
     void takeDraft(const QString& document);
     void sayUnsaved();
+    [[nodiscard]] QString unsavedText(const QString& document) const;
     [[nodiscard]] QString nameOf(const QString& document) const;
     [[nodiscard]] QString text(QStringView name) const;
 
@@ -158,7 +160,8 @@ private:
     bool m_on = false;
     bool m_canMark = false; // as it was shown last
     bool m_draftIsDue = false;
-    bool m_hasOldDraft = false; // of what is open: one that nobody has taken
+    bool m_hasDraftFailed = false; // the last one could not be written
+    bool m_hasOldDraft = false;    // of what is open: one that nobody has taken
 };
 
 } // namespace orvanta
