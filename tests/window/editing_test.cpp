@@ -399,6 +399,18 @@ TEST_F(EditingInTheWindow, HasAPicturesPlaceInTheLinesOfAGroupsPackets)
     EXPECT_EQ(module.playlist.packet(1).ClipCount, 1);
 }
 
+TEST_F(EditingInTheWindow, HasRoomForWhatStandsInAPicturesPlaceInBothLanguages)
+{
+    openPacket(writeDocument(u"g.vxg"_s, {writePacket(u"m.vxl"_s, {u"one"_s})}, {u"Member"_s}), 1);
+    constexpr int kMargin = 4; // pixels, at the right
+    const QFontMetrics metrics(window->List1->font());
+    for (const TextLanguage language : {TextLanguage::English, TextLanguage::Russian}) {
+        const QString text = interfaceText(u"EditingMode", u"picture.none", language);
+        EXPECT_LE(metrics.horizontalAdvance(text), window->List1->timeArea(1).width() - kMargin)
+            << text.toStdString();
+    }
+}
+
 TEST_F(EditingInTheWindow, EditsTheTitlesOfAGroupInPlace)
 {
     openPacket(writeDocument(u"g.vxg"_s, {writePacket(u"m.vxl"_s, {u"one"_s})}, {u"Member"_s}), 1);
