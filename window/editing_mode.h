@@ -152,6 +152,7 @@ private:
     int m_typedLine = -1;                   // where the line is whose field was typed last
     std::vector<QAction*> m_pictureEntries; // of the menu: a group's
     QAction* m_frameEntry = nullptr;
+    QAction* m_marksEntry = nullptr; // what the clip that plays suggests
     QTimer m_draftTimer;
     std::shared_ptr<Left> m_leaving; // as it was when something else was about to begin
     std::shared_ptr<Left> m_left;    // what the notice asks about

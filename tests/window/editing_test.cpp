@@ -380,6 +380,20 @@ TEST_F(EditingInTheWindow, SaysWhenAClipSuggestsNothing)
     EXPECT_EQ(times().size(), 2);
 }
 
+TEST_F(EditingInTheWindow, OffersNoSuggestionsWhileNothingPlays)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    QMenu& more = *window->Editing->More;
+    const QAction& marks = *more.actions()[3]; // behind saving, versions and a line
+    ASSERT_NE(marks.menu(), nullptr);
+    Q_EMIT more.aboutToShow();
+    EXPECT_TRUE(marks.isEnabled());
+    click(window->Image4);
+    engine->operations().UnloadMedia();
+    Q_EMIT more.aboutToShow();
+    EXPECT_FALSE(marks.isEnabled());
+}
+
 TEST_F(EditingInTheWindow, HasAPicturesPlaceInTheLinesOfAGroupsPackets)
 {
     const QString member = writePacket(u"m.vxl"_s, {u"one"_s});
