@@ -85,8 +85,7 @@ void BoxWindow::removeLessons()
 void BoxWindow::gather()
 {
     m_plan.reset();
-    ResultLabel->clear();
-    OpenButton->hide();
+    forgetResult();
     if (m_task.isRunning()) {
         m_gathersAgain = true;
         m_task.stop();
@@ -170,6 +169,7 @@ void BoxWindow::chooseTarget()
     const QString folder =
         QFileDialog::getExistingDirectory(this, text(u"choose.target"), QFileInfo(target()).path());
     if (!folder.isEmpty()) {
+        forgetResult();
         TargetEdit->setText(QDir(folder).filePath(QFileInfo(target()).fileName()));
         TargetEdit->setModified(true);
     }
@@ -223,8 +223,7 @@ void BoxWindow::start()
     m_phase = Phase::Making;
     m_made = order.target;
     m_speed = BoxSpeed();
-    ResultLabel->clear();
-    OpenButton->hide();
+    forgetResult();
     ProgressBar->setValue(0);
     ProgressLabel->clear();
     m_task.start([plan = *m_plan, order](BoxWork& work) { writeBox(plan, order, work); });
@@ -286,6 +285,13 @@ void BoxWindow::openMade()
 {
     const QFileInfo made(m_made);
     openAddress(QUrl::fromLocalFile(made.isDir() ? m_made : made.path()));
+}
+
+/// It was about another box.
+void BoxWindow::forgetResult()
+{
+    ResultLabel->clear();
+    OpenButton->hide();
 }
 
 void BoxWindow::closeSoon()

@@ -110,6 +110,7 @@ private:
     void showResult(const BoxFailure* failure);
     void showState();
     void openMade();
+    void forgetResult();
 
     [[nodiscard]] QString text(QStringView what) const;
     [[nodiscard]] QString ending() const;

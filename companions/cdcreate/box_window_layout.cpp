@@ -184,10 +184,17 @@ void BoxWindow::connectHandlers()
     connect(RemoveButton, &QPushButton::clicked, this, [this] { removeLessons(); });
     connect(LessonList, &QListWidget::itemSelectionChanged, this, [this] { showState(); });
     for (QRadioButton* const option : {FolderOption, ImageOption, ZipOption}) {
-        connect(option, &QRadioButton::clicked, this, [this] { proposeTarget(); });
+        connect(option, &QRadioButton::clicked, this, [this] {
+            forgetResult();
+            proposeTarget();
+        });
     }
     connect(TargetEdit, &QLineEdit::textChanged, this, [this] {
         ReplaceBox->setChecked(false);
+        showState();
+    });
+    connect(TargetEdit, &QLineEdit::textEdited, this, [this] {
+        forgetResult();
         showState();
     });
     connect(TargetButton, &QPushButton::clicked, this, [this] { chooseTarget(); });
