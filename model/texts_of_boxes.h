@@ -80,15 +80,14 @@ inline constexpr auto kTextsOfBoxes = std::to_array<InterfaceText>({
     InterfaceText{u"BoxWindow", u"MissingList.name", u"What is missing", u"Чего не найдено"},
     InterfaceText{u"BoxWindow", u"AddButton", u"&Add...", u"До&бавить..."},
     InterfaceText{u"BoxWindow", u"RemoveButton", u"&Remove", u"&Удалить"},
-    InterfaceText{u"BoxWindow", u"summary", u"Packets: %1. Files in the box: %2, together %3.",
+    InterfaceText{u"Box", u"window.summary", u"Packets: %1. Files in the box: %2, together %3.",
                   u"Пакетов: %1. Файлов в коробке: %2, вместе %3."},
     InterfaceText{
-        u"BoxWindow", u"empty",
-        u"Add packets or groups, or drop them here. The box will hold them with all their "
-        u"clips and pictures and play on any machine.",
-        u"Добавьте пакеты или группы или перетащите их сюда. В коробке они будут вместе со "
-        u"всеми клипами и картинками и сыграют на любой машине."},
-    InterfaceText{u"BoxWindow", u"gathering", u"Looking for the clips...", u"Ищем клипы..."},
+        u"Box", u"window.empty",
+        u"Add packets or groups, or drop them here. The box will hold all that they name.",
+        u"Добавьте пакеты или группы или перетащите их сюда. В коробке будет всё, что они "
+        u"называют."},
+    InterfaceText{u"Box", u"window.gathering", u"Looking for the clips...", u"Ищем клипы..."},
     InterfaceText{u"BoxWindow", u"MissingLabel", u"&Missing: %1", u"&Не найдено: %1"},
     InterfaceText{u"BoxWindow", u"SkipBox", u"Make the box &without them",
                   u"Сделать коробку без н&их"},
@@ -101,19 +100,19 @@ inline constexpr auto kTextsOfBoxes = std::to_array<InterfaceText>({
     InterfaceText{u"BoxWindow", u"ZipOption", u"a &ZIP archive", u"архив &ZIP"},
     InterfaceText{u"BoxWindow", u"TargetLabel", u"&To", u"Ку&да"},
     InterfaceText{u"BoxWindow", u"TargetButton", u"&Choose...", u"&Выбрать..."},
-    InterfaceText{u"BoxWindow", u"target.more", u" (box)", u" (коробка)"},
+    InterfaceText{u"Box", u"window.target.more", u" (box)", u" (коробка)"},
     InterfaceText{u"BoxWindow", u"BrowserBox", u"For any &browser, too", u"И для любого бр&аузера"},
     InterfaceText{u"BoxWindow", u"ReplaceBox", u"R&eplace the earlier box",
                   u"&Заменить прежнюю коробку"},
     InterfaceText{u"BoxWindow", u"ProgressBar.name", u"Progress", u"Ход работы"},
-    InterfaceText{u"BoxWindow", u"done", u"The box is ready: %1", u"Коробка готова: %1"},
+    InterfaceText{u"Box", u"window.done", u"The box is ready: %1", u"Коробка готова: %1"},
     InterfaceText{u"BoxWindow", u"OpenButton", u"&Open the folder", u"О&ткрыть папку"},
     InterfaceText{u"BoxWindow", u"StartButton", u"Make the bo&x", u"Сде&лать коробку"},
     InterfaceText{u"BoxWindow", u"CloseButton", u"Close", u"Закрыть"},
     InterfaceText{u"BoxWindow", u"CloseButton.stop", u"Stop", u"Остановить"},
-    InterfaceText{u"BoxWindow", u"choose.lessons", u"Packets and groups", u"Пакеты и группы"},
-    InterfaceText{u"BoxWindow", u"choose.kind", u"Lessons", u"Уроки"},
-    InterfaceText{u"BoxWindow", u"choose.target", u"In which folder?", u"В какой папке?"},
+    InterfaceText{u"Box", u"window.choose.lessons", u"Packets and groups", u"Пакеты и группы"},
+    InterfaceText{u"Box", u"window.choose.kind", u"Lessons", u"Уроки"},
+    InterfaceText{u"Box", u"window.choose.target", u"In which folder?", u"В какой папке?"},
 
     // The READ ME of a box; plain text.
     InterfaceText{

@@ -29,6 +29,11 @@ using namespace Qt::StringLiterals;
 
 QString BoxWindow::text(QStringView what) const
 {
+    return interfaceText(u"Box", what, m_language);
+}
+
+QString BoxWindow::caption(QStringView what) const
+{
     return interfaceText(u"BoxWindow", what, m_language);
 }
 
@@ -71,8 +76,8 @@ void BoxWindow::chooseLessons()
 {
     const QString folder =
         LessonList->count() == 0 ? QDir::homePath() : QFileInfo(lessons().last()).path();
-    addLessons(QFileDialog::getOpenFileNames(this, text(u"choose.lessons"), folder,
-                                             text(u"choose.kind") + u" (*.vxl *.vxg)"_s));
+    addLessons(QFileDialog::getOpenFileNames(this, text(u"window.choose.lessons"), folder,
+                                             text(u"window.choose.kind") + u" (*.vxl *.vxg)"_s));
 }
 
 void BoxWindow::removeLessons()
@@ -104,13 +109,14 @@ void BoxWindow::showPlan()
     const bool isKnown = m_plan != nullptr && m_phase == Phase::Idle;
     if (isKnown) {
         const auto count = m_plan->files.size() + m_plan->documents.size() + 1; // the READ ME
-        SummaryLabel->setText(text(u"summary")
+        SummaryLabel->setText(text(u"window.summary")
                                   .arg(m_plan->packets.size())
                                   .arg(count)
                                   .arg(sizeText(m_plan->bytes(), m_language)));
         proposeTarget();
     } else {
-        SummaryLabel->setText(text(LessonList->count() == 0 ? u"empty" : u"gathering"));
+        SummaryLabel->setText(
+            text(LessonList->count() == 0 ? u"window.empty" : u"window.gathering"));
     }
     showMissing();
     showState();
@@ -128,7 +134,7 @@ void BoxWindow::showMissing()
         auto* const item = new QListWidgetItem(line, MissingList);
         item->setToolTip(part.document);
     }
-    MissingLabel->setText(text(u"MissingLabel").arg(MissingList->count()));
+    MissingLabel->setText(caption(u"MissingLabel").arg(MissingList->count()));
     for (QWidget* const widget :
          std::initializer_list<QWidget*>{MissingLabel, MissingList, SkipBox}) {
         widget->setVisible(isMissing);
@@ -156,7 +162,7 @@ void BoxWindow::proposeTarget()
         // A lesson that lies there under its own name is not the box.
         if (QFileInfo::exists(box + ending()) &&
             !mayReplace(box + ending(), ending().isEmpty(), true)) {
-            box += text(u"target.more");
+            box += text(u"window.target.more");
         }
     }
     const bool isTyped = TargetEdit->isModified();
@@ -166,8 +172,8 @@ void BoxWindow::proposeTarget()
 
 void BoxWindow::chooseTarget()
 {
-    const QString folder =
-        QFileDialog::getExistingDirectory(this, text(u"choose.target"), QFileInfo(target()).path());
+    const QString folder = QFileDialog::getExistingDirectory(this, text(u"window.choose.target"),
+                                                             QFileInfo(target()).path());
     if (!folder.isEmpty()) {
         forgetResult();
         TargetEdit->setText(QDir(folder).filePath(QFileInfo(target()).fileName()));
@@ -203,7 +209,7 @@ void BoxWindow::showState()
     ReplaceBox->setVisible(isTaken && mayReplace(target(), isFolder, true) && !isMaking);
     StartButton->setEnabled(canStart());
     StartButton->setDefault(true);
-    CloseButton->setText(text(isMaking ? u"CloseButton.stop" : u"CloseButton"));
+    CloseButton->setText(caption(isMaking ? u"CloseButton.stop" : u"CloseButton"));
     ProgressBar->setVisible(isMaking);
     ProgressLabel->setVisible(isMaking);
     if (isTaken && !isMaking && ReplaceBox->isHidden()) {
@@ -275,7 +281,7 @@ void BoxWindow::showResult(const BoxFailure* failure)
         StartButton->setFocus();
         return;
     }
-    ResultLabel->setText(breakable(text(u"done").arg(m_made)));
+    ResultLabel->setText(breakable(text(u"window.done").arg(m_made)));
     OpenButton->show();
     OpenButton->setFocus();
 }

@@ -112,7 +112,8 @@ private:
     void openMade();
     void forgetResult();
 
-    [[nodiscard]] QString text(QStringView what) const;
+    [[nodiscard]] QString text(QStringView what) const;    // what is said of boxes
+    [[nodiscard]] QString caption(QStringView what) const; // of this window
     [[nodiscard]] QString ending() const;
     [[nodiscard]] QString target() const;
     [[nodiscard]] bool canStart() const;

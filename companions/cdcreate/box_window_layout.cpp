@@ -93,7 +93,9 @@ void BoxWindow::layOut()
     all->addWidget(targetPart());
     all->addWidget(endPart());
     constexpr QSize kUsual(560, 480);
+    constexpr int kNarrowest = 440;
     resize(kUsual);
+    setMinimumWidth(kNarrowest);
 }
 
 /// Long paths within it may be broken and never widen the window.
@@ -139,7 +141,7 @@ QWidget* BoxWindow::targetPart()
     FolderOption->setChecked(true);
     if (imageProgram().isEmpty()) {
         ImageOption->setEnabled(false);
-        ImageOption->setToolTip(text(u"ImageOption.absent"));
+        ImageOption->setToolTip(caption(u"ImageOption.absent"));
     }
     auto* grid = new QGridLayout(part);
     grid->setContentsMargins({});
