@@ -1,12 +1,9 @@
 // The tutorial: hands the lessons in the interface language to the player and ends.
 
-#include "companions/interface_language.h"
+#include "companions/player_program.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QStandardPaths>
 
 #include <array>
 #include <cerrno>
@@ -19,38 +16,13 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-/// The first of the files that is there, seen from this program's folder; empty for none.
-static QString firstFile(const QStringList& names)
-{
-    const QDir here(QCoreApplication::applicationDirPath());
-    for (const QString& name : names) {
-        QString file = QDir::cleanPath(here.absoluteFilePath(name));
-        if (QFileInfo(file).isFile()) {
-            return file;
-        }
-    }
-    return {};
-}
-
 /// Beside the installed programs, or beside the build folder of a checkout.
 static QString lessons()
 {
-    const QString name = companionLanguage() == TextLanguage::English ? u"tutorial_eng.vxg"_s
-                                                                      : u"tutorial_rus.vxg"_s;
-    return firstFile({QStringLiteral(ORVANTA_SHARED_FROM_COMPANIONS "/tutorial/") + name,
-                      u"../../tutorial/"_s + name});
-}
-
-/// The player says where it is when it starts this program.
-static QString player()
-{
-    QString told = qEnvironmentVariable("ORVANTA_PROGRAM");
-    if (QFileInfo(told).isExecutable()) {
-        return told;
-    }
-    const QString near =
-        firstFile({QStringLiteral(ORVANTA_BIN_FROM_COMPANIONS "/orvanta"), u"../orvanta"_s});
-    return near.isEmpty() ? QStandardPaths::findExecutable(u"orvanta"_s) : near;
+    const bool isEnglish = companionLanguage() == TextLanguage::English;
+    const QString name = isEnglish ? u"tutorial_eng.vxg"_s : u"tutorial_rus.vxg"_s;
+    return fileNearCompanions({QStringLiteral(ORVANTA_SHARED_FROM_COMPANIONS "/tutorial/") + name,
+                               u"../../tutorial/"_s + name});
 }
 
 static int complain(const char* what)
@@ -63,7 +35,7 @@ static int complain(const char* what)
 static int playLessons()
 {
     const QByteArray group = QFile::encodeName(lessons());
-    QByteArray program = QFile::encodeName(player());
+    QByteArray program = QFile::encodeName(playerProgram());
     if (group.isEmpty()) {
         return complain("the lessons are not there");
     }

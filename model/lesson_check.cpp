@@ -160,7 +160,7 @@ CheckedText DocumentCheck::look(CheckedPart part, std::size_t index, const QStri
 }
 
 /// Empty when a document could not say it so that it means the file.
-static QString relativePath(const QString& folder, const QString& file)
+QString relativePathText(const QString& folder, const QString& file)
 {
     const QString relative = QDir(folder).relativeFilePath(file);
     const bool isBelow = !relative.startsWith(u"../"_s) && !relative.startsWith(u'/');
@@ -178,10 +178,10 @@ QString DocumentCheck::textFor(const CheckedText& checked, const QString& folder
     }
     QString better;
     if (m_wishes.makesRelative && isAbsolutePathText(checked.text)) {
-        better = relativePath(folder, file);
+        better = relativePathText(folder, file);
     }
     if (better.isEmpty() && checked.found.finding == Finding::Elsewhere) {
-        better = m_wishes.makesRelative ? relativePath(folder, file) : QString();
+        better = m_wishes.makesRelative ? relativePathText(folder, file) : QString();
         better = better.isEmpty() && asDocumentHolds(file) == file ? file : better;
     }
     if (better.isEmpty() || better == checked.text) {

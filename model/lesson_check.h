@@ -62,6 +62,10 @@ struct CheckWishes
 /// spoils no other. Raises 13 or 6.
 [[nodiscard]] std::vector<GroupMember> groupMembers(const QString& file);
 
+/// The text by which a document in this folder can name a file below it without naming the folder;
+/// empty for a file elsewhere, and where a reader would take the text for another file.
+[[nodiscard]] QString relativePathText(const QString& folder, const QString& file);
+
 /// The worst of all; with none at all there was no document.
 [[nodiscard]] CheckResult worstOf(const std::vector<CheckedDocument>& documents);
 

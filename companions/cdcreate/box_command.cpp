@@ -5,7 +5,7 @@
 #include "companions/cdcreate/box_texts.h"
 #include "companions/cdcreate/box_writer.h"
 #include "companions/cdcreate/lesson_box.h"
-#include "companions/interface_language.h"
+#include "companions/player_program.h"
 #include "platform/process/end_signals.h"
 
 #include <QCoreApplication>
