@@ -84,7 +84,7 @@ constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
     InterfaceText{u"Form2", u"cp", u"&Packet...", u"&Пакет..."},
     InterfaceText{u"Form2", u"cg", u"&Group...", u"&Группу..."},
     InterfaceText{u"Form2", u"op", u"&Options", u"&Опции"},
-    // The program behind it speaks English only.
+    // The name of the program behind it, in both languages.
     InterfaceText{u"Form2", u"cdc", u"&CD Create", u"&CD Create"},
     InterfaceText{u"Form2", u"ai", u"&Add-ins", u"&Дополнения"},
     InterfaceText{u"Form2", u"add", u"(No Add-ins)", u"(No Add-ins)"},
