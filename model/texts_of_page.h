@@ -34,6 +34,8 @@ inline constexpr auto kTextsOfPage = std::to_array<InterfaceText>({
     InterfaceText{u"LessonPage", u"from", u"Begin slower", u"Начинать медленнее"},
     InterfaceText{u"LessonPage", u"step", u"Each round faster", u"С каждым разом быстрее"},
     InterfaceText{u"LessonPage", u"mirror", u"Mirror the picture", u"Отразить картинку"},
+    InterfaceText{u"LessonPage", u"empty", u"Press Play or choose a line",
+                  u"Нажмите «Воспроизвести» или выберите строку"},
     InterfaceText{u"LessonPage", u"goingOn", u"Going on by itself", u"Продолжение само собой"},
     InterfaceText{u"LessonPage", u"nextClip", u"The next clip follows",
                   u"За клипом следующий клип"},

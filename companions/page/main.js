@@ -66,6 +66,7 @@ class Page {
         element('language').textContent = this.words.text('language');
         element('language').lang = this.words.other;
         this.list.showMissing(this.words.text('missing'));
+        element('text').dataset.empty = this.words.text('empty');
         this.sheets.show();
         this.sheets.showKeys(this.keys.list(this.words));
         this.view.showChips();

@@ -110,13 +110,10 @@ class View {
         this.showChips();
     }
 
-    // What is not as usual, beside the text.
+    // What is not as usual, beside the text; the speed has its box.
     showChips() {
         const { practice } = this.engine;
         const chips = [];
-        if (practice.speed !== 100) {
-            chips.push(this.words.speed(practice.speed));
-        }
         if (practice.times !== 1) {
             chips.push(this.round > 1 ? this.words.round(this.round, practice.times)
                 : this.words.times(practice.times));
