@@ -38,6 +38,9 @@ protected:
     [[nodiscard]] QString textOf(const QString& selector);
     /// The texts of the lines since the page was opened, in their order.
     [[nodiscard]] QStringList played();
+    /// What the page has said about clips that do not play, or not wholly.
+    [[nodiscard]] QStringList unplayable();
+    [[nodiscard]] int countOfNotices(const QString& text);
     [[nodiscard]] bool waitForText(const QString& text);
     [[nodiscard]] bool waitForState(const QString& state);
     [[nodiscard]] bool waitForEnd();
@@ -52,6 +55,7 @@ protected:
 
 private:
     void note();
+    [[nodiscard]] QStringList textsOf(const QString& expression);
 };
 
 /// A packet of clips, one of brakes, one of clips; the first has an unchecked line in it, the

@@ -48,8 +48,8 @@ TEST_P(PageOnPhone, EveryTargetIsLargeEnoughForAFingerAndOnTheScreen)
         open(lesson);
         EXPECT_EQ(smallTargets(), QJsonArray());
         EXPECT_EQ(clipped(), QJsonArray());
-        EXPECT_TRUE(browser->evaluate(u"document.documentElement.scrollWidth <= innerWidth"_s)
-                        .toBool());
+        EXPECT_TRUE(
+            browser->evaluate(u"document.documentElement.scrollWidth <= innerWidth"_s).toBool());
     }
 }
 
@@ -73,8 +73,9 @@ TEST_P(PageOnPhone, TheListCanBeSeen)
     open(smallLesson(folder));
     const QJsonArray list =
         browser
-            ->evaluate(u"(() => { const r = document.getElementById('list').getBoundingClientRect();"
-                       "return [r.height, document.documentElement.scrollHeight - r.bottom]; })()"_s)
+            ->evaluate(
+                u"(() => { const r = document.getElementById('list').getBoundingClientRect();"
+                "return [r.height, document.documentElement.scrollHeight - r.bottom]; })()"_s)
             .toArray();
     EXPECT_GE(list.at(0).toDouble(), 140);
     EXPECT_GE(list.at(1).toDouble(), 0);
@@ -116,14 +117,14 @@ protected:
 private:
     static QString lineOf(const QJsonObject& node)
     {
-        QString line = node[u"role"_s][u"value"_s].toString() + u' ' +
-                       node[u"name"_s][u"value"_s].toString();
+        QString line =
+            node[u"role"_s][u"value"_s].toString() + u' ' + node[u"name"_s][u"value"_s].toString();
         const QJsonArray properties = node[u"properties"_s].toArray();
         for (const QJsonValue& property : properties) {
             const QString name = property[u"name"_s].toString();
             if (name == u"checked" || name == u"level" || name == u"pressed") {
-                line += u' ' + name + u'=' +
-                        property[u"value"_s][u"value"_s].toVariant().toString();
+                line +=
+                    u' ' + name + u'=' + property[u"value"_s][u"value"_s].toVariant().toString();
             }
         }
         return line;
@@ -165,8 +166,7 @@ TEST_F(PageByEar, TabLeadsThroughEveryControlAndOneLineOfTheList)
     QStringList reached;
     for (int i = 0; i < 20; ++i) {
         browser->press(u"Tab"_s);
-        reached += browser
-                       ->evaluate(u"document.activeElement.id || document.activeElement.role"_s)
+        reached += browser->evaluate(u"document.activeElement.id || document.activeElement.role"_s)
                        .toString();
     }
     for (const QString& id : {u"find"_s, u"language"_s, u"helpButton"_s, u"position"_s, u"play"_s,

@@ -74,11 +74,11 @@ private:
         talk.title = isRussian ? u"На вокзале"_s : u"At the station"_s;
         talk.lines.clear();
         for (int i = 1; i <= 14; ++i) {
-            talk.lines.push_back(clipLine(
-                (isRussian ? u"Когда отправляется поезд в Новгород? Фраза %1"_s
-                           : u"When does the next train to Norwich leave? Phrase %1"_s)
-                    .arg(i),
-                i == 5 ? PageMedia() : folder.clip(u"two.mp4"_s)));
+            talk.lines.push_back(
+                clipLine((isRussian ? u"Когда отправляется поезд в Новгород? Фраза %1"_s
+                                    : u"When does the next train to Norwich leave? Phrase %1"_s)
+                             .arg(i),
+                         i == 5 ? PageMedia() : folder.clip(u"two.mp4"_s)));
         }
         talk.lines[2].isChecked = false;
         return lesson;
