@@ -1,15 +1,9 @@
 // The tutorial: hands the lessons in the interface language to the player and ends.
 
-#include "core/paths.h"
-#include "model/settings.h"
-#include "platform/process/application_folder.h"
+#include "companions/player_program.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QLocale>
-#include <QStandardPaths>
 
 #include <array>
 #include <cerrno>
@@ -22,49 +16,13 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-/// The first of the files that is there, seen from this program's folder; empty for none.
-static QString firstFile(const QStringList& names)
-{
-    const QDir here(QCoreApplication::applicationDirPath());
-    for (const QString& name : names) {
-        QString file = QDir::cleanPath(here.absoluteFilePath(name));
-        if (QFileInfo(file).isFile()) {
-            return file;
-        }
-    }
-    return {};
-}
-
-/// As the main window sees it: English for 1, Russian for everything else. Whoever begins with the
-/// lessons has chosen none yet: the session's language is the best guess.
-static bool isEnglish()
-{
-    const QString settings = programFile(applicationFolder(), u"\\orvanta.ini"_s);
-    const auto session = QLocale::system().uiLanguages().value(0).startsWith(u"ru")
-                             ? TextLanguage::Russian
-                             : TextLanguage::English;
-    return Settings(settings).exactTextLanguage(TextLanguage::Russian, session) ==
-           TextLanguage::English;
-}
-
 /// Beside the installed programs, or beside the build folder of a checkout.
 static QString lessons()
 {
-    const QString name = isEnglish() ? u"tutorial_eng.vxg"_s : u"tutorial_rus.vxg"_s;
-    return firstFile({QStringLiteral(ORVANTA_SHARED_FROM_COMPANIONS "/tutorial/") + name,
-                      u"../../tutorial/"_s + name});
-}
-
-/// The player says where it is when it starts this program.
-static QString player()
-{
-    QString told = qEnvironmentVariable("ORVANTA_PROGRAM");
-    if (QFileInfo(told).isExecutable()) {
-        return told;
-    }
-    const QString near =
-        firstFile({QStringLiteral(ORVANTA_BIN_FROM_COMPANIONS "/orvanta"), u"../orvanta"_s});
-    return near.isEmpty() ? QStandardPaths::findExecutable(u"orvanta"_s) : near;
+    const bool isEnglish = companionLanguage() == TextLanguage::English;
+    const QString name = isEnglish ? u"tutorial_eng.vxg"_s : u"tutorial_rus.vxg"_s;
+    return fileNearCompanions({QStringLiteral(ORVANTA_SHARED_FROM_COMPANIONS "/tutorial/") + name,
+                               u"../../tutorial/"_s + name});
 }
 
 static int complain(const char* what)
@@ -77,7 +35,7 @@ static int complain(const char* what)
 static int playLessons()
 {
     const QByteArray group = QFile::encodeName(lessons());
-    QByteArray program = QFile::encodeName(player());
+    QByteArray program = QFile::encodeName(playerProgram());
     if (group.isEmpty()) {
         return complain("the lessons are not there");
     }

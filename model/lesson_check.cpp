@@ -1,6 +1,5 @@
 #include "model/lesson_check.h"
 
-#include "core/document_saving.h"
 #include "core/error_boundary.h"
 #include "core/group_file.h"
 #include "core/ini.h"
@@ -113,6 +112,11 @@ static CheckResult resultBeforeReading(const QString& file)
     return holdsList(file) ? CheckResult::AllFound : CheckResult::NoDocument;
 }
 
+bool isLessonDocument(const QString& file)
+{
+    return resultBeforeReading(file) == CheckResult::AllFound;
+}
+
 static void noteMissing(CheckedDocument& document)
 {
     const bool isMissing =
@@ -156,7 +160,7 @@ CheckedText DocumentCheck::look(CheckedPart part, std::size_t index, const QStri
 }
 
 /// Empty when a document could not say it so that it means the file.
-static QString relativePath(const QString& folder, const QString& file)
+QString relativePathText(const QString& folder, const QString& file)
 {
     const QString relative = QDir(folder).relativeFilePath(file);
     const bool isBelow = !relative.startsWith(u"../"_s) && !relative.startsWith(u'/');
@@ -174,10 +178,10 @@ QString DocumentCheck::textFor(const CheckedText& checked, const QString& folder
     }
     QString better;
     if (m_wishes.makesRelative && isAbsolutePathText(checked.text)) {
-        better = relativePath(folder, file);
+        better = relativePathText(folder, file);
     }
     if (better.isEmpty() && checked.found.finding == Finding::Elsewhere) {
-        better = m_wishes.makesRelative ? relativePath(folder, file) : QString();
+        better = m_wishes.makesRelative ? relativePathText(folder, file) : QString();
         better = better.isEmpty() && asDocumentHolds(file) == file ? file : better;
     }
     if (better.isEmpty() || better == checked.text) {
@@ -213,9 +217,7 @@ void DocumentCheck::checkPacket(CheckedDocument& packet, const QString& groupFol
     }
 }
 
-/// Without the packets themselves: these are read one by one, so that one that is spoilt spoils no
-/// other. Raises 13 or 6.
-static std::vector<GroupMember> membersOf(const QString& file)
+std::vector<GroupMember> groupMembers(const QString& file)
 {
     const IniSnapshot group(file);
     const int count = countValue(group.read(u"main"_s, u"files"_s, u"0"_s)).value();
@@ -230,7 +232,7 @@ static std::vector<GroupMember> membersOf(const QString& file)
 
 void DocumentCheck::checkGroup(CheckedDocument& group)
 {
-    std::vector<GroupMember> members = membersOf(group.document);
+    std::vector<GroupMember> members = groupMembers(group.document);
     const LessonFolders folders = {.packet = folderOfPath(group.document)};
     bool isChanged = false;
     for (std::size_t i = 0; i < members.size(); ++i) {

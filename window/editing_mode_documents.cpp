@@ -193,6 +193,7 @@ void EditingMode::playlistShown()
         m_saving.forget();
     }
     const QString& document = m_ports.module.playlist.Document;
+    m_drafts.discardWhatIsSaved(m_ports.module.playlist);
     m_hasOldDraft = m_drafts.of(document).has_value();
     if (m_left && m_hasOldDraft && m_left->playlist.Document == document && !document.isEmpty()) {
         m_left.reset(); // it has come back: saved now, it would not be what is open

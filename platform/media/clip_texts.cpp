@@ -1,13 +1,12 @@
 #include "platform/media/clip_texts.h"
 
-#include "core/ini_encoding.h"
+#include "core/foreign_text.h"
 #include "core/log.h"
 #include "platform/media/clip_input.h"
 #include "platform/media/container_formats.h"
 #include "platform/media/subtitle_file.h"
 
 #include <QFileInfo>
-#include <QStringDecoder>
 
 #include <algorithm>
 #include <map>
@@ -142,35 +141,14 @@ static std::vector<SubtitleTrack> tracksIn(ClipInput& input, double zero)
     return read;
 }
 
-// In Cyrillic words the bytes above 0xc0 stand side by side; other letters with marks stand alone.
-static bool looksCyrillic(QByteArrayView bytes)
-{
-    const auto isHigh = [](char byte) { return static_cast<unsigned char>(byte) >= 0xc0; };
-    qsizetype high = 0;
-    qsizetype beside = 0;
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
-        high += isHigh(bytes[i]) ? 1 : 0;
-        beside += i > 0 && isHigh(bytes[i]) && isHigh(bytes[i - 1]) ? 1 : 0;
-    }
-    return beside * 2 > high;
-}
-
 static QByteArray asUtf8(const QByteArray& bytes, const std::shared_ptr<const CodePage>& page)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(bytes);
-    if (!utf8.hasError() && !text.contains(QChar::Null)) {
-        return bytes;
-    }
-    const std::shared_ptr<const CodePage> cyrillic =
-        looksCyrillic(bytes) ? CodePage::named(u"windows-1251"_s) : nullptr;
-    const std::shared_ptr<const CodePage>& used = cyrillic ? cyrillic : page;
-    return used ? used->decode(bytes).toUtf8() : bytes;
+    return isForeignText(bytes) ? foreignText(bytes, page).toUtf8() : bytes;
 }
 
-static std::vector<SubtitleTrack> tracksBeside(const QString& file,
-                                               const std::shared_ptr<const CodePage>& page,
-                                               const std::function<bool()>& stopped)
+std::vector<SubtitleTrack> readSubtitleFile(const QString& file,
+                                            const std::shared_ptr<const CodePage>& page,
+                                            const std::function<bool()>& stopped)
 {
     const Descriptor copy = copyOfSubtitles(file);
     const std::optional<QByteArray> bytes = copy.isOpen() ? copy.readAll() : std::nullopt;
@@ -218,7 +196,7 @@ ClipTexts readClipTexts(const QString& path, const std::shared_ptr<const CodePag
                qUtf16Printable(error));
     }
     for (const QString& file : filesBeside(path)) {
-        std::vector<SubtitleTrack> more = tracksBeside(file, page, stopped);
+        std::vector<SubtitleTrack> more = readSubtitleFile(file, page, stopped);
         std::move(more.begin(), more.end(), std::back_inserter(texts.subtitles));
     }
     return texts;

@@ -36,4 +36,10 @@ struct ClipTexts
                                       const std::shared_ptr<const CodePage>& page,
                                       const std::function<bool()>& stopped);
 
+/// The lines of one file of subtitles, an absolute path, in the same manner: nothing for what does
+/// not begin as subtitles do.
+[[nodiscard]] std::vector<SubtitleTrack>
+readSubtitleFile(const QString& file, const std::shared_ptr<const CodePage>& page,
+                 const std::function<bool()>& stopped);
+
 } // namespace orvanta
