@@ -1,6 +1,7 @@
 // "CD Create": a lesson in a box, at a terminal or in a window.
 
 #include "companions/cdcreate/box_command.h"
+#include "companions/page/box_page.h"
 #include "core/version.h"
 
 #include <QCoreApplication>
@@ -40,5 +41,5 @@ int main(int argc, char** argv)
     if (arguments == QStringList(u"--version"_s)) {
         return answer(u"cdcreate (Orvanta) %1\n"_s.arg(kVersion));
     }
-    return runBoxCommand(boxCommand(arguments), {});
+    return runBoxCommand(boxCommand(arguments), boxPage());
 }

@@ -20,6 +20,12 @@ void PageTest::open(const PageLesson& lesson, PageOrigin origin)
     note();
 }
 
+void PageTest::openPage(const QString& file)
+{
+    browser->open(addressOfFile(file));
+    note();
+}
+
 void PageTest::reload()
 {
     browser->open(browser->evaluate(u"location.href"_s).toString());

@@ -33,6 +33,8 @@ protected:
 
     /// Opens the lesson's page and begins to note the texts that become current.
     void open(const PageLesson& lesson, PageOrigin origin = PageOrigin::Stick);
+    /// The same with a page that is there already.
+    void openPage(const QString& file);
     void reload();
     /// What the page's own texts are looked up by: the content of an element.
     [[nodiscard]] QString textOf(const QString& selector);
