@@ -4,10 +4,11 @@
 #include "companions/page/box_page.h"
 #include "core/version.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 namespace orvanta {
 
@@ -28,13 +29,24 @@ static QStringList argumentsOf(int count, char** arguments)
     return texts;
 }
 
+/// Old pictures are drawn anew for the page; that needs fonts, and no display.
+static std::unique_ptr<QCoreApplication> applicationFor(const BoxCommand& command, int& count,
+                                                        char** arguments)
+{
+    if (!command.forBrowsers) {
+        return std::make_unique<QCoreApplication>(count, arguments);
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    return std::make_unique<QGuiApplication>(count, arguments);
+}
+
 } // namespace orvanta
 
 int main(int argc, char** argv)
 {
     using namespace orvanta;
-    const QCoreApplication application(argc, argv);
     const QStringList arguments = argumentsOf(argc, argv);
+    const auto application = applicationFor(boxCommand(arguments), argc, argv);
     if (arguments == QStringList(u"--help"_s)) {
         return answer(interfaceText(u"Box", u"--help", TextLanguage::English));
     }

@@ -8,6 +8,7 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QHash>
 #include <QTemporaryDir>
 
@@ -209,6 +210,13 @@ void PageMaker::improve(PagePacket& packet)
     }
 }
 
+/// Null without the application that has the fonts: Qt would end the program.
+static QImage metafileOf(const QString& file)
+{
+    const bool hasFonts = qobject_cast<QGuiApplication*>(QCoreApplication::instance()) != nullptr;
+    return hasFonts ? readMetafileOf(file) : QImage();
+}
+
 /// Old metafiles are drawn anew.
 QString PageMaker::shownPicture(const QString& name)
 {
@@ -219,7 +227,7 @@ QString PageMaker::shownPicture(const QString& name)
         return *known;
     }
     const auto file = std::ranges::find(m_plan.files, name, &BoxFile::name);
-    const QImage image = file == m_plan.files.end() ? QImage() : readMetafileOf(file->source);
+    const QImage image = file == m_plan.files.end() ? QImage() : metafileOf(file->source);
     QBuffer png;
     QString shown;
     if (png.open(QIODevice::WriteOnly) && image.save(&png, "PNG")) {

@@ -1,5 +1,6 @@
 // A lesson of every kind of clip, boxed with its page, the originals gone, plays in the browser.
 #include "tests/companions/page/page_fixture.h"
+#include "tests/support/metafile_bytes.h"
 
 #include <QDir>
 #include <QJsonArray>
@@ -95,6 +96,17 @@ TEST_P(BoxedPage, ShowsThePictureOfAPacketOfSounds)
     EXPECT_TRUE(browser->evaluate(u"document.getElementById('media').hidden"_s).toBool());
     EXPECT_EQ(unplayable().join(u", ").toStdString(), "");
     expectNoComplaints();
+}
+
+TEST_P(BoxedPage, ShowsAMetafileToo)
+{
+    take(u"one.mp3"_s);
+    write(u"old.wmf"_s, redMetafile());
+    write(u"s.vxl"_s, "[main]\nfiles=1\n[file1]\npath=one.mp3\ntext=sound\n");
+    box(write(u"g.vxg"_s, "[main]\nfiles=1\n[file1]\npath=s.vxl\ntext=Old\npicture=old.wmf\n"));
+    browser->press(u" "_s);
+    EXPECT_TRUE(browser->waitUntil(u"!document.getElementById('picture').hidden && "
+                                   "document.getElementById('picture').naturalWidth === 192"_s));
 }
 
 static std::string nameOfBrowser(const testing::TestParamInfo<BrowserKind>& kind)
