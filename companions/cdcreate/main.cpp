@@ -29,6 +29,10 @@ static QStringList argumentsOf(int count, char** arguments)
     return texts;
 }
 
+static void keepSilent(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
+                       const QString& /*text*/)
+{}
+
 /// Old pictures are drawn anew for the page; that needs fonts, and no display.
 static std::unique_ptr<QCoreApplication> applicationFor(const BoxCommand& command, int& count,
                                                         char** arguments)
@@ -37,7 +41,11 @@ static std::unique_ptr<QCoreApplication> applicationFor(const BoxCommand& comman
         return std::make_unique<QCoreApplication>(count, arguments);
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    return std::make_unique<QGuiApplication>(count, arguments);
+    // At its start it has opinions about the session, which this program has no use for.
+    const QtMessageHandler usual = qInstallMessageHandler(keepSilent);
+    auto application = std::make_unique<QGuiApplication>(count, arguments);
+    qInstallMessageHandler(usual);
+    return application;
 }
 
 } // namespace orvanta

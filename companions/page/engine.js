@@ -196,9 +196,12 @@ class Engine {
         }
         const left = time - this.stage.time;
         if (left < 0) {
-            return this.brakeReached();
+            this.brakeReached();
         }
-        this.due = setTimeout(() => this.look(), Math.max(left / this.stage.speed * 1000, 4));
+        // The brake behind may be due before anything else tells that time has passed.
+        const next = left < 0 ? 0 : Math.max(left / this.stage.speed * 1000, 4);
+        clearTimeout(this.due);
+        this.due = setTimeout(() => this.look(), next);
     }
 
     decide(seconds) {
