@@ -119,8 +119,7 @@ class View {
                 : this.words.times(practice.times));
         }
         if (practice.wait !== Rules.noWait) {
-            chips.push(this.words.text('chip.wait',
-                this.words.wait(practice.wait, practice.seconds)));
+            chips.push(this.words.waitChip(practice));
         }
         element('chips').replaceChildren(...chips.map((text) => {
             const chip = document.createElement('span');

@@ -62,9 +62,27 @@ public:
         (void)browser->evaluate(u"document.getElementById('practiceSheet').close()"_s);
         browser->press(u"F1"_s);
         save(look.name.toString() + u"_keys"_s + tail);
+        browser->press(u"Escape"_s);
+        takeRest(look.name.toString(), tail);
     }
 
 private:
+    /// A wait, the whole screen, coming back.
+    void takeRest(const QString& name, const QString& tail)
+    {
+        (void)browser->waitUntil(u"document.querySelector('dialog[open]') === null"_s);
+        browser->press(u"F9"_s);
+        (void)browser->waitUntil(u"!document.getElementById('wait').hidden"_s);
+        save(name + u"_waits"_s + tail);
+        browser->press(u"F11"_s);
+        (void)browser->waitUntil(u"document.fullscreenElement !== null"_s);
+        save(name + u"_screen"_s + tail);
+        browser->press(u"n"_s);
+        (void)browser->waitUntil(u"document.fullscreenElement === null"_s);
+        reload();
+        save(name + u"_resumes"_s + tail);
+    }
+
     [[nodiscard]] PageLesson lessonOf(TextLanguage language) const
     {
         const bool isRussian = language == TextLanguage::Russian;
