@@ -81,6 +81,27 @@ TEST_P(PageOnPhone, TheListCanBeSeen)
     EXPECT_GE(list.at(1).toDouble(), 0);
 }
 
+TEST_P(PageOnPhone, TheLineThatPlaysIsInSight)
+{
+    PageLesson lesson = smallLesson(folder);
+    for (int i = 0; i < 30; ++i) {
+        lesson.packets[0].lines.push_back(clipLine(u"line %1"_s.arg(i), folder.clip(u"two.mp4"_s)));
+    }
+    open(lesson);
+    const QString isInSight =
+        u"(() => { const list = document.getElementById('list').getBoundingClientRect();"
+        "const line = document.querySelector('[aria-current]')?.getBoundingClientRect();"
+        "return line !== undefined && line.top >= list.top && line.bottom <= list.bottom; })()"_s;
+    for (int i = 0; i < 20; ++i) {
+        browser->press(u"PageDown"_s);
+        EXPECT_TRUE(browser->waitUntil(isInSight)) << i;
+    }
+    for (int i = 0; i < 20; ++i) {
+        browser->press(u"PageUp"_s);
+        EXPECT_TRUE(browser->waitUntil(isInSight)) << i;
+    }
+}
+
 static std::string nameOfPhone(const testing::TestParamInfo<QSize>& size)
 {
     return "Of" + std::to_string(size.param.width()) + "By" + std::to_string(size.param.height());

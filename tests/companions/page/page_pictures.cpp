@@ -1,4 +1,5 @@
-// Photographs of the page for who wants to look at it: page_pictures FOLDER.
+// Photographs of the page for who wants to look at it: page_pictures FOLDER makes them of every
+// look of a lesson of its own, page_pictures FOLDER PAGE a few of that page for the documents.
 #include "tests/companions/page/page_fixture.h"
 
 #include <QCoreApplication>
@@ -40,13 +41,9 @@ public:
     {
         PageLesson lesson = lessonOf(language);
         lesson.options.language = language;
-        browser->resize(look.size, look.isPhone);
-        const QString scheme = look.isLight ? u"light"_s : u"dark"_s;
-        browser->ask(u"Emulation.setEmulatedMedia"_s,
-                     {{u"features"_s, QJsonArray{QJsonObject{{u"name"_s, u"prefers-color-scheme"_s},
-                                                             {u"value"_s, scheme}}}}});
+        put(look);
         open(lesson);
-        (void)browser->evaluate(u"localStorage.clear()"_s);
+        forget();
         open(lesson);
         const QString tail = language == TextLanguage::English ? u"_en"_s : u"_ru"_s;
         save(look.name.toString() + u"_begin"_s + tail);
@@ -66,7 +63,40 @@ public:
         takeRest(look.name.toString(), tail);
     }
 
+    /// While its second line plays.
+    void takePage(const QString& page, const Look& look, TextLanguage language)
+    {
+        put(look);
+        openPage(page);
+        forget();
+        openPage(page);
+        if (language == TextLanguage::Russian) {
+            click(u"#language"_s);
+            (void)browser->evaluate(u"document.activeElement.blur()"_s);
+        }
+        browser->press(u"PageDown"_s);
+        browser->press(u"PageDown"_s);
+        (void)browser->waitUntil(u"document.getElementById('media').currentTime > 1.5"_s);
+        save(look.name.toString() + (language == TextLanguage::English ? u"_en"_s : u"_ru"_s));
+    }
+
 private:
+    /// The page writes what it keeps once more when it is left.
+    void forget()
+    {
+        (void)browser->evaluate(
+            u"(() => { Storage.prototype.setItem = () => {}; localStorage.clear(); })()"_s);
+    }
+
+    void put(const Look& look)
+    {
+        browser->resize(look.size, look.isPhone);
+        const QString scheme = look.isLight ? u"light"_s : u"dark"_s;
+        browser->ask(u"Emulation.setEmulatedMedia"_s,
+                     {{u"features"_s, QJsonArray{QJsonObject{{u"name"_s, u"prefers-color-scheme"_s},
+                                                             {u"value"_s, scheme}}}}});
+    }
+
     /// A wait, the whole screen, coming back.
     void takeRest(const QString& name, const QString& tail)
     {
@@ -115,12 +145,26 @@ private:
 
 } // namespace
 
-static int photograph(const QString& to)
+static void photographPage(Photographer& photographer, const QString& page)
+{
+    constexpr Look kDesk{u"lesson_page", QSize(1100, 660), false, false};
+    constexpr Look kPhone{u"lesson_page_phone", QSize(360, 740), true, true};
+    for (const TextLanguage language : {TextLanguage::English, TextLanguage::Russian}) {
+        photographer.takePage(page, kDesk, language);
+        photographer.takePage(page, kPhone, language);
+    }
+}
+
+static int photograph(const QString& to, const QString& page)
 {
     if (!QDir().mkpath(to)) {
         return EXIT_FAILURE;
     }
     Photographer photographer(to);
+    if (!page.isEmpty()) {
+        photographPage(photographer, page);
+        return EXIT_SUCCESS;
+    }
     for (const Look& look : kLooks) {
         for (const TextLanguage language : {TextLanguage::English, TextLanguage::Russian}) {
             photographer.take(look, language);
@@ -134,5 +178,6 @@ static int photograph(const QString& to)
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    return orvanta::test::photograph(QCoreApplication::arguments().value(1, QStringLiteral(".")));
+    const QStringList arguments = QCoreApplication::arguments();
+    return orvanta::test::photograph(arguments.value(1, QStringLiteral(".")), arguments.value(2));
 }
