@@ -450,7 +450,15 @@ class Engine {
             return this.begin();
         }
         const asked = { nextClip: true, nextPacket: true, replay: false };
-        return this.apply(Rules.nextAfterClip(asked, this.shape, this.cursor));
+        const next = Rules.nextAfterClip(asked, this.shape, this.cursor);
+        // Behind the clip's end nothing is to be heard.
+        return this.apply(this.stage.isEmpty && this.leadsToEndMark(next)
+            ? Rules.nextAfterClip(asked, this.shape, next.place) : next);
+    }
+
+    leadsToEndMark({ what, place }) {
+        return what === 'start' && place.clip > 1 && this.packet(place.packet).hasBrakes
+            && place.clip === Rules.endMark(this.times(place.packet));
     }
 
     previousChecked() {

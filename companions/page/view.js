@@ -143,6 +143,7 @@ class View {
 
     hideWait() {
         element('wait').hidden = true;
+        element('waitText').textContent = '';
         element('ring').getAnimations?.().forEach((animation) => animation.cancel());
         this.showState();
     }

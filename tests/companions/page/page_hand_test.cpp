@@ -279,6 +279,51 @@ TEST_P(PageByHand, FillsTheScreenWithTheTextOverThePicture)
     EXPECT_TRUE(browser->waitUntil(u"document.fullscreenElement === null"_s));
 }
 
+TEST_P(PageByHand, LettersAreKnownByTheirPlaceUnderOtherLayouts)
+{
+    open(slowLesson());
+    browser->press(u" "_s);
+    ASSERT_TRUE(waitForState(u"running"_s));
+    (void)browser->evaluate(u"document.body.dispatchEvent(new KeyboardEvent('keydown',"
+                            "{ key: 'з', code: 'KeyP', bubbles: true }))"_s);
+    EXPECT_TRUE(waitForState(u"paused"_s));
+}
+
+TEST_P(PageByHand, NothingButThePagesOwnScriptRuns)
+{
+    open(slowLesson());
+    EXPECT_TRUE(browser
+                    ->evaluate(u"(() => { const script = document.createElement('script');"
+                               "script.textContent = 'document.title = 1';"
+                               "document.body.append(script);"
+                               "const link = document.createElement('b');"
+                               "link.setAttribute('onclick', 'document.title = 2');"
+                               "document.body.append(link); link.click();"
+                               "return document.title === 'Slow'; })()"_s)
+                    .toBool());
+    EXPECT_FALSE(browser->complaints().isEmpty()); // the browser says what it has refused
+}
+
+TEST_P(PageByHand, TellsItsRolesToWhoHearsIt)
+{
+    open(smallLesson(folder));
+    const QString roles = u"[...document.querySelectorAll('[role]')].map(e => e.role)"
+                          ".filter(r => r === '%1').length"_s;
+    EXPECT_EQ(browser->evaluate(roles.arg(u"tree"_s)), 1);
+    EXPECT_EQ(browser->evaluate(roles.arg(u"treeitem"_s)), 13);
+    EXPECT_EQ(browser->evaluate(roles.arg(u"toolbar"_s)), 1);
+    EXPECT_EQ(browser
+                  ->evaluate(u"[...document.querySelectorAll('button')].filter(e =>"
+                             "(e.ariaLabel ?? '') + e.textContent.trim() === '')"
+                             ".map(e => e.id).join()"_s)
+                  .toString()
+                  .toStdString(),
+              "");
+    EXPECT_EQ(browser->evaluate(u"[...document.querySelectorAll('[role=treeitem]')].filter(e =>"
+                                "!e.ariaChecked || !e.ariaLevel || !e.ariaPosInSet).length"_s),
+              0);
+}
+
 static std::string nameOfBrowser(const testing::TestParamInfo<BrowserKind>& kind)
 {
     return nameOf(kind.param);
