@@ -2,9 +2,10 @@
 
 #include "companions/exchange/exchange_texts.h"
 #include "companions/exchange/export_command.h"
+#include "companions/exchange_windows/exchange_pickers.h"
 #include "companions/player_program.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 namespace orvanta {
 
@@ -21,6 +22,16 @@ static int exportAtTerminal(int count, char** arguments)
     return static_cast<int>(runExport(command, companionLanguage()));
 }
 
+static int exportInWindow(int count, char** arguments)
+{
+    QApplication application(count, arguments);
+    prepareAsPlayer();
+    prepareCompanionProgram(companionLanguage());
+    ExportWindow window(companionLanguage(), exportServices());
+    window.show();
+    return QApplication::exec();
+}
+
 } // namespace orvanta
 
 int main(int argc, char** argv)
@@ -30,5 +41,6 @@ int main(int argc, char** argv)
     if (answerAtTerminal(wordsOfCommand(argc, argv), "orvanta-export", help)) {
         return 0;
     }
-    return exportAtTerminal(argc, argv);
+    const bool wantsWindow = argc == 1 && hasDisplay();
+    return wantsWindow ? exportInWindow(argc, argv) : exportAtTerminal(argc, argv);
 }

@@ -2,9 +2,10 @@
 
 #include "companions/exchange/exchange_texts.h"
 #include "companions/exchange/import_command.h"
+#include "companions/exchange_windows/exchange_pickers.h"
 #include "companions/player_program.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 namespace orvanta {
 
@@ -20,6 +21,16 @@ static int importAtTerminal(int count, char** arguments)
     return static_cast<int>(runImport(command, companionLanguage()));
 }
 
+static int importInWindow(int count, char** arguments)
+{
+    QApplication application(count, arguments);
+    prepareAsPlayer();
+    prepareCompanionProgram(companionLanguage());
+    ImportWindow window(companionLanguage(), importServices());
+    window.show();
+    return QApplication::exec();
+}
+
 } // namespace orvanta
 
 int main(int argc, char** argv)
@@ -29,5 +40,6 @@ int main(int argc, char** argv)
     if (answerAtTerminal(wordsOfCommand(argc, argv), "orvanta-import", help)) {
         return 0;
     }
-    return importAtTerminal(argc, argv);
+    const bool wantsWindow = argc == 1 && hasDisplay();
+    return wantsWindow ? importInWindow(argc, argv) : importAtTerminal(argc, argv);
 }
