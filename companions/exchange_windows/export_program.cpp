@@ -1,8 +1,7 @@
-// Export: lessons as files for other programs.
-
 #include "companions/exchange/exchange_texts.h"
 #include "companions/exchange/export_command.h"
 #include "companions/exchange_windows/exchange_pickers.h"
+#include "companions/exchange_windows/exchange_programs.h"
 #include "companions/player_program.h"
 
 #include <QApplication>
@@ -32,15 +31,14 @@ static int exportInWindow(int count, char** arguments)
     return QApplication::exec();
 }
 
-} // namespace orvanta
-
-int main(int argc, char** argv)
+int runExportProgram(int count, char** arguments)
 {
-    using namespace orvanta;
     const QString help = exchangeText(u"exportHelp", TextLanguage::English);
-    if (answerAtTerminal(wordsOfCommand(argc, argv), "orvanta-export", help)) {
+    if (answerAtTerminal(wordsOfCommand(count, arguments), "orvanta-export", help)) {
         return 0;
     }
-    const bool wantsWindow = argc == 1 && hasDisplay();
-    return wantsWindow ? exportInWindow(argc, argv) : exportAtTerminal(argc, argv);
+    const bool wantsWindow = count == 1 && hasDisplay();
+    return wantsWindow ? exportInWindow(count, arguments) : exportAtTerminal(count, arguments);
 }
+
+} // namespace orvanta

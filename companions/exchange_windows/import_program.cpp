@@ -1,8 +1,7 @@
-// Import: lessons from files of other programs.
-
 #include "companions/exchange/exchange_texts.h"
 #include "companions/exchange/import_command.h"
 #include "companions/exchange_windows/exchange_pickers.h"
+#include "companions/exchange_windows/exchange_programs.h"
 #include "companions/player_program.h"
 
 #include <QApplication>
@@ -31,15 +30,14 @@ static int importInWindow(int count, char** arguments)
     return QApplication::exec();
 }
 
-} // namespace orvanta
-
-int main(int argc, char** argv)
+int runImportProgram(int count, char** arguments)
 {
-    using namespace orvanta;
     const QString help = exchangeText(u"importHelp", TextLanguage::English);
-    if (answerAtTerminal(wordsOfCommand(argc, argv), "orvanta-import", help)) {
+    if (answerAtTerminal(wordsOfCommand(count, arguments), "orvanta-import", help)) {
         return 0;
     }
-    const bool wantsWindow = argc == 1 && hasDisplay();
-    return wantsWindow ? importInWindow(argc, argv) : importAtTerminal(argc, argv);
+    const bool wantsWindow = count == 1 && hasDisplay();
+    return wantsWindow ? importInWindow(count, arguments) : importAtTerminal(count, arguments);
 }
+
+} // namespace orvanta
