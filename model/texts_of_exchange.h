@@ -59,6 +59,8 @@ inline constexpr auto kTextsOfExchange = std::to_array<InterfaceText>({
     InterfaceText{u"Exchange", u"noLength",
                   u"the clip's length is not known; the end mark stands an hour behind the rest",
                   u"длина клипа неизвестна; метка конца стоит на час позже остальных"},
+    InterfaceText{u"Exchange", u"longText", u"the end of a text that is too long",
+                  u"конец слишком длинного текста"},
     InterfaceText{u"Exchange", u"broken", u"broken", u"файл испорчен"},
     InterfaceText{u"Exchange", u"nothingIn", u"nothing to import in it", u"нечего импортировать"},
     InterfaceText{u"Exchange", u"noChapters", u"a clip without chapters", u"клип без глав"},

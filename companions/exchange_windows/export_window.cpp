@@ -41,6 +41,7 @@ ExportWindow::ExportWindow(TextLanguage language, ExportServices services)
     layOut();
     connectHandlers();
     proposeTarget();
+    (ExportNow->isEnabled() ? ExportNow : ChooseLesson)->setFocus();
 }
 
 ExportWindow::~ExportWindow() = default;

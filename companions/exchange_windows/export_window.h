@@ -9,6 +9,7 @@
 #include <memory>
 
 class QComboBox;
+class QGridLayout;
 class QLineEdit;
 class QProgressBar;
 
@@ -61,7 +62,7 @@ Q_SIGNALS:
 
 private:
     void layOut();
-    void addRows(class QGridLayout& grid);
+    void addRows(QGridLayout& grid);
     void connectHandlers();
     void ExportWindow_ChooseLesson_Click();
     void ExportWindow_ChooseTarget_Click();
