@@ -20,10 +20,12 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QThread>
 #include <QTimer>
 
 #include <chrono>
+#include <cstdio>
 #include <utility>
 
 namespace orvanta {
@@ -104,9 +106,16 @@ void StartUp::chooseLanguage()
     }
 }
 
-void StartUp::queueCommandLine() const
+/// Where the settings cannot be written the lines go by memory, and to a first instance by its
+/// socket.
+void StartUp::queueCommandLine()
 {
-    HandOverQueue(m_module.IniPath).append(linesToQueue(m_arguments));
+    const QStringList lines = linesToQueue(m_arguments);
+    if (!HandOverQueue(m_module.IniPath).append(lines)) {
+        std::fprintf(stderr, "orvanta: the settings in %s cannot be written\n",
+                     QFile::encodeName(m_module.IniPath).constData());
+        m_module.HandedOver = lines;
+    }
 }
 
 bool StartUp::takePlace()
@@ -123,8 +132,9 @@ bool StartUp::becomeFirstInstance()
     const QDeadlineTimer patience(kPatienceWithFirst);
     bool heard = false;
     while (!takePlace()) {
-        heard = heard || m_instance->raiseFirst(m_activationToken);
-        if ((heard && !queue.hasEntries()) || patience.hasExpired()) {
+        heard = heard || m_instance->raiseFirst(m_activationToken, m_module.HandedOver);
+        const bool isTaken = !m_module.HandedOver.isEmpty() || !queue.hasEntries();
+        if ((heard && isTaken) || patience.hasExpired()) {
             qCInfo(logStartup, "%s", heard ? "the first instance goes on" : "the first is silent");
             return false;
         }
@@ -132,6 +142,8 @@ bool StartUp::becomeFirstInstance()
     }
     connect(m_instance.get(), &SingleInstance::raiseRequested, this,
             m_boundary([this](const QString& token) { raiseMainWindow(token); }));
+    connect(m_instance.get(), &SingleInstance::linesHandedOver, this,
+            [this](const QStringList& lines) { m_module.HandedOver += lines; });
     m_instance->listen([this] { return !m_program || !m_program->engine().isClosing(); });
     return true;
 }

@@ -40,7 +40,7 @@ private:
 
     void buildIniPath();
     void chooseLanguage();
-    void queueCommandLine() const;
+    void queueCommandLine();
     bool takePlace();
     bool becomeFirstInstance();
     void showSplash();

@@ -10,6 +10,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <optional>
 #include <unistd.h>
 #include <utility>
@@ -24,6 +25,7 @@ struct DocumentWriter::Private
     bool keepsEarlier = true;
     std::optional<struct stat> earlier;
     std::optional<SiblingFile> sibling; // none before the first write and after the end
+    bool isInPlace = false;             // the folder takes no sibling: the document waits in memory
     bool hasEnded = false;
     IniDocument document;
 
@@ -31,6 +33,7 @@ struct DocumentWriter::Private
     void write(const QString& section, const QString& key, const QString& value);
     [[nodiscard]] bool store(Change change, qsizetype sizeBefore) const;
     void replaceEarlier();
+    void writeInPlace();
     void abandon();
     [[noreturn]] void fail();
 };
@@ -51,13 +54,20 @@ void DocumentWriter::Private::fail()
 {
     qCInfo(logErrors, "cannot write %s: %s", target.constData(), strerror(errno));
     hasEnded = true;
+    isInPlace = false;
     abandon();
     throw RuntimeError(ErrorNumber::PathFileAccessError);
 }
 
+/// Whether a folder takes no new files, whatever room there is.
+static bool isRefusal(int error)
+{
+    return error == EACCES || error == EPERM || error == EROFS;
+}
+
 void DocumentWriter::Private::open()
 {
-    if (sibling) {
+    if (sibling || isInPlace) {
         return;
     }
     if (hasEnded) {
@@ -69,6 +79,10 @@ void DocumentWriter::Private::open()
         fail();
     }
     sibling = SiblingFile::create(target);
+    if (!sibling && earlier && keepsEarlier && isRefusal(errno)) {
+        isInPlace = true;
+        return;
+    }
     if (!sibling) {
         fail();
     }
@@ -91,6 +105,9 @@ void DocumentWriter::Private::write(const QString& section, const QString& key,
 /// The sibling always holds what was written so far.
 bool DocumentWriter::Private::store(Change change, qsizetype sizeBefore) const
 {
+    if (isInPlace) {
+        return true;
+    }
     const QByteArrayView bytes = document.fileBytes();
     switch (change) {
     case Change::None:
@@ -103,8 +120,43 @@ bool DocumentWriter::Private::store(Change change, qsizetype sizeBefore) const
     return false;
 }
 
+/// Writes over the file's bytes; puts the former ones back where that fails halfway.
+static bool writeOver(const QByteArray& path, QByteArrayView bytes)
+{
+    const Descriptor file = Descriptor::open(path, O_RDWR);
+    const std::optional<QByteArray> former =
+        file.isOpen() ? file.readAll() : std::optional<QByteArray>();
+    if (!former) {
+        return false;
+    }
+    if (file.writeAt(0, bytes) && ftruncate(file.number(), bytes.size()) == 0 &&
+        fsync(file.number()) == 0) {
+        return true;
+    }
+    const int reason = errno;
+    if (!file.writeAt(0, *former) || ftruncate(file.number(), former->size()) != 0) {
+        qCInfo(logErrors, "%s is damaged; its earlier version is kept", path.constData());
+    }
+    errno = reason;
+    return false;
+}
+
+/// Only over what lies among the earlier versions: a cut of power now would lose it.
+void DocumentWriter::Private::writeInPlace()
+{
+    errno = EACCES;
+    if (!keepEarlierVersion(target) || !writeOver(target, document.fileBytes())) {
+        fail();
+    }
+    isInPlace = false;
+    hasEnded = true;
+}
+
 void DocumentWriter::Private::replaceEarlier()
 {
+    if (isInPlace) {
+        return writeInPlace();
+    }
     if (!sibling->sync()) {
         fail();
     }

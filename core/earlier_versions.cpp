@@ -90,27 +90,28 @@ static bool makeFolder(const QString& folder)
     return true;
 }
 
-void keepEarlierVersion(const QByteArray& document)
+bool keepEarlierVersion(const QByteArray& document)
 {
     const QString path = QFile::decodeName(document);
     const std::optional<QByteArray> content = contentOf(path);
     if (versionsFolder().isEmpty() || !content) {
-        return;
+        return false;
     }
     const QString folder = folderOf(document);
     QStringList names = versionNames(folder);
     if (!names.isEmpty() && contentOf(folder + u'/' + names.first()) == content) {
-        return;
+        return true;
     }
     const QString version = nameForNow(folder, QFileInfo(path).suffix());
     if (!makeFolder(folder) || !writeWhole(QFile::encodeName(version), *content)) {
         qCInfo(logErrors, "cannot keep the earlier version of %s", document.constData());
-        return;
+        return false;
     }
     names = versionNames(folder);
     while (names.size() > kMostVersions) {
         QFile::remove(folder + u'/' + names.takeLast());
     }
+    return true;
 }
 
 std::vector<EarlierVersion> earlierVersions(const QString& document)

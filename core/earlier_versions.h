@@ -14,7 +14,8 @@ void setVersionsFolder(const QString& folder);
 
 /// Keeps what is at the document's path, unless it is the version kept last. The oldest one of more
 /// than ten goes. Failures are logged, never raised: a document must not stay unsaved for them.
-void keepEarlierVersion(const QByteArray& document);
+/// Returns whether it is kept.
+bool keepEarlierVersion(const QByteArray& document);
 
 struct EarlierVersion
 {

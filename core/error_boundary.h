@@ -5,6 +5,7 @@
 #include "core/run_time_error.h"
 
 #include <functional>
+#include <new>
 #include <utility>
 
 namespace orvanta {
@@ -12,11 +13,21 @@ namespace orvanta {
 /// Says in the log which error was passed over, and where.
 void logSwallowed(const RuntimeError& error, const char* where);
 
+/// Runs it; that memory runs out is a run-time error like the others.
+template <typename Action> void withMemoryErrors(Action&& action)
+{
+    try {
+        std::forward<Action>(action)();
+    } catch (const std::bad_alloc&) {
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    }
+}
+
 /// Runs one statement; when it fails, the next one runs all the same. Returns whether it succeeded.
 template <typename Statement> bool resumeNext(const char* where, Statement&& statement)
 {
     try {
-        std::forward<Statement>(statement)();
+        withMemoryErrors(std::forward<Statement>(statement));
         return true;
     } catch (const RuntimeError& error) {
         logSwallowed(error, where);
@@ -56,7 +67,7 @@ public:
     {
         return [report = m_report, handler = std::move(handler)](auto&&... args) mutable {
             try {
-                handler(std::forward<decltype(args)>(args)...);
+                withMemoryErrors([&] { handler(std::forward<decltype(args)>(args)...); });
             } catch (const RuntimeError& error) {
                 if (report) {
                     report(error);

@@ -105,7 +105,8 @@ void readGroupEntries(const QString& path, QStringList& entries)
     }
 }
 
-void readGroupInto(std::vector<PlaylistEntry>& packets, const QString& path, const FindMember& find)
+void readGroupInto(std::vector<PlaylistEntry>& packets, const QString& path, const FindMember& find,
+                   qsizetype room)
 {
     const IniSnapshot group(path);
     const int count = memberCount(group.read(u"main"_s, u"files"_s, u"0"_s));
@@ -117,7 +118,8 @@ void readGroupInto(std::vector<PlaylistEntry>& packets, const QString& path, con
         packet.Picture = group.read(memberSection(i), u"picture"_s);
         packet.PictureFolder = folderOfPath(path);
         const QString member = group.read(memberSection(i), u"path"_s);
-        readPacketInto(packet, memberFile(member, path, find));
+        readPacketInto(packet, memberFile(member, path, find), room);
+        room -= packet.ClipCount.value();
         packet.Origin->member = member;
     }
 }

@@ -25,10 +25,11 @@ void readGroupEntries(const QString& path, QStringList& entries);
 using FindMember = std::function<QString(const QString& pathText)>;
 
 /// The player's reading: grows packets to the member count first, then fills member by member,
-/// each with its packet read through readPacketInto. An absent count is 0. Raises 13, 9 or 6; what
-/// was read before stays. Without find, and for members it does not find, the text is the path,
-/// relative texts below the group's folder.
+/// each with its packet read through readPacketInto. An absent count is 0. Raises 13, 9 or 6, and 7
+/// where the packets have more entries than there is room for; what was read before stays. Without
+/// find, and for members it does not find, the text is the path, relative texts below the group's
+/// folder.
 void readGroupInto(std::vector<PlaylistEntry>& packets, const QString& path,
-                   const FindMember& find = {});
+                   const FindMember& find = {}, qsizetype room = kMostEntries);
 
 } // namespace orvanta

@@ -9,6 +9,8 @@
 #include <chrono>
 #include <ctime>
 #include <fcntl.h>
+#include <map>
+#include <mutex>
 #include <new>
 #include <sys/file.h>
 #include <unistd.h>
@@ -22,7 +24,44 @@ constexpr qint64 kTickNs = 20'000'000;
 constexpr qint64 kCoarseStepNs = 2'100'000'000;
 constexpr qint64 kLargestFile = qint64{1} << 30;
 constexpr std::chrono::seconds kForeignLockPatience(1);
+/// After a lock was waited for in vain, for so long nobody waits for one on that file.
+constexpr std::chrono::seconds kForeignLockMemory(10);
 constexpr mode_t kNewFileMode = 0666;
+
+namespace {
+
+/// Files whose lock a foreign program keeps. One that it keeps for minutes would else cost each
+/// read and write a second. Any thread.
+class ForeignLocks
+{
+public:
+    [[nodiscard]] std::chrono::milliseconds patience(const QByteArray& path)
+    {
+        const std::lock_guard guard(m_mutex);
+        const auto found = m_seen.find(path);
+        const bool isFresh =
+            found != m_seen.end() && Clock::now() - found->second < kForeignLockMemory;
+        return isFresh ? std::chrono::milliseconds(0) : kForeignLockPatience;
+    }
+
+    void note(const QByteArray& path, bool isLocked)
+    {
+        const std::lock_guard guard(m_mutex);
+        if (isLocked) {
+            m_seen.erase(path);
+        } else {
+            m_seen.try_emplace(path, Clock::now());
+        }
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    std::mutex m_mutex;
+    std::map<QByteArray, Clock::time_point> m_seen;
+};
+
+} // namespace
 
 static qint64 nanoseconds(const timespec& time)
 {
@@ -78,6 +117,15 @@ static Descriptor openOrCreate(const QByteArray& path, IniFile::Access access)
     return !file.isOpen() && errno == EEXIST ? Descriptor::open(path, flags) : std::move(file);
 }
 
+/// Goes on without a lock where the file system knows none or a foreign program keeps it: waiting
+/// any longer would stop the whole program.
+static void lockIfPossible(const Descriptor& file, const QByteArray& path, int operation)
+{
+    static ForeignLocks locks;
+    const bool isLocked = file.lockWithin(locks.patience(path), operation);
+    locks.note(path, isLocked || errno != EWOULDBLOCK);
+}
+
 std::optional<IniFile> IniFile::open(const QByteArray& path, Access access, Kind kind)
 {
     constexpr int kAttempts = 1000;
@@ -90,9 +138,7 @@ std::optional<IniFile> IniFile::open(const QByteArray& path, Access access, Kind
         if (!file.m_file.isOpen()) {
             return std::nullopt;
         }
-        // Without a lock where the file system knows none or a foreign program keeps it: waiting
-        // any longer would stop the whole program.
-        (void)file.m_file.lockWithin(kForeignLockPatience, operation);
+        lockIfPossible(file.m_file, path, operation);
         if (file.isAtItsPath()) {
             return file;
         }

@@ -73,8 +73,11 @@ static Int16 optionalListSize(const IniSnapshot& packet, const QString& key)
 }
 
 /// Sized at once: every entry of a large packet is there before the first one is read.
-static void resizeClips(PlaylistEntry& entry, Int16 count)
+static void resizeClips(PlaylistEntry& entry, Int16 count, qsizetype room)
 {
+    if (count.value() > room) {
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    }
     entry.Clips.assign(count.index(), {});
     entry.ClipCount = count;
 }
@@ -125,7 +128,7 @@ void writeBrakePacket(const QString& target, const QString& clipPath, const QStr
     writer.finish();
 }
 
-void readPacketInto(PlaylistEntry& entry, const QString& path)
+void readPacketInto(PlaylistEntry& entry, const QString& path, qsizetype room)
 {
     const IniSnapshot packet(path);
     entry.Folder = folderOfPath(path);
@@ -133,10 +136,10 @@ void readPacketInto(PlaylistEntry& entry, const QString& path)
     if (decimalValue(packet.read(u"main"_s, u"brakes"_s, u"0"_s)) != 0) {
         entry.HasBrakes = true;
         entry.MediaFile = packet.read(u"main"_s, u"file"_s);
-        resizeClips(entry, optionalListSize(packet, u"brakes"_s));
+        resizeClips(entry, optionalListSize(packet, u"brakes"_s), room);
         readBrakes(entry, packet);
     } else {
-        resizeClips(entry, optionalListSize(packet, u"files"_s));
+        resizeClips(entry, optionalListSize(packet, u"files"_s), room);
         readClips(entry, packet);
     }
 }

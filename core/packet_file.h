@@ -25,8 +25,9 @@ void writeBrakePacket(const QString& target, const QString& clipPath, const QStr
 
 /// Reads a packet into entry as the player does: "brakes" decides the kind. Fields that the kind
 /// does not have stay as they are; Title and Picture are the caller's. Absent counts are 0. Raises
-/// 13 (no number), 9 (negative count) or 6 (over 32767); what was read before stays in entry.
-void readPacketInto(PlaylistEntry& entry, const QString& path);
+/// 13 (no number), 9 (negative count), 6 (over 32767) or 7 (more entries than there is room for);
+/// what was read before stays in entry.
+void readPacketInto(PlaylistEntry& entry, const QString& path, qsizetype room = kMostEntries);
 
 /// The editor's reading of the clip list: entries path + "{}" + text are added one by one, so that
 /// those before a failing one stay. Raises 13, 9 or 6.

@@ -10,6 +10,10 @@
 
 namespace orvanta {
 
+/// Entries that may be open at once, in all packets together. A short document can name more than
+/// any memory holds.
+inline constexpr qsizetype kMostEntries = 1'000'000;
+
 /// A clip of a clip-list packet, or a brake of a brake packet.
 struct ClipEntry
 {

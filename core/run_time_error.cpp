@@ -11,6 +11,8 @@ static QString textOf(ErrorNumber number)
         return u"Invalid procedure call or argument"_s;
     case ErrorNumber::Overflow:
         return u"Overflow"_s;
+    case ErrorNumber::OutOfMemory:
+        return u"Out of memory"_s;
     case ErrorNumber::SubscriptOutOfRange:
         return u"Subscript out of range"_s;
     case ErrorNumber::DivisionByZero:

@@ -13,6 +13,7 @@ enum class ErrorNumber
 {
     InvalidProcedureCall = 5,
     Overflow = 6,
+    OutOfMemory = 7,
     SubscriptOutOfRange = 9,
     DivisionByZero = 11,
     TypeMismatch = 13,

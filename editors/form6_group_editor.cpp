@@ -4,7 +4,6 @@
 #include "core/paths.h"
 #include "editors/file_list_box.h"
 #include "editors/found_paths.h"
-#include "editors/small_picture.h"
 #include "platform/process/media_locator.h"
 
 #include <QLabel>
@@ -126,7 +125,13 @@ void Form6::showPicture()
 {
     const QString packet = pathFoundBeside(documentFolder(), Text1->text());
     const QString file = locateFile(Text3->text(), folderOfPath(packet));
-    Image1->setPixmap(smallPicture(file, Image1->contentsRect().size(), devicePixelRatioF()));
+    const qreal ratio = devicePixelRatioF();
+    m_pictureReading.read(file, Image1->contentsRect().size() * ratio,
+                          [this, ratio](const QImage& picture) {
+                              QPixmap pixmap = QPixmap::fromImage(picture);
+                              pixmap.setDevicePixelRatio(ratio);
+                              Image1->setPixmap(pixmap);
+                          });
 }
 
 } // namespace orvanta

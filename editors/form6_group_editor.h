@@ -12,6 +12,7 @@
 
 #include "editors/editor_window.h"
 #include "editors/member_list.h"
+#include "playback/picture_reading.h"
 
 class QGridLayout;
 class QLabel;
@@ -56,6 +57,7 @@ private:
     void fill(const MemberFields& fields);
     void showPicture();
 
+    PictureReading m_pictureReading;
     std::vector<int> m_lenders; // for each member the one whose text and picture it is written with
     bool m_filling = false;     // while set, changes of the boxes do not rebuild the entry
 };

@@ -23,6 +23,7 @@ public:
           m_typePattern(typePattern),
           m_target(playlist.PlaylistCount),
           m_packetsBefore(m_target),
+          m_room(kMostEntries - playlist.entryCount()),
           m_clipsBefore(m_target < 1 ? Int16(0) : playlist.packet(m_target).ClipCount)
     {}
 
@@ -33,6 +34,7 @@ public:
             addFolder(file);
         } else if (ending == u"vxg"_s) {
             appendGroup(m_playlist, file);
+            m_room = kMostEntries - m_playlist.entryCount();
             m_result.groupDropped = true;
         } else if (ending == u"vxl"_s) {
             addPacket(file);
@@ -72,12 +74,14 @@ private:
     /// Stricter than opening a packet: an absent "files" is no number.
     void addPacket(const QString& file)
     {
-        const Int16 p = appendEmptyPacket(m_playlist);
-        const Int16 count = countValue(ReadIni(u"main"_s, u"files"_s, file));
-        if (count < 0) {
-            throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-        }
-        readPacketInto(m_playlist.packet(p), file);
+        appendPacketRead(m_playlist, [&](PlaylistEntry& packet, qsizetype room) {
+            const Int16 count = countValue(ReadIni(u"main"_s, u"files"_s, file));
+            if (count < 0) {
+                throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+            }
+            readPacketInto(packet, file, room);
+            m_room = room - packet.ClipCount.value();
+        });
     }
 
     void addFolder(const QString& folder)
@@ -92,13 +96,18 @@ private:
         if (m_target < 1) {
             m_target = appendEmptyPacket(m_playlist);
         }
+        if (m_room < 1) {
+            throw RuntimeError(ErrorNumber::OutOfMemory);
+        }
         appendClip(m_playlist, m_target, file, file);
+        --m_room;
     }
 
     PlaylistState& m_playlist;
     QString m_typePattern;
     Int16 m_target; // packet for loose clips; 0 while there is none
     Int16 m_packetsBefore;
+    qsizetype m_room;    // for entries that are still to come
     Int16 m_clipsBefore; // of the last packet
     DropResult m_result;
 };

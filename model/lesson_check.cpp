@@ -1,6 +1,5 @@
 #include "model/lesson_check.h"
 
-#include "core/document_saving.h"
 #include "core/error_boundary.h"
 #include "core/group_file.h"
 #include "core/ini.h"
@@ -113,6 +112,11 @@ static CheckResult resultBeforeReading(const QString& file)
     return holdsList(file) ? CheckResult::AllFound : CheckResult::NoDocument;
 }
 
+bool isLessonDocument(const QString& file)
+{
+    return resultBeforeReading(file) == CheckResult::AllFound;
+}
+
 static void noteMissing(CheckedDocument& document)
 {
     const bool isMissing =
@@ -213,9 +217,7 @@ void DocumentCheck::checkPacket(CheckedDocument& packet, const QString& groupFol
     }
 }
 
-/// Without the packets themselves: these are read one by one, so that one that is spoilt spoils no
-/// other. Raises 13 or 6.
-static std::vector<GroupMember> membersOf(const QString& file)
+std::vector<GroupMember> groupMembers(const QString& file)
 {
     const IniSnapshot group(file);
     const int count = countValue(group.read(u"main"_s, u"files"_s, u"0"_s)).value();
@@ -230,7 +232,7 @@ static std::vector<GroupMember> membersOf(const QString& file)
 
 void DocumentCheck::checkGroup(CheckedDocument& group)
 {
-    std::vector<GroupMember> members = membersOf(group.document);
+    std::vector<GroupMember> members = groupMembers(group.document);
     const LessonFolders folders = {.packet = folderOfPath(group.document)};
     bool isChanged = false;
     for (std::size_t i = 0; i < members.size(); ++i) {

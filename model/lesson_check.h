@@ -1,6 +1,7 @@
 // Whether the files that packets and groups name are there, and writing down where they are.
 #pragma once
 
+#include "core/document_saving.h"
 #include "platform/process/media_locator.h"
 
 #include <QString>
@@ -53,6 +54,13 @@ struct CheckWishes
 /// Takes its time: not on the interface thread.
 [[nodiscard]] std::vector<CheckedDocument> checkDocuments(const QStringList& filesAndFolders,
                                                           const CheckWishes& wishes);
+
+/// Whether the file is a packet or a group that can be read. Looks at its kind before opening it.
+[[nodiscard]] bool isLessonDocument(const QString& file);
+
+/// A group's members without their packets: these are read one by one, so that one that is spoilt
+/// spoils no other. Raises 13 or 6.
+[[nodiscard]] std::vector<GroupMember> groupMembers(const QString& file);
 
 /// The text by which a document in this folder can name a file below it without naming the folder;
 /// empty for a file elsewhere, and where a reader would take the text for another file.

@@ -103,7 +103,14 @@ private:
 
 } // namespace
 
-/// A group without a readable count changes nothing; after that, what was read stays.
+/// How many entries may come to those that stay open.
+static qsizetype roomFor(const PlaylistState& playlist, Placing placing)
+{
+    return placing == Placing::Replace ? kMostEntries : kMostEntries - playlist.entryCount();
+}
+
+/// A group without a readable count changes nothing, nor does one that is too large; after that,
+/// what was read stays.
 static void loadGroup(PlaylistState& playlist, const QString& path, Placing placing)
 {
     const QString folder = folderOfPath(path);
@@ -112,9 +119,9 @@ static void loadGroup(PlaylistState& playlist, const QString& path, Placing plac
     };
     std::vector<PlaylistEntry> packets;
     try {
-        readGroupInto(packets, path, find);
-    } catch (const RuntimeError&) {
-        if (!packets.empty()) {
+        readGroupInto(packets, path, find, roomFor(playlist, placing));
+    } catch (const RuntimeError& error) {
+        if (!packets.empty() && error.number() != ErrorNumber::OutOfMemory) {
             place(playlist, std::move(packets), placing, path);
             playlist.PacketFolder = folder;
         }
@@ -143,14 +150,34 @@ Int16 appendEmptyPacket(PlaylistState& playlist)
     return playlist.PlaylistCount;
 }
 
+void appendPacketRead(PlaylistState& playlist, const ReadPacket& read)
+{
+    const QString document = playlist.Document;
+    const QString folder = playlist.PacketFolder;
+    const qsizetype room = roomFor(playlist, Placing::Append);
+    appendEmptyPacket(playlist);
+    try {
+        read(playlist.Playlist.back(), room);
+    } catch (const RuntimeError& error) {
+        if (error.number() == ErrorNumber::OutOfMemory) {
+            playlist.Playlist.pop_back();
+            playlist.PlaylistCount -= 1;
+            playlist.Document = document;
+            playlist.PacketFolder = folder;
+        }
+        throw;
+    }
+}
+
 void appendPacket(PlaylistState& playlist, const QString& path)
 {
     const QString document = documentOf(playlist, path);
-    PlaylistEntry& entry = playlist.packet(appendEmptyPacket(playlist));
-    playlist.Document = document;
-    entry.Folder = folderOfPath(path);
-    playlist.PacketFolder = entry.Folder;
-    readPacketInto(entry, path);
+    appendPacketRead(playlist, [&](PlaylistEntry& entry, qsizetype room) {
+        playlist.Document = document;
+        entry.Folder = folderOfPath(path);
+        playlist.PacketFolder = entry.Folder;
+        readPacketInto(entry, path, room);
+    });
 }
 
 void OpenPacket(PlaylistState& playlist, const QString& path)

@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 namespace orvanta {
 
 /// Replaces the playlist with the group's packets. Raises 13, 9 or 6; what was read stays.
@@ -17,6 +19,11 @@ void OpenFiles(PlaylistState& playlist, const QStringList& paths);
 /// Appending variants, for several hand-over entries in one drain and for drops.
 void appendGroup(PlaylistState& playlist, const QString& path);
 void appendPacket(PlaylistState& playlist, const QString& path);
+
+/// Fills a packet that was appended. Raises 7 where it has more entries than there is room for.
+using ReadPacket = std::function<void(PlaylistEntry& packet, qsizetype room)>;
+/// Appends a packet as it is read. One that there is no room for is taken away again.
+void appendPacketRead(PlaylistState& playlist, const ReadPacket& read);
 /// Adds loose clips to packet p (counted from 1), each with the given text.
 void appendClip(PlaylistState& playlist, Int16 p, const QString& path, const QString& text);
 /// A new packet without clips, titled as one opened by itself; returns its number.

@@ -84,6 +84,8 @@ struct Module1
     QString IniPath;
     Int16 Language;      // 1 English, 2 Russian, 0 not chosen
     QString TypePattern; // "*.avi;*.mpg"
+    QStringList
+        HandedOver; // lines of launches that the settings could not take; the tick opens them
     PlaylistState playlist;
     PlaybackRecord playback;
     TrayRequests tray;

@@ -1,8 +1,10 @@
 #include "model/texts.h"
 
+#include "model/texts_of_boxes.h"
 #include "model/texts_of_editing.h"
 #include "model/texts_of_exchange.h"
 #include "model/texts_of_files.h"
+#include "model/texts_of_page.h"
 
 #include <algorithm>
 #include <array>
@@ -433,18 +435,16 @@ constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
 });
 
 /// All tables as one.
-constexpr auto allTexts()
+template <std::size_t... Sizes>
+constexpr auto joined(const std::array<InterfaceText, Sizes>&... tables)
 {
-    std::array<InterfaceText, kTextsOfWindows.size() + kTextsOfEditing.size() +
-                                  kTextsOfFiles.size() + kTextsOfExchange.size()>
-        all;
-    const auto editing = std::ranges::copy(kTextsOfWindows, all.begin()).out;
-    const auto files = std::ranges::copy(kTextsOfEditing, editing).out;
-    const auto exchange = std::ranges::copy(kTextsOfFiles, files).out;
-    std::ranges::copy(kTextsOfExchange, exchange);
+    std::array<InterfaceText, (Sizes + ...)> all;
+    auto end = all.begin();
+    ((end = std::ranges::copy(tables, end).out), ...);
     return all;
 }
-constexpr auto kTexts = allTexts();
+constexpr auto kTexts = joined(kTextsOfWindows, kTextsOfEditing, kTextsOfFiles, kTextsOfBoxes,
+                               kTextsOfPage, kTextsOfExchange);
 
 constexpr bool everyCellIsFilled()
 {

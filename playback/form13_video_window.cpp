@@ -5,7 +5,6 @@
 #include "playback/control_rows.h"
 #include "playback/overlay_bar.h"
 #include "playback/overlay_picture.h"
-#include "playback/still_picture.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -131,6 +130,7 @@ void Form13::Form13_ActiveMovie1_OpenComplete(QSize picture)
     m_size = m_controlSize + kFrame;
     m_textLevel = m_services.textLevel();
     forgetCover();
+    m_stillReading.stop();
     Image1->hide();
     if (m_controlSize == kSizeWithoutPicture) {
         showStillPicture();
@@ -241,7 +241,19 @@ void Form13::showClipPicture(QSize picture)
 
 void Form13::showStillPicture()
 {
-    m_still = readStillPicture(m_stillFile);
+    m_stillReading.read(m_stillFile, {}, [this](const QImage& picture) {
+        if (m_control.isReady() && m_controlSize == kSizeWithoutPicture) {
+            showStill(picture);
+        }
+    });
+}
+
+void Form13::showStill(const QImage& picture)
+{
+    m_still = picture;
+    if (m_still.isNull() && !m_stillFile.isEmpty()) {
+        qCInfo(logErrors, "no picture of a kind in use in %ls", qUtf16Printable(m_stillFile));
+    }
     if (m_still.isNull()) {
         m_still = coverOfClip();
     }

@@ -17,6 +17,7 @@
 #include "playback/command_menu.h"
 #include "playback/current_line.h"
 #include "playback/keyboard.h"
+#include "playback/picture_reading.h"
 #include "playback/video_layout.h"
 #include "playback/video_window.h"
 
@@ -153,6 +154,7 @@ private:
     void forgetCover();
     [[nodiscard]] QImage coverOfClip();
     void showStillPicture();
+    void showStill(const QImage& picture);
     void bringIntoSight(QSize contents);
     void giveSizeOfContents();
     void giveSize(QSize contents);
@@ -211,6 +213,7 @@ private:
     QTimer m_rest;           // since the clip stands still
     QString m_stillFile;
     QImage m_still;
+    PictureReading m_stillReading;
     QImage m_cover;            // of the clip that is open, once it is read
     bool m_coverAsked = false; // of that clip
     bool m_coverIsComing = false;

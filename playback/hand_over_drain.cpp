@@ -7,6 +7,9 @@
 #include "playback/event_wait.h"
 
 #include <QFileInfo>
+#include <QScopeGuard>
+
+#include <utility>
 
 namespace orvanta {
 
@@ -20,31 +23,45 @@ HandOverDrain::HandOverDrain(EngineContext& context, TransportButtons& transport
       m_starter(starter)
 {}
 
+/// Taken and given back at once: what follows may wait for media, and launches need the lock. In
+/// settings that cannot be written the lines stay, and are taken no second time.
+QStringList HandOverDrain::takeQueued(HandOverQueue& queue)
+{
+    const QString count = queue.countText();
+    const auto note = qScopeGuard([&] { m_stuckCount = queue.wasReset() ? QString() : count; });
+    QStringList lines;
+    queue.drain([&](const QStringList& queued) { lines = queued; });
+    return lines;
+}
+
 void HandOverDrain::serve()
 {
     HandOverQueue queue(m_context.module.IniPath);
-    if (!queue.hasEntries()) {
+    QStringList& handedOver = m_context.module.HandedOver;
+    const bool isQueued = queue.hasEntries() && queue.countText() != m_stuckCount;
+    if (!isQueued && handedOver.isEmpty()) {
         return;
     }
     showProgram();
-    // Taken and given back at once: what follows may wait for media, and launches need the lock.
-    QStringList lines;
-    queue.drain([&](const QStringList& queued) { lines = queued; });
+    QStringList lines = isQueued ? takeQueued(queue) : QStringList();
+    lines += std::exchange(handedOver, {});
     // Who names files as well wants those.
     if (lines.removeAll(QStringView(kContinueLine).toString()) > 0 && lines.isEmpty()) {
         return m_context.onContinueAsked();
     }
     m_context.module.playlist.OpenedFromExplorer = true;
-    replacePlaylist(lines);
-    playOrRest();
+    if (replacePlaylist(lines)) {
+        playOrRest();
+    }
 }
 
-void HandOverDrain::replacePlaylist(const QStringList& lines)
+bool HandOverDrain::replacePlaylist(const QStringList& lines)
 {
     m_context.onReplacing();
-    open(lines);
+    const bool isOpen = open(lines);
     m_context.view->RebuildTree();
     logLoaded(m_context.module.playlist);
+    return isOpen;
 }
 
 void HandOverDrain::showProgram()
@@ -71,23 +88,44 @@ static QString belowFolder(const QString& path, const QString& folder)
 }
 
 /// The first entry replaces the playlist, the others append to it.
-void HandOverDrain::open(const QStringList& lines)
+bool HandOverDrain::open(const QStringList& lines)
 {
     m_context.supersede();
     PlaylistState& playlist = m_context.module.playlist;
+    std::vector<PlaylistEntry> packets = std::exchange(playlist.Playlist, {}); // not copied
+    PlaylistState before = playlist;
     const QString first = withoutQuotes(lines.value(0));
     resumeNext("folder of the queue", [&] { openFolderOf(playlist, first); });
     clearPlaylist(playlist);
     m_loosePacket = 0;
+    m_isTooMuch = false;
     m_context.view->runBusy([&] { appendAll(lines, folderOfPath(first)); });
+    if (m_isTooMuch && playlist.PlaylistCount == 0) {
+        before.Playlist = std::move(packets);
+        before.revision = playlist.revision + 1;
+        playlist = std::move(before);
+        return false;
+    }
     m_context.setCursorAhead({1, 1});
+    return true;
 }
 
 /// Runs on another thread when the view says so: no signals, no windows.
 void HandOverDrain::appendAll(const QStringList& lines, const QString& folder)
 {
     for (const QString& line : lines) {
-        resumeNext("queued file", [&] { append(belowFolder(withoutQuotes(line), folder)); });
+        resumeNext("queued file",
+                   [&] { appendWithinRoom(belowFolder(withoutQuotes(line), folder)); });
+    }
+}
+
+void HandOverDrain::appendWithinRoom(const QString& path)
+{
+    try {
+        withMemoryErrors([&] { append(path); });
+    } catch (const RuntimeError& error) {
+        m_isTooMuch = m_isTooMuch || error.number() == ErrorNumber::OutOfMemory;
+        throw;
     }
 }
 

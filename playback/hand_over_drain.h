@@ -7,6 +7,8 @@
 
 namespace orvanta {
 
+class HandOverQueue;
+
 class HandOverDrain
 {
 public:
@@ -16,12 +18,15 @@ public:
     /// Opens what is queued, if anything. Raises 13 or 9 when the queue's count is no count.
     void serve();
     /// Opens these in place of what is open, as queued lines are opened. Does not start anything.
-    void replacePlaylist(const QStringList& lines);
+    /// False where they are more than can be open: what was open stays.
+    bool replacePlaylist(const QStringList& lines);
 
 private:
+    [[nodiscard]] QStringList takeQueued(HandOverQueue& queue);
     void showProgram();
-    void open(const QStringList& lines);
+    bool open(const QStringList& lines);
     void appendAll(const QStringList& lines, const QString& folder);
+    void appendWithinRoom(const QString& path);
     void append(const QString& path);
     void appendFolder(const QString& folder);
     void appendLooseClip(const QString& file);
@@ -32,6 +37,8 @@ private:
     TransportButtons& m_transport;
     PositionSlider& m_slider;
     ClipStarter& m_starter;
+    QString m_stuckCount; // "num" of lines that were opened and could not be taken out
+    bool m_isTooMuch = false;
     Int16 m_loosePacket; // the packet that the loose clips of one drain share; 0: none yet
 };
 

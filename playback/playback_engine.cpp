@@ -441,8 +441,9 @@ void PlaybackEngine::openAndPlay(const QString& path)
 {
     m_private->context.module.playlist.OpenedFromExplorer = false;
     m_private->enter([&] {
-        m_private->handOver.replacePlaylist({path});
-        m_private->start(1, 1);
+        if (m_private->handOver.replacePlaylist({path})) {
+            m_private->start(1, 1);
+        }
     });
 }
 

@@ -28,7 +28,7 @@ EditingMode::EditingMode(EditingPorts ports, QObject* parent)
 {
     m_draftTimer.setSingleShot(true);
     m_draftTimer.setInterval(kDraftMilliseconds);
-    connect(&m_draftTimer, &QTimer::timeout, this, [this] { keepDraft(); });
+    connect(&m_draftTimer, &QTimer::timeout, this, [this] { keepDraftOrSay(); });
     connect(&m_editing, &LessonEditing::edited, this,
             [this](const EditStep& step) { showStep(step); });
     connect(&m_editing, &LessonEditing::stateChanged, this, [this] { refresh(); });
@@ -66,6 +66,11 @@ void EditingMode::connectList()
        [this](EditPlace brake) { m_ports.list.setCursorLine(lineOf(brake)); });
     on(m_sound, &EditingSound::brakeMoved,
        [this](EditPlace brake, double seconds) { m_editing.setTime(brake, seconds); });
+    on(m_sound, &EditingSound::followed, [this] {
+        if (m_on && markSetting().has_value() != m_canMark) {
+            refresh(); // a clip has opened or closed, which moves no cursor
+        }
+    });
     on(m_sound, &EditingSound::marksFound,
        [this](const std::vector<SuggestedMark>& marks) { setMarks(marks); });
     on(m_box, &LineEditor::markAsked, [this] { carryOut(Command::Mark); });
@@ -211,7 +216,8 @@ void EditingMode::refresh()
     }
     const QString name = nameOf(m_ports.module.playlist.Document);
     m_ports.showTitle(m_editing.isChanged() ? text(u"title.changed").arg(name) : name);
-    EditingState state = {.canMark = markSetting().has_value(),
+    m_canMark = markSetting().has_value();
+    EditingState state = {.canMark = m_canMark,
                           .hasLine = current().packet >= 1,
                           .changed = m_editing.isChanged(),
                           .undo = {},

@@ -122,6 +122,7 @@ private:
 
     // Documents: editing_mode_documents.cpp
     void keepDraft();
+    void keepDraftOrSay();
     void keepDraftSoon();
     bool save(bool elsewhere);
     [[nodiscard]] QString askTarget();
@@ -134,6 +135,7 @@ private:
     void offerDraftOfDocument();
     void takeDraft(const QString& document);
     void sayUnsaved();
+    [[nodiscard]] QString unsavedText(const QString& document) const;
     [[nodiscard]] QString nameOf(const QString& document) const;
     [[nodiscard]] QString text(QStringView name) const;
 
@@ -150,14 +152,17 @@ private:
     int m_typedLine = -1;                   // where the line is whose field was typed last
     std::vector<QAction*> m_pictureEntries; // of the menu: a group's
     QAction* m_frameEntry = nullptr;
+    QAction* m_marksEntry = nullptr; // what the clip that plays suggests
     QTimer m_draftTimer;
     std::shared_ptr<Left> m_leaving; // as it was when something else was about to begin
     std::shared_ptr<Left> m_left;    // what the notice asks about
     int m_revision = 0;              // of the playlist after the last step, or as it was opened
     bool m_isFollowed = false;       // what is saved of it is known
     bool m_on = false;
+    bool m_canMark = false; // as it was shown last
     bool m_draftIsDue = false;
-    bool m_hasOldDraft = false; // of what is open: one that nobody has taken
+    bool m_hasDraftFailed = false; // the last one could not be written
+    bool m_hasOldDraft = false;    // of what is open: one that nobody has taken
 };
 
 } // namespace orvanta

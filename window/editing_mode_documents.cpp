@@ -22,6 +22,17 @@ QString EditingMode::nameOf(const QString& document) const
     return document.isEmpty() ? text(u"no.name") : fileNameOfPath(document);
 }
 
+/// Nothing holds the changes by then but the program itself.
+void EditingMode::keepDraftOrSay()
+{
+    keepDraft();
+    if (m_draftIsDue) {
+        m_ports.notice.say(
+            text(u"notice.noDraft").arg(nameOf(m_ports.module.playlist.Document)),
+            {{text(u"notice.save"), [this] { save(false); }}, {text(u"notice.close"), [] {}}});
+    }
+}
+
 /// One that cannot be kept is due again with the next change, and at the end. One that was offered
 /// and not taken stays as long as nothing is changed.
 void EditingMode::keepDraft()
@@ -32,6 +43,7 @@ void EditingMode::keepDraft()
     }
     if (m_editing.isChanged()) {
         m_draftIsDue = !m_drafts.keep(m_ports.module.playlist, m_saving.saved());
+        m_hasDraftFailed = m_draftIsDue;
     } else {
         m_drafts.discard(m_ports.module.playlist.Document);
     }
@@ -95,8 +107,8 @@ bool EditingMode::save(bool elsewhere)
 
 void EditingMode::sayFailed(const QString& document)
 {
-    m_ports.notice.say(text(u"notice.failed").arg(nameOf(document)),
-                       {{text(u"notice.close"), [] {}}});
+    const QString said = text(m_hasDraftFailed ? u"notice.failedAtAll" : u"notice.failed");
+    m_ports.notice.say(said.arg(nameOf(document)), {{text(u"notice.close"), [] {}}});
 }
 
 /// As it was saved last; that itself can be undone. Where no file was ever read, only the draft
@@ -114,10 +126,15 @@ void EditingMode::discard()
     m_drafts.discard(m_ports.module.playlist.Document);
 }
 
+QString EditingMode::unsavedText(const QString& document) const
+{
+    return text(m_hasDraftFailed ? u"notice.unsavedAtAll" : u"notice.unsaved")
+        .arg(nameOf(document));
+}
+
 void EditingMode::sayUnsaved()
 {
-    const QString document = m_ports.module.playlist.Document;
-    m_ports.notice.say(text(u"notice.unsaved").arg(nameOf(document)),
+    m_ports.notice.say(unsavedText(m_ports.module.playlist.Document),
                        {{text(u"notice.save"), [this] { save(false); }},
                         {text(u"notice.discard"), [this] { discard(); }}});
 }
@@ -144,7 +161,7 @@ void EditingMode::sayLeft()
         m_drafts.discard(document);
         offerDraftOfDocument();
     };
-    m_ports.notice.say(text(u"notice.unsaved").arg(nameOf(document)),
+    m_ports.notice.say(unsavedText(document),
                        {{text(u"notice.save"), [this, left] { saveLeft(left); }},
                         {text(u"notice.discard"), discardLeft}});
 }
@@ -193,6 +210,7 @@ void EditingMode::playlistShown()
         m_saving.forget();
     }
     const QString& document = m_ports.module.playlist.Document;
+    m_drafts.discardWhatIsSaved(m_ports.module.playlist);
     m_hasOldDraft = m_drafts.of(document).has_value();
     if (m_left && m_hasOldDraft && m_left->playlist.Document == document && !document.isEmpty()) {
         m_left.reset(); // it has come back: saved now, it would not be what is open

@@ -43,6 +43,7 @@ void EditingMode::fillMore()
 void EditingMode::fillSuggestions()
 {
     QMenu& menu = *m_ports.row.More->addMenu(text(u"more.marks"));
+    m_marksEntry = menu.menuAction();
     const auto add = [&](QStringView name, MarkSource source) {
         connect(menu.addAction(text(name)), &QAction::triggered, this,
                 m_ports.boundary([this, source](bool) { m_sound->suggestFrom(source); }));
@@ -71,6 +72,7 @@ void EditingMode::setMarks(const std::vector<SuggestedMark>& found)
 
 void EditingMode::showMore()
 {
+    m_marksEntry->setEnabled(markSetting().has_value());
     const bool hasPicture = m_editing.hasTitles() && current().packet >= 1;
     for (QAction* entry : m_pictureEntries) {
         entry->setEnabled(hasPicture);

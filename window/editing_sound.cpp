@@ -92,6 +92,7 @@ void EditingSound::follow()
         showBrakes(m_selected);
     }
     m_ports.strip.setPlace(operations.secondsNow());
+    Q_EMIT followed();
 }
 
 void EditingSound::readClip()

@@ -54,6 +54,8 @@ public:
 Q_SIGNALS:
     void brakeMoved(orvanta::EditPlace brake, double seconds);
     void brakeChosen(orvanta::EditPlace brake);
+    /// Many times a second: the clip may be another one by now, or none.
+    void followed();
     /// May be none.
     void marksFound(const std::vector<orvanta::SuggestedMark>& marks);
 

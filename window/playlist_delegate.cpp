@@ -26,7 +26,7 @@ constexpr int kTextRightMargin = 4;
 
 // While the list is edited.
 constexpr int kEditedRowHeight = 21; // room for a line to type in
-constexpr int kTimeWidth = 64;       // "10:00:00.00"
+constexpr int kTimeWidth = 76;       // "10:00:00.00", "+ картинка"
 
 } // namespace
 

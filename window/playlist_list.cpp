@@ -335,7 +335,10 @@ void PlaylistList::contextMenuEvent(QContextMenuEvent* event)
         return askForMenu();
     }
     const QPoint place = viewport()->mapFromGlobal(event->globalPos());
-    if (const QModelIndex line = indexAt(place); line.row() >= 1) {
+    const QModelIndex line = indexAt(place);
+    if (selectionModel()->isSelected(line)) { // one of several: the menu is for all of them
+        selectionModel()->setCurrentIndex(line, QItemSelectionModel::NoUpdate);
+    } else if (line.row() >= 1) {
         setCursorLine(line.row());
     }
     Q_EMIT menuAsked(event->globalPos());

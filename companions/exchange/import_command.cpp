@@ -51,7 +51,7 @@ ImportTarget importTarget(const Lesson& lesson, const QString& out, const QStrin
 
 const char16_t* writeImported(const Lesson& lesson, const QString& target)
 {
-    if (lesson.packets.size() > kMostEntries) {
+    if (lesson.packets.size() > kMostInPacket) {
         return u"tooMany";
     }
     try {

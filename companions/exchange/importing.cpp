@@ -309,9 +309,9 @@ ImportedLesson importFiles(const ImportOrder& order)
 static void appendMarks(std::vector<LessonPacket>& packets, const LessonPacket& whole)
 {
     // The first mark of the next packet is the end of this one.
-    constexpr std::size_t kStep = kMostEntries - 1;
+    constexpr std::size_t kStep = kMostInPacket - 1;
     for (std::size_t from = 0; from + 1 < whole.marks.size(); from += kStep) {
-        const std::size_t to = std::min(from + kMostEntries, whole.marks.size());
+        const std::size_t to = std::min(from + kMostInPacket, whole.marks.size());
         LessonPacket part = {.title = whole.title, .markedClip = whole.markedClip, .hasEnd = true};
         part.marks.assign(whole.marks.begin() + static_cast<std::ptrdiff_t>(from),
                           whole.marks.begin() + static_cast<std::ptrdiff_t>(to));
@@ -321,8 +321,8 @@ static void appendMarks(std::vector<LessonPacket>& packets, const LessonPacket& 
 
 static void appendClips(std::vector<LessonPacket>& packets, const LessonPacket& whole)
 {
-    for (std::size_t from = 0; from < whole.clips.size(); from += kMostEntries) {
-        const std::size_t to = std::min(from + kMostEntries, whole.clips.size());
+    for (std::size_t from = 0; from < whole.clips.size(); from += kMostInPacket) {
+        const std::size_t to = std::min(from + kMostInPacket, whole.clips.size());
         LessonPacket part = {.title = whole.title};
         part.clips.assign(whole.clips.begin() + static_cast<std::ptrdiff_t>(from),
                           whole.clips.begin() + static_cast<std::ptrdiff_t>(to));
@@ -333,7 +333,7 @@ static void appendClips(std::vector<LessonPacket>& packets, const LessonPacket& 
 std::vector<LessonPacket> packetsThatFit(LessonPacket packet)
 {
     std::vector<LessonPacket> packets;
-    if (packet.marks.size() <= kMostEntries && packet.clips.size() <= kMostEntries) {
+    if (packet.marks.size() <= kMostInPacket && packet.clips.size() <= kMostInPacket) {
         packets.push_back(std::move(packet));
         return packets;
     }

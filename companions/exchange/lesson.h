@@ -61,6 +61,6 @@ struct ReadLesson
 };
 
 /// At most so many entries stand in a packet, and so many packets in a group.
-inline constexpr std::size_t kMostEntries = 32767;
+inline constexpr std::size_t kMostInPacket = 32767;
 
 } // namespace orvanta

@@ -276,4 +276,24 @@ std::optional<std::vector<PlaylistEntry>> Drafts::packets(const QString& documen
     return whole ? std::optional(std::move(packets)) : std::nullopt;
 }
 
+static bool isSameMember(const PlaylistEntry& a, const PlaylistEntry& b)
+{
+    const auto fileOfEntry = [](const PlaylistEntry& entry) {
+        return entry.Origin ? entry.Origin->file : QString();
+    };
+    return isSamePacket(a, b) && a.Title == b.Title && a.Picture == b.Picture &&
+           fileOfEntry(a) == fileOfEntry(b);
+}
+
+void Drafts::discardWhatIsSaved(const PlaylistState& playlist) const
+{
+    const QString& document = playlist.Document;
+    const auto drafted = document.isEmpty() ? std::nullopt : packets(document, playlist);
+    const auto& open = playlist.Playlist;
+    if (drafted &&
+        std::equal(drafted->begin(), drafted->end(), open.begin(), open.end(), isSameMember)) {
+        QFile::remove(newestFile(document));
+    }
+}
+
 } // namespace orvanta

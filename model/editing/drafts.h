@@ -29,6 +29,9 @@ public:
     [[nodiscard]] bool keep(const PlaylistState& playlist,
                             const std::vector<PlaylistEntry>& saved) const;
     void discard(const QString& document) const;
+    /// Discards the newest draft where it says what the document says: the program ended between
+    /// saving and this. The playlist is as it was read.
+    void discardWhatIsSaved(const PlaylistState& playlist) const;
     /// The document's draft is of an earlier time, and nobody has taken it: the next one is kept
     /// beside it, not in its place.
     void setAside(const QString& document) const;

@@ -164,7 +164,38 @@ void LessonSaving::saveGroupTo(const QString& target)
     saveGroup(members, target, former);
 }
 
-void LessonSaving::save(const QString& target)
+namespace {
+
+/// What is open as it was, origins and all: packets share theirs with what was saved.
+class Before
+{
+public:
+    explicit Before(const std::vector<PlaylistEntry>& playlist)
+        : m_playlist(playlist)
+    {
+        for (const PlaylistEntry& packet : playlist) {
+            m_origins.push_back(packet.Origin ? *packet.Origin : PacketOrigin());
+        }
+    }
+
+    void putBack(std::vector<PlaylistEntry>& playlist) const
+    {
+        playlist = m_playlist;
+        for (std::size_t i = 0; i < playlist.size(); ++i) {
+            if (playlist[i].Origin) {
+                *playlist[i].Origin = m_origins[i];
+            }
+        }
+    }
+
+private:
+    std::vector<PlaylistEntry> m_playlist;
+    std::vector<PacketOrigin> m_origins;
+};
+
+} // namespace
+
+void LessonSaving::write(const QString& target)
 {
     if (isGroupPath(target)) {
         saveGroupTo(target);
@@ -172,6 +203,19 @@ void LessonSaving::save(const QString& target)
         saveOnePacket(m_playlist.Playlist.front(), target);
     } else {
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    }
+}
+
+void LessonSaving::save(const QString& target)
+{
+    const Before before(m_playlist.Playlist);
+    try {
+        write(target);
+    } catch (...) {
+        if (target != m_playlist.Document) { // half of it would be there, half here
+            before.putBack(m_playlist.Playlist);
+        }
+        throw;
     }
     m_playlist.Document = target;
     m_playlist.PacketFolder = folderOfPath(target);

@@ -42,13 +42,15 @@ public:
     /// Writes what has changed. In a group, packets that have no file get one beside it. Elsewhere
     /// than where it came from, the files it came from stay as they are, and relative paths become
     /// absolute ones. Raises 75 where a file cannot be written: what was written before it is
-    /// saved, the rest is not. 5 where several packets are to go into one packet file.
+    /// saved, the rest is not; elsewhere, what is open stays with the files it came from. 5 where
+    /// several packets are to go into one packet file.
     void save(const QString& target);
 
     /// What its files held when it was opened or saved last.
     [[nodiscard]] const std::vector<PlaylistEntry>& saved() const { return m_saved; }
 
 private:
+    void write(const QString& target);
     void saveOnePacket(PlaylistEntry& packet, const QString& target);
     void saveGroupTo(const QString& target);
     [[nodiscard]] bool isAsSaved(const PlaylistEntry& packet) const;

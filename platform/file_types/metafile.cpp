@@ -12,8 +12,8 @@
 namespace orvanta {
 
 constexpr double kDotsPerInch = 96.0;
-constexpr int kLongestSide = 4096; // pixels
-constexpr qsizetype kLargestFile = qsizetype{64} * 1024 * 1024;
+constexpr int kLongestSide = 4096;               // pixels
+constexpr qint64 kLargestFile = qint64{2} << 20; // drawn in a second; larger ones take minutes
 
 namespace {
 
@@ -138,7 +138,8 @@ QImage readMetafileOf(const QString& name)
 {
     constexpr qint64 kEnoughToTell = 4;
     QFile file(name);
-    if (!file.open(QIODevice::ReadOnly) || !looksLikeMetafile(file.peek(kEnoughToTell))) {
+    if (!file.open(QIODevice::ReadOnly) || file.size() > kLargestFile ||
+        !looksLikeMetafile(file.peek(kEnoughToTell))) {
         return {};
     }
     return readMetafile(file.readAll());

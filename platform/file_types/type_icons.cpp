@@ -4,6 +4,7 @@
 #include "core/paths.h"
 #include "platform/file_types/desktop_files.h"
 #include "platform/file_types/desktop_folders.h"
+#include "platform/file_types/document_picture.h"
 #include "platform/process/application_folder.h"
 
 #include <QBuffer>
@@ -22,6 +23,7 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
+constexpr int kMostEntriesOfIcon = 256;
 constexpr std::array kSizes = {16, 22, 24, 32, 48, 64, 128, 256};
 
 QString standardIcon(const QString& applicationFolder, const QString& extension)
@@ -46,7 +48,8 @@ static int bestPicture(QImageReader& reader, int side)
 {
     int best = 0;
     int bestWidth = 0;
-    for (int i = 0; i < reader.imageCount() && reader.jumpToImage(i); ++i) {
+    const int count = std::min(reader.imageCount(), kMostEntriesOfIcon);
+    for (int i = 0; i < count && reader.jumpToImage(i); ++i) {
         const int width = reader.size().width();
         const bool isBetter =
             bestWidth < side ? width > bestWidth : width >= side && width < bestWidth;
@@ -64,7 +67,9 @@ QImage readIcon(const QString& icoFile, int side)
         return {};
     }
     QImageReader reader(icoFile);
-    reader.setDecideFormatFromContent(true); // other pictures bear this ending too
+    if (!takesKnownFormat(reader)) { // other pictures bear this ending too
+        return {};
+    }
     reader.jumpToImage(bestPicture(reader, side));
     QImage picture = reader.read();
     if (picture.width() > side || picture.height() > side) {
@@ -106,7 +111,10 @@ static QList<QImage> framesOf(const QString& icoFile)
 {
     QImageReader reader(icoFile);
     QList<QImage> frames;
-    const int count = std::max(reader.imageCount(), 1);
+    if (!takesKnownFormat(reader)) {
+        return frames;
+    }
+    const int count = std::clamp(reader.imageCount(), 1, kMostEntriesOfIcon);
     for (int i = 0; i < count; ++i) {
         QImage frame = reader.read();
         if (!frame.isNull()) {

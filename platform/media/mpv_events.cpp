@@ -55,6 +55,7 @@ void MpvPlayer::observeProperties()
     m_mpv->observe("duration", MPV_FORMAT_DOUBLE, ClipLength);
     m_mpv->observe("pause", MPV_FORMAT_FLAG, PauseState);
     m_mpv->observe("eof-reached", MPV_FORMAT_FLAG, EndOfFile);
+    m_mpv->observe("current-ao", MPV_FORMAT_STRING, OutputName);
 }
 
 // A receiver of a signal may spin the event loop and so serve events from within, or end it all.
@@ -170,6 +171,10 @@ void MpvPlayer::serveFact(Request fact, const mpv_event& event)
 
 void MpvPlayer::serveProperty(const mpv_event& event)
 {
+    if (event.reply_userdata == OutputName) {
+        const auto* name = valueOf<const char*>(propertyOf(event), MPV_FORMAT_STRING, "");
+        return m_sound.outputIs(name);
+    }
     // Before the file is open the values may still be those of the file before.
     if (m_phase != Ready || m_reloading) {
         return;

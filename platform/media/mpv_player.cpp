@@ -23,7 +23,8 @@ static std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
 
 MpvPlayer::MpvPlayer(const MpvOptionList& extraOptions)
     : m_mpv(startPlayer(extraOptions)),
-      m_picture(m_mpv->get())
+      m_picture(m_mpv->get()),
+      m_sound(*m_mpv, extraOptions)
 {
     m_look.setInterval(kLookMilliseconds);
     m_seekGuard.setInterval(kSeekGuardMilliseconds);
@@ -140,6 +141,7 @@ double MpvPlayer::CurrentPosition() const
 void MpvPlayer::changeState(State state)
 {
     const State old = std::exchange(m_state, state);
+    m_sound.setRunning(state == Running);
     if (old == state) {
         return;
     }

@@ -8,6 +8,7 @@
 #include "platform/media/mpv_options.h"
 #include "platform/media/mpv_picture_source.h"
 #include "platform/media/mpv_seek.h"
+#include "platform/media/sound_output.h"
 
 #include <QSize>
 #include <QTimer>
@@ -89,6 +90,7 @@ private:
         ClipLength,
         PauseState,
         EndOfFile,
+        OutputName,
     };
 
     // mpv_player.cpp
@@ -145,8 +147,9 @@ private:
 
     std::unique_ptr<MpvHandle> m_mpv;
     MpvPictureSource m_picture; // must go before the player, or the library aborts
-    QTimer m_look;              // while running: has the clip come to its end?
-    QTimer m_seekGuard;         // ends a seek that the player never answers
+    SoundOutput m_sound;
+    QTimer m_look;      // while running: has the clip come to its end?
+    QTimer m_seekGuard; // ends a seek that the player never answers
 
     QString m_fileName;
     Phase m_phase = Empty;

@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 
 namespace orvanta {
@@ -36,11 +37,11 @@ FileLock::~FileLock()
     }
 }
 
-FileLock::Outcome FileLock::take(int operation)
+FileLock::Outcome FileLock::tryLock()
 {
     int result = -1;
     do {
-        result = ::flock(m_descriptor, operation);
+        result = ::flock(m_descriptor, LOCK_EX | LOCK_NB);
     } while (result != 0 && errno == EINTR);
     if (result == 0) {
         return Outcome::Held;
@@ -52,14 +53,16 @@ FileLock::Outcome FileLock::take(int operation)
     return Outcome::Unavailable;
 }
 
-FileLock::Outcome FileLock::lock()
+FileLock::Outcome FileLock::lockWithin(std::chrono::milliseconds patience)
 {
-    return take(LOCK_EX);
-}
-
-FileLock::Outcome FileLock::tryLock()
-{
-    return take(LOCK_EX | LOCK_NB);
+    constexpr std::chrono::milliseconds kPause(5);
+    const auto end = std::chrono::steady_clock::now() + patience;
+    Outcome outcome = tryLock();
+    while (outcome == Outcome::Busy && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(kPause);
+        outcome = tryLock();
+    }
+    return outcome;
 }
 
 void FileLock::setMark(bool marked)

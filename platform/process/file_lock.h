@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <chrono>
+
 namespace orvanta {
 
 /// Opens the lock file (created when it is missing; where it cannot be created the folder itself
@@ -23,8 +25,8 @@ public:
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
 
-    /// Waits until the lock is free.
-    Outcome lock();
+    /// Waits until the lock is free, but no longer than this.
+    Outcome lockWithin(std::chrono::milliseconds patience);
     /// Takes the lock only when it is free now.
     Outcome tryLock();
 
@@ -33,8 +35,6 @@ public:
     [[nodiscard]] bool isMarked() const;
 
 private:
-    Outcome take(int operation);
-
     int m_descriptor = -1;
 };
 

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QThread>
 
+#include <chrono>
 #include <cstdio>
 #include <utility>
 #include <vector>
@@ -23,6 +24,8 @@ static const QString kCount = u"num"_s;
 
 constexpr unsigned long kReadPauseMs = 15;
 constexpr qint64 kPatienceMs = 5000;
+/// The flag "wr" guards the queue for whoever finds its lock kept by a foreign program.
+constexpr std::chrono::seconds kLockPatience(1);
 
 static Int16 queueLength(const QString& text)
 {
@@ -72,19 +75,24 @@ bool HandOverQueue::isFree() const
     return ReadIni(kQueue, kBusyFlag, m_settingsFile) == u"0";
 }
 
-bool HandOverQueue::hasEntries() const
+QString HandOverQueue::countText() const
 {
-    return ReadIni(kQueue, kCount, m_settingsFile, u"0"_s) != u"0";
+    return ReadIni(kQueue, kCount, m_settingsFile, u"0"_s);
 }
 
-void HandOverQueue::append(const QStringList& lines)
+bool HandOverQueue::hasEntries() const
 {
-    if (lines.isEmpty()) {
-        return;
-    }
-    do {
+    return countText() != u"0";
+}
+
+bool HandOverQueue::append(const QStringList& lines)
+{
+    Appending outcome = lines.isEmpty() ? Appending::Done : Appending::Busy;
+    while (outcome == Appending::Busy) {
         waitUntilFree();
-    } while (!tryAppend(lines));
+        outcome = tryAppend(lines);
+    }
+    return outcome == Appending::Done;
 }
 
 void HandOverQueue::waitUntilFree() const
@@ -134,40 +142,38 @@ bool HandOverQueue::freeWhenNobodyHolds() const
     return true;
 }
 
-/// One atomic replacement, so that a killed launch never leaves "wr" = "1" behind. False when the
-/// queue has become busy since it was seen free.
-bool HandOverQueue::tryAppend(const QStringList& lines) const
+/// One atomic replacement, so that a killed launch never leaves "wr" = "1" behind.
+HandOverQueue::Appending HandOverQueue::tryAppend(const QStringList& lines) const
 {
     FileLock lock(lockFile());
-    lock.lock();
-    const Int16 length = queueLength(ReadIni(kQueue, kCount, m_settingsFile));
-    const std::vector<IniChange> changes = changesForAppending(lines, length);
+    lock.lockWithin(kLockPatience);
     bool free = true;
     const bool written = changeIniAtOnce(m_settingsFile, [&](const auto& read) {
         free = read(kQueue, kBusyFlag) == u"0";
-        return free ? changes : std::vector<IniChange>();
+        return free ? changesForAppending(lines, queueLength(read(kQueue, kCount)))
+                    : std::vector<IniChange>();
     });
     if (!written) {
-        qCInfo(logErrors, "the command line cannot be handed over: settings are not writable");
+        return Appending::Refused;
     }
-    return free;
+    return free ? Appending::Done : Appending::Busy;
 }
 
 HandOverQueue::Drain::Drain(const HandOverQueue& queue)
     : m_queue(queue),
       m_lock(queue.lockFile())
 {
-    m_lock.lock();
+    m_lock.lockWithin(kLockPatience);
     m_lock.setMark(true);
     WriteIni(kQueue, kBusyFlag, u"1"_s, m_queue.m_settingsFile);
 }
 
 HandOverQueue::Drain::~Drain()
 {
-    const bool written = changeIniAtOnce(m_queue.m_settingsFile, [](const auto&) {
+    m_queue.m_wasReset = changeIniAtOnce(m_queue.m_settingsFile, [](const auto&) {
         return std::vector<IniChange>{{kQueue, kCount, u"0"_s}, {kQueue, kBusyFlag, u"0"_s}};
     });
-    if (!written) {
+    if (!m_queue.m_wasReset) {
         qCInfo(logErrors, "the hand-over queue cannot be reset: settings are not writable");
     }
     m_lock.setMark(false);

@@ -22,12 +22,18 @@ public:
 
     /// Launch side: waits until "wr" is "0" (after 5 s it says so once on standard error, and sets
     /// it to "0" itself as soon as no living process holds the queue's lock), then appends the
-    /// lines as one atomic replacement under the queue's lock. Raises 13 when "num" is no number, 9
-    /// when it is negative, 6 when it grows over 32767.
-    void append(const QStringList& lines);
+    /// lines as one atomic replacement under the queue's lock. False, at once, where the settings
+    /// cannot be written: nothing is queued. Raises 13 when "num" is no number, 9 when it is
+    /// negative, 6 when it grows over 32767.
+    bool append(const QStringList& lines);
 
     /// "num" is neither "0" nor absent. One cheap read, for the tick.
     [[nodiscard]] bool hasEntries() const;
+
+    /// "num" as it stands.
+    [[nodiscard]] QString countText() const;
+    /// Whether the last drain could reset the queue. What could not be is still there.
+    [[nodiscard]] bool wasReset() const { return m_wasReset; }
 
     /// Drain side: takes the lock, sets "wr" = "1", gives the lines in order to open, and resets
     /// "num" and "wr" to "0" on every way out. Raises 13 when "num" is no number and 9 when it is
@@ -59,9 +65,16 @@ private:
     void waitUntilFree() const;
     void freeAfterKilledDrain() const;
     [[nodiscard]] bool freeWhenNobodyHolds() const;
-    [[nodiscard]] bool tryAppend(const QStringList& lines) const;
+    enum class Appending
+    {
+        Done,
+        Busy, // since the queue was seen free
+        Refused,
+    };
+    [[nodiscard]] Appending tryAppend(const QStringList& lines) const;
 
     QString m_settingsFile;
+    mutable bool m_wasReset = true;
 };
 
 /// The folder that a queued line names: itself, or with the folder switch, "/f" (any case) and

@@ -10,6 +10,8 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 
+#include <sys/socket.h>
+#include <unistd.h>
 #include <utility>
 
 namespace orvanta {
@@ -19,23 +21,35 @@ using namespace Qt::StringLiterals;
 constexpr int kConnectTimeMs = 500;
 constexpr int kAnswerTimeMs = 5000; // a first that reads many packets serves no calls meanwhile
 constexpr int kCallsWaiting = 128;
-constexpr qint64 kLongestCall = 4096; // bytes; a token is some dozens
+constexpr qint64 kLongestCall = 1 << 20; // bytes; a token is some dozens, a path some hundreds
 
+// A call is any number of lines "open LINE" (percent-encoded) and one "raise TOKEN".
+static const QByteArray kOpenCall = "open ";
 static const QByteArray kRaiseCall = "raise ";
 static const QByteArray kHeard = "heard\n";
+constexpr char kSaid[] = "said"; // property of a call: what it has said so far
 
-static QString socketFolder()
-{
-    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
-    return QFileInfo(runtime).isDir() ? runtime : QDir::tempPath();
-}
-
-/// One name for each application folder, short enough for a socket's address.
+/// One name for each application folder. Without a folder of the session's own the socket lies in
+/// the application folder: in one that everybody may write to, anybody could take the name first.
 static QString socketName(const QString& folder)
 {
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (!QFileInfo(runtime).isDir()) {
+        return QDir(folder).canonicalPath() + u"/instance.socket"_s;
+    }
     const QByteArray path = QDir(folder).canonicalPath().toUtf8();
     const QByteArray digest = QCryptographicHash::hash(path, QCryptographicHash::Sha256);
-    return socketFolder() + u"/orvanta-"_s + QString::fromLatin1(digest.left(10).toHex());
+    return runtime + u"/orvanta-"_s + QString::fromLatin1(digest.left(10).toHex());
+}
+
+/// Whether who listens at the other end is this user.
+static bool isOfThisUser(const QLocalSocket& call)
+{
+    ucred peer = {};
+    socklen_t size = sizeof(peer);
+    const int socket = static_cast<int>(call.socketDescriptor());
+    return ::getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &peer, &size) == 0 &&
+           peer.uid == ::geteuid();
 }
 
 SingleInstance::SingleInstance(const QString& applicationFolder, QObject* parent)
@@ -78,29 +92,58 @@ void SingleInstance::takeCall()
     }
 }
 
+/// Waits for the last line: whoever hands lines over has either handed over all or none.
 void SingleInstance::readCall(QLocalSocket* call)
 {
-    if (!call->canReadLine()) {
+    QByteArray said = call->property(kSaid).toByteArray() + call->readAll();
+    call->setProperty(kSaid, said);
+    if (said.size() < kLongestCall && !said.endsWith('\n')) {
         return;
     }
-    const QByteArray line = call->readLine(kLongestCall).trimmed() + ' ';
-    const bool answers = line.startsWith(kRaiseCall) && m_goesOn();
+    const QByteArrayList lines = said.trimmed().split('\n');
+    const QByteArray last = lines.back() + ' ';
+    if (said.size() < kLongestCall && last.startsWith(kOpenCall)) {
+        return;
+    }
+    const bool answers = last.startsWith(kRaiseCall) && m_goesOn();
     if (answers) {
         call->write(kHeard);
         call->flush();
     }
     call->disconnectFromServer();
     if (answers) {
-        Q_EMIT raiseRequested(QString::fromUtf8(line.mid(kRaiseCall.size()).trimmed()));
+        handOver(lines.mid(0, lines.size() - 1));
+        Q_EMIT raiseRequested(QString::fromUtf8(last.mid(kRaiseCall.size()).trimmed()));
     }
 }
 
-bool SingleInstance::raiseFirst(const QString& activationToken) const
+void SingleInstance::handOver(const QByteArrayList& calls)
+{
+    QStringList lines;
+    for (const QByteArray& call : calls) {
+        if (call.startsWith(kOpenCall)) {
+            const QByteArray line = call.mid(kOpenCall.size());
+            lines.append(QString::fromUtf8(QByteArray::fromPercentEncoding(line)));
+        }
+    }
+    if (!lines.isEmpty()) {
+        Q_EMIT linesHandedOver(lines);
+    }
+}
+
+bool SingleInstance::raiseFirst(const QString& activationToken, const QStringList& lines) const
 {
     QLocalSocket call;
     call.connectToServer(socketName(m_folder));
     if (!call.waitForConnected(kConnectTimeMs)) {
         return false;
+    }
+    if (!isOfThisUser(call)) { // an activation token is nobody else's business
+        qCInfo(logErrors, "the socket of the first instance belongs to another user");
+        return false;
+    }
+    for (const QString& line : lines) {
+        call.write(kOpenCall + line.toUtf8().toPercentEncoding() + '\n');
     }
     call.write(kRaiseCall + activationToken.toUtf8() + '\n');
     // Being written proves nothing: the call may lie unread in a socket that is about to close.

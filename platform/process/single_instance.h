@@ -1,8 +1,10 @@
 // Which process is first, and how a later one raises it.
 #pragma once
 
+#include <QByteArrayList>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -28,20 +30,24 @@ public:
     /// The first instance: takes later ones' calls from now on. goesOn is asked at each call: one
     /// that is ending leaves the call without an answer, and the launch takes its place.
     void listen(std::function<bool()> goesOn = [] { return true; });
-    /// A later instance: asks the first to show its window, with the launch's activation token.
-    /// Waits some seconds at most for a first that is busy. False when the first does not answer
-    /// (it may be starting or ending).
-    [[nodiscard]] bool raiseFirst(const QString& activationToken = {}) const;
+    /// A later instance: asks the first to show its window, with the launch's activation token,
+    /// and hands it lines that could not be queued. Waits some seconds at most for a first that is
+    /// busy. False when the first does not answer (it may be starting or ending).
+    [[nodiscard]] bool raiseFirst(const QString& activationToken = {},
+                                  const QStringList& lines = {}) const;
     /// Gives the lock up (before an error report that may stay on the screen for long).
     void release();
 
 Q_SIGNALS:
     /// activationToken: from the launch that asks; may be empty.
     void raiseRequested(const QString& activationToken);
+    /// Comes before the raise of the same launch.
+    void linesHandedOver(const QStringList& lines);
 
 private:
     void takeCall();
     void readCall(QLocalSocket* call);
+    void handOver(const QByteArrayList& calls);
 
     QString m_folder;
     std::function<bool()> m_goesOn;

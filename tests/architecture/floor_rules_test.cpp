@@ -46,7 +46,7 @@ constexpr Row kRows[] = {
     {"platform/screen/x11.h", "<xcb/xcb.h>", true},
     {"window/window_frame.cpp", "<xcb/xcb.h>", false},
     {"platform/file_types/metafile.cpp", "<libwmf/api.h>", true},
-    {"playback/still_picture.cpp", "<libwmf/api.h>", false},
+    {"playback/picture_reading.cpp", "<libwmf/api.h>", false},
     {"platform/file_types/drawing.cpp", "<QSvgRenderer>", true},
     {"window/skin.cpp", "<QSvgRenderer>", false},
     {"companions/tutorial.cpp", "\"platform/process/companion.h\"", true},

@@ -119,8 +119,8 @@ TEST_F(LessonDocuments, SplitWhatNoPacketHolds)
 {
     const auto split = packetsThatFit(clips(40000));
     ASSERT_EQ(split.size(), 2U);
-    EXPECT_EQ(split[0].clips.size(), kMostEntries);
-    EXPECT_EQ(split[1].clips.size(), 40000 - kMostEntries);
+    EXPECT_EQ(split[0].clips.size(), kMostInPacket);
+    EXPECT_EQ(split[1].clips.size(), 40000 - kMostInPacket);
     EXPECT_EQ(split[1].title, u"Many 2");
 
     LessonPacket marks = {.title = u"M"_s, .markedClip = u"/a"_s, .hasEnd = true};
@@ -129,7 +129,7 @@ TEST_F(LessonDocuments, SplitWhatNoPacketHolds)
     }
     const auto parts = packetsThatFit(marks);
     ASSERT_EQ(parts.size(), 2U);
-    EXPECT_EQ(parts[0].marks.size(), kMostEntries);
+    EXPECT_EQ(parts[0].marks.size(), kMostInPacket);
     EXPECT_EQ(parts[1].marks.front(), parts[0].marks.back()); // nothing lies between them
     EXPECT_EQ(parts[1].marks.back().text, u"39999");
 }

@@ -1,4 +1,5 @@
 #include "core/document_writer.h"
+#include "core/earlier_versions.h"
 #include "core/ini.h"
 #include "tests/core/test_folder.h"
 #include "tests/support/error_of.h"
@@ -107,6 +108,32 @@ TEST_F(Documents, AProtectedOneIsAnAccessErrorAndStays)
         DocumentWriter writer(file);
         EXPECT_EQ(errorOf([&] { writeFiles(writer, u"0"_s); }), 75);
         EXPECT_EQ(bytesOf(file), "[main]\r\nold=1\r\n");
+    }));
+}
+
+TEST_F(Documents, InAFolderThatTakesNoNewFilesAreWrittenInPlaceOnceTheEarlierOneIsKept)
+{
+    EXPECT_TRUE(test::holdsForPlainUser([] {
+        const QTemporaryDir folder;
+        const QTemporaryDir versions;
+        const QString file = folder.filePath(u"a.vxl"_s);
+        ASSERT_TRUE(writeBytes(file, "[main]\r\nold=1\r\nlonger=than the new one\r\n"));
+        ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0555), 0);
+        const auto save = [&] {
+            DocumentWriter writer(file);
+            writeFiles(writer, u"0"_s);
+            writer.finish();
+        };
+        EXPECT_EQ(errorOf(save), 75); // nowhere to keep the earlier one
+        EXPECT_TRUE(bytesOf(file).contains("old=1"));
+        setVersionsFolder(versions.path());
+        EXPECT_EQ(errorOf(save), 0);
+        EXPECT_EQ(bytesOf(file), "[main]\r\nfiles=0\r\n");
+        const auto kept = earlierVersions(file);
+        EXPECT_EQ(kept.size(), 1U);
+        EXPECT_TRUE(kept.size() == 1 && bytesOf(kept.front().file).contains("old=1"));
+        setVersionsFolder({});
+        chmod(QFile::encodeName(folder.path()).constData(), 0755);
     }));
 }
 

@@ -29,6 +29,7 @@ TEST(RuntimeError, EveryNumberHasItsText)
     };
     const std::vector<Row> rows = {{5, u"Invalid procedure call or argument"_s},
                                    {6, u"Overflow"_s},
+                                   {7, u"Out of memory"_s},
                                    {9, u"Subscript out of range"_s},
                                    {11, u"Division by zero"_s},
                                    {13, u"Type mismatch"_s},
@@ -77,6 +78,18 @@ TEST(HandlerBoundary, AnErrorGoesToTheReport)
     const HandlerBoundary boundary([&](const RuntimeError& error) { reported = error.number(); });
     boundary([] { failWith(ErrorNumber::DivisionByZero); })();
     EXPECT_EQ(reported, ErrorNumber::DivisionByZero);
+}
+
+TEST(HandlerBoundary, MemoryThatRunsOutIsOneOfTheErrors)
+{
+    const auto allocate = [] { throw std::bad_alloc(); };
+    const test::LogCapture log("orvanta.errors");
+    EXPECT_FALSE(resumeNext("loading", allocate));
+    EXPECT_EQ(log.lines(), QStringList(u"loading: error 7, Out of memory"_s));
+    std::optional<ErrorNumber> reported;
+    const HandlerBoundary boundary([&](const RuntimeError& error) { reported = error.number(); });
+    boundary(allocate)();
+    EXPECT_EQ(reported, ErrorNumber::OutOfMemory);
 }
 
 TEST(HandlerBoundary, ArgumentsOfTheSignalArePassedThrough)

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <fcntl.h>
+#include <functional>
 #include <future>
 #include <sys/file.h>
 
@@ -61,6 +62,28 @@ TEST_F(IniProcesses, AForeignLockDelaysButNeverStops)
     foreign.close(); // also lets go who would wait for ever
     EXPECT_EQ(value.get(), u"1"_s);
     EXPECT_EQ(ReadIni(u"main"_s, u"k"_s, file), u"2"_s);
+}
+
+static std::chrono::steady_clock::duration timeOf(const std::function<void()>& action)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    action();
+    return std::chrono::steady_clock::now() - begin;
+}
+
+TEST_F(IniProcesses, AForeignLockThatStaysIsWaitedForOnce)
+{
+    const QString file = put(u"kept.ini"_s, "[main]\r\nk=1\r\n");
+    const Descriptor foreign = Descriptor::open(QFile::encodeName(file), O_RDWR);
+    ASSERT_TRUE(foreign.lock(LOCK_EX | LOCK_NB));
+    const auto first = timeOf([&] { WriteIni(u"main"_s, u"k"_s, u"0"_s, file); });
+    const auto others = timeOf([&] {
+        for (int i = 1; i <= 30; ++i) {
+            WriteIni(u"main"_s, u"k"_s, QString::number(i), file);
+        }
+    });
+    EXPECT_LT(others, first * 10);
+    EXPECT_EQ(ReadIni(u"main"_s, u"k"_s, file), u"30"_s);
 }
 
 TEST_F(IniProcesses, ProgramsThatCreateTheSameFileLoseNothing)

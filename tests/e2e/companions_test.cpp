@@ -93,7 +93,7 @@ TEST_F(Companions, TheTutorialPlaysItsLessonsInThePlayerThatStartedIt)
 {
     ASSERT_TRUE(startAlone());
     ASSERT_TRUE(chooseTutorial());
-    ASSERT_TRUE(loads(4, 15));
+    ASSERT_TRUE(loads(5, 20));
     ASSERT_TRUE(plays(u"start 1 1 A packet is clips in an order, each with a text"_s));
     ASSERT_TRUE(plays(u"ended 1 1"_s));
     EXPECT_TRUE(plays(u"start 1 2"_s));

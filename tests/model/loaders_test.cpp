@@ -225,6 +225,42 @@ TEST_F(Loaders, AppendingMorePacketsThanAListHoldsRaisesOverflow)
     EXPECT_TRUE(playlist.Playlist.empty());
 }
 
+/// A group of 31 packets of 32,767 clips: more than may be open at once.
+static QString hugeGroup(const SettingsFolder& folder)
+{
+    folder.write(u"many.vxl"_s, "[main]\nfiles=32767\n");
+    QByteArray text = "[main]\nfiles=31\n";
+    for (int i = 1; i <= 31; ++i) {
+        text += "[file" + QByteArray::number(i) + "]\npath=many.vxl\n";
+    }
+    return folder.write(u"huge.vxg"_s, text);
+}
+
+TEST_F(Loaders, AGroupOfMoreThanAMillionEntriesIsOutOfMemoryAndLeavesWhatIsOpen)
+{
+    const QString huge = hugeGroup(folder);
+    clipPacket(u"a.vxl"_s);
+    OpenGroup(playlist, group(u"small.vxg"_s, {u"a.vxl"_s}));
+    for (const auto& load : {OpenGroup, appendGroup}) {
+        EXPECT_EQ(errorOf([&] { load(playlist, huge); }), 7);
+        EXPECT_EQ(playlist.PlaylistCount, 1);
+        EXPECT_EQ(playlist.Document, folder.file(u"small.vxg"_s));
+        EXPECT_EQ(playlist.packet(1).clip(2).Text, u"B");
+    }
+}
+
+TEST_F(Loaders, APacketThatThereIsNoRoomForIsNotAppended)
+{
+    const QString huge = hugeGroup(folder);
+    WriteIni(u"main"_s, u"files"_s, u"30"_s, huge);
+    OpenGroup(playlist, huge);
+    appendPacket(playlist, clipPacket(u"a.vxl"_s));
+    EXPECT_EQ(playlist.PlaylistCount, 31);
+    EXPECT_EQ(errorOf([&] { appendPacket(playlist, folder.file(u"many.vxl"_s)); }), 7);
+    EXPECT_EQ(playlist.PlaylistCount, 31);
+    EXPECT_EQ(playlist.entryCount(), 30 * 32767 + 2);
+}
+
 TEST_F(Loaders, AClipIsAppendedToTheNamedPacket)
 {
     OpenFiles(playlist, {u"/m/a.avi"_s});

@@ -114,7 +114,7 @@ TEST_F(Installed, TheTutorialOfTheMenuPlaysItsLessonsInTheRunningProgram)
     ASSERT_TRUE(program.startAndShow());
     ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"!Orvanta!"_s) == 1; }));
     ASSERT_TRUE(window().clickInMenu(u"Help..."_s, {2, 3}));
-    ASSERT_TRUE(loads(4, 15));
+    ASSERT_TRUE(loads(5, 20));
     EXPECT_TRUE(plays(u"start 1 1"_s));
 }
 
@@ -125,7 +125,7 @@ TEST_F(Installed, TheTutorialSpeaksTheLanguageOfTheInterface)
     OwnedProcess tutorial;
     tutorial.setProcessEnvironment(session());
     tutorial.start(root.path(u"usr/libexec/orvanta/tutorial"_s), {});
-    ASSERT_TRUE(loads(4, 15));
+    ASSERT_TRUE(loads(5, 20));
     EXPECT_TRUE(plays(u"start 1 1 Пакет — это клипы по порядку, у каждого свой текст"_s));
 }
 

@@ -1,4 +1,5 @@
 #include "tests/playback/engine_fixture.h"
+#include "tests/support/plain_user.h"
 
 #include <QDir>
 
@@ -51,6 +52,49 @@ TEST_F(HandOver, IsReadAsWorkThatMayBeLong)
     EXPECT_EQ(view.packetsAfterBusyWork, std::vector{2});
     engine->openAndPlay(packetFile(u"c.vxl"_s, u"c"_s));
     EXPECT_EQ(view.packetsAfterBusyWork, (std::vector{2, 1}));
+}
+
+TEST_F(HandOver, WhatTheSettingsCouldNotTakeIsOpenedFromMemory)
+{
+    module.HandedOver = {packetFile(u"a.vxl"_s, u"a"_s)};
+    serve({});
+    EXPECT_EQ(packets(), 1);
+    EXPECT_EQ(entry(1).clip(1).Text, u"a");
+    EXPECT_TRUE(module.HandedOver.isEmpty());
+}
+
+TEST_F(HandOver, LinesThatCannotBeTakenOutOfTheSettingsAreOpenedOnce)
+{
+    EXPECT_TRUE(holdsForPlainUser([this] {
+        const SettingsFolder theirs("[ftl]\r\nwr=0\r\nnum=1\r\n1=/a.avi\r\n");
+        ASSERT_TRUE(QFile::setPermissions(theirs.ini(), QFile::ReadOwner));
+        ASSERT_TRUE(QFile::setPermissions(theirs.path(), QFile::ReadOwner | QFile::ExeOwner));
+        module.IniPath = theirs.ini();
+        const int before = module.playlist.revision;
+        engine->tick();
+        const int opened = module.playlist.revision;
+        EXPECT_GT(opened, before);
+        engine->tick();
+        EXPECT_EQ(module.playlist.revision, opened);
+        QFile::setPermissions(theirs.path(),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }));
+}
+
+TEST_F(HandOver, MoreThanCanBeOpenLeavesWhatIsOpen)
+{
+    serve({packetFile(u"a.vxl"_s, u"a"_s)});
+    home.write(u"many.vxl"_s, "[main]\nfiles=32767\n");
+    QByteArray huge = "[main]\nfiles=31\n";
+    for (int i = 1; i <= 31; ++i) {
+        huge += "[file" + QByteArray::number(i) + "]\npath=many.vxl\n";
+    }
+    const QString group = home.write(u"huge.vxg"_s, huge);
+    serve({group});
+    EXPECT_EQ(packets(), 1);
+    engine->openAndPlay(group);
+    EXPECT_EQ(packets(), 1);
+    EXPECT_EQ(entry(1).clip(1).Text, u"a");
 }
 
 TEST_F(HandOver, NotesThatTheShellOpenedTheFiles)

@@ -2,12 +2,13 @@
 #include "platform/media/picture_source.h"
 #include "platform/media/video_surface.h"
 #include "playback/form4_bookmark_sign.h"
-#include "playback/still_picture.h"
+#include "playback/picture_reading.h"
 #include "playback/video_layout.h"
 
 #include <QApplication>
 #include <QPointer>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -158,11 +159,37 @@ TEST(VideoSurface, WithoutASourceItStaysBlack)
     EXPECT_EQ(colourAt(surface, 10, 10), QColor(Qt::black));
 }
 
-TEST(StillPicture, WhatIsNoPictureReadsAsNone)
+TEST(PictureReading, ShowsNothingForWhatIsNoPicture)
 {
-    EXPECT_TRUE(readStillPicture(QString()).isNull());
-    EXPECT_TRUE(readStillPicture(u"/missing.png"_s).isNull());
-    EXPECT_TRUE(readStillPicture(u"/"_s).isNull());
+    PictureReading reading;
+    for (const QString& file : {QString(), u"/missing.png"_s, u"/"_s}) {
+        bool isShown = false;
+        reading.read(file, {}, [&](const QImage& picture) {
+            isShown = true;
+            EXPECT_TRUE(picture.isNull());
+        });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isShown; }));
+    }
+}
+
+TEST(PictureReading, ShowsAPictureOnceAndNotTheOneThatItGaveUp)
+{
+    const QTemporaryDir folder;
+    QImage large(9000, 7000, QImage::Format_RGB32); // 63 megapixels: not there at once
+    large.fill(Qt::red);
+    const QString slow = folder.filePath(u"slow.png"_s);
+    const QString quick = folder.filePath(u"quick.png"_s);
+    ASSERT_TRUE(large.save(slow) && large.copy(0, 0, 20, 10).save(quick));
+    PictureReading reading;
+    QList<QSize> shown;
+    const auto show = [&](const QImage& picture) { shown.append(picture.size()); };
+    reading.read(slow, {}, show);
+    shown.clear(); // a quick machine may have had it at once
+    reading.read(quick, {}, show);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !shown.isEmpty(); }));
+    reading.read(slow, {}, show);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return shown.size() > 1; }, 30000));
+    EXPECT_EQ(shown, (QList<QSize>{{20, 10}, {9000, 7000}}));
 }
 
 TEST(BookmarkSign, StandsAtTheTopLeftAndUnloadsItself)

@@ -61,6 +61,24 @@ TEST_F(EditedDocuments, KeepsADraftSoonAfterAChange)
     EXPECT_TRUE(QTest::qWaitFor([&] { return drafts().isEmpty(); }));
 }
 
+TEST_F(EditedDocuments, SaysThatNoDraftIsKeptWhereNoneCanBe)
+{
+    home.write(u"drafts"_s, "a file in the folder's place");
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    press(Qt::Key_Delete);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        return window->Notice->text() == u"No draft of lesson.vxl could be kept; save it soon";
+    }));
+    pickers.saveAnswer = home.file(u"nowhere/at/all.vxl"_s);
+    press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(window->Notice->text(), u"all.vxl could not be saved, and no draft could be kept");
+    press(Qt::Key_F4);
+    EXPECT_EQ(window->Notice->text(), u"lesson.vxl is not saved yet, and no draft could be kept");
+    answer(0);
+    EXPECT_EQ(kept(u"main", u"brakes"), u"1");
+    EXPECT_EQ(window->Notice->text(), QString());
+}
+
 TEST_F(EditedDocuments, SaysOnLeavingThatChangesAreNotSaved)
 {
     openBrakes({u"000000.00"_s, u"000020.00"_s});

@@ -15,7 +15,10 @@ protected:
     {
         addClips(u"first"_s, {u"one"_s, u"two"_s});
         module.playlist.Document = home.file(u"lesson.vxl"_s);
+        QString& text = module.playlist.Playlist.front().Clips.back().Text;
+        text = u"two again"_s;
         ASSERT_TRUE(drafts().keep(module.playlist, {}));
+        text = u"two"_s;
         showList();
         ASSERT_NE(window->Notice->text(), QString());
     }
@@ -33,6 +36,16 @@ TEST_F(EditingDrafts, OneThatWasNotAnsweredIsThereAfterTheProgramHasEnded)
     engine->closeProgram();
     EXPECT_TRUE(othersUnloaded);
     EXPECT_TRUE(hasDraft());
+}
+
+TEST_F(EditingDrafts, OneThatSaysWhatTheDocumentSaysGoesUnasked)
+{
+    addClips(u"first"_s, {u"one"_s, u"two"_s});
+    module.playlist.Document = home.file(u"lesson.vxl"_s);
+    ASSERT_TRUE(drafts().keep(module.playlist, {}));
+    showList();
+    EXPECT_EQ(window->Notice->text(), QString());
+    EXPECT_FALSE(hasDraft());
 }
 
 TEST_F(EditingDrafts, OneThatIsLeftStaysWhenTheModeIsLookedAtWithoutAChange)
@@ -63,13 +76,10 @@ TEST_F(EditingDrafts, HoldWhatIsBeingTypedWhenTheProgramEnds)
 TEST_F(EditingDrafts, OneThatIsTakenAndUndoneGoes)
 {
     showWithDraft();
-    module.playlist.Playlist.front().Clips.pop_back(); // what is open has less than the draft
-    module.playlist.Playlist.front().ClipCount = 1;
-    window->RebuildTree();
     window->Notice->buttons().front()->click();
-    EXPECT_EQ(module.playlist.packet(1).ClipCount, 2);
+    EXPECT_EQ(module.playlist.packet(1).clip(2).Text, u"two again");
     QTest::keyClick(window->List1, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(module.playlist.packet(1).ClipCount, 1);
+    EXPECT_EQ(module.playlist.packet(1).clip(2).Text, u"two");
     EXPECT_TRUE(QTest::qWaitFor([this] { return !hasDraft(); }));
 }
 

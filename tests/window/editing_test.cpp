@@ -3,6 +3,9 @@
 #include "tests/window/editing_fixture.h"
 #include "window/waveform_strip.h"
 
+#include <QContextMenuEvent>
+#include <QTimer>
+
 namespace orvanta::test {
 
 TEST_F(EditingInTheWindow, ComesAndGoesByKeyAndButtonAndShowsItsControlsOnlyMeanwhile)
@@ -155,6 +158,24 @@ TEST_F(EditingInTheWindow, RemovesAndMovesSeveralLinesAndUndoesEachInOneStep)
     EXPECT_EQ(texts(), (QStringList{u"one"_s, u"four"_s}));
 }
 
+TEST_F(EditingInTheWindow, KeepsSeveralSelectedLinesUnderTheMenuOfOneOfThem)
+{
+    openClips({u"one"_s, u"two"_s, u"three"_s});
+    const auto rightClick = [&](int row) {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, textOfRow(row),
+                                window->List1->viewport()->mapToGlobal(textOfRow(row)));
+        QCoreApplication::sendEvent(window->List1->viewport(), &event);
+        window->ListMenu->close();
+    };
+    window->List1->setCursorLine(3);
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    rightClick(3);
+    EXPECT_EQ(window->List1->selectedLines(), (std::vector{3, 4}));
+    EXPECT_EQ(line(), 3);
+    rightClick(2); // another line is taken alone
+    EXPECT_EQ(window->List1->selectedLines(), (std::vector{2}));
+}
+
 TEST_F(EditingInTheWindow, SaysWhatUndoWouldTakeBack)
 {
     openClips({u"one"_s, u"two"_s}, 2);
@@ -261,6 +282,24 @@ TEST_F(EditingInTheWindow, CannotMarkWhatDoesNotPlay)
     EXPECT_EQ(times().size(), 2);
 }
 
+TEST_F(EditingInTheWindow, OffersMarksByButtonAsSoonAsAClipPlaysAgain)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    const QPushButton& mark = *window->Editing->MarkButton;
+    EXPECT_TRUE(mark.isEnabled());
+    click(window->Image4);
+    engine->operations().UnloadMedia();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !mark.isEnabled(); }));
+    control.autoOpen = false; // the cursor is there before the clip has opened
+    QTimer::singleShot(0, &control, [&] {
+        EXPECT_FALSE(mark.isEnabled());
+        control.completeOpening();
+    });
+    engine->ListClick(1, 1);
+    engine->tick();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return mark.isEnabled(); }));
+}
+
 TEST_F(EditingInTheWindow, ShowsTimesAndTheEndMark)
 {
     openBrakes({u"000004.25"_s, u"000064.00"_s});
@@ -341,6 +380,20 @@ TEST_F(EditingInTheWindow, SaysWhenAClipSuggestsNothing)
     EXPECT_EQ(times().size(), 2);
 }
 
+TEST_F(EditingInTheWindow, OffersNoSuggestionsWhileNothingPlays)
+{
+    openBrakes({u"000000.00"_s, u"000020.00"_s});
+    QMenu& more = *window->Editing->More;
+    const QAction& marks = *more.actions()[3]; // behind saving, versions and a line
+    ASSERT_NE(marks.menu(), nullptr);
+    Q_EMIT more.aboutToShow();
+    EXPECT_TRUE(marks.isEnabled());
+    click(window->Image4);
+    engine->operations().UnloadMedia();
+    Q_EMIT more.aboutToShow();
+    EXPECT_FALSE(marks.isEnabled());
+}
+
 TEST_F(EditingInTheWindow, HasAPicturesPlaceInTheLinesOfAGroupsPackets)
 {
     const QString member = writePacket(u"m.vxl"_s, {u"one"_s});
@@ -358,6 +411,18 @@ TEST_F(EditingInTheWindow, HasAPicturesPlaceInTheLinesOfAGroupsPackets)
     Q_EMIT window->List1->filesDroppedBefore({home.write(u"q.PNG"_s, "picture")}, 2);
     EXPECT_EQ(module.playlist.packet(1).Picture, u"q.PNG");
     EXPECT_EQ(module.playlist.packet(1).ClipCount, 1);
+}
+
+TEST_F(EditingInTheWindow, HasRoomForWhatStandsInAPicturesPlaceInBothLanguages)
+{
+    openPacket(writeDocument(u"g.vxg"_s, {writePacket(u"m.vxl"_s, {u"one"_s})}, {u"Member"_s}), 1);
+    constexpr int kMargin = 4; // pixels, at the right
+    const QFontMetrics metrics(window->List1->font());
+    for (const TextLanguage language : {TextLanguage::English, TextLanguage::Russian}) {
+        const QString text = interfaceText(u"EditingMode", u"picture.none", language);
+        EXPECT_LE(metrics.horizontalAdvance(text), window->List1->timeArea(1).width() - kMargin)
+            << text.toStdString();
+    }
 }
 
 TEST_F(EditingInTheWindow, EditsTheTitlesOfAGroupInPlace)

@@ -2,6 +2,8 @@
 
 #include <QPainterPath>
 
+#include <cmath>
+
 namespace tutorial {
 
 using namespace Qt::StringLiterals;
@@ -256,6 +258,86 @@ void practice(Stage& s, const Moment& moment)
     s.part(u"button"_s, {250, 268, 32, 30});
 }
 
+/// The row of buttons that editing has instead of those for opening.
+void editingRow(Stage& s)
+{
+    double x = 126;
+    for (const QString& name : {u"mark"_s, u"undo"_s, u"keep"_s}) {
+        const double width = name == u"undo"_s ? 34 : 112;
+        const bool isMark = name == u"mark"_s;
+        s.box({x, 44, width, 28}, isMark ? kAccent : kRaised, 6);
+        if (name == u"undo"_s) {
+            s.centred({x, 44, width, 28}, u"↶"_s, kText, 17);
+        } else {
+            s.centred({x, 44, width, 28}, s.word(name), isMark ? kNight : kText, 12);
+        }
+        s.part(name, {x, 44, width, 28});
+        x += width + 10;
+    }
+}
+
+/// The lines with their times; the text of the third is being typed.
+void editedLines(Stage& s, const Moment& moment)
+{
+    s.box({126, 80, 388, 78}, kSunken, 7);
+    const QStringList times = {u"0:00.00"_s, u"0:04.00"_s, u"0:08.00"_s};
+    for (int row = 0; row < times.size(); ++row) {
+        const double y = 88 + row * 23.0;
+        const bool isTyped = row == 2 && moment.focus == u"typed"_s;
+        if (row == 2) {
+            s.box({132, y - 3, 376, 21}, kDeep, 3);
+        }
+        const QString text = s.word(u"b%1"_s.arg(row + 1));
+        if (isTyped) {
+            const QString typed = text.left(qRound(double(text.size()) * moment.share));
+            s.box({138, y - 2, 290, 19}, kSunken, 3, kAccent);
+            s.label(144, y + 12, typed + u'|', kText, 12);
+        } else {
+            s.label(144, y + 12, text, kText, 12);
+        }
+        s.label(452, y + 12, times[row], row == 2 ? kText : kMuted, 11);
+    }
+    s.part(u"typed"_s, {132, 131, 300, 21});
+    s.part(u"time"_s, {440, 131, 70, 21});
+}
+
+/// The strip: the clip's sound with the marks in it; the third is drawn along when it is spoken of.
+void soundStrip(Stage& s, const Moment& moment)
+{
+    s.box({126, 168, 388, 74}, kSunken, 7);
+    constexpr int kBars = 120;
+    for (int bar = 0; bar < kBars; ++bar) {
+        const double x = 134 + bar * 372.0 / kBars;
+        const double loud = 4 + 20 * std::abs(std::sin(bar * 0.31) * std::sin(bar * 0.047 + 0.6));
+        s.line(x, 205 - loud, x, 205 + loud, bar < 40 ? kAccent : kLine, 1.4);
+    }
+    const double drawn = moment.focus == u"strip"_s ? 18 * std::sin(moment.share * 3.14159) : 0;
+    const double places[] = {140, 250, 362 + drawn, 494};
+    for (int mark = 0; mark < 4; ++mark) {
+        const bool isEnd = mark == 3;
+        s.line(places[mark], 170, places[mark], 240, isEnd ? kWarm : kText, 2);
+        s.box({places[mark] - 1, 170, 16, 14}, isEnd ? kWarm : kText, 2);
+        s.centred({places[mark] - 1, 170, 16, 14}, isEnd ? u"■"_s : QString::number(mark + 1),
+                  kNight, 10);
+    }
+    s.part(u"strip"_s, {126, 168, 388, 74});
+}
+
+/// The main window while a lesson is edited.
+void editing(Stage& s, const Moment& moment)
+{
+    s.box({112, 14, 416, 294}, kSurface, 10, kLine);
+    titleRow(s);
+    editingRow(s);
+    editedLines(s, moment);
+    soundStrip(s, moment);
+    transport(s, moment.share);
+    s.box({250, 268, 32, 30}, kDeep);
+    s.line(261, 289, 263, 285, kText, 2);
+    s.line(263, 285, 271, 277, kText, 3);
+    s.part(u"pencil"_s, {250, 268, 32, 30});
+}
+
 /// One clip with its brakes; the position runs through the focused one.
 void brakes(Stage& s, const Moment& moment)
 {
@@ -367,6 +449,8 @@ QRectF paintStage(QPainter& painter, const Moment& moment, const Words& words)
         functions(s);
     } else if (moment.stage == u"practice"_s) {
         practice(s, moment);
+    } else if (moment.stage == u"editing"_s) {
+        editing(s, moment);
     } else if (moment.stage == u"brakes"_s) {
         brakes(s, moment);
     } else if (moment.stage == u"editor"_s) {

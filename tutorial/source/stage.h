@@ -28,8 +28,8 @@ using Words = QMap<QString, QString>;
 /// A moment of a lesson.
 struct Moment
 {
-    QString stage; // "window", "keys", "steps", "functions", "practice", "brakes", "editor",
-                   // "marks", "group"
+    QString stage; // "window", "keys", "steps", "functions", "practice", "editing", "brakes",
+                   // "editor", "marks", "group"
     QString focus; // a part of the stage; empty for none
     double share;  // of the sentence under way that is spoken, 0 to 1
 };

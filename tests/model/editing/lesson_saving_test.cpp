@@ -162,6 +162,23 @@ TEST_F(SavedLesson, LeavesTheOriginalsAloneWhenItIsSavedElsewhere)
     EXPECT_EQ(value(u"new/A.vxl"_s, u"file1"_s, u"text"_s), u"eins");
 }
 
+TEST_F(SavedLesson, StaysWithItsFilesWhenItCannotBeSavedElsewhere)
+{
+    open(groupFile());
+    const QByteArray original = folder.bytes(u"a.vxl"_s);
+    QDir(folder.path()).mkpath(u"new/h.vxg"_s); // a folder where the group's file should be
+    editing.setText({1, 2}, u"zwei"_s);
+    EXPECT_EQ(errorOf([&] { saving.save(folder.file(u"new/h.vxg"_s)); }), 75);
+    EXPECT_EQ(playlist.Document, folder.file(u"g.vxg"_s));
+    EXPECT_EQ(playlist.packet(1).clip(2).Path, u"b.mp4");
+    EXPECT_EQ(playlist.packet(1).Picture, u"p.png");
+    EXPECT_EQ(folder.bytes(u"a.vxl"_s), original);
+    saving.save(playlist.Document);
+    EXPECT_EQ(value(u"a.vxl"_s, u"file2"_s, u"text"_s), u"zwei");
+    EXPECT_EQ(value(u"a.vxl"_s, u"file2"_s, u"path"_s), u"b.mp4");
+    EXPECT_EQ(value(u"g.vxg"_s, u"file1"_s, u"path"_s), u"a.vxl");
+}
+
 TEST_F(SavedLesson, KeepsTheLastTenVersionsOfEachDocument)
 {
     setVersionsFolder(folder.file(u"versions"_s));
@@ -207,6 +224,24 @@ TEST_F(SavedLesson, KeepsItsDraftUntilItIsDiscarded)
     drafts.discard(document);
     EXPECT_FALSE(drafts.of(document));
     EXPECT_FALSE(drafts.packets(document, playlist));
+}
+
+TEST_F(SavedLesson, HasNoDraftThatSaysWhatItsDocumentSays)
+{
+    open(groupFile());
+    const Drafts drafts(folder.path());
+    editing.setText({1, 2}, u"zwei"_s);
+    editing.setText({2, 0}, u"Beta"_s);
+    ASSERT_TRUE(drafts.keep(playlist, saving.saved()));
+    OpenGroup(playlist, folder.file(u"g.vxg"_s));
+    drafts.discardWhatIsSaved(playlist);
+    EXPECT_TRUE(drafts.of(playlist.Document)); // the document says something else
+    editing.begin();
+    editing.replaceAll(EditName::Version, *drafts.packets(playlist.Document, playlist));
+    saving.save(playlist.Document);
+    OpenGroup(playlist, folder.file(u"g.vxg"_s)); // saved, and ended before the draft went
+    drafts.discardWhatIsSaved(playlist);
+    EXPECT_FALSE(drafts.of(playlist.Document));
 }
 
 TEST_F(SavedLesson, SavesATakenDraftOverItsDocument)

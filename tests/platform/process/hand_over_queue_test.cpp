@@ -1,5 +1,6 @@
 #include "platform/process/hand_over_queue.h"
 #include "tests/support/error_of.h"
+#include "tests/support/plain_user.h"
 #include "tests/support/settings_folder.h"
 
 #include <QCoreApplication>
@@ -61,6 +62,19 @@ TEST_F(QueueTest, NoLineWritesNothing)
     const QByteArray before = folder.bytes(u"orvanta.ini"_s);
     queue.append({});
     EXPECT_EQ(folder.bytes(u"orvanta.ini"_s), before);
+}
+
+TEST_F(QueueTest, SettingsThatCannotBeWrittenTakeNoLineAndKeepNobodyWaiting)
+{
+    EXPECT_TRUE(test::holdsForPlainUser([] {
+        const SettingsFolder theirs("[ftl]\r\nwr=0\r\nnum=0\r\n");
+        ASSERT_TRUE(QFile::setPermissions(theirs.ini(), QFile::ReadOwner));
+        ASSERT_TRUE(QFile::setPermissions(theirs.path(), QFile::ReadOwner | QFile::ExeOwner));
+        EXPECT_FALSE(HandOverQueue(theirs.ini()).append({u"/a"_s}));
+        EXPECT_EQ(theirs.value("ftl", "num"), u"0");
+        QFile::setPermissions(theirs.path(),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }));
 }
 
 TEST_F(QueueTest, AppendingTouchesNothingElse)

@@ -2,14 +2,17 @@
 #include "tests/support/probe.h"
 #include "tests/support/settings_folder.h"
 
+#include <QFileInfo>
 #include <QLocalServer>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <csignal>
 #include <gtest/gtest.h>
 #include <memory>
 #include <poll.h>
+#include <unistd.h>
 #include <vector>
 
 namespace orvanta {
@@ -69,6 +72,22 @@ TEST_F(TwoInstances, ALaunchWithoutATokenRaisesToo)
 {
     startFirst();
     EXPECT_EQ(startLater(), "later");
+    EXPECT_EQ(first.nextLine(), "raise");
+}
+
+TEST_F(TwoInstances, LinesThatCouldNotBeQueuedArriveBeforeTheRaise)
+{
+    startFirst();
+    QStringList lines = {u"/a b.vxl"_s, u"/100 %.mp4"_s, u"/два\nстроки"_s};
+    for (int i = 0; i < 500; ++i) { // more than one read of a socket holds
+        lines.append(u"/folder/of/clips/%1.mp4"_s.arg(i, 100));
+    }
+    Probe later;
+    later.startProgram("instance_probe", QStringList(folder.path()) + lines);
+    EXPECT_EQ(later.nextLine(), "later");
+    const QByteArray all = "lines " + lines.join(u'|').toUtf8();
+    EXPECT_EQ(first.nextLine(), all.left(all.indexOf('\n')));
+    EXPECT_EQ(first.nextLine(), all.mid(all.indexOf('\n') + 1));
     EXPECT_EQ(first.nextLine(), "raise");
 }
 
@@ -162,6 +181,44 @@ TEST_F(TwoInstances, ACallThatLiesUnreadInAClosingSocketIsNotHeard)
     ASSERT_TRUE(hasUnservedCall(ending));
     ending.release();
     EXPECT_EQ(later.nextLine(), "later, not heard");
+}
+
+TEST_F(TwoInstances, WithoutARuntimeFolderTheSocketLiesInTheApplicationFolder)
+{
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.remove(u"XDG_RUNTIME_DIR"_s);
+    first.setProcessEnvironment(variables);
+    startFirst();
+    EXPECT_TRUE(QFileInfo::exists(folder.file(u"instance.socket"_s)));
+    Probe later;
+    variables.insert(u"XDG_ACTIVATION_TOKEN"_s, u"t"_s);
+    later.setProcessEnvironment(variables);
+    later.startProgram("instance_probe", {folder.path()});
+    EXPECT_EQ(later.nextLine(), "later");
+    EXPECT_EQ(first.nextLine(), "raise t");
+}
+
+TEST_F(TwoInstances, NoTokenIsSentToASocketOfAnotherUser)
+{
+    constexpr uid_t kOther = 65534;
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "only root can listen as another user";
+    }
+    SingleInstance instance(folder.path());
+    ASSERT_EQ(::seteuid(kOther), 0);
+    QTemporaryDir theirs; // where the other user may listen
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(theirs.path()));
+    instance.listen();
+    ASSERT_EQ(::seteuid(0), 0);
+    const QSignalSpy raised(&instance, &SingleInstance::raiseRequested);
+    Probe later;
+    later.startProgram("instance_probe", {folder.path()});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return later.canReadLine(); }, 20000));
+    EXPECT_EQ(later.nextLine(), "later, not heard");
+    EXPECT_EQ(raised.count(), 0);
+    runtime.isNull() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", runtime);
+    instance.release();
 }
 
 TEST_F(TwoInstances, EndSignalsArriveAsAnEvent)

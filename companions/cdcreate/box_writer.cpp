@@ -1,0 +1,116 @@
+#include "companions/cdcreate/box_writer.h"
+
+#include "companions/cdcreate/box_documents.h"
+#include "companions/cdcreate/box_forms.h"
+#include "companions/cdcreate/box_place.h"
+
+#include <QFileInfo>
+#include <QStorageInfo>
+
+#include <algorithm>
+
+namespace orvanta {
+
+using namespace Qt::StringLiterals;
+
+BoxKind boxKind(const QString& target)
+{
+    const auto endsIn = [&](QStringView ending) {
+        return target.endsWith(ending, Qt::CaseInsensitive);
+    };
+    return endsIn(u".iso") ? BoxKind::Image : endsIn(u".zip") ? BoxKind::Zip : BoxKind::Folder;
+}
+
+static void requireLesson(const BoxPlan& plan, const BoxOrder& order)
+{
+    if (plan.packets.empty() || !plan.refused.isEmpty()) {
+        throw BoxFailure(BoxProblem::NoLesson, plan.refused.value(0));
+    }
+    if (!plan.missing.empty() && !order.skipsMissing) {
+        throw BoxFailure(BoxProblem::Missing, plan.missing.front().what.text);
+    }
+    if (!mayReplace(order.target, boxKind(order.target) == BoxKind::Folder, order.replaces)) {
+        throw BoxFailure(BoxProblem::Exists, order.target);
+    }
+}
+
+/// Those of the forms that other systems' file managers read, too: FAT holds no larger files.
+static bool isFat(const QStorageInfo& disk)
+{
+    return disk.fileSystemType() == "vfat" || disk.fileSystemType() == "msdos";
+}
+
+static void requireRoom(const BoxContents& contents, BoxKind kind, const QString& target)
+{
+    constexpr qint64 kPerFile = 4096; // what it takes beside its bytes, in any form
+    constexpr qint64 kLargestOnFat = 0xFFFFFFFF;
+    const QStorageInfo disk(QFileInfo(target).path());
+    qint64 all = contents.fileBytes();
+    qint64 largest = 0;
+    for (const BoxDocument& document : contents.documents) {
+        all += document.content.size();
+    }
+    for (const BoxFile& file : contents.files) {
+        largest = std::max(largest, file.size);
+    }
+    if (isFat(disk) && (kind == BoxKind::Folder ? largest : all) > kLargestOnFat) {
+        throw BoxFailure(BoxProblem::TooLarge, target);
+    }
+    const auto count = static_cast<qint64>(contents.files.size() + contents.documents.size());
+    if (disk.isValid() && all + count * kPerFile > disk.bytesAvailable()) {
+        throw BoxFailure(BoxProblem::NoRoom, target);
+    }
+}
+
+static QStringList namesOfMissing(const BoxPlan& plan)
+{
+    QStringList names;
+    for (const MissingPart& part : plan.missing) {
+        names.append(part.name.isEmpty() ? part.what.text : part.name);
+    }
+    names.removeDuplicates();
+    return names;
+}
+
+static BoxContents contentsOf(BoxPlan& plan, const std::vector<BoxExtra>& extras)
+{
+    BoxContents contents = {plan.title, plan.files, plan.documents};
+    bool hasPage = false;
+    for (const BoxExtra& extra : extras) {
+        hasPage = hasPage || extra.nameInBox == u"index.html";
+        if (extra.file.isEmpty()) {
+            contents.documents.push_back({extra.nameInBox, extra.content});
+        } else {
+            contents.files.push_back({extra.file, extra.nameInBox, QFileInfo(extra.file).size()});
+        }
+    }
+    contents.documents.push_back({plan.names.take({}, u"READ ME.txt"_s),
+                                  readMe(plan.title, plan.group, namesOfMissing(plan), hasPage)});
+    return contents;
+}
+
+void writeBox(BoxPlan plan, const BoxOrder& order, BoxWork& work)
+{
+    requireLesson(plan, order);
+    const std::vector<BoxExtra> extras =
+        order.extras ? order.extras(plan, work) : std::vector<BoxExtra>();
+    const BoxContents contents = contentsOf(plan, extras);
+    const BoxKind kind = boxKind(order.target);
+    BoxPlace place(order.target); // first: what it clears away makes room
+    requireRoom(contents, kind, order.target);
+    switch (kind) {
+    case BoxKind::Folder:
+        writeFolder(contents, place, work);
+        break;
+    case BoxKind::Image:
+        writeImage(contents, place, work);
+        break;
+    case BoxKind::Zip:
+        writeZip(contents, place, work);
+        break;
+    }
+    work.goOn();
+    place.putInPlace(order.replaces);
+}
+
+} // namespace orvanta

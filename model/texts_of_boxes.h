@@ -1,0 +1,95 @@
+// The texts of lessons in a box: rows of the table in texts.cpp.
+#pragma once
+
+#include "model/texts.h"
+
+#include <array>
+
+namespace orvanta {
+
+inline constexpr QStringView kBoxHelp =
+    u"Usage: cdcreate [LESSON...]\n"
+    u"       cdcreate --out DIR|FILE.iso|FILE.zip [--web] [--skip-missing] [--force]\n"
+    u"                LESSON...\n"
+    u"\n"
+    u"Puts packets (.vxl) and groups (.vxg) into a box with everything that they name:\n"
+    u"a folder, an image of a disc or a ZIP archive that plays on any machine. Without\n"
+    u"--out a window asks.\n"
+    u"\n"
+    u"  --out           the box: a new folder, or a file that ends in .iso or .zip\n"
+    u"  --web           adds a page that plays the lesson in any browser\n"
+    u"  --skip-missing  makes the box without the files that are missing\n"
+    u"  --force         replaces an earlier box\n"
+    u"  --help          shows this text\n"
+    u"  --version       shows the version\n"
+    u"\n"
+    u"Exit status: 0 done, 1 something was missing and left out, 2 nothing written.\n";
+
+inline constexpr auto kTextsOfBoxes = std::to_array<InterfaceText>({
+    // At a terminal; no settings say which language.
+    InterfaceText{u"Box", u"--help", kBoxHelp, kBoxHelp},
+    InterfaceText{u"Box", u"usage",
+                  u"Usage: cdcreate --out DIR|FILE.iso|FILE.zip [--web] [--skip-missing] [--force] "
+                  u"LESSON...",
+                  u"Вызов: cdcreate --out ПАПКА|ФАЙЛ.iso|ФАЙЛ.zip [--web] [--skip-missing] "
+                  u"[--force] УРОК..."},
+    InterfaceText{u"Box", u"noPage", u"no page for browsers can be made here",
+                  u"страницу для браузеров здесь сделать нельзя"},
+
+    InterfaceText{u"Box", u"bytes", u"%1 bytes", u"%1 байт"},
+    InterfaceText{u"Box", u"kB", u"%1 kB", u"%1 КБ"},
+    InterfaceText{u"Box", u"MB", u"%1 MB", u"%1 МБ"},
+    InterfaceText{u"Box", u"GB", u"%1 GB", u"%1 ГБ"},
+    InterfaceText{u"Box", u"TB", u"%1 TB", u"%1 ТБ"},
+    InterfaceText{u"Box", u"step.gathering", u"Gathering:", u"Собираем:"},
+    InterfaceText{u"Box", u"step.converting", u"Converting:", u"Преобразуем:"},
+    InterfaceText{u"Box", u"step.writing", u"Writing:", u"Записываем:"},
+    InterfaceText{u"Box", u"step.checking", u"Checking:", u"Проверяем:"},
+    InterfaceText{u"Box", u"step.burning", u"Burning:", u"Прожигаем:"},
+    InterfaceText{u"Box", u"of", u"%1 of %2", u"%1 из %2"},
+    InterfaceText{u"Box", u"perSecond", u"%1/s", u"%1/с"},
+    InterfaceText{u"Box", u"left", u"%1 left", u"осталось %1"},
+
+    // Why there is no box.
+    InterfaceText{u"Box", u"stopped", u"Stopped: nothing was written",
+                  u"Остановлено: ничего не записано"},
+    InterfaceText{u"Box", u"noLesson", u"This is no packet and no group",
+                  u"Это не пакет и не группа"},
+    InterfaceText{u"Box", u"someMissing", u"Something is missing", u"Не всё найдено"},
+    InterfaceText{u"Box", u"unreadable", u"A file cannot be read, or has just changed",
+                  u"Файл не читается или только что изменился"},
+    InterfaceText{u"Box", u"noRoom", u"There is not enough room", u"Не хватает места"},
+    InterfaceText{u"Box", u"tooLarge", u"A file is too large for this disk",
+                  u"Файл слишком велик для этого диска"},
+    InterfaceText{u"Box", u"exists", u"There is something of that name already",
+                  u"Там уже есть что-то с таким именем"},
+    InterfaceText{u"Box", u"unwritable", u"Nothing can be written there",
+                  u"Туда нельзя ничего записать"},
+    InterfaceText{u"Box", u"different", u"What was written reads back differently",
+                  u"Записанное читается иначе, чем должно"},
+    InterfaceText{u"Box", u"noProgram", u"The program that writes images is not installed",
+                  u"Программа, которая пишет образы, не установлена"},
+    InterfaceText{u"Box", u"programFailed", u"The program that writes images failed",
+                  u"Программа, которая пишет образы, не справилась"},
+    InterfaceText{u"Box", u"noDrive", u"There is no drive with a disc that can be written",
+                  u"Нет привода с диском, на который можно писать"},
+
+    // The READ ME of a box; plain text.
+    InterfaceText{
+        u"ReadMe", u"play",
+        u"This is a lesson for Orvanta, a media player. Install Orvanta and open the file\n"
+        u"%1.",
+        u"Это урок для плеера Orvanta. Установите Orvanta и откройте файл\n%1."},
+    InterfaceText{u"ReadMe", u"browser", u"Without Orvanta: open index.html in any browser.",
+                  u"Без Orvanta: откройте index.html в любом браузере."},
+    InterfaceText{u"ReadMe", u"clips",
+                  u"The clips are in the folder media: any player plays them one by one.",
+                  u"Клипы лежат в папке media: по одному их сыграет любой плеер."},
+    InterfaceText{
+        u"ReadMe", u"missing",
+        u"These files were missing when the box was made. The lesson finds them under\n"
+        u"these names:",
+        u"Этих файлов не было, когда складывали урок. Урок найдёт их под этими\nименами:"},
+});
+
+} // namespace orvanta

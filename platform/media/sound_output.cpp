@@ -1,0 +1,67 @@
+#include "platform/media/sound_output.h"
+
+#include "core/log.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace orvanta {
+
+constexpr std::chrono::seconds kFirstPause(3);
+constexpr std::chrono::seconds kLongestPause(60);
+
+static const QByteArray kNullOutput = "null";
+
+SoundOutput::SoundOutput(MpvHandle& mpv, const MpvOptionList& extra)
+    : m_mpv(mpv),
+      m_isNullWanted(std::ranges::count(extra, std::pair(QByteArray("ao"), kNullOutput)) > 0),
+      m_pause(kFirstPause)
+{
+    m_retry.setSingleShot(true);
+    connect(&m_retry, &QTimer::timeout, this, [this] {
+        ask();
+        m_pause = std::min<std::chrono::milliseconds>(m_pause * 2, kLongestPause);
+        watch();
+    });
+}
+
+void SoundOutput::outputIs(const QByteArray& name)
+{
+    const bool wasSilent = m_isSilent;
+    m_isSilent = name == kNullOutput && !m_isNullWanted;
+    if (!name.isEmpty() && !m_isSilent) {
+        m_hadSound = true;
+        m_pause = kFirstPause;
+    }
+    if (m_isSilent && !wasSilent) {
+        qCInfo(logPlayback, "no sound output: silent");
+    }
+    watch();
+}
+
+void SoundOutput::setRunning(bool running)
+{
+    const bool begins = running && !m_isRunning;
+    m_isRunning = running;
+    if (begins && m_isSilent && m_hadSound) {
+        ask();
+        m_pause = kFirstPause;
+    }
+    watch();
+}
+
+void SoundOutput::ask()
+{
+    m_mpv.command({"ao-reload"}, 0);
+}
+
+void SoundOutput::watch()
+{
+    if (!m_isSilent || !m_isRunning) {
+        m_retry.stop();
+    } else if (!m_retry.isActive()) {
+        m_retry.start(m_pause);
+    }
+}
+
+} // namespace orvanta

@@ -1,0 +1,42 @@
+// Getting the sound back after the sound server went away.
+#pragma once
+
+#include "platform/media/mpv_handle.h"
+#include "platform/media/mpv_options.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+
+namespace orvanta {
+
+/// When its server goes, the library plays on into an output that nobody hears, and keeps that from
+/// clip to clip. While a clip runs into it the real one is asked for again: at once when the clip
+/// begins to run, where there was one before, and every few seconds, ever more rarely on a machine
+/// that has none.
+class SoundOutput : public QObject
+{
+public:
+    /// extra: an output named there is what is wanted.
+    SoundOutput(MpvHandle& mpv, const MpvOptionList& extra);
+
+    /// The name of the output in use, as the library reports it; empty for none.
+    void outputIs(const QByteArray& name);
+    void setRunning(bool running);
+
+private:
+    void ask();
+    void watch();
+
+    MpvHandle& m_mpv;
+    QTimer m_retry;
+    bool m_isNullWanted = false;
+    bool m_isSilent = false; // the output is the one that nobody hears
+    bool m_hadSound = false; // there was a real one
+    bool m_isRunning = false;
+    std::chrono::milliseconds m_pause;
+};
+
+} // namespace orvanta
