@@ -270,6 +270,28 @@ TEST_F(ExportWindowTest, EndsCopyingWhenItIsCancelledAndLeavesNothing)
               QStringList());
 }
 
+/// Rows of the table of texts whose first word no control of the window bears.
+static QStringList strayTexts(const QWidget& window)
+{
+    QStringList stray;
+    for (const InterfaceText& row : interfaceTexts()) {
+        const QString control = row.control.toString().section(u'.', 0, 0);
+        if (row.window == window.objectName() && control != window.objectName() &&
+            control != u"format" && window.findChild<QWidget*>(control) == nullptr) {
+            stray.append(row.control.toString());
+        }
+    }
+    return stray;
+}
+
+TEST(TextsOfAddIns, BelongToControlsThatThereAre)
+{
+    const ImportWindow import(TextLanguage::English, {});
+    const ExportWindow exporting(TextLanguage::English, {});
+    EXPECT_EQ(strayTexts(import), QStringList());
+    EXPECT_EQ(strayTexts(exporting), QStringList());
+}
+
 class CaptionsOfAddIns : public testing::TestWithParam<TextLanguage>
 {};
 
