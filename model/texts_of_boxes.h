@@ -98,6 +98,7 @@ inline constexpr auto kTextsOfBoxes = std::to_array<InterfaceText>({
     InterfaceText{u"BoxWindow", u"ImageOption.absent", u"The program xorriso is not installed",
                   u"Программа xorriso не установлена"},
     InterfaceText{u"BoxWindow", u"ZipOption", u"a &ZIP archive", u"архив &ZIP"},
+    InterfaceText{u"BoxWindow", u"DiscOption", u"a &disc in %1", u"ди&ск в %1"},
     InterfaceText{u"BoxWindow", u"TargetLabel", u"&To", u"Ку&да"},
     InterfaceText{u"BoxWindow", u"TargetButton", u"&Choose...", u"&Выбрать..."},
     InterfaceText{u"Box", u"window.target.more", u" (box)", u" (коробка)"},

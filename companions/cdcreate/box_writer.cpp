@@ -3,6 +3,7 @@
 #include "companions/cdcreate/box_documents.h"
 #include "companions/cdcreate/box_forms.h"
 #include "companions/cdcreate/box_place.h"
+#include "companions/cdcreate/disc_drive.h"
 
 #include <QFileInfo>
 #include <QStorageInfo>
@@ -29,7 +30,9 @@ static void requireLesson(const BoxPlan& plan, const BoxOrder& order)
     if (!plan.missing.empty() && !order.skipsMissing) {
         throw BoxFailure(BoxProblem::Missing, plan.missing.front().what.text);
     }
-    if (!mayReplace(order.target, boxKind(order.target) == BoxKind::Folder, order.replaces)) {
+    const bool isDisc = !order.drive.isEmpty();
+    if (!isDisc &&
+        !mayReplace(order.target, boxKind(order.target) == BoxKind::Folder, order.replaces)) {
         throw BoxFailure(BoxProblem::Exists, order.target);
     }
 }
@@ -89,28 +92,39 @@ static BoxContents contentsOf(BoxPlan& plan, const std::vector<BoxExtra>& extras
     return contents;
 }
 
+static void writeForm(BoxKind kind, const BoxContents& contents, const BoxPlace& place,
+                      BoxWork& work)
+{
+    switch (kind) {
+    case BoxKind::Folder:
+        return writeFolder(contents, place, work);
+    case BoxKind::Image:
+        return writeImage(contents, place, work);
+    case BoxKind::Zip:
+        return writeZip(contents, place, work);
+    }
+}
+
+static void burn(const BoxContents& contents, const BoxPlace& place, const QString& drive,
+                 BoxWork& work)
+{
+    burnImage(place.box(), QFileInfo(place.box()).size(), drive, work);
+    checkArchive(contents, fileOfDrive(drive), work);
+}
+
 void writeBox(BoxPlan plan, const BoxOrder& order, BoxWork& work)
 {
     requireLesson(plan, order);
     const std::vector<BoxExtra> extras =
         order.extras ? order.extras(plan, work) : std::vector<BoxExtra>();
     const BoxContents contents = contentsOf(plan, extras);
-    const BoxKind kind = boxKind(order.target);
+    const bool isDisc = !order.drive.isEmpty();
+    const BoxKind kind = isDisc ? BoxKind::Image : boxKind(order.target);
     BoxPlace place(order.target); // first: what it clears away makes room
     requireRoom(contents, kind, order.target);
-    switch (kind) {
-    case BoxKind::Folder:
-        writeFolder(contents, place, work);
-        break;
-    case BoxKind::Image:
-        writeImage(contents, place, work);
-        break;
-    case BoxKind::Zip:
-        writeZip(contents, place, work);
-        break;
-    }
+    writeForm(kind, contents, place, work);
     work.goOn();
-    place.putInPlace(order.replaces);
+    isDisc ? burn(contents, place, order.drive, work) : place.putInPlace(order.replaces);
 }
 
 } // namespace orvanta

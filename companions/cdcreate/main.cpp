@@ -2,7 +2,7 @@
 
 #include "companions/cdcreate/box_command.h"
 #include "companions/cdcreate/box_window.h"
-#include "companions/interface_language.h"
+#include "companions/player_program.h"
 #include "core/version.h"
 #include "platform/process/end_signals.h"
 
