@@ -32,6 +32,12 @@ double Settings::number(const SettingKey& key) const
     return decimalValue(text.isEmpty() ? QString::fromUtf16(key.byDefault) : text);
 }
 
+Int16 Settings::addInCount() const
+{
+    const QString count = read(iniKey(u"add-ins", u"num"));
+    return roundToInt16(count.isEmpty() ? 0 : decimalValue(count));
+}
+
 QSize Settings::windowSize() const
 {
     const int width = read(iniKey(u"window", u"width")).toInt();

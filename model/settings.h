@@ -42,30 +42,31 @@ struct SettingKey
 };
 
 inline constexpr std::array kSettings = {
-    SettingKey{u"options", u"as", u"1"},            // playing starts after opening
-    SettingKey{u"options", u"agnc", u"1"},          // a clip's end goes on to the next clip
-    SettingKey{u"options", u"agnp", u"1"},          // a packet's end goes on to the next packet
-    SettingKey{u"options", u"acp", u"0"},           // the end of files from outside closes
-    SettingKey{u"options", u"ar", u"0"},            // the end of all goes to the beginning
-    SettingKey{u"options", u"si", u"0"},            // icon in the tray
-    SettingKey{u"options", u"nc", u"0"},            // closing the window keeps the program
-    SettingKey{u"options", u"r", u"0"},             // clips on drive A are copied first
-    SettingKey{u"options", u"ws", u"0"},            // starts with the session
-    SettingKey{u"main", u"language", nullptr},      // 1 English, 2 Russian
-    SettingKey{u"main", u"screxe", u""},            // where the setup program came from
-    SettingKey{u"ftl", u"wr", u"0"},                // 1 while the hand-over queue is emptied
-    SettingKey{u"ftl", u"num", u"0"},               // lines in the queue
-    SettingKey{u"ftl", u"#", nullptr},              // such a line, from 1
-    SettingKey{u"types", u"num", u"21"},            // types of playable files
-    SettingKey{u"types", u"file#", u"avi"},         // such a type, from 0
-    SettingKey{u"types", u"#reg", nullptr},         // who had the type of a row, from 0, before
-    SettingKey{u"save", u"volume", u"0"},           // hundredths of a decibel, 0 the loudest
-    SettingKey{u"save", u"balance", u"50"},         // 0 to 100
-    SettingKey{u"save", u"open", u""},              // the folder last used
-    SettingKey{u"add-ins", u"num", u"0"},           // programs in the menu Add-ins
-    SettingKey{u"add-ins", u"namee#", nullptr},     // an add-in's English caption, from 1
-    SettingKey{u"add-ins", u"namer#", nullptr},     // its Russian one
-    SettingKey{u"add-ins", u"path#", nullptr},      // its program, seen from the settings' folder
+    SettingKey{u"options", u"as", u"1"},              // playing starts after opening
+    SettingKey{u"options", u"agnc", u"1"},            // a clip's end goes on to the next clip
+    SettingKey{u"options", u"agnp", u"1"},            // a packet's end goes on to the next packet
+    SettingKey{u"options", u"acp", u"0"},             // the end of files from outside closes
+    SettingKey{u"options", u"ar", u"0"},              // the end of all goes to the beginning
+    SettingKey{u"options", u"si", u"0"},              // icon in the tray
+    SettingKey{u"options", u"nc", u"0"},              // closing the window keeps the program
+    SettingKey{u"options", u"r", u"0"},               // clips on drive A are copied first
+    SettingKey{u"options", u"ws", u"0"},              // starts with the session
+    SettingKey{u"main", u"language", nullptr},        // 1 English, 2 Russian
+    SettingKey{u"main", u"screxe", u""},              // where the setup program came from
+    SettingKey{u"ftl", u"wr", u"0"},                  // 1 while the hand-over queue is emptied
+    SettingKey{u"ftl", u"num", u"0"},                 // lines in the queue
+    SettingKey{u"ftl", u"#", nullptr},                // such a line, from 1
+    SettingKey{u"types", u"num", u"21"},              // types of playable files
+    SettingKey{u"types", u"file#", u"avi"},           // such a type, from 0
+    SettingKey{u"types", u"#reg", nullptr},           // who had the type of a row, from 0, before
+    SettingKey{u"save", u"volume", u"0"},             // hundredths of a decibel, 0 the loudest
+    SettingKey{u"save", u"balance", u"50"},           // 0 to 100
+    SettingKey{u"save", u"open", u""},                // the folder last used
+    SettingKey{u"add-ins", u"num", u"2"},             // programs in the menu Add-ins
+    SettingKey{u"add-ins", u"namee#", u"&Import..."}, // an add-in's English caption, from 1
+    SettingKey{u"add-ins", u"namer#", u"&Импорт..."}, // its Russian one
+    SettingKey{u"add-ins", u"path#",
+               u"orvanta-import"},                  // its program, seen from the settings' folder
     SettingKey{u"pos", u"#", nullptr},              // the saved position of a clip, seconds
     SettingKey{u"practice", u"speed", nullptr},     // percent
     SettingKey{u"practice", u"repeat", nullptr},    // times for each line, 0 endlessly
@@ -194,11 +195,8 @@ public:
     [[nodiscard]] TextLevel textLevel() const;
     void setTextLevel(TextLevel level) const;
 
-    /// Raises 13 or 6.
-    [[nodiscard]] Int16 addInCount() const
-    {
-        return roundToInt16(number(iniKey(u"add-ins", u"num")));
-    }
+    /// None where there is no such key: settings of old have no captions either. Raises 13 or 6.
+    [[nodiscard]] Int16 addInCount() const;
     /// Of an add-in, from 1.
     [[nodiscard]] QString addInCaption(int i, TextLanguage language) const;
     [[nodiscard]] QString addInPath(int i) const { return read(iniKey(u"add-ins", u"path#"), i); }

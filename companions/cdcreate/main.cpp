@@ -2,6 +2,7 @@
 
 #include "companions/cdcreate/box_command.h"
 #include "companions/cdcreate/box_window.h"
+#include "companions/page/box_page.h"
 #include "companions/player_program.h"
 #include "core/version.h"
 #include "platform/process/end_signals.h"
@@ -14,6 +15,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 
 namespace orvanta {
 
@@ -66,6 +68,25 @@ static int runWindow(int count, char** arguments, const MakeExtras& makePage)
     return QApplication::exec();
 }
 
+static void keepSilent(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
+                       const QString& /*text*/)
+{}
+
+/// Old pictures are drawn anew for the page; that needs fonts, and no display.
+static std::unique_ptr<QCoreApplication> applicationFor(const BoxCommand& command, int& count,
+                                                        char** arguments)
+{
+    if (!command.forBrowsers) {
+        return std::make_unique<QCoreApplication>(count, arguments);
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // At its start it has opinions about the session, which this program has no use for.
+    const QtMessageHandler usual = qInstallMessageHandler(keepSilent);
+    auto application = std::make_unique<QGuiApplication>(count, arguments);
+    qInstallMessageHandler(usual);
+    return application;
+}
+
 static int run(int count, char** arguments, const MakeExtras& makePage)
 {
     const QStringList texts = argumentsOf(count, arguments);
@@ -77,7 +98,7 @@ static int run(int count, char** arguments, const MakeExtras& makePage)
     }
     const BoxCommand command = boxCommand(texts);
     if (!command.out.isEmpty() || !command.isUnderstood) {
-        const QCoreApplication application(count, arguments);
+        const auto application = applicationFor(command, count, arguments);
         return runBoxCommand(command, makePage);
     }
     if (!canFindDisplay()) {
@@ -91,5 +112,5 @@ static int run(int count, char** arguments, const MakeExtras& makePage)
 
 int main(int argc, char** argv)
 {
-    return orvanta::run(argc, argv, {});
+    return orvanta::run(argc, argv, orvanta::boxPage());
 }

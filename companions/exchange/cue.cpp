@@ -151,6 +151,8 @@ private:
             for (const CueTrack& track : tracks) {
                 packets.back().marks.push_back({*track.start, textOf(track)});
             }
+            std::stable_sort(packets.back().marks.begin(), packets.back().marks.end(),
+                             [](const auto& a, const auto& b) { return a.seconds < b.seconds; });
         }
     }
 

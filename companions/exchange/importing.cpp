@@ -13,6 +13,7 @@
 #include "companions/exchange/webvtt.h"
 #include "companions/exchange/xspf.h"
 #include "core/foreign_text.h"
+#include "core/ini_document.h"
 #include "core/ini_encoding.h"
 #include "platform/media/clip_facts.h"
 #include "platform/media/clip_texts.h"
@@ -144,6 +145,7 @@ public:
     void finish(LessonPacket packet, const QString& otherwiseTitled)
     {
         packet.title = packet.title.isEmpty() ? otherwiseTitled : packet.title;
+        sayWhatIsCut(packet);
         if (packet.marks.empty()) {
             findClips(packet);
         } else if (!findMarkedClip(packet)) {
@@ -157,6 +159,21 @@ public:
     }
 
 private:
+    void sayWhatIsCut(const LessonPacket& packet)
+    {
+        const auto look = [&](const QString& text) {
+            if (text.toUcs4().size() > kIniValueLimit) {
+                m_imported.leftOut.push_back({m_file, {u"longText", 0, text}});
+            }
+        };
+        for (const LessonClip& clip : packet.clips) {
+            look(clip.text);
+        }
+        for (const LessonMark& mark : packet.marks) {
+            look(mark.text);
+        }
+    }
+
     /// The whole path of the file that a text means; the text itself where there is none.
     [[nodiscard]] FoundFile found(const QString& text) const
     {

@@ -49,12 +49,20 @@ QString titleOfPath(const QString& path)
     return dot > 0 ? name.left(dot) : name;
 }
 
+/// A part that lies before the last one would never be reached by playing on.
+static bool goesOnBehind(const LessonPacket& packet, const ListEntry& entry)
+{
+    return packet.markedClip == entry.path && !packet.hasEnd &&
+           *entry.start >= packet.marks.back().seconds;
+}
+
 static bool goesOn(const LessonPacket& packet, const ListEntry& entry, const ListEntry& before)
 {
     const bool isPart = entry.start.has_value();
-    const bool wasPart = !packet.marks.empty();
-    return entry.packet == before.packet && entry.packet.isNull() == before.packet.isNull() &&
-           isPart == wasPart && (!isPart || packet.markedClip == entry.path) && !packet.hasEnd;
+    const bool isSameKind = isPart == !packet.marks.empty();
+    const bool isSamePacket =
+        entry.packet == before.packet && entry.packet.isNull() == before.packet.isNull();
+    return isSamePacket && isSameKind && (!isPart || goesOnBehind(packet, entry));
 }
 
 /// The end mark behind the last part.

@@ -196,9 +196,12 @@ class Engine {
         }
         const left = time - this.stage.time;
         if (left < 0) {
-            return this.brakeReached();
+            this.brakeReached();
         }
-        this.due = setTimeout(() => this.look(), Math.max(left / this.stage.speed * 1000, 4));
+        // The brake behind may be due before anything else tells that time has passed.
+        const next = left < 0 ? 0 : Math.max(left / this.stage.speed * 1000, 4);
+        clearTimeout(this.due);
+        this.due = setTimeout(() => this.look(), next);
     }
 
     decide(seconds) {
@@ -447,7 +450,15 @@ class Engine {
             return this.begin();
         }
         const asked = { nextClip: true, nextPacket: true, replay: false };
-        return this.apply(Rules.nextAfterClip(asked, this.shape, this.cursor));
+        const next = Rules.nextAfterClip(asked, this.shape, this.cursor);
+        // Behind the clip's end nothing is to be heard.
+        return this.apply(this.stage.isEmpty && this.leadsToEndMark(next)
+            ? Rules.nextAfterClip(asked, this.shape, next.place) : next);
+    }
+
+    leadsToEndMark({ what, place }) {
+        return what === 'start' && place.clip > 1 && this.packet(place.packet).hasBrakes
+            && place.clip === Rules.endMark(this.times(place.packet));
     }
 
     previousChecked() {

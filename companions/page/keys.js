@@ -62,7 +62,7 @@ class Keys {
     // [{ keys: [text], name }] for the sheet of keys; media keys are not on every keyboard.
     list(words) {
         return this.rows.map((row) => ({
-            name: words.text(`command.${row.command}`),
+            name: row.command === 'Help' ? words.text('keys') : words.text(`command.${row.command}`),
             keys: [...row.keys.filter(({ key }) => !key.startsWith('Media'))
                 .map((key) => Keys.shown(key, words)), ...(row.letter ? [row.letter] : [])],
         })).filter(({ keys }) => keys.length > 0);

@@ -52,11 +52,13 @@ static QByteArray sumOf(const QByteArray& text)
     return "'sha256-" + QCryptographicHash::hash(text, QCryptographicHash::Sha256).toBase64() + "'";
 }
 
-/// From a stick the page has no origin of its own: its files are allowed by their scheme.
+/// From a stick the page has no origin of its own: its files are allowed by their scheme. From a
+/// server that cannot send a part of a file, the script takes the whole.
 static QByteArray policy(const QByteArray& style, const QByteArray& script)
 {
     return "default-src 'none'; base-uri 'none'; form-action 'none'; script-src " + sumOf(script) +
-           "; style-src " + sumOf(style) + "; img-src 'self' file: data:; media-src 'self' file:";
+           "; style-src " + sumOf(style) +
+           "; img-src 'self' file: data:; media-src 'self' file: blob:; connect-src 'self'";
 }
 
 /// Data in a script element ends with the first "</script", whatever stands around it, and two line

@@ -142,15 +142,15 @@ class List {
         this.reveal(row);
     }
 
-    // Scrolls the list and nothing else: the page stays where it is.
+    // Scrolls the list, in which the rows count from its top, and nothing else: the page stays where
+    // it is.
     reveal(row) {
         const { offsetTop, offsetHeight } = this.rows[row].element;
-        const top = offsetTop - this.root.offsetTop;
         const { scrollTop, clientHeight } = this.root;
-        if (top < scrollTop) {
-            this.root.scrollTop = top - offsetHeight;
-        } else if (top + offsetHeight > scrollTop + clientHeight) {
-            this.root.scrollTop = top + 2 * offsetHeight - clientHeight;
+        if (offsetTop < scrollTop) {
+            this.root.scrollTop = offsetTop - offsetHeight;
+        } else if (offsetTop + offsetHeight > scrollTop + clientHeight) {
+            this.root.scrollTop = offsetTop + 2 * offsetHeight - clientHeight;
         }
     }
 

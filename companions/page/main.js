@@ -66,8 +66,10 @@ class Page {
         element('language').textContent = this.words.text('language');
         element('language').lang = this.words.other;
         this.list.showMissing(this.words.text('missing'));
+        element('text').dataset.empty = this.words.text('empty');
         this.sheets.show();
         this.sheets.showKeys(this.keys.list(this.words));
+        this.showResume();
         this.view.showChips();
         this.view.showState();
         this.showSize(this.store.get('size', sizes[0]));
@@ -131,10 +133,14 @@ class Page {
             return;
         }
         this.resumed = place;
-        const { text } = this.data.packets[place.packet - 1].lines[place.clip - 1];
-        element('resumeText').textContent = text;
+        this.showResume();
         element('resume').hidden = false;
         this.engine.stand(Rules.place(place.packet, place.clip), place.seconds);
+    }
+
+    showResume() {
+        const seconds = clockText(this.resumed?.seconds ?? 0);
+        element('resumeText').textContent = this.words.text('resume', seconds);
     }
 
     hideResume() {

@@ -1,5 +1,7 @@
 // The picture and the sound: one media element, and what a clip without a picture shows.
 
+const onItsWay = 'on its way';
+
 class Stage {
     // media: the element. shapes: called with 'picture' or 'sound' as soon as it is known what there
     // is to be seen.
@@ -8,6 +10,7 @@ class Stage {
         this.sources = [];
         this.key = '';
         this.wanted = null; // seconds, as soon as the clip is open
+        this.whole = ''; // the address of the whole file, where it had to be taken first
         this.events = {};
         this.isWantedRunning = false;
         this.listen();
@@ -99,12 +102,10 @@ class Stage {
     }
 
     opened() {
-        if (this.wanted !== null) {
-            const seconds = this.wanted;
-            this.wanted = null;
-            if (seconds > 0) {
-                this.media.currentTime = seconds;
-            }
+        const seconds = this.wanted ?? 0;
+        this.wanted = null;
+        if (seconds > 0) {
+            this.seek(seconds);
         }
         this.tell('opened', this.media.videoWidth > 0);
     }
@@ -122,6 +123,7 @@ class Stage {
         this.sources = [];
         this.isWantedRunning = false;
         this.wanted = null;
+        this.forgetWhole();
         this.media.pause();
         if (this.media.hasAttribute('src')) {
             this.media.removeAttribute('src');
@@ -131,6 +133,9 @@ class Stage {
 
     play() {
         this.isWantedRunning = true;
+        if (this.whole === onItsWay) {
+            return; // what is there so far is not where the clip is to begin
+        }
         this.media.play()?.catch((error) => {
             if (error.name === 'NotAllowedError') {
                 this.isWantedRunning = false;
@@ -160,6 +165,48 @@ class Stage {
         return this.media.ended;
     }
 
+    // Servers that send a file only from its beginning let nobody go anywhere else in it.
+    canReach(seconds) {
+        const { seekable } = this.media;
+        for (let i = 0; i < seekable.length; ++i) {
+            if (seconds >= seekable.start(i) && seconds <= seekable.end(i) + 0.5) {
+                return true;
+            }
+        }
+        return seconds === 0;
+    }
+
+    get mayFetchWhole() {
+        return this.whole === '' && location.protocol.startsWith('http');
+    }
+
+    // Takes the whole file first and goes on at this second of it.
+    async fetchWhole(seconds) {
+        const { key } = this;
+        const address = this.media.currentSrc;
+        this.wanted = seconds;
+        this.media.pause();
+        this.whole = onItsWay;
+        this.tell('changed');
+        try {
+            const answer = await fetch(address);
+            const file = await answer.blob();
+            if (key === this.key && this.whole !== '') {
+                this.whole = URL.createObjectURL(file);
+                this.open({ url: this.whole });
+            }
+        } catch {
+            this.failed(key);
+        }
+    }
+
+    forgetWhole() {
+        if (this.whole !== '') {
+            URL.revokeObjectURL(this.whole);
+            this.whole = '';
+        }
+    }
+
     // Seconds; where the clip will begin as long as it is not open.
     get time() {
         return this.wanted ?? this.media.currentTime;
@@ -171,11 +218,14 @@ class Stage {
     }
 
     seek(seconds) {
-        const target = Math.max(seconds, 0);
-        if (this.media.readyState >= HTMLMediaElement.HAVE_METADATA) {
-            this.media.currentTime = this.duration > 0 ? Math.min(target, this.duration) : target;
+        const wanted = Math.max(seconds, 0);
+        const target = this.duration > 0 ? Math.min(wanted, this.duration) : wanted;
+        if (this.wanted !== null || this.media.readyState < HTMLMediaElement.HAVE_METADATA) {
+            this.wanted = wanted;
+        } else if (!this.canReach(target) && this.mayFetchWhole) {
+            this.fetchWhole(target);
         } else {
-            this.wanted = target;
+            this.media.currentTime = target;
         }
     }
 

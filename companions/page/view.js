@@ -110,20 +110,16 @@ class View {
         this.showChips();
     }
 
-    // What is not as usual, beside the text.
+    // What is not as usual, beside the text; the speed has its box.
     showChips() {
         const { practice } = this.engine;
         const chips = [];
-        if (practice.speed !== 100) {
-            chips.push(this.words.speed(practice.speed));
-        }
         if (practice.times !== 1) {
             chips.push(this.round > 1 ? this.words.round(this.round, practice.times)
                 : this.words.times(practice.times));
         }
         if (practice.wait !== Rules.noWait) {
-            chips.push(this.words.text('chip.wait',
-                this.words.wait(practice.wait, practice.seconds)));
+            chips.push(this.words.waitChip(practice));
         }
         element('chips').replaceChildren(...chips.map((text) => {
             const chip = document.createElement('span');
@@ -147,6 +143,7 @@ class View {
 
     hideWait() {
         element('wait').hidden = true;
+        element('waitText').textContent = '';
         element('ring').getAnimations?.().forEach((animation) => animation.cancel());
         this.showState();
     }

@@ -57,6 +57,14 @@ class Words {
         }
     }
 
+    waitChip({ wait, seconds }) {
+        if (wait === Rules.waitForKey) {
+            return this.text('practice.chip.wait.key');
+        }
+        return wait === Rules.waitForSeconds ? this.text('practice.chip.wait.seconds', seconds)
+            : this.text('practice.chip.wait', this.number(wait / 100));
+    }
+
     round(round, times) {
         return times === Rules.endless ? this.text('practice.round.endless', round)
             : this.text('practice.round', round, times);

@@ -222,11 +222,8 @@ static bool tellsAtOnce(const AVFormatContext& container)
     return std::strstr(name, "mp4") != nullptr || std::strstr(name, "matroska") != nullptr;
 }
 
-int ClipInput::findStreams()
+int ClipInput::readStreams()
 {
-    if (tellsAtOnce(*m_container)) {
-        return 0;
-    }
     std::vector<AVDictionary*> options(m_container->nb_streams, nullptr);
     for (AVDictionary*& each : options) {
         av_dict_set(&each, "threads", "1", 0);
@@ -238,6 +235,15 @@ int ClipInput::findStreams()
     for (AVDictionary*& each : options) {
         av_dict_free(&each);
     }
+    return result;
+}
+
+int ClipInput::findStreams()
+{
+    if (tellsAtOnce(*m_container)) {
+        return 0;
+    }
+    const int result = readStreams();
     if (m_container->start_time != AV_NOPTS_VALUE) {
         m_start = static_cast<double>(m_container->start_time) / AV_TIME_BASE;
     }
@@ -261,6 +267,11 @@ std::unique_ptr<ClipInput> ClipInput::open(std::unique_ptr<ByteSource> bytes, co
         return nullptr;
     }
     return input;
+}
+
+bool ClipInput::readDetails()
+{
+    return !tellsAtOnce(*m_container) || readStreams() >= 0;
 }
 
 bool ClipInput::readPacket(AVPacket& packet)

@@ -81,6 +81,10 @@ public:
     /// The player's second 0, in the time of the container's packets, seconds.
     [[nodiscard]] double start() const { return m_start; }
 
+    /// Reads as much of each stream as its details need: pixels, profiles, lengths. False when that
+    /// fails. Before the first packet.
+    [[nodiscard]] bool readDetails();
+
     /// The next packet of the streams that are not discarded. False at the end.
     [[nodiscard]] bool readPacket(AVPacket& packet);
     /// Whether the bytes could not all be read (the disk, not the file's content).
@@ -97,6 +101,7 @@ private:
     static int64_t seekBytes(void* self, int64_t offset, int whence);
     static int askStopped(void* self);
     [[nodiscard]] int openContainer(const QByteArray& name, const char* formats);
+    [[nodiscard]] int readStreams();
     [[nodiscard]] int findStreams();
 
     std::unique_ptr<ByteSource> m_bytes;

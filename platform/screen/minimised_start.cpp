@@ -86,6 +86,7 @@ static bool minimiseWindowOf(pid_t session)
         const pid_t process = windows.processOf(window);
         if (process > 0 && ::getsid(process) == session) {
             windows.minimise(window);
+            qCInfo(logDesktop, "minimised the window of process %d", static_cast<int>(process));
             return true;
         }
     }

@@ -266,20 +266,20 @@ TEST(ControlTexts, AreThereForEachControlThatTheUserMeetsOrAReasonIs)
 
 TEST(ControlTexts, BelongToControlsThatThereAre)
 {
+    // A part of several windows, what is said at a terminal, what can be asked for, and how
+    // practice, lessons, tracks, languages, waveforms, editing, missing files, boxes, pages and the
+    // lessons of other programs are spoken of.
+    const QStringList others = {u"FolderTree"_s,  u"CommandLine"_s, u"Command"_s,  u"Practice"_s,
+                                u"Recent"_s,      u"Tracks"_s,      u"Language"_s, u"Waveform"_s,
+                                u"EditingMode"_s, u"Check"_s,       u"Files"_s,    u"Box"_s,
+                                u"ReadMe"_s,      u"LessonPage"_s,  u"Exchange"_s, u"Import"_s,
+                                u"Export"_s};
     const std::map<QString, DocumentedForm> documented = documentedForms();
     for (const InterfaceText& text : interfaceTexts()) {
         const auto form = documented.find(text.window.toString());
         if (form == documented.end()) {
-            // A part of several windows, what is said at a terminal, what can be asked for, and how
-            // practice, lessons, tracks, languages, waveforms, editing, missing files and boxes are
-            // spoken of.
-            EXPECT_TRUE(text.window == u"FolderTree" || text.window == u"CommandLine" ||
-                        text.window == u"Command" || text.window == u"Practice" ||
-                        text.window == u"Recent" || text.window == u"Tracks" ||
-                        text.window == u"Language" || text.window == u"Waveform" ||
-                        text.window == u"EditingMode" || text.window == u"Check" ||
-                        text.window == u"Files" || text.window == u"Box" ||
-                        text.window == u"ReadMe");
+            EXPECT_TRUE(others.contains(text.window.toString()))
+                << qPrintable(text.window.toString());
             continue;
         }
         EXPECT_TRUE(controlOf(text) == form->first ||

@@ -135,6 +135,15 @@ TEST_F(ImportProgram, SplitsAListThatNoPacketHolds)
     EXPECT_EQ(value(u"long 2.vxl"_s, u"file1"_s, u"text"_s), u"32767");
 }
 
+TEST_F(ImportProgram, SaysThatADocumentHoldsOnlyTheBeginningOfALongText)
+{
+    folder.write(u"a.m3u"_s, "#EXTINF:1," + QByteArray(3000, 'x') + "\na.mp3\n");
+    const ProgramAnswer answer = import({u"a.m3u"_s});
+    EXPECT_EQ(answer.status, 1);
+    EXPECT_TRUE(answer.errors.contains(u"the end of a text that is too long: xxx"));
+    EXPECT_EQ(value(u"a.vxl"_s, u"file1"_s, u"text"_s), QString(2047, u'x'));
+}
+
 TEST_F(ImportProgram, RefusesWhatIsNoTextOfReasonableSize)
 {
     QFile large(folder.file(u"large.m3u"_s));

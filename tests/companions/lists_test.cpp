@@ -83,6 +83,15 @@ TEST(M3uList, TakesStartsWithinAClipAsMarks)
     EXPECT_TRUE(read.lesson.packets[0].hasEnd);
 }
 
+TEST(M3uList, BeginsAnotherPacketWhereAPartLiesBeforeTheLastOne)
+{
+    const ReadLesson read = readM3u(u"#EXTVLCOPT:start-time=5\n#EXTVLCOPT:stop-time=6\na.mp4\n"
+                                    u"#EXTVLCOPT:start-time=1\n#EXTVLCOPT:stop-time=2\na.mp4\n");
+    ASSERT_EQ(read.lesson.packets.size(), 2U);
+    EXPECT_EQ(read.lesson.packets[0].marks, (Marks{{5, u"a"_s}, {6, QString()}}));
+    EXPECT_EQ(read.lesson.packets[1].marks, (Marks{{1, u"a"_s}, {2, QString()}}));
+}
+
 TEST(M3uList, WithoutClipsIsNone)
 {
     for (const QStringView text : {u"", u"#EXTM3U\n", u"\n\n#\n", u"http://a/b\n"}) {

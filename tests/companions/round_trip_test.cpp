@@ -1,8 +1,12 @@
 // What is exported is imported as it was: hundreds of lessons for each format.
 
+#include "companions/exchange/cue.h"
 #include "companions/exchange/ffmetadata.h"
+#include "companions/exchange/labels.h"
 #include "companions/exchange/m3u.h"
 #include "companions/exchange/matroska_chapters.h"
+#include "companions/exchange/pls.h"
+#include "companions/exchange/time_list.h"
 #include "companions/exchange/webvtt.h"
 #include "companions/exchange/xspf.h"
 #include "tests/companions/hostile_lessons.h"
@@ -96,6 +100,58 @@ TEST(RoundTrip, KeepsLineBreaksWhereTheFormatHasThem)
     EXPECT_EQ(marksOf(readMatroskaChapters(matroskaChaptersText(packet))), packet.marks);
     packet.marks[1].text = u"x\n;"_s;
     EXPECT_EQ(marksOf(readWebVtt(webVttText(packet))), packet.marks);
+}
+
+/// Some bytes gone, doubled or replaced.
+static QByteArray spoilt(QByteArray bytes, session::Dice& dice)
+{
+    for (int changes = 1 + dice.below(6); changes > 0 && !bytes.isEmpty(); --changes) {
+        const int at = dice.below(static_cast<int>(bytes.size()));
+        const int count = dice.below(20);
+        const int kind = dice.below(3);
+        kind == 0   ? bytes.remove(at, count)
+        : kind == 1 ? bytes.insert(at, bytes.mid(at, count))
+                    : bytes.replace(at, 1, QByteArray(1, static_cast<char>(dice.below(256))));
+    }
+    return bytes;
+}
+
+/// Whatever is read makes sense: times in order, none of them negative.
+static void expectSense(const ReadLesson& read, int seed)
+{
+    for (const LessonPacket& packet : read.lesson.packets) {
+        double before = 0;
+        for (const LessonMark& mark : packet.marks) {
+            ASSERT_GE(mark.seconds, before) << "seed " << seed;
+            ASSERT_LE(mark.seconds, 999999) << "seed " << seed;
+            before = mark.seconds;
+        }
+    }
+}
+
+TEST(SpoiltFiles, GiveALessonOrAFailureAndAlwaysEnd)
+{
+    int failures = 0;
+    for (int seed = 0; seed < 2 * kTimes; ++seed) {
+        session::Dice dice(static_cast<std::uint32_t>(seed));
+        const LessonPacket packet = hostileMarks(dice);
+        const QByteArray sources[] = {webVttText(packet).toUtf8(), ffMetadataText(packet).toUtf8(),
+                                      matroskaChaptersText(packet),
+                                      m3uText(hostileLesson(dice)).toUtf8(),
+                                      xspfText(hostileLesson(dice))};
+        for (const QByteArray& source : sources) {
+            const QByteArray bytes = spoilt(source, dice);
+            const QString text = QString::fromUtf8(bytes);
+            for (const ReadLesson& read :
+                 {readWebVtt(text), readFfMetadata(text), readM3u(text), readPls(text),
+                  readCue(text), readLabels(text), readTimeList(text), readXspf(bytes),
+                  readMatroskaChapters(bytes)}) {
+                failures += read.failure ? 1 : 0;
+                ASSERT_NO_FATAL_FAILURE(expectSense(read, seed));
+            }
+        }
+    }
+    EXPECT_GT(failures, 1000);
 }
 
 TEST(RoundTrip, WritesXmlThatCanBeReadWhateverTheText)

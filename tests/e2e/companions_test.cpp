@@ -121,6 +121,37 @@ TEST_F(Companions, AnAddInStartsMinimised)
     EXPECT_EQ(desktop.visibleWindows(u"addin"_s), 0);
 }
 
+TEST_F(Companions, ImportOfANewUserComesUpAlthoughItIsStartedMinimised)
+{
+    ASSERT_TRUE(startAlone());
+    ASSERT_TRUE(window().clickInSubmenu(u"Tools..."_s, {3, 3}, {1, 2}));
+    ASSERT_TRUE(program.next(u"^orvanta.desktop: minimised "_s));
+    const auto state = [this] {
+        return desktop.run(u"xprop"_s, {u"-name"_s, u"Import - Orvanta"_s, u"WM_STATE"_s});
+    };
+    EXPECT_TRUE(waitFor([&] { return state().contains("Normal"); }));
+    EXPECT_TRUE(waitFor([this] { return desktop.activeWindowTitle() == u"Import - Orvanta"; }));
+    // A key reaches it and ends it: one that is down would stay.
+    desktop.press(u"Escape"_s);
+    EXPECT_TRUE(waitFor([&] { return !state().contains("WM_STATE"); }));
+}
+
+TEST_F(Companions, WhatIsImportedOpensInTheRunningPlayer)
+{
+    const QString list = writeBytes(
+        file(u"list.m3u"_s), "#EXTINF:2,From a list\n" + media(u"sound2.wav"_s).toUtf8() + '\n');
+    ASSERT_TRUE(startAlone());
+    OwnedProcess import;
+    QProcessEnvironment variables = desktop.environment();
+    variables.insert(u"ORVANTA_HOME"_s, home.folder());
+    import.setProcessEnvironment(variables);
+    import.start(QStringLiteral(ORVANTA_BUILD_DIR "/companions/orvanta-import"),
+                 {list, u"--open"_s});
+    ASSERT_TRUE(loads(1, 1));
+    EXPECT_TRUE(plays(u"start 1 1 From a list"_s));
+    EXPECT_TRUE(QFile::exists(file(u"list.vxl"_s)));
+}
+
 TEST_F(Companions, AboutOpensBesideThePlayerWithoutHoldingItUp)
 {
     ASSERT_TRUE(startAlone({media(u"tone20.wav"_s)}));

@@ -169,8 +169,8 @@ TEST(HelpInBothLanguages, TreatsEveryWindowAndTopic)
     const QStringList targets = readHandbook(TextLanguage::English).targets;
     for (const char* topic :
          {"start", "ideas", "window", "keys", "video", "editing", "packet-editor", "group-editor",
-          "pickers", "options", "tray", "boxes", "addins", "formats", "command-line", "settings",
-          "trouble"}) {
+          "pickers", "options", "tray", "boxes", "addins", "exchange", "formats", "command-line",
+          "settings", "trouble"}) {
         EXPECT_TRUE(targets.contains(QString::fromLatin1(topic))) << topic;
     }
 }

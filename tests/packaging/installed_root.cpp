@@ -82,7 +82,7 @@ qint64 InstalledRoot::sizeOf(const QString& name) const
     QDirIterator files(path(name), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         files.next();
-        bytes += files.fileInfo().size();
+        bytes += files.fileInfo().isSymLink() ? 0 : files.fileInfo().size();
     }
     return bytes;
 }

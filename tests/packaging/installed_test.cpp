@@ -149,6 +149,34 @@ TEST_F(Installed, TheTutorialSpeaksTheLanguageOfTheInterface)
     EXPECT_TRUE(plays(u"start 1 1 Пакет — это клипы по порядку, у каждого свой текст"_s));
 }
 
+TEST_F(Installed, TheAddInsOfTheMenuOpenAndThePlayerGoesOn)
+{
+    chooseLanguage(u"1"_s);
+    ASSERT_TRUE(program.startAndShow());
+    ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"!Orvanta!"_s) == 1; }));
+    for (const int entry : {1, 2}) {
+        const QString title = entry == 1 ? u"Import - Orvanta"_s : u"Export - Orvanta"_s;
+        ASSERT_TRUE(window().clickInSubmenu(u"Tools..."_s, {3, 3}, {entry, 2}));
+        ASSERT_TRUE(waitFor([&] { return desktop.visibleWindows(title) == 1; }));
+        ASSERT_TRUE(waitFor([&] { return desktop.activeWindowTitle() == title; }));
+        desktop.press(u"Escape"_s);
+        ASSERT_TRUE(waitFor([&] { return desktop.visibleWindows(title) == 0; }));
+    }
+    EXPECT_TRUE(program.isRunning());
+}
+
+TEST_F(Installed, ImportHandsItsLessonToTheRunningProgram)
+{
+    chooseLanguage(u"1"_s);
+    ASSERT_TRUE(program.startAndShow());
+    const QString list = writeBytes(file(u"list.m3u"_s), media(u"sound2.wav"_s).toUtf8() + '\n');
+    OwnedProcess import;
+    import.setProcessEnvironment(session());
+    import.start(root.path(u"usr/bin/orvanta-import"_s), {list, u"--open"_s});
+    ASSERT_TRUE(loads(1, 1));
+    EXPECT_TRUE(plays(u"start 1 1 sound2"_s));
+}
+
 TEST_F(Installed, AMissingDocumentationIsStillHandedToTheDesktopsOpener)
 {
     chooseLanguage(u"1"_s);

@@ -126,8 +126,8 @@ TEST_F(PackageFiles, EveryXmlFileIsWellFormed)
 
 TEST_F(PackageFiles, TheManualPagesAreFreeOfWarnings)
 {
-    const QStringList pages = files(u"orvanta.1.gz"_s) + files(u"cdcreate.1.gz"_s);
-    ASSERT_EQ(pages.size(), 4);
+    const QStringList pages = files(u"orvanta*.1.gz"_s) + files(u"cdcreate.1.gz"_s);
+    ASSERT_EQ(pages.size(), 8);
     for (const QString& page : pages) {
         const Outcome outcome = run(u"env"_s, {u"LC_ALL=C.UTF-8"_s, u"MANROFFSEQ="_s,
                                                u"MANWIDTH=80"_s, u"man"_s, u"--warnings"_s, u"-E"_s,
@@ -150,16 +150,30 @@ TEST_F(PackageFiles, WithoutTheSamplesTheyTakeLessThanEightMegabytes)
 TEST_F(PackageFiles, EverythingThatTheProgramReadsIsThere)
 {
     for (const QString& name :
-         {u"bin/orvanta"_s, u"bin/cdcreate"_s, u"libexec/orvanta/cdcreate"_s,
-          u"libexec/orvanta/tutorial"_s, u"share/orvanta/defaults/orvanta.ini"_s,
-          u"share/orvanta/help_eng.htm"_s, u"share/orvanta/help_rus.htm"_s,
-          u"share/orvanta/tutorial/tutorial_eng.vxg"_s, u"share/orvanta/tutorial/eng/brakes.mp4"_s,
-          u"share/orvanta/tutorial/tutorial_rus.vxg"_s, u"share/orvanta/samples/samples.vxg"_s,
+         {u"bin/orvanta"_s,
+          u"bin/cdcreate"_s,
+          u"libexec/orvanta/cdcreate"_s,
+          u"libexec/orvanta/tutorial"_s,
+          u"libexec/orvanta/orvanta-import"_s,
+          u"libexec/orvanta/orvanta-export"_s,
+          u"bin/orvanta-import"_s,
+          u"bin/orvanta-export"_s,
+          u"share/man/man1/orvanta-import.1.gz"_s,
+          u"share/man/ru/man1/orvanta-export.1.gz"_s,
+          u"share/orvanta/defaults/orvanta.ini"_s,
+          u"share/orvanta/help_eng.htm"_s,
+          u"share/orvanta/help_rus.htm"_s,
+          u"share/orvanta/tutorial/tutorial_eng.vxg"_s,
+          u"share/orvanta/tutorial/eng/brakes.mp4"_s,
+          u"share/orvanta/tutorial/tutorial_rus.vxg"_s,
+          u"share/orvanta/samples/samples.vxg"_s,
           u"share/icons/hicolor/scalable/apps/orvanta.svg"_s,
           u"share/icons/hicolor/scalable/mimetypes/application-x-orvanta-packet.svg"_s,
           u"share/icons/hicolor/scalable/mimetypes/application-x-orvanta-group.svg"_s,
-          u"share/mime/packages/orvanta.xml"_s, u"share/orvanta/icons/vxl.ico"_s,
-          u"share/orvanta/icons/mp3.ico"_s, u"share/man/ru/man1/orvanta.1.gz"_s}) {
+          u"share/mime/packages/orvanta.xml"_s,
+          u"share/orvanta/icons/vxl.ico"_s,
+          u"share/orvanta/icons/mp3.ico"_s,
+          u"share/man/ru/man1/orvanta.1.gz"_s}) {
         EXPECT_TRUE(QFile::exists(root.path(u"usr/"_s + name))) << qPrintable(name);
     }
     // Nothing of the work behind it.

@@ -20,6 +20,12 @@ void PageTest::open(const PageLesson& lesson, PageOrigin origin)
     note();
 }
 
+void PageTest::openPage(const QString& file)
+{
+    browser->open(addressOfFile(file));
+    note();
+}
+
 void PageTest::reload()
 {
     browser->open(browser->evaluate(u"location.href"_s).toString());
@@ -29,9 +35,11 @@ void PageTest::reload()
 void PageTest::note()
 {
     (void)browser->evaluate(
-        u"(() => { window.played = []; const text = document.getElementById('text');"
-        "new MutationObserver(() => window.played.push(text.textContent))"
-        ".observe(text, { childList: true, characterData: true, subtree: true }); return 1; })()"_s);
+        u"(() => { const note = (id) => { const texts = []; const noted = "
+        u"document.getElementById(id);"
+        "new MutationObserver(() => texts.push(noted.textContent))"
+        ".observe(noted, { childList: true, characterData: true, subtree: true }); return texts; };"
+        "window.played = note('text'); window.notices = note('notice'); return 1; })()"_s);
 }
 
 QString PageTest::textOf(const QString& selector)
@@ -40,14 +48,29 @@ QString PageTest::textOf(const QString& selector)
         .toString();
 }
 
-QStringList PageTest::played()
+QStringList PageTest::textsOf(const QString& expression)
 {
     QStringList texts;
-    const QJsonArray played = browser->evaluate(u"window.played"_s).toArray();
-    for (const QJsonValue& text : played) {
+    const QJsonArray noted = browser->evaluate(expression).toArray();
+    for (const QJsonValue& text : noted) {
         texts.append(text.toString());
     }
     return texts;
+}
+
+QStringList PageTest::played()
+{
+    return textsOf(u"window.played"_s);
+}
+
+QStringList PageTest::unplayable()
+{
+    return textsOf(u"window.notices"_s).filter(u"This browser"_s);
+}
+
+int PageTest::countOfNotices(const QString& text)
+{
+    return int(textsOf(u"window.notices"_s).count(text));
 }
 
 bool PageTest::waitForText(const QString& text)
@@ -85,8 +108,8 @@ PageLesson smallLesson(const PageFolder& folder)
                                      brakeLine(u"second"_s, 0.9), brakeLine(u"third"_s, 1.2),
                                      brakeLine(u"end"_s, 1.6)});
     brakes.lines[1].isChecked = false;
-    const PagePacket last =
-        clipPacket(u"Last"_s, {clipLine(u"last"_s, folder.clip(u"short.mp3"_s))});
+    PagePacket last = clipPacket(u"Last"_s, {clipLine(u"last"_s, folder.clip(u"short.mp3"_s))});
+    last.lines[0].media.hasPicture = false;
     return {.title = u"A small lesson"_s, .packets = {clips, brakes, last}, .options = {}};
 }
 

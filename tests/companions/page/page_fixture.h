@@ -33,11 +33,16 @@ protected:
 
     /// Opens the lesson's page and begins to note the texts that become current.
     void open(const PageLesson& lesson, PageOrigin origin = PageOrigin::Stick);
+    /// The same with a page that is there already.
+    void openPage(const QString& file);
     void reload();
     /// What the page's own texts are looked up by: the content of an element.
     [[nodiscard]] QString textOf(const QString& selector);
     /// The texts of the lines since the page was opened, in their order.
     [[nodiscard]] QStringList played();
+    /// What the page has said about clips that do not play, or not wholly.
+    [[nodiscard]] QStringList unplayable();
+    [[nodiscard]] int countOfNotices(const QString& text);
     [[nodiscard]] bool waitForText(const QString& text);
     [[nodiscard]] bool waitForState(const QString& state);
     [[nodiscard]] bool waitForEnd();
@@ -52,6 +57,7 @@ protected:
 
 private:
     void note();
+    [[nodiscard]] QStringList textsOf(const QString& expression);
 };
 
 /// A packet of clips, one of brakes, one of clips; the first has an unchecked line in it, the

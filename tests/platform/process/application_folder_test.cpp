@@ -90,7 +90,9 @@ TEST(ApplicationFolder, NewSettingsHoldTheQueueTheTypesAndNoLanguage)
     EXPECT_EQ(folder.value("ftl", "num"), u"0");
     EXPECT_EQ(folder.value("save", "volume"), u"0");
     EXPECT_EQ(folder.value("save", "balance"), u"50");
-    EXPECT_EQ(folder.value("add-ins", "num"), u"0");
+    EXPECT_EQ(folder.value("add-ins", "num"), u"2");
+    EXPECT_EQ(folder.value("add-ins", "namer2"), u"&Экспорт...");
+    EXPECT_EQ(folder.value("add-ins", "path1"), u"orvanta-import");
     EXPECT_EQ(folder.value("main", "language"), QString());
     EXPECT_EQ(installedTypes(folder).join(u' '),
               u"avi mpg mpeg mp4 m4v mkv webm mov wmv flv ogv ts mp3 wav ogg oga opus flac m4a aac "

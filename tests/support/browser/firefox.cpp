@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -65,6 +66,7 @@ public:
     ~Firefox() override
     {
         m_process.end();
+        m_sound.end();
         // Its helpers write into the profile for a moment longer.
         (void)e2e::waitFor([&] { return QDir(m_profile.path()).removeRecursively(); });
     }
@@ -82,6 +84,7 @@ public:
     [[nodiscard]] QStringList complaints() override;
 
 private:
+    void startSound();
     void startProcess();
     void connectTo();
     [[nodiscard]] QJsonArray readMessage();
@@ -91,8 +94,10 @@ private:
     void point(const QString& kind, QPoint place);
 
     QTemporaryDir m_profile;
+    e2e::OwnedProcess m_sound;
     e2e::OwnedProcess m_process;
     QTcpSocket m_socket;
+    QProcessEnvironment m_environment = QProcessEnvironment::systemEnvironment();
     int m_last = 0;
     bool m_isReady = false;
 };
@@ -101,11 +106,31 @@ private:
 
 Firefox::Firefox()
 {
+    startSound();
     startProcess();
     connectTo();
     const QJsonObject prompts = {{u"unhandledPromptBehavior"_s, u"ignore"_s}};
     m_isReady = m_socket.state() == QAbstractSocket::ConnectedState &&
                 call(u"WebDriver:NewSession"_s, {{u"capabilities"_s, prompts}}).isObject();
+}
+
+/// Without a loudspeaker it takes every clip that has no picture for spoilt.
+void Firefox::startSound()
+{
+    m_environment.insert(u"HOME"_s, m_profile.path());
+    m_environment.insert(u"XDG_RUNTIME_DIR"_s, m_profile.path());
+    const QString socket = m_profile.filePath(u"sound"_s);
+    m_sound.setProcessEnvironment(m_environment);
+    m_sound.setStandardErrorFile(QProcess::nullDevice());
+    m_sound.setStandardOutputFile(QProcess::nullDevice());
+    m_sound.start(u"pulseaudio"_s,
+                  {u"-n"_s, u"--daemonize=no"_s, u"--use-pid-file=no"_s, u"--exit-idle-time=-1"_s,
+                   u"--disable-shm=yes"_s,
+                   u"--load=module-null-sink sink_name=speaker rate=48000"_s,
+                   u"--load=module-native-protocol-unix auth-anonymous=1 socket="_s + socket});
+    m_environment.insert(u"PULSE_SERVER"_s, u"unix:"_s + socket);
+    (void)e2e::waitFor(
+        [&] { return QFileInfo::exists(socket) || m_sound.state() == QProcess::NotRunning; });
 }
 
 void Firefox::startProcess()
@@ -115,10 +140,7 @@ void Firefox::startProcess()
         preferences.write(kPreferences);
     }
     preferences.close();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(u"HOME"_s, m_profile.path());
-    environment.insert(u"XDG_RUNTIME_DIR"_s, m_profile.path());
-    m_process.setProcessEnvironment(environment);
+    m_process.setProcessEnvironment(m_environment);
     m_process.setStandardErrorFile(QProcess::nullDevice());
     m_process.setStandardOutputFile(QProcess::nullDevice());
     m_process.start(u"firefox-esr"_s,

@@ -1,10 +1,10 @@
-// Export: lessons as files for other programs.
-
 #include "companions/exchange/exchange_texts.h"
 #include "companions/exchange/export_command.h"
+#include "companions/exchange_windows/exchange_pickers.h"
+#include "companions/exchange_windows/exchange_programs.h"
 #include "companions/player_program.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 namespace orvanta {
 
@@ -21,14 +21,24 @@ static int exportAtTerminal(int count, char** arguments)
     return static_cast<int>(runExport(command, companionLanguage()));
 }
 
-} // namespace orvanta
-
-int main(int argc, char** argv)
+static int exportInWindow(int count, char** arguments)
 {
-    using namespace orvanta;
+    QApplication application(count, arguments);
+    prepareAsPlayer();
+    prepareCompanionProgram(companionLanguage());
+    ExportWindow window(companionLanguage(), exportServices());
+    window.show();
+    return QApplication::exec();
+}
+
+int runExportProgram(int count, char** arguments)
+{
     const QString help = exchangeText(u"exportHelp", TextLanguage::English);
-    if (answerAtTerminal(wordsOfCommand(argc, argv), "orvanta-export", help)) {
+    if (answerAtTerminal(wordsOfCommand(count, arguments), "orvanta-export", help)) {
         return 0;
     }
-    return exportAtTerminal(argc, argv);
+    const bool wantsWindow = count == 1 && hasDisplay();
+    return wantsWindow ? exportInWindow(count, arguments) : exportAtTerminal(count, arguments);
 }
+
+} // namespace orvanta
