@@ -99,7 +99,7 @@ inline constexpr auto kTextsOfBoxes = std::to_array<InterfaceText>({
                   u"Программа xorriso не установлена"},
     InterfaceText{u"BoxWindow", u"ZipOption", u"a &ZIP archive", u"архив &ZIP"},
     InterfaceText{u"BoxWindow", u"DiscOption", u"a &disc in %1", u"ди&ск в %1"},
-    InterfaceText{u"BoxWindow", u"TargetLabel", u"&To", u"Ку&да"},
+    InterfaceText{u"BoxWindow", u"TargetLabel", u"Wri&te to", u"Ку&да"},
     InterfaceText{u"BoxWindow", u"TargetButton", u"&Choose...", u"&Выбрать..."},
     InterfaceText{u"Box", u"window.target.more", u" (box)", u" (коробка)"},
     InterfaceText{u"BoxWindow", u"BrowserBox", u"For any &browser, too", u"И для любого бр&аузера"},

@@ -123,12 +123,14 @@ QWidget* BoxWindow::lessonPart()
     grid->addWidget(SummaryLabel, 4, 0, 1, 2);
     grid->addWidget(MissingLabel, 5, 0, 1, 2);
     grid->addWidget(MissingList, 6, 0, 1, 2);
-    grid->setRowStretch(6, 1);
     grid->addWidget(SkipBox, 7, 0, 1, 2);
     LessonLabel->setBuddy(LessonList);
     MissingLabel->setBuddy(MissingList);
     LessonList->setMinimumHeight(kFewLines);
     MissingList->setMinimumHeight(kFewLines);
+    QSizePolicy grows = MissingList->sizePolicy();
+    grows.setVerticalStretch(1); // of its row only while it is there
+    MissingList->setSizePolicy(grows);
     LessonList->setSelectionMode(QAbstractItemView::ExtendedSelection);
     letWrap(*SummaryLabel);
     return part;
