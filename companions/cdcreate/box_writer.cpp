@@ -22,6 +22,21 @@ BoxKind boxKind(const QString& target)
     return endsIn(u".iso") ? BoxKind::Image : endsIn(u".zip") ? BoxKind::Zip : BoxKind::Folder;
 }
 
+/// Whether replacing what is at the target would take a file of the lesson away.
+static bool holdsSource(const BoxPlan& plan, const QString& target)
+{
+    const QString there = QFileInfo(target).canonicalFilePath();
+    const auto isThere = [&](const QString& source) {
+        const QString file = QFileInfo(source).canonicalFilePath();
+        return file == there || file.startsWith(there + u'/');
+    };
+    return !there.isEmpty() &&
+           (std::any_of(plan.files.begin(), plan.files.end(),
+                        [&](const BoxFile& file) { return isThere(file.source); }) ||
+            std::any_of(plan.packets.begin(), plan.packets.end(),
+                        [&](const BoxPacket& packet) { return isThere(packet.source); }));
+}
+
 static void requireLesson(const BoxPlan& plan, const BoxOrder& order)
 {
     if (plan.packets.empty() || !plan.refused.isEmpty()) {
@@ -30,9 +45,11 @@ static void requireLesson(const BoxPlan& plan, const BoxOrder& order)
     if (!plan.missing.empty() && !order.skipsMissing) {
         throw BoxFailure(BoxProblem::Missing, plan.missing.front().what.text);
     }
-    const bool isDisc = !order.drive.isEmpty();
-    if (!isDisc &&
-        !mayReplace(order.target, boxKind(order.target) == BoxKind::Folder, order.replaces)) {
+    const bool isFolder = boxKind(order.target) == BoxKind::Folder;
+    const bool isFree =
+        !order.drive.isEmpty() ||
+        (!holdsSource(plan, order.target) && mayReplace(order.target, isFolder, order.replaces));
+    if (!isFree) {
         throw BoxFailure(BoxProblem::Exists, order.target);
     }
 }

@@ -349,6 +349,24 @@ TEST(BoxDiscs, AreBurntInTheDrivesThatTheImageProgramNames)
     EXPECT_TRUE(drivesIn(u"xorriso : SORRY : No drives found\n"_s).empty());
 }
 
+TEST(BoxFolders, NeverReplaceTheBoxThatTheyAreMadeOf)
+{
+    SettingsFolder room{QByteArray()};
+    room.write(u"a.avi"_s, "x");
+    const QString packet = room.write(u"p.vxl"_s, "[main]\nfiles=1\n[file1]\npath=a.avi\n");
+    BoxWork work;
+    const QString box = room.file(u"box"_s);
+    writeBox(gatherLesson({packet}, work), {.target = box}, work);
+    room.write(u"box/another.vxl"_s, "[main]\nfiles=1\n");
+    try {
+        writeBox(gatherLesson({box + u"/p.vxg"_s}, work), {.target = box, .replaces = true}, work);
+        ADD_FAILURE() << "what is in the box besides is gone";
+    } catch (const BoxFailure& failure) {
+        EXPECT_EQ(failure.problem(), BoxProblem::Exists);
+    }
+    EXPECT_TRUE(QFile::exists(box + u"/another.vxl"_s));
+}
+
 TEST(BoxFolders, ThatAreEmptyBecomeTheBox)
 {
     SettingsFolder room{QByteArray()};
