@@ -3,6 +3,7 @@
 #include "companions/cdcreate/box_place.h"
 #include "companions/cdcreate/box_texts.h"
 #include "companions/cdcreate/box_writer.h"
+#include "companions/cdcreate/image_program.h"
 #include "companions/cdcreate/lesson_box.h"
 #include "platform/process/companion.h"
 
@@ -17,6 +18,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
+#include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -70,6 +72,32 @@ void BoxWindow::addLessons(const QStringList& files)
         ResultLabel->setText(breakable(
             failureText(BoxFailure(BoxProblem::NoLesson, strangers.join(u", "_s)), m_language)));
     }
+}
+
+/// The image program may take seconds to look at the drives.
+void BoxWindow::lookForDrives()
+{
+    if (!mayHaveDrives()) {
+        return;
+    }
+    auto* const program = new QProcess(this);
+    connect(program, &QProcess::finished, this, [this, program] {
+        const auto drives = drivesIn(QString::fromUtf8(program->readAll()));
+        if (!drives.empty()) {
+            offerDrive(drives.front());
+        }
+        program->deleteLater();
+    });
+    program->setProcessChannelMode(QProcess::MergedChannels);
+    program->start(imageProgram(), driveArguments());
+}
+
+void BoxWindow::offerDrive(const DiscDrive& drive)
+{
+    m_drive = drive.device;
+    DiscOption->setToolTip(drive.name);
+    DiscOption->setText(caption(u"DiscOption").arg(drive.device));
+    DiscOption->show();
 }
 
 void BoxWindow::chooseLessons()
@@ -187,32 +215,49 @@ QString BoxWindow::target() const
     return typed.isEmpty() ? QString() : QDir::cleanPath(QDir::home().absoluteFilePath(typed));
 }
 
+/// Whatever is at the target, a disc is made beside it.
+bool BoxWindow::mayBeMade() const
+{
+    return DiscOption->isChecked() ||
+           (!target().isEmpty() &&
+            mayReplace(target(), boxKind(target()) == BoxKind::Folder, ReplaceBox->isChecked()));
+}
+
 bool BoxWindow::canStart() const
 {
     const bool isWhole = m_plan != nullptr && !m_plan->packets.empty() && m_plan->refused.isEmpty();
-    return isWhole && m_phase == Phase::Idle && !target().isEmpty() &&
-           (m_plan->missing.empty() || SkipBox->isChecked()) &&
-           mayReplace(target(), boxKind(target()) == BoxKind::Folder, ReplaceBox->isChecked());
+    return isWhole && m_phase == Phase::Idle && mayBeMade() &&
+           (m_plan->missing.empty() || SkipBox->isChecked());
 }
 
 void BoxWindow::showState()
 {
     const bool isMaking = m_phase == Phase::Making;
-    const bool isFolder = boxKind(target()) == BoxKind::Folder;
-    for (QWidget* const widget :
-         std::initializer_list<QWidget*>{LessonList, AddButton, FormBox, TargetEdit, TargetButton,
-                                         BrowserBox, ReplaceBox, SkipBox}) {
+    for (QWidget* const widget : std::initializer_list<QWidget*>{LessonList, AddButton, FormBox,
+                                                                 BrowserBox, ReplaceBox, SkipBox}) {
         widget->setEnabled(!isMaking);
     }
+    for (QWidget* const widget : std::initializer_list<QWidget*>{TargetEdit, TargetButton}) {
+        widget->setEnabled(!isMaking && !DiscOption->isChecked());
+    }
     RemoveButton->setEnabled(!isMaking && !LessonList->selectedItems().isEmpty());
-    const bool isTaken = !target().isEmpty() && !mayReplace(target(), isFolder, false);
-    ReplaceBox->setVisible(isTaken && mayReplace(target(), isFolder, true) && !isMaking);
+    showWhetherTaken();
     StartButton->setEnabled(canStart());
     StartButton->setDefault(true);
     CloseButton->setText(caption(isMaking ? u"CloseButton.stop" : u"CloseButton"));
     ProgressBar->setVisible(isMaking);
     ProgressLabel->setVisible(isMaking);
-    if (isTaken && !isMaking && ReplaceBox->isHidden()) {
+}
+
+/// Something stands where the box would come.
+void BoxWindow::showWhetherTaken()
+{
+    const bool isFolder = boxKind(target()) == BoxKind::Folder;
+    const bool counts = m_phase != Phase::Making && !DiscOption->isChecked() && !target().isEmpty();
+    const bool isTaken = counts && !mayReplace(target(), isFolder, false);
+    const bool isBox = isTaken && mayReplace(target(), isFolder, true);
+    ReplaceBox->setVisible(isBox);
+    if (isTaken && !isBox) {
         ResultLabel->setText(failureText(BoxFailure(BoxProblem::Exists), m_language));
     }
 }
@@ -222,12 +267,16 @@ void BoxWindow::start()
     if (!canStart()) {
         return;
     }
-    const BoxOrder order = {.target = target(),
+    const bool isDisc = DiscOption->isChecked();
+    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
+    QDir().mkpath(cache);
+    const BoxOrder order = {.target = isDisc ? cache + u"/disc.iso"_s : target(),
+                            .drive = isDisc ? m_drive : QString(),
                             .skipsMissing = SkipBox->isChecked(),
                             .replaces = ReplaceBox->isChecked(),
                             .extras = BrowserBox->isChecked() ? m_makePage : MakeExtras()};
     m_phase = Phase::Making;
-    m_made = order.target;
+    m_made = isDisc ? m_drive : order.target;
     m_speed = BoxSpeed();
     forgetResult();
     ProgressBar->setValue(0);
@@ -282,8 +331,10 @@ void BoxWindow::showResult(const BoxFailure* failure)
         return;
     }
     ResultLabel->setText(breakable(text(u"window.done").arg(m_made)));
-    OpenButton->show();
-    OpenButton->setFocus();
+    if (m_made != m_drive) {
+        OpenButton->show();
+        OpenButton->setFocus();
+    }
 }
 
 /// A folder itself, of a file the folder that it is in.

@@ -4,7 +4,8 @@
 //   RemoveButton takes off what is selected     SummaryLabel  how much it is
 //   MissingLabel how much is missing            MissingList   what, one a line
 //   SkipBox      goes on without that           FormBox       what is made: FolderOption,
-//   TargetEdit   where the box comes                          ImageOption, ZipOption
+//   TargetEdit   where the box comes                          ImageOption, ZipOption,
+//                                                             DiscOption
 //   TargetButton chooses that                   BrowserBox    adds the page for browsers
 //   ReplaceBox   in place of an earlier box     ProgressBar   of what is being done
 //   ProgressLabel the same in words             ResultLabel   what became of it
@@ -16,6 +17,7 @@
 #include "companions/cdcreate/box_plan.h"
 #include "companions/cdcreate/box_speed.h"
 #include "companions/cdcreate/box_task.h"
+#include "companions/cdcreate/disc_drive.h"
 #include "model/texts.h"
 #include "playback/control_rows.h"
 
@@ -57,6 +59,7 @@ public:
     QRadioButton* FolderOption; // a folder
     QRadioButton* ImageOption;  // an image of a disc
     QRadioButton* ZipOption;    // a ZIP archive
+    QRadioButton* DiscOption;   // a disc; there where a drive is
     QLabel* TargetLabel;        // caption of TargetEdit
     QLineEdit* TargetEdit;      // the box's whole path
     QPushButton* TargetButton;  // chooses it
@@ -74,6 +77,8 @@ public:
     [[nodiscard]] QStringList lessons() const;
     /// Closes the window once what runs has been taken back.
     void closeSoon();
+    /// Offers to burn a disc.
+    void offerDrive(const DiscDrive& drive);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -96,6 +101,7 @@ private:
     [[nodiscard]] QWidget* endPart();
     void connectHandlers();
 
+    void lookForDrives();
     void chooseLessons();
     void removeLessons();
     void gather();
@@ -109,6 +115,7 @@ private:
     void end(const BoxFailure* failure);
     void showResult(const BoxFailure* failure);
     void showState();
+    void showWhetherTaken();
     void openMade();
     void forgetResult();
 
@@ -116,6 +123,7 @@ private:
     [[nodiscard]] QString caption(QStringView what) const; // of this window
     [[nodiscard]] QString ending() const;
     [[nodiscard]] QString target() const;
+    [[nodiscard]] bool mayBeMade() const;
     [[nodiscard]] bool canStart() const;
 
     TextLanguage m_language;
@@ -125,6 +133,7 @@ private:
     bool m_closes = false;
     std::shared_ptr<BoxPlan> m_plan; // null: nothing is gathered; never touched while work has it
     QString m_made;                  // the box that was made last
+    QString m_drive;                 // the one that burns; empty: there is none
     BoxSpeed m_speed;
     BoxTask m_task; // goes first
 };

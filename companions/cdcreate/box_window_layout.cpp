@@ -32,6 +32,7 @@ BoxWindow::BoxWindow(TextLanguage language, MakeExtras makePage)
       FolderOption(new QRadioButton(FormBox)),
       ImageOption(new QRadioButton(FormBox)),
       ZipOption(new QRadioButton(FormBox)),
+      DiscOption(new QRadioButton(FormBox)),
       TargetLabel(new QLabel(this)),
       TargetEdit(new QLineEdit(this)),
       TargetButton(new QPushButton(this)),
@@ -54,6 +55,7 @@ BoxWindow::BoxWindow(TextLanguage language, MakeExtras makePage)
     orderTabs(controls());
     connectHandlers();
     showPlan();
+    lookForDrives();
 }
 
 BoxWindow::~BoxWindow() = default;
@@ -73,6 +75,7 @@ ControlRows BoxWindow::controls()
             {FolderOption, u"FolderOption"},
             {ImageOption, u"ImageOption"},
             {ZipOption, u"ZipOption"},
+            {DiscOption, u"DiscOption"},
             {TargetLabel, u"TargetLabel"},
             {TargetEdit, u"TargetEdit"},
             {TargetButton, u"TargetButton"},
@@ -120,12 +123,14 @@ QWidget* BoxWindow::lessonPart()
     grid->addWidget(SummaryLabel, 4, 0, 1, 2);
     grid->addWidget(MissingLabel, 5, 0, 1, 2);
     grid->addWidget(MissingList, 6, 0, 1, 2);
-    grid->setRowStretch(6, 1);
     grid->addWidget(SkipBox, 7, 0, 1, 2);
     LessonLabel->setBuddy(LessonList);
     MissingLabel->setBuddy(MissingList);
     LessonList->setMinimumHeight(kFewLines);
     MissingList->setMinimumHeight(kFewLines);
+    QSizePolicy grows = MissingList->sizePolicy();
+    grows.setVerticalStretch(1); // of its row only while it is there
+    MissingList->setSizePolicy(grows);
     LessonList->setSelectionMode(QAbstractItemView::ExtendedSelection);
     letWrap(*SummaryLabel);
     return part;
@@ -135,9 +140,10 @@ QWidget* BoxWindow::targetPart()
 {
     auto* part = new QWidget(this);
     auto* forms = new QVBoxLayout(FormBox);
-    for (QRadioButton* const option : {FolderOption, ImageOption, ZipOption}) {
+    for (QRadioButton* const option : {FolderOption, ImageOption, ZipOption, DiscOption}) {
         forms->addWidget(option);
     }
+    DiscOption->hide();
     FolderOption->setChecked(true);
     if (imageProgram().isEmpty()) {
         ImageOption->setEnabled(false);
@@ -185,10 +191,11 @@ void BoxWindow::connectHandlers()
     connect(AddButton, &QPushButton::clicked, this, [this] { chooseLessons(); });
     connect(RemoveButton, &QPushButton::clicked, this, [this] { removeLessons(); });
     connect(LessonList, &QListWidget::itemSelectionChanged, this, [this] { showState(); });
-    for (QRadioButton* const option : {FolderOption, ImageOption, ZipOption}) {
+    for (QRadioButton* const option : {FolderOption, ImageOption, ZipOption, DiscOption}) {
         connect(option, &QRadioButton::clicked, this, [this] {
             forgetResult();
             proposeTarget();
+            showState();
         });
     }
     connect(TargetEdit, &QLineEdit::textChanged, this, [this] {

@@ -3,6 +3,7 @@
 #include "companions/cdcreate/box_documents.h"
 #include "companions/cdcreate/box_forms.h"
 #include "companions/cdcreate/box_place.h"
+#include "companions/cdcreate/disc_drive.h"
 
 #include <QFileInfo>
 #include <QStorageInfo>
@@ -21,6 +22,21 @@ BoxKind boxKind(const QString& target)
     return endsIn(u".iso") ? BoxKind::Image : endsIn(u".zip") ? BoxKind::Zip : BoxKind::Folder;
 }
 
+/// Whether replacing what is at the target would take a file of the lesson away.
+static bool holdsSource(const BoxPlan& plan, const QString& target)
+{
+    const QString there = QFileInfo(target).canonicalFilePath();
+    const auto isThere = [&](const QString& source) {
+        const QString file = QFileInfo(source).canonicalFilePath();
+        return file == there || file.startsWith(there + u'/');
+    };
+    return !there.isEmpty() &&
+           (std::any_of(plan.files.begin(), plan.files.end(),
+                        [&](const BoxFile& file) { return isThere(file.source); }) ||
+            std::any_of(plan.packets.begin(), plan.packets.end(),
+                        [&](const BoxPacket& packet) { return isThere(packet.source); }));
+}
+
 static void requireLesson(const BoxPlan& plan, const BoxOrder& order)
 {
     if (plan.packets.empty() || !plan.refused.isEmpty()) {
@@ -29,7 +45,11 @@ static void requireLesson(const BoxPlan& plan, const BoxOrder& order)
     if (!plan.missing.empty() && !order.skipsMissing) {
         throw BoxFailure(BoxProblem::Missing, plan.missing.front().what.text);
     }
-    if (!mayReplace(order.target, boxKind(order.target) == BoxKind::Folder, order.replaces)) {
+    const bool isFolder = boxKind(order.target) == BoxKind::Folder;
+    const bool isFree =
+        !order.drive.isEmpty() ||
+        (!holdsSource(plan, order.target) && mayReplace(order.target, isFolder, order.replaces));
+    if (!isFree) {
         throw BoxFailure(BoxProblem::Exists, order.target);
     }
 }
@@ -89,28 +109,39 @@ static BoxContents contentsOf(BoxPlan& plan, const std::vector<BoxExtra>& extras
     return contents;
 }
 
+static void writeForm(BoxKind kind, const BoxContents& contents, const BoxPlace& place,
+                      BoxWork& work)
+{
+    switch (kind) {
+    case BoxKind::Folder:
+        return writeFolder(contents, place, work);
+    case BoxKind::Image:
+        return writeImage(contents, place, work);
+    case BoxKind::Zip:
+        return writeZip(contents, place, work);
+    }
+}
+
+static void burn(const BoxContents& contents, const BoxPlace& place, const QString& drive,
+                 BoxWork& work)
+{
+    burnImage(place.box(), QFileInfo(place.box()).size(), drive, work);
+    checkArchive(contents, fileOfDrive(drive), work);
+}
+
 void writeBox(BoxPlan plan, const BoxOrder& order, BoxWork& work)
 {
     requireLesson(plan, order);
     const std::vector<BoxExtra> extras =
         order.extras ? order.extras(plan, work) : std::vector<BoxExtra>();
     const BoxContents contents = contentsOf(plan, extras);
-    const BoxKind kind = boxKind(order.target);
+    const bool isDisc = !order.drive.isEmpty();
+    const BoxKind kind = isDisc ? BoxKind::Image : boxKind(order.target);
     BoxPlace place(order.target); // first: what it clears away makes room
     requireRoom(contents, kind, order.target);
-    switch (kind) {
-    case BoxKind::Folder:
-        writeFolder(contents, place, work);
-        break;
-    case BoxKind::Image:
-        writeImage(contents, place, work);
-        break;
-    case BoxKind::Zip:
-        writeZip(contents, place, work);
-        break;
-    }
+    writeForm(kind, contents, place, work);
     work.goOn();
-    place.putInPlace(order.replaces);
+    isDisc ? burn(contents, place, order.drive, work) : place.putInPlace(order.replaces);
 }
 
 } // namespace orvanta

@@ -210,6 +210,22 @@ TEST_P(BoxWindows, TakesWhatIsDroppedAndNamesWhatIsNoLesson)
     EXPECT_TRUE(window.ResultLabel->text().contains(u"a.avi"));
 }
 
+TEST_P(BoxWindows, BurnsADiscWhereThereIsADrive)
+{
+    EXPECT_TRUE(window.DiscOption->isHidden());
+    const QString disc = room.write(u"disc"_s, {});
+    window.offerDrive({u"stdio:"_s + disc, u"A drive"_s});
+    expectReadable();
+    window.addLessons({whole});
+    ASSERT_TRUE(comes([&] { return window.StartButton->isEnabled(); }));
+    window.DiscOption->click();
+    EXPECT_FALSE(window.TargetEdit->isEnabled());
+    window.StartButton->click();
+    ASSERT_TRUE(comes([&] { return !window.ResultLabel->text().isEmpty(); }));
+    EXPECT_GT(QFileInfo(disc).size(), 200'000) << qPrintable(window.ResultLabel->text());
+    EXPECT_TRUE(window.OpenButton->isHidden());
+}
+
 TEST_P(BoxWindows, OffersThePageForBrowsersWhereThereIsOne)
 {
     EXPECT_TRUE(window.BrowserBox->isHidden());

@@ -1,6 +1,7 @@
 // Boxes of every form: whole or not there, and the lesson's own files as they were.
 
 #include "companions/cdcreate/box_writer.h"
+#include "companions/cdcreate/disc_drive.h"
 #include "companions/cdcreate/lesson_box.h"
 #include "core/descriptor.h"
 #include "tests/companions/cdcreate/box_places.h"
@@ -305,6 +306,65 @@ TEST_P(BoxWriter, IsNotMadeOfWhatIsNoLesson)
         EXPECT_EQ(failure.problem(), BoxProblem::Missing);
     }
     EXPECT_EQ(written(), QStringList());
+}
+
+TEST(BoxDiscs, AreBurntReadBackAndLeaveNothingBesides)
+{
+    SettingsFolder room{QByteArray()};
+    room.write(u"a.avi"_s, QByteArray(300'000, 'x'));
+    const QString packet = room.write(u"p.vxl"_s, "[main]\nfiles=1\n[file1]\npath=a.avi\n");
+    const QString disc = room.write(u"disc"_s, {}); // a file that behaves like one
+    QList<BoxStep> steps;
+    BoxWork work([&](const BoxState& state) {
+        if (steps.isEmpty() || steps.back() != state.step) {
+            steps.append(state.step);
+        }
+    });
+    const BoxOrder order = {.target = room.file(u"box.iso"_s), .drive = u"stdio:"_s + disc};
+    writeBox(gatherLesson({packet}, work), order, work);
+    EXPECT_EQ(steps, (QList{BoxStep::Gathering, BoxStep::Writing, BoxStep::Checking,
+                            BoxStep::Burning, BoxStep::Checking}));
+    EXPECT_EQ(namesIn(room.path()).size(), 3) << "clip, packet and disc";
+    ASSERT_TRUE(QFile::rename(disc, room.file(u"disc.iso"_s)));
+    const auto files = filesIn(takenOut(room.file(u"disc.iso"_s), room.file(u"taken"_s)));
+    EXPECT_EQ(files[u"media/a.avi"_s].size(), 300'000);
+    try {
+        writeBox(gatherLesson({packet}, work), {.target = order.target, .drive = u"/dev/sr99"_s},
+                 work);
+        ADD_FAILURE() << "there is no such drive";
+    } catch (const BoxFailure& failure) {
+        EXPECT_EQ(failure.problem(), BoxProblem::NoDrive) << failure.what();
+    }
+}
+
+TEST(BoxDiscs, AreBurntInTheDrivesThatTheImageProgramNames)
+{
+    const auto drives =
+        drivesIn(u"Beginning to scan for devices ...\n\nFull drive scan done\n-----\n"
+                 "0  -dev '/dev/sr0' rwrw-- :  'HL-DT-ST' 'DVDRAM GH24NSC0'\n"
+                 "1  -dev '/dev/sr1' rwrw-- :  'TSSTcorp' 'CDDVDW SH-S223C' \n-----\n"_s);
+    ASSERT_EQ(drives.size(), 2U);
+    EXPECT_EQ(drives[0].device, u"/dev/sr0");
+    EXPECT_EQ(drives[1].name, u"TSSTcorp CDDVDW SH-S223C");
+    EXPECT_TRUE(drivesIn(u"xorriso : SORRY : No drives found\n"_s).empty());
+}
+
+TEST(BoxFolders, NeverReplaceTheBoxThatTheyAreMadeOf)
+{
+    SettingsFolder room{QByteArray()};
+    room.write(u"a.avi"_s, "x");
+    const QString packet = room.write(u"p.vxl"_s, "[main]\nfiles=1\n[file1]\npath=a.avi\n");
+    BoxWork work;
+    const QString box = room.file(u"box"_s);
+    writeBox(gatherLesson({packet}, work), {.target = box}, work);
+    room.write(u"box/another.vxl"_s, "[main]\nfiles=1\n");
+    try {
+        writeBox(gatherLesson({box + u"/p.vxg"_s}, work), {.target = box, .replaces = true}, work);
+        ADD_FAILURE() << "what is in the box besides is gone";
+    } catch (const BoxFailure& failure) {
+        EXPECT_EQ(failure.problem(), BoxProblem::Exists);
+    }
+    EXPECT_TRUE(QFile::exists(box + u"/another.vxl"_s));
 }
 
 TEST(BoxFolders, ThatAreEmptyBecomeTheBox)
