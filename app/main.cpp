@@ -3,6 +3,7 @@
 #include "app/check_command.h"
 #include "app/command_line.h"
 #include "app/log_output.h"
+#include "app/quit_guard.h"
 #include "app/start_up.h"
 #include "core/version.h"
 #include "platform/screen/window_stacking.h"
@@ -49,7 +50,10 @@ static int runProgram(int count, char** arguments)
     std::setlocale(LC_NUMERIC, "C");            // the player library refuses anything else
     programIsUp();
     nameApplication();
-    return StartUp(argumentTexts(count, arguments), activationToken).run();
+    StartUp startUp(argumentTexts(count, arguments), activationToken);
+    const int status = startUp.run();
+    leaveSoon(status);
+    return status;
 }
 
 static int answer(const QString& text)

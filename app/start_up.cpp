@@ -3,6 +3,7 @@
 #include "app/command_line.h"
 #include "app/program.h"
 #include "app/start_up_steps.h"
+#include "core/ini.h"
 #include "core/log.h"
 #include "core/paths.h"
 #include "platform/media/media_library.h"
@@ -13,6 +14,7 @@
 #include "platform/process/single_instance.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/playback_engine.h"
+#include "window/clip_line.h"
 #include "window/form11_language_dialog.h"
 #include "window/form1_splash.h"
 #include "window/form2_main_window.h"
@@ -34,6 +36,7 @@ using namespace Qt::StringLiterals;
 
 constexpr std::chrono::seconds kPatienceWithFirst(10);
 constexpr unsigned long kPauseBetweenLooksMs = 15;
+constexpr std::chrono::seconds kPauseBeforeWarning(1);
 
 static void letEventsRun()
 {
@@ -189,9 +192,20 @@ void StartUp::serveDesktop()
     connect(qApp, &QGuiApplication::commitDataRequest, this, endProgram);
     m_program->serveMediaControls();
     qCInfo(logStartup, "ready");
+    if (!m_module.HandedOver.isEmpty() || !canWriteIni(m_module.IniPath)) {
+        // When what was handed over is open, and its text in the line.
+        QTimer::singleShot(kPauseBeforeWarning, this, [this] { sayThatNothingIsKept(); });
+    }
     if (m_raiseWaiting) {
         raiseMainWindow(*m_raiseWaiting);
     }
+}
+
+void StartUp::sayThatNothingIsKept()
+{
+    const TextLanguage language = textLanguage(m_module.Language.value(), TextLanguage::Russian);
+    m_program->mainWindow().Text2->sayForAMoment(
+        interfaceText(u"Form2", u"Text2.unkept", language));
 }
 
 void StartUp::raiseMainWindow(const QString& activationToken)

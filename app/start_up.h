@@ -48,6 +48,7 @@ private:
     void showMainWindowUnlessAuto();
     void serveDesktop();
 
+    void sayThatNothingIsKept();
     void raiseMainWindow(const QString& activationToken);
     void unloadSplash();
     void leaveEventLoop();

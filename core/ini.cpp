@@ -162,6 +162,11 @@ bool changeIniAtOnce(
     });
 }
 
+bool canWriteIni(const QString& file)
+{
+    return changeIniAtOnce(file, [](const auto&) { return std::vector<IniChange>(); });
+}
+
 void setLegacyCodePage(const QString& name)
 {
     const std::lock_guard lock(cacheMutex());

@@ -60,6 +60,10 @@ struct IniChange
     const std::function<std::vector<IniChange>(
         const std::function<QString(const QString& section, const QString& key)>& read)>& plan);
 
+/// Whether the file can be opened for writing now; one that is not there is made. What a full disk
+/// would say shows only when something is written.
+[[nodiscard]] bool canWriteIni(const QString& file);
+
 /// The 8-bit code page (for example "windows-1251") for files that are not valid UTF-8; empty: by
 /// the user's locale.
 void setLegacyCodePage(const QString& name);

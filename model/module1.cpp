@@ -17,6 +17,21 @@ const PlaylistEntry& PlaylistState::packet(Int16 p) const
     return Playlist[p.index() - 1];
 }
 
+QStringList PlaylistState::documents() const
+{
+    if (!Document.isEmpty()) {
+        return {Document};
+    }
+    QStringList files;
+    for (const PlaylistEntry& entry : Playlist) {
+        if (entry.Origin && !entry.Origin->file.isEmpty()) {
+            files.append(entry.Origin->file);
+        }
+    }
+    files.removeDuplicates();
+    return files;
+}
+
 qsizetype PlaylistState::entryCount() const
 {
     qsizetype count = 0;

@@ -26,6 +26,8 @@ struct PlaylistState
     /// Packet p, counted from 1. Raises 9 outside the playlist.
     [[nodiscard]] PlaylistEntry& packet(Int16 p);
     [[nodiscard]] const PlaylistEntry& packet(Int16 p) const;
+    /// Whole paths of the packets and groups that all of it comes from, each once.
+    [[nodiscard]] QStringList documents() const;
     /// Clips or brakes of all packets together.
     [[nodiscard]] qsizetype entryCount() const;
 };

@@ -57,6 +57,8 @@ constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
     InterfaceText{u"Form2", u"Text2.tip", u"Current clip", u"Текущий клип"},
     InterfaceText{u"Form2", u"Text2.unplayable", u"Cannot play: %1",
                   u"Не удаётся воспроизвести: %1"}, // the file's name
+    InterfaceText{u"Form2", u"Text2.unkept", u"Settings cannot be kept",
+                  u"Настройки не сохраняются"},
     // Not translated on purpose: the pointer replaces it by the line's text anyway.
     InterfaceText{u"Form2", u"List1.tip", u"Playlist", u"Playlist"},
     InterfaceText{u"Form2", u"List1.packet", u"Packet", u"Пакет"},
@@ -82,7 +84,7 @@ constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
     InterfaceText{u"Form2", u"cp", u"&Packet...", u"&Пакет..."},
     InterfaceText{u"Form2", u"cg", u"&Group...", u"&Группу..."},
     InterfaceText{u"Form2", u"op", u"&Options", u"&Опции"},
-    // The program behind it speaks English only.
+    // The name of the program behind it, in both languages.
     InterfaceText{u"Form2", u"cdc", u"&CD Create", u"&CD Create"},
     InterfaceText{u"Form2", u"ai", u"&Add-ins", u"&Дополнения"},
     InterfaceText{u"Form2", u"add", u"(No Add-ins)", u"(No Add-ins)"},

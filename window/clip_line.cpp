@@ -7,20 +7,36 @@
 #include <QStyle>
 #include <QStyleOptionFrame>
 
+#include <chrono>
 #include <utility>
 
 namespace orvanta {
+
+constexpr std::chrono::seconds kTimeToRead(3);
 
 ClipLine::ClipLine(QWidget* parent)
     : QLineEdit(parent)
 {
     setReadOnly(true);
+    m_saying.setSingleShot(true);
+    m_saying.setInterval(kTimeToRead);
+    connect(&m_saying, &QTimer::timeout, this, [this] { showText(m_textBelow); });
 }
 
 void ClipLine::showText(const QString& text)
 {
+    m_saying.stop();
     setText(text);
     setCursorPosition(0);
+}
+
+void ClipLine::sayForAMoment(const QString& message)
+{
+    if (!m_saying.isActive()) {
+        m_textBelow = text();
+    }
+    showText(message);
+    m_saying.start();
 }
 
 void ClipLine::keepAtRight(QWidget* child, std::function<void(int width)> fit)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLineEdit>
+#include <QTimer>
 
 #include <functional>
 
@@ -18,6 +19,8 @@ public:
 
     /// Shows a text from its beginning.
     void showText(const QString& text);
+    /// Says something for the time that it takes to read it; then the text is back.
+    void sayForAMoment(const QString& message);
     /// Keeps a child at the right end, in its own width; the text ends before it. fit: makes the
     /// child no wider than this.
     void keepAtRight(QWidget* child, std::function<void(int width)> fit);
@@ -36,6 +39,8 @@ private:
     [[nodiscard]] bool mustElide() const;
     void paintElided(const QString& shown, const QColor& colour);
 
+    QTimer m_saying; // while it runs a message stands in the text's place
+    QString m_textBelow;
     QWidget* m_child = nullptr;
     std::function<void(int width)> m_fit;
 };

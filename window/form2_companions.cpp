@@ -41,7 +41,13 @@ void Form2::Form2_tu_Click()
 
 void Form2::Form2_cdc_Click()
 {
-    startCompanion(m_services.module.ApplicationFolder, u"\\cdcreate.exe"_s);
+    constexpr qsizetype kMost = 1000; // an environment holds no list of any length
+    QStringList open = m_services.module.playlist.documents();
+    if (open.size() > kMost) {
+        qCInfo(logDesktop, "too many packets are open to name them all");
+        open.clear();
+    }
+    startCompanion(m_services.module.ApplicationFolder, u"\\cdcreate.exe"_s, open);
 }
 
 void Form2::Form2_add_Click(int entry)

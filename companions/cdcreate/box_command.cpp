@@ -2,6 +2,7 @@
 
 #include "companions/cdcreate/box_speed.h"
 #include "companions/cdcreate/box_task.h"
+#include "companions/cdcreate/box_texts.h"
 #include "companions/cdcreate/box_writer.h"
 #include "companions/cdcreate/lesson_box.h"
 #include "companions/player_program.h"
@@ -55,22 +56,11 @@ BoxCommand boxCommand(const QStringList& arguments)
     return command;
 }
 
-static QStringView nameOf(CheckedPart part)
-{
-    return part == CheckedPart::Clip     ? u"clip"
-           : part == CheckedPart::Packet ? u"packet"
-                                         : u"picture";
-}
-
 QByteArray missingLines(const BoxPlan& plan, TextLanguage language)
 {
     QString lines;
     for (const MissingPart& part : plan.missing) {
-        const bool isRefused = part.what.found.finding == Finding::Refused;
-        lines += part.document + u": "_s +
-                 interfaceText(u"Check", nameOf(part.what.part), language).arg(part.what.number) +
-                 u": "_s + interfaceText(u"Check", isRefused ? u"refused" : u"missing", language) +
-                 u": "_s + part.what.text + u'\n';
+        lines += part.document + u": "_s + missingText(part, language) + u'\n';
     }
     return lines.toUtf8();
 }

@@ -1,10 +1,7 @@
-// How fast a box comes to be, and how long it will take.
+// How fast a box comes to be, and how long it will take: pure rules.
 #pragma once
 
 #include "companions/cdcreate/box_work.h"
-#include "model/texts.h"
-
-#include <QString>
 
 #include <chrono>
 #include <deque>
@@ -36,15 +33,5 @@ private:
     BoxState m_state;
     std::deque<Sample> m_samples;
 };
-
-/// "1.5 MB", in powers of 1000.
-[[nodiscard]] QString sizeText(qint64 bytes, TextLanguage language);
-
-/// "Writing: 12.5 MB of 40 MB, 55 MB/s, 0:03 left".
-[[nodiscard]] QString progressText(const BoxState& state, const BoxSpeed& speed,
-                                   TextLanguage language);
-
-/// Why there is no box, in one sentence.
-[[nodiscard]] QString failureText(const BoxFailure& failure, TextLanguage language);
 
 } // namespace orvanta

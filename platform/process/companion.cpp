@@ -132,22 +132,32 @@ static std::optional<qint64> spawn(const QStringList& words, const QProcessEnvir
 }
 
 /// A second launch by the companion must find the same settings, whatever folder is current then.
-static QProcessEnvironment environmentOfCompanion(const QString& applicationFolder)
+static QProcessEnvironment environmentOfCompanion(const QString& applicationFolder,
+                                                  const QStringList& documents)
 {
+    QStringList addresses;
+    for (const QString& document : documents) {
+        addresses.append(QString::fromLatin1(QUrl::fromLocalFile(document).toEncoded()));
+    }
     QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
     variables.insert(u"ORVANTA_HOME"_s, applicationFolder);
     variables.insert(u"ORVANTA_PROGRAM"_s, QCoreApplication::applicationFilePath());
+    variables.remove(u"ORVANTA_DOCUMENTS"_s);
+    if (!addresses.isEmpty()) {
+        variables.insert(u"ORVANTA_DOCUMENTS"_s, addresses.join(u' '));
+    }
     return variables;
 }
 
-qint64 startCompanion(const QString& applicationFolder, const QString& name)
+qint64 startCompanion(const QString& applicationFolder, const QString& name,
+                      const QStringList& documents)
 {
     const QString file = installedProgram(applicationFolder, name);
     if (file.isEmpty()) {
         qCInfo(logDesktop, "there is no program %ls", qUtf16Printable(name));
         throw RuntimeError(ErrorNumber::FileNotFound);
     }
-    const auto child = spawn({file}, environmentOfCompanion(applicationFolder));
+    const auto child = spawn({file}, environmentOfCompanion(applicationFolder, documents));
     if (!child) {
         throw RuntimeError(errno == ENOENT ? ErrorNumber::FileNotFound
                                            : ErrorNumber::InvalidProcedureCall);

@@ -1,5 +1,6 @@
 #include "tests/captions/every_window.h"
 
+#include "companions/cdcreate/box_window.h"
 #include "core/ini.h"
 #include "editors/form10_save_picker.h"
 #include "editors/form5_packet_editor.h"
@@ -127,6 +128,13 @@ std::unique_ptr<QWidget> picture(Surroundings& /*s*/)
     return window;
 }
 
+/// As it opens, of a companion.
+std::unique_ptr<QWidget> boxWindow(Surroundings& s)
+{
+    return std::make_unique<BoxWindow>(
+        textLanguage(s.module.Language.value(), TextLanguage::English), MakeExtras());
+}
+
 } // namespace
 
 const std::vector<WindowOfProgram>& everyWindow()
@@ -150,6 +158,7 @@ const std::vector<WindowOfProgram>& everyWindow()
         {"Form9", about, 5},
         {"Form10", savePicker, 4},
         {"Form11", languageDialog, 3},
+        {"BoxWindow", boxWindow, 8},
     };
     return windows;
 }

@@ -44,7 +44,7 @@ struct DocumentedForm
 std::map<QString, DocumentedForm> documentedForms()
 {
     static const QRegularExpression heading(
-        u"^`(Form\\d+|PracticePanel|Editing|Silence|Earlier)`"_s);
+        u"^`(Form\\d+|PracticePanel|Editing|Silence|Earlier|BoxWindow)`"_s);
     static const QRegularExpression file(u"\nFile: `([^`]+)`"_s);
     static const QRegularExpression control(u"\n\\| `(\\w+)` \\|"_s);
     std::map<QString, DocumentedForm> forms;
@@ -197,6 +197,10 @@ const QMap<QString, QString>& withoutTexts()
         {u"Form3/Image1"_s, u"has the name of its window"_s},
         {u"Form6/Image1"_s, u"has the name of the box beside it"_s},
         {u"Form9/Image8"_s, u"has the name of the note beside it"_s},
+        {u"BoxWindow/TargetEdit"_s, label},
+        {u"BoxWindow/SummaryLabel"_s, u"has the name of what it says"_s},
+        {u"BoxWindow/ProgressLabel"_s, u"has the name of what it says"_s},
+        {u"BoxWindow/ResultLabel"_s, u"has the name of what it says"_s},
     };
     return reasons;
 }
@@ -267,14 +271,15 @@ TEST(ControlTexts, BelongToControlsThatThereAre)
         const auto form = documented.find(text.window.toString());
         if (form == documented.end()) {
             // A part of several windows, what is said at a terminal, what can be asked for, and how
-            // practice, lessons, tracks, languages, waveforms, editing and missing files are spoken
-            // of.
+            // practice, lessons, tracks, languages, waveforms, editing, missing files and boxes are
+            // spoken of.
             EXPECT_TRUE(text.window == u"FolderTree" || text.window == u"CommandLine" ||
                         text.window == u"Command" || text.window == u"Practice" ||
                         text.window == u"Recent" || text.window == u"Tracks" ||
                         text.window == u"Language" || text.window == u"Waveform" ||
                         text.window == u"EditingMode" || text.window == u"Check" ||
-                        text.window == u"Files");
+                        text.window == u"Files" || text.window == u"Box" ||
+                        text.window == u"ReadMe");
             continue;
         }
         EXPECT_TRUE(controlOf(text) == form->first ||

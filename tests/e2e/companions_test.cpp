@@ -64,10 +64,13 @@ protected:
 TEST_F(Companions, AMissingProgramEndsThePlayerWithTheReportAndEarlierOnesGoOn)
 {
     putLastingCompanion(u"tutorial.exe"_s);
+    home.set(u"add-ins"_s, u"num"_s, u"1"_s);
+    home.set(u"add-ins"_s, u"namee1"_s, u"&Gone"_s);
+    home.set(u"add-ins"_s, u"path1"_s, u"gone.exe"_s);
     ASSERT_TRUE(startAlone());
     ASSERT_TRUE(chooseTutorial());
     ASSERT_TRUE(waitFor([this] { return companionProcess() > 0; }));
-    ASSERT_TRUE(chooseCdCreate());
+    ASSERT_TRUE(chooseTheAddIn());
     ASSERT_TRUE(program.next(u"^Run-time error '53': File not found"_s));
     ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"Orvanta"_s) == 1; }));
     ASSERT_TRUE(waitFor([this] { return desktop.activeWindowTitle() == u"Orvanta"; }));

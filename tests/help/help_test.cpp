@@ -167,9 +167,10 @@ TEST(HelpInBothLanguages, HasTheSameSectionsWithTheSameParts)
 TEST(HelpInBothLanguages, TreatsEveryWindowAndTopic)
 {
     const QStringList targets = readHandbook(TextLanguage::English).targets;
-    for (const char* topic : {"start", "ideas", "window", "keys", "video", "editing",
-                              "packet-editor", "group-editor", "pickers", "options", "tray",
-                              "addins", "formats", "command-line", "settings", "trouble"}) {
+    for (const char* topic :
+         {"start", "ideas", "window", "keys", "video", "editing", "packet-editor", "group-editor",
+          "pickers", "options", "tray", "boxes", "addins", "formats", "command-line", "settings",
+          "trouble"}) {
         EXPECT_TRUE(targets.contains(QString::fromLatin1(topic))) << topic;
     }
 }

@@ -118,6 +118,26 @@ TEST_F(Installed, TheTutorialOfTheMenuPlaysItsLessonsInTheRunningProgram)
     EXPECT_TRUE(plays(u"start 1 1"_s));
 }
 
+TEST_F(Installed, CdCreateOfTheMenuOpensItsWindowAndThePlayerGoesOn)
+{
+    chooseLanguage(u"1"_s);
+    ASSERT_TRUE(program.startAndShow({sample(u"samples.vxg"_s)}));
+    ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"!Orvanta!"_s) == 1; }));
+    ASSERT_TRUE(window().clickInMenu(u"Tools..."_s, {2, 3}));
+    ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"CD Create"_s) == 1; }));
+    EXPECT_TRUE(program.isRunning());
+    desktop.closeWindow(u"CD Create"_s);
+    EXPECT_TRUE(waitFor([this] { return desktop.visibleWindows(u"CD Create"_s) == 0; }));
+}
+
+TEST_F(Installed, CdCreateIsCalledByItsNameAtATerminal)
+{
+    const QString box = root.path(u"a box"_s);
+    inSession(root.path(u"usr/bin/cdcreate"_s), {u"--out"_s, box, sample(u"samples.vxg"_s)});
+    EXPECT_TRUE(QFile::exists(box + u"/READ ME.txt"_s));
+    EXPECT_TRUE(QFile::exists(box + u"/media/rhythm.mp4"_s));
+}
+
 TEST_F(Installed, TheTutorialSpeaksTheLanguageOfTheInterface)
 {
     chooseLanguage(u"2"_s);

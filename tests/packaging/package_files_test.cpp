@@ -126,8 +126,8 @@ TEST_F(PackageFiles, EveryXmlFileIsWellFormed)
 
 TEST_F(PackageFiles, TheManualPagesAreFreeOfWarnings)
 {
-    const QStringList pages = files(u"orvanta.1.gz"_s);
-    ASSERT_EQ(pages.size(), 2);
+    const QStringList pages = files(u"orvanta.1.gz"_s) + files(u"cdcreate.1.gz"_s);
+    ASSERT_EQ(pages.size(), 4);
     for (const QString& page : pages) {
         const Outcome outcome = run(u"env"_s, {u"LC_ALL=C.UTF-8"_s, u"MANROFFSEQ="_s,
                                                u"MANWIDTH=80"_s, u"man"_s, u"--warnings"_s, u"-E"_s,
@@ -150,7 +150,8 @@ TEST_F(PackageFiles, WithoutTheSamplesTheyTakeLessThanEightMegabytes)
 TEST_F(PackageFiles, EverythingThatTheProgramReadsIsThere)
 {
     for (const QString& name :
-         {u"bin/orvanta"_s, u"libexec/orvanta/tutorial"_s, u"share/orvanta/defaults/orvanta.ini"_s,
+         {u"bin/orvanta"_s, u"bin/cdcreate"_s, u"libexec/orvanta/cdcreate"_s,
+          u"libexec/orvanta/tutorial"_s, u"share/orvanta/defaults/orvanta.ini"_s,
           u"share/orvanta/help_eng.htm"_s, u"share/orvanta/help_rus.htm"_s,
           u"share/orvanta/tutorial/tutorial_eng.vxg"_s, u"share/orvanta/tutorial/eng/brakes.mp4"_s,
           u"share/orvanta/tutorial/tutorial_rus.vxg"_s, u"share/orvanta/samples/samples.vxg"_s,

@@ -199,7 +199,14 @@ TEST_F(Companions, AFileThatCannotBeExecutedIsPassedOverForTheOneWithoutTheEndin
 TEST_F(Companions, WhatIsMissingIsErrorFiftyThreeUntrapped)
 {
     const std::pair<const char*, std::function<void()>> entries[] = {
-        {"a program", [this] { load().cdc->trigger(); }},
+        {"a program",
+         [this] {
+             setting("add-ins", "num", u"1"_s);
+             setting("add-ins", "path1", u"absent.exe"_s);
+             load().add[0]->trigger();
+             setting("add-ins", "num", u"0"_s);
+             setting("add-ins", "path1", QString());
+         }},
         {"the entry that is left without add-ins", [this] { load().add[0]->trigger(); }},
         {"an add-in without a path",
          [this] {
@@ -260,6 +267,27 @@ TEST_F(Companions, AStartedProgramIsToldWhereThePlayerIs)
     EXPECT_TRUE(variables.contains("ORVANTA_HOME=" + QFile::encodeName(module.ApplicationFolder)));
     EXPECT_TRUE(variables.contains("ORVANTA_PROGRAM=" +
                                    QFile::encodeName(QCoreApplication::applicationFilePath())));
+}
+
+TEST_F(Companions, TheCdProgramIsToldWhatIsOpen)
+{
+    PlaylistEntry one;
+    one.Origin = std::make_shared<PacketOrigin>(PacketOrigin{u"/my lessons/one.vxl"_s, {}});
+    PlaylistEntry two;
+    two.Origin = std::make_shared<PacketOrigin>(PacketOrigin{u"/two.vxl"_s, {}});
+    module.playlist.Playlist = {one, two, one, PlaylistEntry()};
+    ASSERT_TRUE(startsCdProgram());
+    const QByteArray variables = contentOf(inFolder(u"environment"_s));
+    EXPECT_TRUE(
+        variables.contains("\nORVANTA_DOCUMENTS=file:///my%20lessons/one.vxl file:///two.vxl\n"))
+        << variables.constData();
+    EXPECT_EQ(contentOf(inFolder(u"arguments"_s)), "");
+    QFile::remove(inFolder(u"arguments"_s));
+    module.playlist.Document = u"/group.vxg"_s;
+    window->cdc->trigger();
+    ASSERT_TRUE(ran(module.ApplicationFolder));
+    EXPECT_TRUE(
+        contentOf(inFolder(u"environment"_s)).contains("\nORVANTA_DOCUMENTS=file:///group.vxg\n"));
 }
 
 TEST_F(Companions, AnEndedProgramLeavesNoZombie)

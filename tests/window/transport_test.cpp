@@ -1,6 +1,7 @@
 // Play, Pause, Stop, and the looks of their buttons.
 
 #include "tests/window/window_fixture.h"
+#include "window/clip_line.h"
 
 namespace orvanta::test {
 
@@ -151,6 +152,18 @@ TEST_F(Transport, ALongClipTextCanBeReadToItsEnd)
     QTest::keyClick(window->Text2, Qt::Key_End);
     EXPECT_EQ(window->Text2->cursorPosition(), 304);
     EXPECT_TRUE(window->Text2->isReadOnly());
+}
+
+TEST_F(Transport, AMessageInTheCurrentClipsBoxGivesWayToTheTextAgain)
+{
+    show();
+    window->setClipText(u"one"_s);
+    window->Text2->sayForAMoment(u"said"_s);
+    EXPECT_EQ(window->Text2->text(), u"said");
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window->Text2->text() == u"one"; }, 20000));
+    window->Text2->sayForAMoment(u"said"_s);
+    window->setClipText(u"two"_s); // another clip begins meanwhile
+    EXPECT_EQ(window->Text2->text(), u"two");
 }
 
 } // namespace orvanta::test

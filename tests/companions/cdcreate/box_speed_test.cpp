@@ -1,6 +1,6 @@
 // How fast a box comes to be, in numbers and words.
 
-#include "companions/cdcreate/box_speed.h"
+#include "companions/cdcreate/box_texts.h"
 
 #include <gtest/gtest.h>
 

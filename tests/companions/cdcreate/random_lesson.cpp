@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 
 #include <gtest/gtest.h>
 
@@ -114,7 +115,9 @@ private:
             return "{No picture}";
         }
         const QString file = anyFolder() + u'/' + anyName(u".jpg"_s);
-        write(file, "picture");
+        QImage drawn(32, 32, QImage::Format_RGB32);
+        drawn.fill(Qt::darkCyan);
+        EXPECT_TRUE(drawn.save(file, "JPG")) << qPrintable(file);
         return pathText(m_folder, file).toUtf8();
     }
 
