@@ -257,6 +257,11 @@ class Page {
 
     // --- Find ---
 
+    goToFindBox() {
+        element('find').focus();
+        element('find').select();
+    }
+
     find(startsIt) {
         const wanted = element('find').value;
         const isNew = wanted !== '' && wanted !== this.lastFind;
@@ -319,7 +324,7 @@ class Page {
             LeaveScreen: () => this.fillScreen(false),
             ToggleFullScreen: () => this.fillScreen(!this.isFullScreen),
             LeaveFullScreen: () => this.fillScreen(false),
-            Find: () => element('find').select(),
+            Find: () => this.goToFindBox(),
             FindAgain: () => this.find(false),
             Help: () => sheets.open('keySheet'),
         };
@@ -360,6 +365,7 @@ class Page {
                 engine.toggle();
             }
         });
+        element('stage').addEventListener('dblclick', () => this.fillScreen(!this.isFullScreen));
         click('wait', () => engine.goOn());
         click('previous', () => engine.step(-1));
         click('next', () => engine.step(1));
@@ -392,9 +398,11 @@ class Page {
             this.view.isHeld = true;
             this.seekTo(position.value);
         });
-        position.addEventListener('change', () => {
-            this.view.isHeld = false;
-        });
+        for (const name of ['change', 'pointerup', 'pointercancel', 'blur']) {
+            position.addEventListener(name, () => {
+                this.view.isHeld = false;
+            });
+        }
         element('volume').addEventListener('input', (event) =>
             this.setVolume(Number(event.target.value)));
         this.setVolume(this.store.get('volume', 100));
