@@ -10,14 +10,14 @@
 
 namespace orvanta {
 
-constexpr std::size_t kMostEntries = 4;
+constexpr std::size_t kMostFiles = 4;
 
 IniCache::Entry& IniCache::entryOf(const QString& path)
 {
     auto entry = std::find_if(m_entries.begin(), m_entries.end(),
                               [&](const Entry& other) { return other.path == path; });
     if (entry == m_entries.end()) {
-        if (m_entries.size() == kMostEntries) {
+        if (m_entries.size() == kMostFiles) {
             m_entries.pop_back();
         }
         m_entries.push_back({path, QFile::encodeName(path), {}, nullptr});

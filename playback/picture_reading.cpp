@@ -53,7 +53,7 @@ PictureReading::PictureReading(QObject* parent)
 }
 
 void PictureReading::read(const QString& file, QSize within,
-                          std::function<void(const QImage&)> show)
+                          const std::function<void(const QImage&)>& show)
 {
     stop();
     if (file.isEmpty()) {

@@ -22,7 +22,7 @@ public:
     /// Reads the file (see readDocumentPicture) and gives up what was being read. Calls show with
     /// the picture, null for none: before this returns where it is there at once, else from the
     /// event loop.
-    void read(const QString& file, QSize within, std::function<void(const QImage&)> show);
+    void read(const QString& file, QSize within, const std::function<void(const QImage&)>& show);
     /// Nothing more is shown.
     void stop();
 
