@@ -56,6 +56,13 @@ static int runProgram(int count, char** arguments)
     return status;
 }
 
+/// Such a folder would be taken for another one, whose name is what is left of it as text.
+static bool isTextVariable(const char* name)
+{
+    const QByteArray value = qgetenv(name);
+    return QString::fromUtf8(value).toUtf8() == value;
+}
+
 static int answer(const QString& text)
 {
     std::fputs(text.toLocal8Bit().constData(), stdout);
@@ -69,6 +76,10 @@ int main(int argc, char** argv)
     orvanta::sendLogToStandardError();
     if (const auto text = orvanta::answerForTerminal(orvanta::argumentTexts(argc, argv))) {
         return orvanta::answer(*text);
+    }
+    if (!orvanta::isTextVariable("ORVANTA_HOME")) {
+        std::fputs("orvanta: ORVANTA_HOME is no path in UTF-8\n", stderr);
+        return EXIT_FAILURE;
     }
     if (const auto check = orvanta::checkCommand(orvanta::argumentTexts(argc, argv))) {
         const QCoreApplication application(argc, argv);

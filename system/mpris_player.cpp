@@ -1,8 +1,10 @@
 #include "system/mpris_player.h"
 
+#include "core/log.h"
 #include "model/dropped_files.h"
 #include "playback/practice_controls.h"
 
+#include <QFileInfo>
 #include <QUrl>
 
 #include <algorithm>
@@ -186,11 +188,14 @@ void MprisPlayer::SetPosition(const QDBusObjectPath& trackId, qlonglong position
     m_ports.engine.seekTo(target);
 }
 
+/// What is not there leaves what is open. A path is no command line: nothing in it is a switch.
 void MprisPlayer::OpenUri(const QString& uri)
 {
     const QString file = fileOfAddress(QUrl(uri));
-    if (!file.isEmpty()) {
+    if (QFileInfo::exists(file)) {
         m_ports.open(file);
+    } else {
+        qCInfo(logErrors, "nothing can be opened at %ls", qUtf16Printable(uri));
     }
 }
 

@@ -49,7 +49,7 @@ BoxWindow::BoxWindow(TextLanguage language, MakeExtras makePage)
 {
     nameControls(controls());
     applyTexts(controls(), language);
-    setWindowIcon(QIcon::fromTheme(u"orvanta"_s));
+    setWindowIcon(QIcon::fromTheme(u"orvanta"_s, QIcon(u":/orvanta/orvanta.svg"_s)));
     setAcceptDrops(true);
     layOut();
     orderTabs(controls());

@@ -39,6 +39,14 @@ struct Program : testing::Test
         launchIn(environment(folder), program, arguments);
     }
 
+    /// The program with a variable whose bytes no text holds, started by a shell.
+    static void launchWithForeignHome(Probe& program)
+    {
+        program.setReadChannel(QProcess::StandardError);
+        program.start(u"sh"_s, {u"-c"_s, u"ORVANTA_HOME=$(printf '/tmp/\\377') exec \"$0\""_s,
+                                builtProgram("orvanta")});
+    }
+
     static void launchIn(const QProcessEnvironment& variables, Probe& program,
                          const QStringList& arguments = {})
     {
@@ -289,6 +297,15 @@ TEST_F(Program, SettingsWithoutABalanceStillGiveAWindow)
     Probe program;
     launch(program);
     EXPECT_TRUE(waitForLine(program, kShown));
+}
+
+TEST_F(Program, AFolderWhoseNameIsNoTextIsRefused)
+{
+    Probe program;
+    launchWithForeignHome(program);
+    EXPECT_EQ(program.nextLine(), "orvanta: ORVANTA_HOME is no path in UTF-8");
+    ASSERT_TRUE(program.waitForFinished());
+    EXPECT_EQ(program.exitCode(), 1);
 }
 
 } // namespace orvanta

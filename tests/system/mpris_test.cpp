@@ -365,11 +365,21 @@ TEST_F(Mpris, RaiseQuitAndFullscreenReachTheProgram)
 
 TEST_F(Mpris, OpenUriOpensFilesAndNothingElse)
 {
-    player("OpenUri", {u"file:///tmp/a%20b.vxl"_s});
+    const QString one = home.write(u"a b.vxl"_s, "");
+    const QString other = home.write(u"c.vxl"_s, "");
+    player("OpenUri", {QUrl::fromLocalFile(one).toString(QUrl::FullyEncoded)});
     player("OpenUri", {u"http://example.org/a.vxl"_s});
-    player("OpenUri", {u"file://elsewhere.example/a.vxl"_s});
-    player("OpenUri", {u"file://localhost/tmp/c.vxl"_s});
-    EXPECT_EQ(opened, (QStringList{u"/tmp/a b.vxl"_s, u"/tmp/c.vxl"_s}));
+    player("OpenUri", {u"file://elsewhere.example"_s + one});
+    player("OpenUri", {u"file://localhost"_s + other});
+    EXPECT_EQ(opened, (QStringList{one, other}));
+}
+
+TEST_F(Mpris, OpenUriLeavesWhatIsOpenWhenNothingIsThere)
+{
+    player("OpenUri", {u"file:///nowhere/a.vxl"_s});
+    player("OpenUri", {u"file:///f/tmp"_s}); // no switch with the folder /tmp behind it
+    player("OpenUri", {u""_s});
+    EXPECT_EQ(opened, QStringList());
 }
 
 TEST_F(Mpris, TheTrackListIsTheCurrentPacketAndGoToStartsATrack)
