@@ -73,15 +73,13 @@ BackgroundJob::~BackgroundJob()
     }
 }
 
-void BackgroundJob::start(QObject& receiver, Work work, Pace pace)
+void BackgroundJob::start(QObject& receiver, Work work)
 {
     stop();
     m_link = std::make_shared<JobLink>(receiver);
     try {
-        std::thread([link = m_link, work = std::move(work), pace] {
-            if (pace == Pace::Background) {
-                stepBack();
-            }
+        std::thread([link = m_link, work = std::move(work)] {
+            stepBack();
             link->run(work);
         }).detach();
     } catch (const std::system_error& error) {
