@@ -57,7 +57,8 @@ void SoundOutput::ask()
 
 void SoundOutput::watch()
 {
-    if (!m_isSilent || !m_isRunning) {
+    // Where there never was one, asking would only disturb the clip.
+    if (!m_isSilent || !m_isRunning || !m_hadSound) {
         m_retry.stop();
     } else if (!m_retry.isActive()) {
         m_retry.start(m_pause);

@@ -14,8 +14,7 @@ namespace orvanta {
 
 /// When its server goes, the library plays on into an output that nobody hears, and keeps that from
 /// clip to clip. While a clip runs into it the real one is asked for again: at once when the clip
-/// begins to run, where there was one before, and every few seconds, ever more rarely on a machine
-/// that has none.
+/// begins to run, and every few seconds, ever more rarely. Not where there never was a real one.
 class SoundOutput : public QObject
 {
 public:

@@ -94,13 +94,3 @@ TEST_F(SoundServer, ThatComesBackIsHeardAgainInTheSameClip)
     EXPECT_TRUE(comesTrueWhileRunning(player, isHeard));
     EXPECT_EQ(player.control.CurrentState(), MediaControl::Running);
 }
-
-TEST_F(SoundServer, ThatStartsLateIsHeardInTheClipThatRuns)
-{
-    RecordedPlayer player(MpvOptionList{{"ao", "pulse"}});
-    ASSERT_TRUE(player.open(u"quiet.wav"_s));
-    player.control.Run();
-    ASSERT_TRUE(player.reaches(0.5));
-    ASSERT_NO_FATAL_FAILURE(start());
-    EXPECT_TRUE(comesTrueWhileRunning(player, isHeard));
-}
