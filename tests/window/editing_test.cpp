@@ -413,6 +413,32 @@ TEST_F(EditingInTheWindow, HasAPicturesPlaceInTheLinesOfAGroupsPackets)
     EXPECT_EQ(module.playlist.packet(1).ClipCount, 1);
 }
 
+TEST_F(EditingInTheWindow, TakesTheFrameThatIsShowingAsAPacketsPicture)
+{
+    openPacket(writeDocument(u"g.vxg"_s, {writePacket(u"m.vxl"_s, {u"one"_s})}, {u"Member"_s}), 1);
+    window->List1->setCursorLine(2);
+    QMenu& more = *window->Editing->More;
+    const QString caption = interfaceText(u"EditingMode", u"more.frame", TextLanguage::English);
+    const auto entries = more.actions();
+    const auto entry = std::find_if(entries.begin(), entries.end(), [&](const QAction* action) {
+        return action->text() == caption;
+    });
+    ASSERT_NE(entry, entries.end());
+    Q_EMIT more.aboutToShow();
+    EXPECT_FALSE((*entry)->isEnabled()); // nothing is showing
+    frame = QImage(64, 36, QImage::Format_RGB32);
+    frame.fill(Qt::red);
+    Q_EMIT more.aboutToShow();
+    EXPECT_TRUE((*entry)->isEnabled());
+    (*entry)->trigger();
+    EXPECT_EQ(module.playlist.packet(1).Picture, u"g 1.png");
+    EXPECT_EQ(QImage(home.file(u"g 1.png"_s)).convertToFormat(frame.format()), frame);
+    (*entry)->trigger(); // the picture before is not written over
+    EXPECT_EQ(module.playlist.packet(1).Picture, u"g 1 2.png");
+    press(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(kept(u"file1", u"picture", u"g.vxg"_s), u"g 1 2.png");
+}
+
 TEST_F(EditingInTheWindow, HasRoomForWhatStandsInAPicturesPlaceInBothLanguages)
 {
     openPacket(writeDocument(u"g.vxg"_s, {writePacket(u"m.vxl"_s, {u"one"_s})}, {u"Member"_s}), 1);

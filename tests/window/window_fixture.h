@@ -16,6 +16,7 @@
 #include "window/skin_slider.h"
 
 #include <QAction>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -80,6 +81,7 @@ protected:
             .showGroupEditor = [this] { return groupEditor(); },
             .showAbout = [this] { ++aboutRequests; },
             .askFolder = [this] { return chosenFolder; },
+            .frame = [this] { return frame; },
         });
         timerRanAfterLoad = window->Timer1.isActive();
         window->Timer1.stop();
@@ -217,6 +219,7 @@ protected:
     int splashUnloads = 0;
     int textLevels = 0;
     int aboutRequests = 0;
+    QImage frame;         // of the clip that plays
     QString chosenFolder; // where missing clips are to be looked for
     bool othersUnloaded = false;
     bool timerRanAfterLoad = false;
