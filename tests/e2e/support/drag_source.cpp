@@ -44,11 +44,18 @@ public:
     void offer(QByteArray addresses)
     {
         m_list = addresses.simplified().replace(' ', "\r\n") + "\r\n";
-        std::puts("offers");
-        std::fflush(stdout);
+        m_offering = true;
+        answer();
     }
 
 protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QLabel::paintEvent(event);
+        m_seen = true;
+        answer();
+    }
+
     void mousePressEvent(QMouseEvent* event) override { m_pressed = event->pos(); }
 
     void mouseMoveEvent(QMouseEvent* event) override
@@ -60,6 +67,16 @@ protected:
     }
 
 private:
+    /// Only a window that is on the screen can be pressed.
+    void answer()
+    {
+        if (m_offering && m_seen) {
+            m_offering = false;
+            std::puts("offers");
+            std::fflush(stdout);
+        }
+    }
+
     void dragList()
     {
         auto* files = new QMimeData;
@@ -73,6 +90,8 @@ private:
 
     QByteArray m_list;
     QPoint m_pressed;
+    bool m_offering = false;
+    bool m_seen = false;
 };
 
 } // namespace orvanta::e2e

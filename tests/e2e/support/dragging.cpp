@@ -34,15 +34,30 @@ Dragging::Dragging(Desktop& desktop)
                     QString::number(kSource.width()), QString::number(kSource.height())});
 }
 
+bool Dragging::hasSaid(const QByteArray& line)
+{
+    while (m_source.canReadLine()) {
+        m_said.append(m_source.readLine().trimmed());
+    }
+    return m_said.contains(line);
+}
+
 bool Dragging::says(const QByteArray& line)
 {
-    const bool said = waitFor([&] {
-        while (m_source.canReadLine()) {
-            m_said.append(m_source.readLine().trimmed());
-        }
-        return m_said.contains(line) || m_source.state() == QProcess::NotRunning;
+    const bool said =
+        waitFor([&] { return hasSaid(line) || m_source.state() == QProcess::NotRunning; });
+    return said && hasSaid(line);
+}
+
+/// A source that still waits for the answer to one move keeps the next ones to itself, and a last
+/// one may stay unsent: the hand trembles there until the answer comes.
+bool Dragging::saysOver(const QByteArray& line, QPoint place)
+{
+    int moves = 0;
+    return waitFor([&] {
+        m_desktop.moveMouse(place + QPoint(++moves % 2, 0));
+        return hasSaid(line);
     });
-    return said && m_said.contains(line);
 }
 
 bool Dragging::offer(const QByteArrayList& addresses)
@@ -80,7 +95,7 @@ bool Dragging::drop(const QByteArrayList& addresses, QPoint place)
         return false;
     }
     take(place);
-    const bool welcome = says("over copy");
+    const bool welcome = saysOver("over copy", place);
     rest(place);
     m_desktop.holdButton(false);
     return welcome && says("dropped copy");
@@ -98,10 +113,9 @@ bool Dragging::isRefused(const QByteArrayList& addresses, QPoint place, QPoint b
     }
     // Over a place where it is welcome first: its going back to nothing is then an answer.
     take(before);
-    const bool welcome = says("over copy");
+    const bool welcome = saysOver("over copy", before);
     m_said.clear();
-    m_desktop.moveMouse(place);
-    const bool refused = says("over nothing");
+    const bool refused = saysOver("over nothing", place);
     m_desktop.holdButton(false);
     return welcome && refused && says("dropped nothing");
 }

@@ -30,7 +30,9 @@ private:
     [[nodiscard]] bool offer(const QByteArrayList& addresses);
     void take(QPoint place);
     void rest(QPoint place);
+    [[nodiscard]] bool hasSaid(const QByteArray& line);
     [[nodiscard]] bool says(const QByteArray& line);
+    [[nodiscard]] bool saysOver(const QByteArray& line, QPoint place);
 
     Desktop& m_desktop;
     OwnedProcess m_source;
