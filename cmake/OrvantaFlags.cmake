@@ -9,7 +9,16 @@ target_compile_definitions(orvanta_flags INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_C
 # Some libraries ask for it; headers that are compiled once want one answer everywhere.
 target_compile_definitions(orvanta_flags INTERFACE _REENTRANT)
 target_compile_options(orvanta_flags INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Woverloaded-virtual -Werror)
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Woverloaded-virtual)
+option(ORVANTA_WERROR "Warnings are errors" ON)
+if(ORVANTA_WERROR)
+    target_compile_options(orvanta_flags INTERFACE -Werror)
+endif()
+# What packages are built with anyway. The checks of buffers need the optimizer.
+if(NOT ORVANTA_SANITIZE AND CMAKE_BUILD_TYPE MATCHES "Rel")
+    target_compile_options(orvanta_flags INTERFACE
+        -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong -fstack-clash-protection)
+endif()
 target_link_options(orvanta_flags INTERFACE -Wl,--as-needed -Wl,-z,relro -Wl,-z,now)
 if(ORVANTA_SANITIZE)
     target_compile_options(orvanta_flags INTERFACE

@@ -22,11 +22,18 @@ Outcome run(const QString& program, const QStringList& arguments)
     return {.status = byItself ? process.exitCode() : -1, .output = process.readAll()};
 }
 
-QString packageFile()
+QStringList packageFiles()
 {
     const QDir folder(QStringLiteral(ORVANTA_PACKAGE_DIR));
-    const QStringList packages = folder.entryList({u"orvanta_*.deb"_s}, QDir::Files);
-    return packages.size() == 1 ? folder.filePath(packages.first()) : QString();
+    QStringList files;
+    for (const QString& name : {u"orvanta-data_*.deb"_s, u"orvanta_*.deb"_s}) {
+        const QStringList packages = folder.entryList({name}, QDir::Files);
+        if (packages.size() != 1) {
+            return {};
+        }
+        files.append(folder.filePath(packages.first()));
+    }
+    return files;
 }
 
 /// dpkg wants to be root, who is not pretends to be; and it wants programs that only root's path
@@ -53,12 +60,12 @@ Outcome InstalledRoot::install()
     }
     status.close();
     available.close();
-    return dpkg({u"--install"_s, packageFile()});
+    return dpkg(QStringList{u"--install"_s} + packageFiles());
 }
 
 Outcome InstalledRoot::purge()
 {
-    return dpkg({u"--purge"_s, u"orvanta"_s});
+    return dpkg({u"--purge"_s, u"orvanta"_s, u"orvanta-data"_s});
 }
 
 QStringList InstalledRoot::contents() const

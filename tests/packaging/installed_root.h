@@ -1,4 +1,4 @@
-// A root folder into which the package is really installed, and programs that look things over.
+// A root folder into which the packages are really installed, and programs that look things over.
 #pragma once
 
 #include <QByteArray>
@@ -17,14 +17,15 @@ struct Outcome
 /// Runs a program to its end.
 [[nodiscard]] Outcome run(const QString& program, const QStringList& arguments);
 
-/// The package that ctest has made; empty when there is none, or more than one.
-[[nodiscard]] QString packageFile();
+/// The packages that ctest has made, the one that the other needs first; none when one is not
+/// there, or there several times.
+[[nodiscard]] QStringList packageFiles();
 
 /// An empty root with a package database of its own. Nothing outside of it is written.
 class InstalledRoot
 {
 public:
-    /// Installs the package with dpkg. Libraries are those of the machine.
+    /// Installs the packages with dpkg. Libraries are those of the machine.
     [[nodiscard]] Outcome install();
     [[nodiscard]] Outcome purge();
 

@@ -21,7 +21,7 @@ protected:
     void SetUp() override
     {
         EndToEnd::SetUp();
-        ASSERT_FALSE(test::packageFile().isEmpty());
+        ASSERT_FALSE(test::packageFiles().isEmpty());
         const Outcome installed = root.install();
         ASSERT_EQ(installed.status, 0) << installed.output.constData();
         program.setProgram(root.path(u"usr/bin/orvanta"_s));

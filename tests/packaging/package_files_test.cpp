@@ -4,6 +4,7 @@
 
 #include <QDirIterator>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <gtest/gtest.h>
 
@@ -18,7 +19,7 @@ class PackageFiles : public testing::Test
 protected:
     void SetUp() override
     {
-        ASSERT_FALSE(packageFile().isEmpty()) << "run the test package.IsMadeFromTheBuild first";
+        ASSERT_FALSE(packageFiles().isEmpty()) << "run the test package.IsMadeFromTheBuild first";
         const Outcome installed = root.install();
         ASSERT_EQ(installed.status, 0) << installed.output.constData();
     }
@@ -49,13 +50,64 @@ protected:
 
 TEST_F(PackageFiles, LintianIsSilent)
 {
-    expectSilent(u"lintian"_s, {u"--no-user-dirs"_s, u"--allow-root"_s, packageFile()});
+    expectSilent(u"lintian"_s,
+                 QStringList{u"--no-user-dirs"_s, u"--allow-root"_s, u"-EIq"_s, u"--pedantic"_s} +
+                     packageFiles());
+}
+
+/// A file of the source tree.
+static QString sourceText(const QString& name)
+{
+    QFile file(QStringLiteral(ORVANTA_SOURCE_DIR "/") + name);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
+    return QString::fromUtf8(file.readAll());
+}
+
+static QString firstGroup(const QString& pattern, const QString& text)
+{
+    const QRegularExpression expression(pattern,
+                                        QRegularExpression::MultilineOption |
+                                            QRegularExpression::DotMatchesEverythingOption);
+    return expression.match(text).captured(1);
+}
+
+TEST(PackageSource, AsksForAllThatTheBuildInstalls)
+{
+    const QString asked =
+        firstGroup(u"^Build-Depends: (.*?)\\n[A-Z]"_s, sourceText(u"debian/control"_s));
+    const QString installed =
+        firstGroup(u"^readonly build_packages=\\((.*?)\\)"_s, sourceText(u"scripts/common.sh"_s));
+    // What every Debian build has, and what only running needs.
+    const QStringList elsewhere = {u"g++"_s, u"qt6-wayland"_s, u"fonts-dejavu-core"_s};
+    int compared = 0;
+    for (const QString& package :
+         installed.split(QRegularExpression(u"\\s+"_s), Qt::SkipEmptyParts)) {
+        if (!elsewhere.contains(package)) {
+            ++compared;
+            EXPECT_TRUE(asked.contains(QRegularExpression(
+                u"(^|[ \n])"_s + QRegularExpression::escape(package) + u"($|[ ,\n])"_s)))
+                << qPrintable(package);
+        }
+    }
+    EXPECT_GT(compared, 8);
+}
+
+TEST(PackageSource, HasTheProgramsVersion)
+{
+    const QString program =
+        firstGroup(u"project\\(Orvanta VERSION ([0-9.]+)"_s, sourceText(u"CMakeLists.txt"_s));
+    const QString package =
+        firstGroup(u"\\Aorvanta \\(([0-9.]+)-"_s, sourceText(u"debian/changelog"_s));
+    EXPECT_FALSE(program.isEmpty());
+    EXPECT_EQ(package, program);
 }
 
 TEST_F(PackageFiles, TheMaintainersNameIsTakenAsItIs)
 {
-    const Outcome field = run(u"dpkg-deb"_s, {u"-f"_s, packageFile(), u"Maintainer"_s});
-    EXPECT_EQ(field.output.trimmed(), "Anna & Olga/Orvanta <contributors@example.org>");
+    for (const QString& package : packageFiles()) {
+        const Outcome field = run(u"dpkg-deb"_s, {u"-f"_s, package, u"Maintainer"_s});
+        EXPECT_EQ(field.output.trimmed(), "Anna & Olga/Orvanta <contributors@example.org>");
+    }
 }
 
 TEST_F(PackageFiles, TheDesktopEntryIsValid)
