@@ -210,7 +210,8 @@ bool IniFile::append(qint64 size, QByteArrayView bytes) const
         liesInOnePage(size, bytes.size()) ? m_file.writeAt(size, bytes) : appendLines(size, bytes);
     if (!done) {
         const int reason = errno;
-        (void)ftruncate(m_file.number(), size);
+        // Where this fails as well nothing is left to try: the first reason is the one to tell.
+        [[maybe_unused]] const int cut = ftruncate(m_file.number(), size);
         errno = reason;
     }
     return done;
