@@ -4,6 +4,7 @@
 #include "app/shown_watch.h"
 #include "core/log.h"
 #include "editors/editor_services.h"
+#include "platform/file_types/desktop_folders.h"
 #include "platform/screen/desktop_tray.h"
 #include "platform/screen/idle_inhibition.h"
 #include "playback/form13_video_window.h"
@@ -175,8 +176,11 @@ void Program::loadMainWindow()
 void Program::changeOptions()
 {
     Module1& module = m_surroundings.module;
-    OptionsServices services{module, m_surroundings.registry, m_surroundings.pickers,
-                             m_surroundings.boundary};
+    OptionsServices services{.module = module,
+                             .registry = m_surroundings.registry,
+                             .pickers = m_surroundings.pickers,
+                             .boundary = m_surroundings.boundary,
+                             .reachesDesktop = DesktopFolders::areSeen()};
     const bool isAccepted = showOptions(services, m_mainWindow.get());
     resumeNext("types after the options",
                [&] { module.TypePattern = module.settings().typePattern(); });

@@ -106,6 +106,16 @@ void Form8::layOut()
     resize(firstSizeOn(*screen(), sizeHint().expandedTo(kLeastSize)));
 }
 
+/// The list of types stays, since it also says which endings count as media.
+void Form8::hideRegistration()
+{
+    const std::array<QWidget*, 4> registering = {Check9, Image6, Command3, Command4};
+    for (QWidget* control : registering) {
+        control->hide();
+    }
+    List1->setMarked(false);
+}
+
 /// The three buttons stand on a ground of their own, with a line below.
 QWidget* Form8::pageButtons()
 {

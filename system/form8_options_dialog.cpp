@@ -32,6 +32,9 @@ Form8::Form8(OptionsServices& services)
     buildControls();
     nameControls(controls());
     layOut();
+    if (!services.reachesDesktop) {
+        hideRegistration();
+    }
     orderTabs(controls());
     connectHandlers();
     Form8_Form_Load();
@@ -224,11 +227,18 @@ void Form8::registerTypes()
     }
 }
 
+void Form8::registerWithDesktop()
+{
+    registerTypes();
+    m_registration.setAutorun(m_services.module.optionIsOn(Option::StartWithSession));
+}
+
 void Form8::Form8_Image2_Click()
 {
     storeOptions();
-    registerTypes();
-    m_registration.setAutorun(m_services.module.optionIsOn(Option::StartWithSession));
+    if (m_services.reachesDesktop) {
+        registerWithDesktop();
+    }
     accept();
 }
 

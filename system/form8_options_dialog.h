@@ -43,6 +43,8 @@ struct OptionsServices
     Registry& registry;
     Pickers& pickers;
     HandlerBoundary boundary;
+    /// What is registered has an effect: the program is not shut off from the desktop's settings.
+    bool reachesDesktop = true;
 };
 
 /// Constructing it is its load procedure. Types and icons are stored at once; the nine options and
@@ -95,6 +97,7 @@ private:
     [[nodiscard]] QBoxLayout* typeColumn();
     [[nodiscard]] QBoxLayout* iconColumn();
     [[nodiscard]] QBoxLayout* closingButtons();
+    void hideRegistration();
     void showTexts(TextLanguage language);
     void connectHandlers();
 
@@ -117,6 +120,7 @@ private:
     void fillTypes();
     void markRegisteredTypes();
     void registerTypes();
+    void registerWithDesktop();
     void showPage(int page);
     [[nodiscard]] QString currentType() const;
     void useIcon(const QString& icoFile);

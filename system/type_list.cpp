@@ -36,7 +36,7 @@ public:
         case Qt::DisplayRole:
             return row.extension;
         case Qt::CheckStateRole:
-            return row.isSelected ? Qt::Checked : Qt::Unchecked;
+            return isMarked ? QVariant(row.isSelected ? Qt::Checked : Qt::Unchecked) : QVariant();
         case Qt::DecorationRole:
             return icon(row.extension);
         default:
@@ -56,8 +56,8 @@ public:
 
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override
     {
-        return QAbstractListModel::flags(index) | Qt::ItemIsUserCheckable |
-               Qt::ItemNeverHasChildren;
+        const Qt::ItemFlags mark = isMarked ? Qt::ItemIsUserCheckable : Qt::NoItemFlags;
+        return QAbstractListModel::flags(index) | mark | Qt::ItemNeverHasChildren;
     }
 
     [[nodiscard]] QIcon icon(const QString& extension) const
@@ -104,6 +104,7 @@ public:
     }
 
     std::vector<Row> rows;
+    bool isMarked = true;
     std::function<QString(const QString&)> iconFile;
     mutable QHash<QString, QIcon> icons;
 };
@@ -169,6 +170,11 @@ QStringList TypeList::extensions() const
         all.append(row.extension);
     }
     return all;
+}
+
+void TypeList::setMarked(bool marked)
+{
+    m_model->changeRows([&] { m_model->isMarked = marked; });
 }
 
 bool TypeList::isRowSelected(int row) const

@@ -32,6 +32,8 @@ public:
     [[nodiscard]] QString extension(int row) const; // empty outside the rows
     [[nodiscard]] QStringList extensions() const;
 
+    /// Without marks no row can be selected by the user.
+    void setMarked(bool marked);
     [[nodiscard]] bool isRowSelected(int row) const;
     void selectRow(int row, bool selected);
 

@@ -1,6 +1,7 @@
 #include "platform/file_types/desktop_folders.h"
 
 #include <QDir>
+#include <QFile>
 
 namespace orvanta {
 
@@ -49,6 +50,11 @@ QString DesktopFolders::dataHome()
 QStringList DesktopFolders::dataFolders()
 {
     return QStringList(dataHome()) + listed("XDG_DATA_DIRS", u"/usr/local/share:/usr/share"_s);
+}
+
+bool DesktopFolders::areSeen(const QString& sandboxFile)
+{
+    return !QFile::exists(sandboxFile);
 }
 
 QStringList DesktopFolders::desktopNames()

@@ -1,5 +1,7 @@
 // The file page of the Options dialog, and what OK and the icon buttons register.
 
+#include "platform/file_types/desktop_folders.h"
+#include "system/file_type_registration.h"
 #include "tests/system/options_room.h"
 
 #include <QImageReader>
@@ -354,6 +356,29 @@ TEST_F(OptionsTypes, EveryDefaultTypeHasAnIconOfEverySize)
                             u".ico"_s);
         EXPECT_EQ(reader.imageCount(), 8) << qPrintable(types[row]);
     }
+}
+
+TEST_F(OptionsTypes, InASandboxTheListSaysWhatIsMediaAndNothingIsRegistered)
+{
+    services.reachesDesktop = false;
+    open();
+    const auto isOffered = [&](const QWidget* control) { return !control->isHidden(); };
+    for (const QWidget* control : std::initializer_list<const QWidget*>{
+             dialog->Check9, dialog->Image6, dialog->Command3, dialog->Command4}) {
+        EXPECT_FALSE(isOffered(control)) << control->objectName().toStdString();
+    }
+    for (const QWidget* control : std::initializer_list<const QWidget*>{
+             dialog->Check7, dialog->List1, dialog->Command1, dialog->Command2}) {
+        EXPECT_TRUE(isOffered(control)) << control->objectName().toStdString();
+    }
+    const QModelIndex avi = dialog->List1->model()->index(kAvi, 0);
+    EXPECT_FALSE(avi.data(Qt::CheckStateRole).isValid());
+    EXPECT_FALSE(avi.flags().testFlag(Qt::ItemIsUserCheckable));
+    dialog->List1->selectRow(kAvi, true);
+    dialog->Check9->setChecked(true);
+    click(dialog->Image2);
+    EXPECT_EQ(FileTypeRegistration(registry, home.path()).owner(u"avi"_s), QString());
+    EXPECT_FALSE(QFile::exists(DesktopFolders::configHome() + u"/autostart/orvanta.desktop"_s));
 }
 
 } // namespace orvanta::test
