@@ -3,6 +3,7 @@
 #pragma once
 
 #include "core/ini.h"
+#include "core/ini_stored_names.h"
 #include "core/numbers.h"
 #include "model/practice.h"
 #include "model/texts.h"
@@ -184,11 +185,11 @@ public:
     /// The saved position of a clip or brake, by its text: seconds, decimal text.
     [[nodiscard]] QString position(const QString& text) const
     {
-        return read(iniKey(u"pos", u"#"), text);
+        return read(iniKey(u"pos", u"#"), storedKey(text));
     }
     void setPosition(const QString& text, const QString& to) const
     {
-        write(iniKey(u"pos", u"#"), to, text);
+        write(iniKey(u"pos", u"#"), to, storedKey(text));
     }
 
     /// Off, too, where there is no such level.

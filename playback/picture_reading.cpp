@@ -2,13 +2,11 @@
 
 #include "core/log.h"
 #include "platform/file_types/document_picture.h"
+#include "platform/media/first_answer.h"
 
 #include <chrono>
-#include <condition_variable>
 #include <memory>
-#include <mutex>
 #include <optional>
-#include <utility>
 
 namespace orvanta {
 
@@ -16,34 +14,6 @@ namespace orvanta {
 constexpr std::chrono::milliseconds kAtOnce(150);
 /// So long a picture may take.
 constexpr std::chrono::seconds kLongestReading(10);
-
-namespace {
-
-/// Where the background leaves the picture for whoever still waits at once.
-class Handing
-{
-public:
-    void put(const QImage& image)
-    {
-        const std::lock_guard lock(m_mutex);
-        m_image = image;
-        m_isThere.notify_all();
-    }
-
-    [[nodiscard]] std::optional<QImage> waitFor(std::chrono::milliseconds patience)
-    {
-        std::unique_lock lock(m_mutex);
-        m_isThere.wait_for(lock, patience, [this] { return m_image.has_value(); });
-        return m_image;
-    }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_isThere;
-    std::optional<QImage> m_image;
-};
-
-} // namespace
 
 PictureReading::PictureReading(QObject* parent)
     : QObject(parent)
@@ -59,7 +29,7 @@ void PictureReading::read(const QString& file, QSize within,
     if (file.isEmpty()) {
         return show({});
     }
-    const auto handing = std::make_shared<Handing>();
+    const auto handing = std::make_shared<FirstAnswer<QImage>>();
     const auto showLater = [this, show](const QImage& image) {
         m_limit.stop();
         show(image);

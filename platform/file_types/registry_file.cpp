@@ -1,5 +1,6 @@
 #include "platform/file_types/registry_file.h"
 
+#include "core/ini_stored_names.h"
 #include "core/log.h"
 
 #include <utility>
@@ -12,7 +13,7 @@ using namespace Qt::StringLiterals;
 /// The default value has no name of its own; an INI key must have one.
 static QString iniKeyOf(const QString& name)
 {
-    return name.isEmpty() ? u"@"_s : name;
+    return name.isEmpty() ? u"@"_s : storedKey(name);
 }
 
 static QString changeKey(const QString& section, const QString& name)
@@ -34,13 +35,14 @@ RegistryFile::RegistryFile(QString file)
 QString RegistryFile::read(const QString& section, const QString& name) const
 {
     const auto change = m_changes.constFind(changeKey(section, name));
-    return change != m_changes.cend() ? change->value : readIniRaw(section, iniKeyOf(name), m_file);
+    return change != m_changes.cend() ? change->value
+                                      : readIniRaw(storedSection(section), iniKeyOf(name), m_file);
 }
 
 void RegistryFile::write(const QString& section, const QString& name, const QString& value)
 {
     if (read(section, name) != value) {
-        m_changes.insert(changeKey(section, name), {section, iniKeyOf(name), value});
+        m_changes.insert(changeKey(section, name), {storedSection(section), iniKeyOf(name), value});
     }
 }
 

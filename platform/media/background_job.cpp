@@ -73,13 +73,15 @@ BackgroundJob::~BackgroundJob()
     }
 }
 
-void BackgroundJob::start(QObject& receiver, Work work)
+void BackgroundJob::start(QObject& receiver, Work work, Pace pace)
 {
     stop();
     m_link = std::make_shared<JobLink>(receiver);
     try {
-        std::thread([link = m_link, work = std::move(work)] {
-            stepBack();
+        std::thread([link = m_link, work = std::move(work), pace] {
+            if (pace == Pace::Background) {
+                stepBack();
+            }
             link->run(work);
         }).detach();
     } catch (const std::system_error& error) {

@@ -45,6 +45,11 @@ class BackgroundJob
 {
 public:
     using Work = std::function<void(JobLink&)>;
+    enum class Pace
+    {
+        Background, // the picture that plays goes first
+        Usual,
+    };
 
     BackgroundJob() = default;
     ~BackgroundJob();
@@ -53,7 +58,7 @@ public:
 
     /// Begins this work and stops the former. The work owns all that it touches: it may outlive
     /// whoever has begun it.
-    void start(QObject& receiver, Work work);
+    void start(QObject& receiver, Work work, Pace pace = Pace::Background);
     /// Returns at once. Nothing is delivered any more.
     void stop();
 

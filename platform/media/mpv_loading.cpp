@@ -3,18 +3,9 @@
 
 #include <QFile>
 
-#include <sys/stat.h>
 #include <utility>
 
 namespace orvanta {
-
-/// Only files are opened. The library would take addresses, devices and pipes just as gladly.
-static bool isRegularFile(const QString& path)
-{
-    struct stat status = {};
-    return path.startsWith(u'/') && stat(QFile::encodeName(path).constData(), &status) == 0 &&
-           S_ISREG(status.st_mode);
-}
 
 void MpvPlayer::setFileName(const QString& path)
 {
@@ -31,13 +22,19 @@ void MpvPlayer::load(const QString& path)
     m_phase = Opening;
     m_fileName = path;
     setPaused(true);
-    if (isRegularFile(path)) {
+    m_probe.look(path, [this](FileProbe::Answer answer) { fileLookedAt(answer); });
+    changeState(NotLoaded);
+}
+
+void MpvPlayer::fileLookedAt(FileProbe::Answer answer)
+{
+    if (answer == FileProbe::Ready) {
         loadEntry();
     } else {
         m_mpv->command({"stop"}, idOf(Unasked, 0));
-        refuseLater(QStringLiteral("not a file"));
+        refuseLater(answer == FileProbe::NoFile ? QStringLiteral("not a file")
+                                                : QStringLiteral("its disk does not answer"));
     }
-    changeState(NotLoaded);
 }
 
 void MpvPlayer::unload()
@@ -53,6 +50,7 @@ void MpvPlayer::unload()
 void MpvPlayer::forgetClip()
 {
     ++m_load;
+    m_probe.stop();
     m_entry = -1;
     m_factsAsked = false;
     m_reloading = false;

@@ -3,6 +3,7 @@
 
 #include "core/descriptor.h"
 #include "platform/media/cover_reader.h"
+#include "platform/media/file_probe.h"
 #include "platform/media/media_control.h"
 #include "platform/media/mpv_handle.h"
 #include "platform/media/mpv_options.h"
@@ -113,6 +114,7 @@ private:
     void load(const QString& path);
     void unload();
     void forgetClip();
+    void fileLookedAt(FileProbe::Answer answer);
     void loadEntry();
     void reload();
     void refuseLater(const QString& reason);
@@ -148,6 +150,7 @@ private:
     std::unique_ptr<MpvHandle> m_mpv;
     MpvPictureSource m_picture; // must go before the player, or the library aborts
     SoundOutput m_sound;
+    FileProbe m_probe;
     QTimer m_look;      // while running: has the clip come to its end?
     QTimer m_seekGuard; // ends a seek that the player never answers
 

@@ -329,4 +329,22 @@ TEST(SavedValues, APositionGoesByTheWholeTextOfItsClip)
     }
 }
 
+TEST(SavedValues, APositionOfAClipWhoseTextReadsAsSomethingElseIsKeptAndAddsNothingAtEachSave)
+{
+    const SettingsFolder folder("[options]\nas=1\n[pos]\n");
+    const Settings settings(folder.ini());
+    const QStringList texts = {u"; a remark"_s, u"[options]"_s, u" [1] One"_s, u"\tOne"_s,
+                               u"\n;One"_s,     u";a=b"_s,      u"\\3B One"_s, u"\\5c3B One"_s};
+    for (const QString& text : texts) {
+        settings.setPosition(text, u"of "_s + text.trimmed());
+    }
+    const QByteArray saved = folder.bytes(u"orvanta.ini"_s);
+    for (const QString& text : texts) {
+        EXPECT_EQ(settings.position(text), u"of "_s + text.trimmed()) << qPrintable(text);
+        settings.setPosition(text, u"of "_s + text.trimmed());
+    }
+    EXPECT_EQ(folder.bytes(u"orvanta.ini"_s), saved);
+    EXPECT_EQ(folder.value("options", "as"), u"1");
+}
+
 } // namespace orvanta

@@ -87,6 +87,23 @@ TEST_F(RegistryTest, KeysAreSectionsOfTheRegistryFile)
               u"/o /auto");
 }
 
+TEST_F(RegistryTest, NamesThatTheFileCannotHoldAreKeptAndAddNothingAtEachWriting)
+{
+    const auto write = [&](const QString& value) {
+        registry.RegWriteString(kMachine, u"software\\a]b"_s, u";name"_s, value);
+        registry.RegWriteString(kMachine, u"software\\a]b"_s, u"[name]"_s, value);
+        registry.RegWriteString(kMachine, u"software\\a"_s, u";name"_s, u"another"_s);
+    };
+    write(u"one"_s);
+    const auto size = folder.bytes(u"registry.ini"_s).size();
+    write(u"two"_s);
+    EXPECT_EQ(folder.bytes(u"registry.ini"_s).size(), size);
+    const Registry other(folder.path());
+    EXPECT_EQ(other.RegReadString(kMachine, u"software\\a]b"_s, u";name"_s), u"two");
+    EXPECT_EQ(other.RegReadString(kMachine, u"software\\a]b"_s, u"[name]"_s), u"two");
+    EXPECT_EQ(other.RegReadString(kMachine, u"software\\a"_s, u";name"_s), u"another");
+}
+
 TEST_F(RegistryTest, QuotesAndBlanksAtTheEndsOfAValueAreKept)
 {
     for (const QString& value : {u"\"/a b/orvanta\" \"%1\""_s, u"'x'"_s, u" x "_s, u"\"\"x\""_s}) {

@@ -1,5 +1,6 @@
 // What the media control opens: regular files that hold media, and nothing else.
 #include "platform/media/picture_source.h"
+#include "tests/support/child_process.h"
 #include "tests/support/recorded_player.h"
 
 #include <QDir>
@@ -8,6 +9,8 @@
 #include <QTemporaryDir>
 #include <QtEndian>
 
+#include <csignal>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
@@ -283,6 +286,34 @@ TEST_F(MediaFile, AnotherFileWhileOneRunsReportsNoEnd)
     EXPECT_EQ(player.control.CurrentState(), MediaControl::Stopped);
     EXPECT_EQ(player.control.CurrentPosition(), 0.0);
     EXPECT_EQ(player.ends, 0);
+}
+
+/// Keeps whoever opens the file waiting, as a disk that is gone does, for as long as this process
+/// lives (at most the kernel's lease-break-time).
+static test::Child keepsWaiting(const QByteArray& file)
+{
+    return test::Child([&] {
+        ::signal(SIGIO, SIG_IGN);
+        const int held = ::open(file.constData(), O_RDWR | O_CLOEXEC);
+        const bool isHeld = held >= 0 && ::fcntl(held, F_SETLEASE, F_WRLCK) == 0;
+        QFile::rename(QFile::decodeName(file) + u".free"_s,
+                      QFile::decodeName(file) + (isHeld ? u".held"_s : u".failed"_s));
+        for (;;) {
+            ::pause();
+        }
+    });
+}
+
+TEST_F(MediaFile, OneWhoseDiskNeverAnswersIsGivenUpAndTheNextOneOpens)
+{
+    const QTemporaryDir disks;
+    const QString file = disks.filePath(u"gone.mp4"_s);
+    ASSERT_TRUE(QFile::copy(testClip(u"two.mp4"_s), file));
+    ASSERT_TRUE(QFile::copy(file, file + u".free"_s));
+    const test::Child disk = keepsWaiting(QFile::encodeName(file));
+    ASSERT_TRUE(comesTrue([&] { return QFile::exists(file + u".held"_s); }));
+    EXPECT_TRUE(player.refuses(file));
+    EXPECT_TRUE(player.open(u"two.mp4"_s));
 }
 
 TEST_F(MediaFile, TheEmptyNameUnloads)
