@@ -1,7 +1,9 @@
 // Start, opening of a very long packet, memory and rest, beside an ordinary player on the same
 // display in the same run.
 
+#include "bench/bench_clips.h"
 #include "bench/mpv_process.h"
+#include "bench/screen_eye.h"
 #include "core/ini.h"
 #include "tests/e2e/support/accessibility.h"
 #include "tests/e2e/support/application.h"
@@ -34,12 +36,6 @@ struct Opening
     double seconds = 0;
     double megabytes = 0; // that the process grew by
 };
-
-static double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 static double secondsOf(const QElapsedTimer& clock)
 {
@@ -86,6 +82,85 @@ static void measureStart(const Desktop& desktop)
         theirs.push_back(startOfMpv(desktop));
     }
     say("start until the window is shown", median(ours), median(theirs), "s", 1.0);
+}
+
+constexpr unsigned kPink = 0xff00c0;
+constexpr unsigned kGreen = 0x00c040;
+
+static QString pinkClip()
+{
+    return makeClip(u"bench-pink.mp4"_s, u"color=c=0xff00c0:size=640x360:rate=25"_s, u"20"_s);
+}
+
+static QString greenClip()
+{
+    return makeClip(u"bench-green.mp4"_s, u"color=c=0x00c040:size=640x360:rate=25"_s, u"20"_s);
+}
+
+/// Since the clock was started.
+static double untilShown(ScreenEye& eye, unsigned colour, const QElapsedTimer& clock)
+{
+    constexpr double kPatience = 20;
+    while (!eye.shows(colour)) {
+        if (secondsOf(clock) > kPatience) {
+            return -1;
+        }
+        QThread::usleep(500);
+    }
+    return secondsOf(clock);
+}
+
+struct FirstPictures
+{
+    double launch = -1;   // of a launch with a clip
+    double handOver = -1; // of a second launch, with another clip
+};
+
+static FirstPictures firstPicturesOfProgram(const Desktop& desktop, ScreenEye& eye)
+{
+    const Home home;
+    home.setOption(u"as"_s, true);
+    Application program(desktop, home);
+    QElapsedTimer clock;
+    clock.start();
+    program.start({pinkClip()});
+    FirstPictures times;
+    times.launch = untilShown(eye, kPink, clock);
+    if (!program.next(u"^orvanta.playback: start"_s)) {
+        return times;
+    }
+    QThread::msleep(500); // the launch's own work is over
+    Application later(desktop, home);
+    clock.restart();
+    later.start({greenClip()});
+    times.handOver = untilShown(eye, kGreen, clock);
+    return times;
+}
+
+static double firstPictureOfMpv(const Desktop& desktop, ScreenEye& eye)
+{
+    OwnedProcess mpv;
+    mpv.setProcessEnvironment(desktop.environment());
+    QElapsedTimer clock;
+    clock.start();
+    mpv.start(u"mpv"_s, {u"--no-config"_s, u"--no-terminal"_s, u"--vo=x11"_s, pinkClip()});
+    return untilShown(eye, kPink, clock);
+}
+
+static void measureFirstPictures(const Desktop& desktop)
+{
+    ScreenEye eye(desktop);
+    std::vector<double> launches;
+    std::vector<double> handOvers;
+    std::vector<double> theirs;
+    for (int i = 0; i < kStarts; ++i) {
+        const FirstPictures ours = firstPicturesOfProgram(desktop, eye);
+        launches.push_back(ours.launch);
+        handOvers.push_back(ours.handOver);
+        theirs.push_back(firstPictureOfMpv(desktop, eye));
+    }
+    say("launch with a clip until its first picture", median(launches), median(theirs), "s", 1.5);
+    say("hand-over of a clip until its first picture", median(handOvers), median(theirs), "s", 1.0);
 }
 
 static QString clipPath()
@@ -205,6 +280,7 @@ int main(int argc, char** argv)
         return 1;
     }
     orvanta::bench::measureStart(desktop);
+    orvanta::bench::measureFirstPictures(desktop);
     orvanta::bench::measureOpening(desktop);
     orvanta::bench::measureRest(desktop);
     return 0;
