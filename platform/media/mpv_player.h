@@ -97,6 +97,7 @@ private:
     void seek(double seconds, MpvSeek::Kind kind);
     void changeState(State state);
     void setPaused(bool paused);
+    void pauseIfWanted();
     void goTo(double target, MpvSeek::Kind kind);
     void seekSettled();
     void rewind();
@@ -119,6 +120,7 @@ private:
     void endOfEntry(const mpv_event_end_file& end);
     void askFacts();
     void finishOpening();
+    void showPicture();
     void finishReloading();
     void failOpening(const QString& reason);
     void seekAsWished();
@@ -149,6 +151,7 @@ private:
     MpvPictureSource m_picture; // must go before the player, or the library aborts
     SoundOutput m_sound;
     QTimer m_look;      // while running: has the clip come to its end?
+    QTimer m_pauseSoon; // one turn of the event loop after a pause was asked for
     QTimer m_seekGuard; // ends a seek that the player never answers
 
     QString m_fileName;
