@@ -3,12 +3,12 @@
 
 #include "bench/bench_clips.h"
 #include "bench/mpv_process.h"
-#include "bench/screen_eye.h"
 #include "core/ini.h"
 #include "tests/e2e/support/accessibility.h"
 #include "tests/e2e/support/application.h"
 #include "tests/e2e/support/media.h"
 #include "tests/e2e/support/packets.h"
+#include "tests/e2e/support/screen_eye.h"
 #include "tests/e2e/support/wait.h"
 
 #include <QCoreApplication>

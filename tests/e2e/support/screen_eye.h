@@ -7,12 +7,12 @@
 
 struct xcb_connection_t;
 
-namespace orvanta::bench {
+namespace orvanta::e2e {
 
 class ScreenEye
 {
 public:
-    explicit ScreenEye(const e2e::Desktop& desktop);
+    explicit ScreenEye(const Desktop& desktop);
     ~ScreenEye();
     ScreenEye(const ScreenEye&) = delete;
     ScreenEye& operator=(const ScreenEye&) = delete;
@@ -35,9 +35,9 @@ private:
     };
 
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
-    e2e::OwnedProcess m_hand;
+    OwnedProcess m_hand;
     unsigned m_root = 0;
     QSize m_screen;
 };
 
-} // namespace orvanta::bench
+} // namespace orvanta::e2e

@@ -1,11 +1,11 @@
-#include "bench/screen_eye.h"
+#include "tests/e2e/support/screen_eye.h"
 
 #include <cstdlib>
 #include <cstring>
 #include <vector>
 #include <xcb/xcb.h>
 
-namespace orvanta::bench {
+namespace orvanta::e2e {
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +14,7 @@ void ScreenEye::Disconnect::operator()(xcb_connection_t* connection) const
     xcb_disconnect(connection);
 }
 
-ScreenEye::ScreenEye(const e2e::Desktop& desktop)
+ScreenEye::ScreenEye(const Desktop& desktop)
     : m_connection(
           xcb_connect(desktop.environment().value(u"DISPLAY"_s).toLatin1().constData(), nullptr)),
       m_root(xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root),
@@ -97,4 +97,4 @@ void ScreenEye::press(const QByteArray& key)
     m_hand.waitForBytesWritten();
 }
 
-} // namespace orvanta::bench
+} // namespace orvanta::e2e
