@@ -29,7 +29,7 @@ using namespace orvanta::e2e;
 constexpr int kStarts = 7;
 constexpr int kOpenings = 10;
 constexpr int kEntries = 32767;
-constexpr int kRestMs = 10000;
+constexpr int kRestMs = 15000;
 
 struct Opening
 {
@@ -250,21 +250,36 @@ static void measureOpening(Desktop& desktop)
                 ours.megabytes, theirs.megabytes);
 }
 
-/// Percent of one core.
-static double rest(qint64 pid)
+struct Rest
 {
+    double percent = -1; // of one core
+    double wakeUps = -1; // a second, all threads
+};
+
+static Rest rest(qint64 pid)
+{
+    QThread::msleep(2000); // what a start leaves to be done
     const double before = processorSeconds(pid);
+    const qint64 wakeUpsBefore = wakeUps(pid);
     QThread::msleep(kRestMs);
-    return (processorSeconds(pid) - before) / (kRestMs / 1000.0) * 100;
+    const double seconds = kRestMs / 1000.0;
+    return {(processorSeconds(pid) - before) / seconds * 100,
+            static_cast<double>(wakeUps(pid) - wakeUpsBefore) / seconds};
 }
 
 static void measureRest(const Desktop& desktop)
 {
     const Home home;
     Application program(desktop, home);
-    const bool shown = program.startAndShow();
-    std::printf("%-44s %9.2f %% of a core (at most 0.5)\n", "idle with its window shown",
-                shown ? rest(program.pid()) : -1);
+    const Rest ours = program.startAndShow() ? rest(program.pid()) : Rest();
+    const MapWatch watch(desktop);
+    MpvProcess mpv(desktop);
+    mpv.start();
+    const Rest theirs = watch.waitForWindow("mpv") ? rest(mpv.pid()) : Rest();
+    std::printf("%-44s %9.2f  mpv %9.2f %% of a core (at most 0.5)\n", "idle with its window shown",
+                ours.percent, theirs.percent);
+    std::printf("%-44s %9.2f  mpv %9.2f a second (at most 1)\n", "wake-ups of all threads, idle",
+                ours.wakeUps, theirs.wakeUps);
 }
 
 } // namespace orvanta::bench
