@@ -199,6 +199,14 @@ void StartUp::serveDesktop()
     if (m_raiseWaiting) {
         raiseMainWindow(*m_raiseWaiting);
     }
+    tickSoon();
+}
+
+/// What a launch hands over does not wait for the timer. Queued: a tick may wait in the event loop,
+/// which a call at the socket must not.
+void StartUp::tickSoon()
+{
+    QTimer::singleShot(0, this, m_boundary([this] { m_program->engine().tick(); }));
 }
 
 void StartUp::sayThatNothingIsKept()
@@ -221,6 +229,7 @@ void StartUp::raiseMainWindow(const QString& activationToken)
         window.showNormal();
     }
     bringToFront(window.windowHandle(), activationToken);
+    tickSoon();
 }
 
 void StartUp::unloadSplash()

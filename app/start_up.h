@@ -50,6 +50,7 @@ private:
 
     void sayThatNothingIsKept();
     void raiseMainWindow(const QString& activationToken);
+    void tickSoon();
     void unloadSplash();
     void leaveEventLoop();
     void releaseBeforeReport();

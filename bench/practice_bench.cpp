@@ -5,10 +5,10 @@
 
 #include "bench/bench_clips.h"
 #include "bench/mpv_process.h"
-#include "bench/screen_eye.h"
 #include "tests/e2e/support/application.h"
 #include "tests/e2e/support/home.h"
 #include "tests/e2e/support/packets.h"
+#include "tests/e2e/support/screen_eye.h"
 #include "tests/e2e/support/wait.h"
 
 #include <QCoreApplication>

@@ -1,12 +1,14 @@
 // Start, opening of a very long packet, memory and rest, beside an ordinary player on the same
 // display in the same run.
 
+#include "bench/bench_clips.h"
 #include "bench/mpv_process.h"
 #include "core/ini.h"
 #include "tests/e2e/support/accessibility.h"
 #include "tests/e2e/support/application.h"
 #include "tests/e2e/support/media.h"
 #include "tests/e2e/support/packets.h"
+#include "tests/e2e/support/screen_eye.h"
 #include "tests/e2e/support/wait.h"
 
 #include <QCoreApplication>
@@ -27,19 +29,13 @@ using namespace orvanta::e2e;
 constexpr int kStarts = 7;
 constexpr int kOpenings = 10;
 constexpr int kEntries = 32767;
-constexpr int kRestMs = 10000;
+constexpr int kRestMs = 15000;
 
 struct Opening
 {
     double seconds = 0;
     double megabytes = 0; // that the process grew by
 };
-
-static double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 static double secondsOf(const QElapsedTimer& clock)
 {
@@ -86,6 +82,85 @@ static void measureStart(const Desktop& desktop)
         theirs.push_back(startOfMpv(desktop));
     }
     say("start until the window is shown", median(ours), median(theirs), "s", 1.0);
+}
+
+constexpr unsigned kPink = 0xff00c0;
+constexpr unsigned kGreen = 0x00c040;
+
+static QString pinkClip()
+{
+    return makeClip(u"bench-pink.mp4"_s, u"color=c=0xff00c0:size=640x360:rate=25"_s, u"20"_s);
+}
+
+static QString greenClip()
+{
+    return makeClip(u"bench-green.mp4"_s, u"color=c=0x00c040:size=640x360:rate=25"_s, u"20"_s);
+}
+
+/// Since the clock was started.
+static double untilShown(ScreenEye& eye, unsigned colour, const QElapsedTimer& clock)
+{
+    constexpr double kPatience = 20;
+    while (!eye.shows(colour)) {
+        if (secondsOf(clock) > kPatience) {
+            return -1;
+        }
+        QThread::usleep(500);
+    }
+    return secondsOf(clock);
+}
+
+struct FirstPictures
+{
+    double launch = -1;   // of a launch with a clip
+    double handOver = -1; // of a second launch, with another clip
+};
+
+static FirstPictures firstPicturesOfProgram(const Desktop& desktop, ScreenEye& eye)
+{
+    const Home home;
+    home.setOption(u"as"_s, true);
+    Application program(desktop, home);
+    QElapsedTimer clock;
+    clock.start();
+    program.start({pinkClip()});
+    FirstPictures times;
+    times.launch = untilShown(eye, kPink, clock);
+    if (!program.next(u"^orvanta.playback: start"_s)) {
+        return times;
+    }
+    QThread::msleep(500); // the launch's own work is over
+    Application later(desktop, home);
+    clock.restart();
+    later.start({greenClip()});
+    times.handOver = untilShown(eye, kGreen, clock);
+    return times;
+}
+
+static double firstPictureOfMpv(const Desktop& desktop, ScreenEye& eye)
+{
+    OwnedProcess mpv;
+    mpv.setProcessEnvironment(desktop.environment());
+    QElapsedTimer clock;
+    clock.start();
+    mpv.start(u"mpv"_s, {u"--no-config"_s, u"--no-terminal"_s, u"--vo=x11"_s, pinkClip()});
+    return untilShown(eye, kPink, clock);
+}
+
+static void measureFirstPictures(const Desktop& desktop)
+{
+    ScreenEye eye(desktop);
+    std::vector<double> launches;
+    std::vector<double> handOvers;
+    std::vector<double> theirs;
+    for (int i = 0; i < kStarts; ++i) {
+        const FirstPictures ours = firstPicturesOfProgram(desktop, eye);
+        launches.push_back(ours.launch);
+        handOvers.push_back(ours.handOver);
+        theirs.push_back(firstPictureOfMpv(desktop, eye));
+    }
+    say("launch with a clip until its first picture", median(launches), median(theirs), "s", 1.5);
+    say("hand-over of a clip until its first picture", median(handOvers), median(theirs), "s", 1.0);
 }
 
 static QString clipPath()
@@ -175,21 +250,36 @@ static void measureOpening(Desktop& desktop)
                 ours.megabytes, theirs.megabytes);
 }
 
-/// Percent of one core.
-static double rest(qint64 pid)
+struct Rest
 {
+    double percent = -1; // of one core
+    double wakeUps = -1; // a second, all threads
+};
+
+static Rest rest(qint64 pid)
+{
+    QThread::msleep(2000); // what a start leaves to be done
     const double before = processorSeconds(pid);
+    const qint64 wakeUpsBefore = wakeUps(pid);
     QThread::msleep(kRestMs);
-    return (processorSeconds(pid) - before) / (kRestMs / 1000.0) * 100;
+    const double seconds = kRestMs / 1000.0;
+    return {(processorSeconds(pid) - before) / seconds * 100,
+            static_cast<double>(wakeUps(pid) - wakeUpsBefore) / seconds};
 }
 
 static void measureRest(const Desktop& desktop)
 {
     const Home home;
     Application program(desktop, home);
-    const bool shown = program.startAndShow();
-    std::printf("%-44s %9.2f %% of a core (at most 0.5)\n", "idle with its window shown",
-                shown ? rest(program.pid()) : -1);
+    const Rest ours = program.startAndShow() ? rest(program.pid()) : Rest();
+    const MapWatch watch(desktop);
+    MpvProcess mpv(desktop);
+    mpv.start();
+    const Rest theirs = watch.waitForWindow("mpv") ? rest(mpv.pid()) : Rest();
+    std::printf("%-44s %9.2f  mpv %9.2f %% of a core (at most 0.5)\n", "idle with its window shown",
+                ours.percent, theirs.percent);
+    std::printf("%-44s %9.2f  mpv %9.2f a second (at most 1)\n", "wake-ups of all threads, idle",
+                ours.wakeUps, theirs.wakeUps);
 }
 
 } // namespace orvanta::bench
@@ -205,6 +295,7 @@ int main(int argc, char** argv)
         return 1;
     }
     orvanta::bench::measureStart(desktop);
+    orvanta::bench::measureFirstPictures(desktop);
     orvanta::bench::measureOpening(desktop);
     orvanta::bench::measureRest(desktop);
     return 0;

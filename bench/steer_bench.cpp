@@ -2,10 +2,10 @@
 // display in the same run. Everything is seen from outside: real keys in, points of the screen out.
 
 #include "bench/bench_clips.h"
-#include "bench/screen_eye.h"
 #include "tests/e2e/support/application.h"
 #include "tests/e2e/support/home.h"
 #include "tests/e2e/support/mpris_client.h"
+#include "tests/e2e/support/screen_eye.h"
 #include "tests/e2e/support/tray.h"
 #include "tests/e2e/support/wait.h"
 

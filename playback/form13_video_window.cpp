@@ -51,6 +51,7 @@ void Form13::buildControls()
     setAttribute(Qt::WA_ShowWithoutActivating);
     paintBlack(*this);
     ActiveMovie1 = new VideoSurface(m_control.picture(), this);
+    ActiveMovie1->setKeepsLastFrame(); // until the next clip's still picture is read, if any
     Image1 = new QLabel(this);
     Image1->setAlignment(Qt::AlignCenter);
     Image1->hide();

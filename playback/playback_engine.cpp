@@ -364,6 +364,14 @@ void PlaybackEngine::tick()
     });
 }
 
+bool PlaybackEngine::isQuiet() const
+{
+    const Private& own = *m_private;
+    const PlayerSnapshot& player = own.context.player();
+    return !own.ticking && !own.context.startFailed && !own.starter.isWaiting() &&
+           !player.opening && !player.isRunning();
+}
+
 void PlaybackEngine::ListClick(Int16 p, Int16 q)
 {
     m_private->enter([&] {

@@ -39,6 +39,9 @@ public:
 
     /// One playback tick (Form2_Timer1_Timer). Does not re-enter itself. Raises nothing.
     void tick();
+    /// Nothing runs, opens or waits: until something else happens in the program, a tick has
+    /// nothing to do.
+    [[nodiscard]] bool isQuiet() const;
 
     /// Makes clip (or brake) q of packet p current and plays it: a person asked for it, and gets no
     /// other one where it cannot be opened. Errors are passed over.

@@ -326,6 +326,7 @@ void Form2::Form2_Slider3_Change(double value)
 void Form2::Form2_Timer1_Timer()
 {
     m_services.engine.tick();
+    m_tickRest->ticked(m_services.engine.isQuiet());
 }
 
 void Form2::Form2_Timer2_Timer()

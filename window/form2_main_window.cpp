@@ -74,6 +74,7 @@ void Form2::Form2_Form_Load()
                [&] { Slider3->setValue(m_services.engine.storedBalance().value()); });
     showStartPage();
     m_editing->offerDrafts();
+    m_tickRest = std::make_unique<TickRest>(Timer1, m_services.module.IniPath);
     Timer1.start();
 }
 

@@ -27,6 +27,7 @@
 #include "playback/control_rows.h"
 #include "playback/keyboard.h"
 #include "playback/playback_engine.h"
+#include "playback/tick_rest.h"
 
 #include <QImage>
 #include <QTimer>
@@ -147,7 +148,7 @@ public:
 
     CommandMenu* ListMenu = nullptr; // List1's: what can be done with a line and the player
 
-    QTimer Timer1; // 300 ms: the playback tick; runs as long as the window exists
+    QTimer Timer1; // 300 ms, at rest 3 s: the playback tick; runs as long as the window exists
     QTimer Timer2; // 100 ms, one shot: marks the line that enableTimer2 was given
     QTimer Timer3; // 200 ms, one shot: brings the window to the front
 
@@ -309,6 +310,7 @@ private:
     void keepSize();
 
     Form2Services m_services;
+    std::unique_ptr<TickRest> m_tickRest; // of Timer1
     MainWindowKeys m_keys;
     EditingMode* m_editing = nullptr;
     MissingClips* m_missingClips = nullptr;

@@ -19,6 +19,7 @@ void MpvPlayer::setFileName(const QString& path)
 void MpvPlayer::load(const QString& path)
 {
     forgetClip();
+    m_picture.hold();
     m_phase = Opening;
     m_fileName = path;
     setPaused(true);
@@ -42,7 +43,13 @@ void MpvPlayer::unload()
     forgetClip();
     setPaused(true);
     m_mpv->command({"stop"}, idOf(Unasked, 0));
-    m_picture.setHasPicture(false);
+    m_picture.hold();
+    // Unless another clip is opened in this turn of the event loop: then there is no black between.
+    QTimer::singleShot(0, this, [this, load = m_load] {
+        if (load == m_load) {
+            m_picture.clear();
+        }
+    });
     changeState(NotLoaded);
 }
 
@@ -81,6 +88,7 @@ void MpvPlayer::reload()
     m_entry = -1;
     m_factsAsked = false;
     m_reloading = true;
+    m_picture.hold();
     m_seek.cancel();
     m_seekGuard.stop();
     loadEntry();
@@ -127,7 +135,7 @@ void MpvPlayer::finishOpening()
         return;
     }
     m_phase = Ready;
-    m_picture.setHasPicture(!m_pictureSize.isEmpty());
+    showPicture();
     seekAsWished();
     const quint64 load = m_load;
     changeState(Stopped);
@@ -136,9 +144,20 @@ void MpvPlayer::finishOpening()
     }
 }
 
+/// The library has shown the first picture of what was opened or sought.
+void MpvPlayer::showPicture()
+{
+    if (m_pictureSize.isEmpty()) {
+        m_picture.clear();
+    } else {
+        m_picture.begin();
+    }
+}
+
 void MpvPlayer::finishReloading()
 {
     m_reloading = false;
+    showPicture();
     loadSubtitles();
     seekAsWished();
 }
@@ -147,7 +166,7 @@ void MpvPlayer::failOpening(const QString& reason)
 {
     qCInfo(logErrors, "cannot open %ls: %ls", qUtf16Printable(m_fileName), qUtf16Printable(reason));
     forgetClip();
-    m_picture.setHasPicture(false);
+    m_picture.clear();
     changeState(NotLoaded);
     Q_EMIT openFailed(reason);
 }

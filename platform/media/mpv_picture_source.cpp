@@ -85,6 +85,9 @@ void MpvPictureSource::setTargetSize(QSize pixels)
         m_drawAgain = !pixels.isEmpty();
         m_work.notify_one();
     }
+    if (pixels.isEmpty() && !m_isOpen) {
+        m_front = QImage();
+    }
 }
 
 void MpvPictureSource::drawAgain()
@@ -97,16 +100,43 @@ void MpvPictureSource::drawAgain()
 QImage MpvPictureSource::frame() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_hasPicture ? m_front : QImage();
+    return m_front;
 }
 
-void MpvPictureSource::setHasPicture(bool hasPicture)
+bool MpvPictureSource::hasPicture() const
 {
-    if (m_hasPicture == hasPicture) {
-        return;
+    const std::lock_guard lock(m_mutex);
+    return m_isOpen;
+}
+
+void MpvPictureSource::hold()
+{
+    const std::lock_guard lock(m_mutex);
+    m_isOpen = false;
+    ++m_clip;
+}
+
+/// The library has its picture already, so it is drawn again.
+void MpvPictureSource::begin()
+{
+    const std::lock_guard lock(m_mutex);
+    if (!std::exchange(m_isOpen, true)) {
+        m_drawAgain = !m_targetSize.isEmpty();
+        m_work.notify_one();
     }
-    m_hasPicture = hasPicture;
-    if (!hasPicture) {
+}
+
+void MpvPictureSource::clear()
+{
+    hold();
+    if (!m_keepsLastFrame) {
+        dropFrame();
+    }
+}
+
+void MpvPictureSource::dropFrame()
+{
+    {
         const std::lock_guard lock(m_mutex);
         m_front = QImage();
     }
@@ -141,11 +171,13 @@ void MpvPictureSource::renderFrame()
 {
     QSize size;
     bool redraw = false;
+    quint64 clip = 0;
     {
         const std::lock_guard lock(m_mutex);
         m_frameWaiting = false;
         redraw = std::exchange(m_drawAgain, false);
-        size = m_targetSize;
+        size = m_isOpen ? m_targetSize : QSize();
+        clip = m_clip;
     }
     const bool newFrame =
         (mpv_render_context_update(m_context.get()) & MPV_RENDER_UPDATE_FRAME) != 0;
@@ -162,7 +194,7 @@ void MpvPictureSource::renderFrame()
     }
     if (!m_back.isNull()) {
         renderInto(m_back);
-        publish(m_back);
+        publish(m_back, clip);
     }
 }
 
@@ -191,11 +223,14 @@ void MpvPictureSource::skipFrame()
     mpv_render_context_render(m_context.get(), parameters.data());
 }
 
-void MpvPictureSource::publish(QImage& image)
+void MpvPictureSource::publish(QImage& image, quint64 clip)
 {
     bool announce = false;
     {
         const std::lock_guard lock(m_mutex);
+        if (clip != m_clip) {
+            return;
+        }
         std::swap(m_front, image);
         announce = !std::exchange(m_announced, true);
     }

@@ -30,10 +30,17 @@ public:
     /// The frame that is shown, with its subtitles as they are now.
     void drawAgain();
     [[nodiscard]] QImage frame() const override;
-    [[nodiscard]] bool hasPicture() const override { return m_hasPicture; }
+    [[nodiscard]] bool hasPicture() const override;
+    void setKeepsLastFrame(bool keeps) override { m_keepsLastFrame = keeps; }
 
-    /// Said by the control when a clip opens or goes. Without a picture the frame is null.
-    void setHasPicture(bool hasPicture);
+    // Said by the control.
+    /// Another place or clip is on its way: what the library draws meanwhile (black, the picture
+    /// before) is not shown, the frame stays as it is.
+    void hold();
+    /// What the library draws from now on is the picture of the clip that is open.
+    void begin();
+    /// There is no picture.
+    void clear();
 
 private:
     static void frameWaiting(void* self);
@@ -42,7 +49,8 @@ private:
     void renderFrame();
     void renderInto(QImage& image);
     void skipFrame();
-    void publish(QImage& image);
+    void publish(QImage& image, quint64 clip);
+    void dropFrame();
     Q_INVOKABLE void announceFrame();
 
     struct FreeContext
@@ -60,9 +68,11 @@ private:
     bool m_drawAgain = false;
     bool m_closing = false;
     bool m_announced = false;
+    bool m_isOpen = false; // frames are shown
+    quint64 m_clip = 0;    // one whose drawing began before a hold is not
 
-    QImage m_back;             // render thread only
-    bool m_hasPicture = false; // interface thread only
+    QImage m_back;                 // render thread only
+    bool m_keepsLastFrame = false; // interface thread only
     std::thread m_thread;
 };
 

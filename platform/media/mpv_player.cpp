@@ -27,10 +27,13 @@ MpvPlayer::MpvPlayer(const MpvOptionList& extraOptions)
       m_sound(*m_mpv, extraOptions)
 {
     m_look.setInterval(kLookMilliseconds);
+    m_pauseSoon.setInterval(0);
+    m_pauseSoon.setSingleShot(true);
     m_seekGuard.setInterval(kSeekGuardMilliseconds);
     m_seekGuard.setSingleShot(true);
     connect(m_mpv.get(), &MpvHandle::eventsWaiting, this, [this] { serveEvents(); });
     connect(&m_look, &QTimer::timeout, this, [this] { lookForEnd(); });
+    connect(&m_pauseSoon, &QTimer::timeout, this, [this] { setPaused(true); });
     connect(&m_seekGuard, &QTimer::timeout, this, [this] { seekSettled(); });
     connect(&m_cover, &CoverReader::done, this, &MediaControl::coverRead);
     observeProperties();
@@ -46,12 +49,15 @@ void MpvPlayer::Run()
     changeState(Running);
 }
 
+// Not at once: where it runs on within this turn of the event loop, as around a switch to full
+// screen, the library must not notice, or the sound has a hole.
 void MpvPlayer::Pause()
 {
     if (m_state == NotLoaded || m_state == Paused) {
         return;
     }
-    setPaused(true);
+    ++m_pauseSerial;
+    m_pauseSoon.start();
     changeState(Paused);
 }
 
@@ -155,12 +161,21 @@ void MpvPlayer::changeState(State state)
 
 void MpvPlayer::setPaused(bool paused)
 {
+    m_pauseSoon.stop();
     ++m_pauseSerial;
     m_mpv->set("pause", paused);
 }
 
+void MpvPlayer::pauseIfWanted()
+{
+    if (m_pauseSoon.isActive()) {
+        setPaused(true);
+    }
+}
+
 void MpvPlayer::goTo(double target, MpvSeek::Kind kind)
 {
+    pauseIfWanted(); // it is to stand where it goes
     m_atStart = false;
     m_position = target;
     if (m_rewindsByReload && target <= 0) {
@@ -179,6 +194,7 @@ void MpvPlayer::seekSettled()
 {
     m_seek.cancel();
     m_seekGuard.stop();
+    showPicture();
     m_mpv->ask("time-pos", MPV_FORMAT_DOUBLE, idOf(PositionNow, m_load));
 }
 
@@ -216,6 +232,7 @@ void MpvPlayer::reachEnd()
     }
     const double end = m_duration;
     setPaused(true);
+    m_picture.hold(); // the last picture stays, as another clip may follow
     rewind();
     changeState(Stopped);
     Q_EMIT positionChange(end, 0);

@@ -98,6 +98,7 @@ private:
     void seek(double seconds, MpvSeek::Kind kind);
     void changeState(State state);
     void setPaused(bool paused);
+    void pauseIfWanted();
     void goTo(double target, MpvSeek::Kind kind);
     void seekSettled();
     void rewind();
@@ -121,6 +122,7 @@ private:
     void endOfEntry(const mpv_event_end_file& end);
     void askFacts();
     void finishOpening();
+    void showPicture();
     void finishReloading();
     void failOpening(const QString& reason);
     void seekAsWished();
@@ -152,6 +154,7 @@ private:
     SoundOutput m_sound;
     FileProbe m_probe;
     QTimer m_look;      // while running: has the clip come to its end?
+    QTimer m_pauseSoon; // one turn of the event loop after a pause was asked for
     QTimer m_seekGuard; // ends a seek that the player never answers
 
     QString m_fileName;

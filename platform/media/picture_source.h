@@ -16,10 +16,13 @@ public:
 
     /// The size in device pixels in which the surface wants its frames, aspect kept, black bars.
     virtual void setTargetSize(QSize pixels) = 0;
-    /// The newest frame in the target size; null before the first.
+    /// The newest frame in the target size; null before the first. While the next clip is being
+    /// opened, the last one of the clip before.
     [[nodiscard]] virtual QImage frame() const = 0;
-    /// Whether a clip with a picture is loaded.
+    /// Whether a clip with a picture is open.
     [[nodiscard]] virtual bool hasPicture() const = 0;
+    /// The last frame stays even when there is no picture any more, until the surface wants none.
+    virtual void setKeepsLastFrame(bool /*keeps*/) {}
 
 Q_SIGNALS:
     void frameChanged();

@@ -16,6 +16,13 @@ VideoSurface::VideoSurface(PictureSource* source, QWidget* parent)
     }
 }
 
+void VideoSurface::setKeepsLastFrame()
+{
+    if (m_source != nullptr) {
+        m_source->setKeepsLastFrame(true);
+    }
+}
+
 void VideoSurface::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);

@@ -16,6 +16,9 @@ class VideoSurface : public QWidget
 public:
     explicit VideoSurface(PictureSource* source, QWidget* parent = nullptr);
 
+    /// The last frame stays also when a clip without a picture opens, until this is hidden.
+    void setKeepsLastFrame();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

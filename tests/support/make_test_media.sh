@@ -25,6 +25,12 @@ av 3 three.mkv -c:v libx264 -g 250 -c:a aac
 av 1.2 stream.ts -c:v libx264 -c:a aac
 av 1 silent.mp4 -c:v libx264 -an
 
+# Pictures of one colour, of two sizes, with sound.
+for clip in red:64x64 blue:128x72; do
+    ff -f lavfi -i "color=${clip%:*}:size=${clip#*:}:rate=25" -f lavfi -i "$sound" -t 1 \
+        -pix_fmt yuv420p -c:v libx264 -c:a aac "${clip%:*}.mp4"
+done
+
 # Sound only.
 for file in short.wav short.mp3 short.ogg short.flac; do
     ff -f lavfi -i "$sound" -t 0.3 "$file"

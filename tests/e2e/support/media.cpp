@@ -82,6 +82,16 @@ static Maker red(const QString& seconds)
     };
 }
 
+/// A second of one colour, of this size.
+static Maker plain(const QString& colour, const QString& size)
+{
+    return [=](const QString& target) {
+        return runFfmpeg(target,
+                         u"-f lavfi -i color=%1:size=%2:rate=25:duration=1 "_s.arg(colour, size) +
+                             kTone.arg(1) + u" -c:v libx264 -pix_fmt yuv420p -c:a aac"_s);
+    };
+}
+
 /// Black, with a sound in English and one in Russian.
 static bool twoLanguages(const QString& target)
 {
@@ -165,6 +175,9 @@ static const std::map<QString, Maker>& makers()
         {u"sound2.wav"_s, sound(u"2"_s, u"-c:a pcm_s16le"_s)},
         {u"languages300.mkv"_s, twoLanguages},
         {u"red20.mp4"_s, red(u"20"_s)},
+        {u"red1.mp4"_s, plain(u"red"_s, u"320x240"_s)},
+        {u"green1.mp4"_s, plain(u"lime"_s, u"480x270"_s)},
+        {u"blue1.mp4"_s, plain(u"blue"_s, u"640x360"_s)},
         {u"tone20.wav"_s, sound(u"20"_s, u"-af volume=12dB -c:a pcm_s16le"_s)},
         {u"short.avi"_s, video(u"0.3"_s, kAvi)},
         {u"short.mp4"_s, video(u"0.3"_s, kMp4)},

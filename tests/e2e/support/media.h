@@ -12,6 +12,7 @@ namespace orvanta::e2e {
 ///   brakes6.mp4                                    6 s of picture and sound
 ///   video200.mp4                                   200 s of picture and sound
 ///   film180.mp4                                    three minutes of picture and sound
+///   red1.mp4 green1.mp4 blue1.mp4                  1 s of one colour and sound, of three sizes
 ///   silent2.mp4                                    2 s of picture
 ///   large20.mp4                                    20 s of a picture of 1280 by 720
 ///   sound2.mp3 sound2.ogg sound2.wav               2 s of sound

@@ -2,6 +2,7 @@
 
 #include "tests/e2e/support/wait.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <csignal>
@@ -61,14 +62,29 @@ double processorSeconds(qint64 pid)
     return ticks / static_cast<double>(::sysconf(_SC_CLK_TCK));
 }
 
-qint64 memoryKilobytes(qint64 pid, const QByteArray& what)
+static qint64 numberIn(const QString& statusFile, const QByteArray& what)
 {
-    for (const QByteArray& line : contentOf(u"/proc/%1/status"_s.arg(pid)).split('\n')) {
+    for (const QByteArray& line : contentOf(statusFile).split('\n')) {
         if (line.startsWith(what + ':')) {
             return line.mid(what.size() + 1).simplified().split(' ').first().toLongLong();
         }
     }
     return 0;
+}
+
+qint64 wakeUps(qint64 pid)
+{
+    qint64 sum = 0;
+    const QString tasks = u"/proc/%1/task"_s.arg(pid);
+    for (const QString& task : QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        sum += numberIn(tasks + u'/' + task + u"/status"_s, "voluntary_ctxt_switches");
+    }
+    return sum;
+}
+
+qint64 memoryKilobytes(qint64 pid, const QByteArray& what)
+{
+    return numberIn(u"/proc/%1/status"_s.arg(pid), what);
 }
 
 } // namespace orvanta::e2e

@@ -22,6 +22,8 @@ public:
 
 /// Seconds of processor time that a process has used so far, in all its threads.
 [[nodiscard]] double processorSeconds(qint64 pid);
+/// How often its threads have waited for something and gone on; of those that are there.
+[[nodiscard]] qint64 wakeUps(qint64 pid);
 /// A size of a process in kilobytes, by its name in /proc/PID/status: "VmRSS", "VmHWM".
 [[nodiscard]] qint64 memoryKilobytes(qint64 pid, const QByteArray& what);
 

@@ -7,12 +7,12 @@
 
 struct xcb_connection_t;
 
-namespace orvanta::bench {
+namespace orvanta::e2e {
 
 class ScreenEye
 {
 public:
-    explicit ScreenEye(const e2e::Desktop& desktop);
+    explicit ScreenEye(const Desktop& desktop);
     ~ScreenEye();
     ScreenEye(const ScreenEye&) = delete;
     ScreenEye& operator=(const ScreenEye&) = delete;
@@ -20,6 +20,9 @@ public:
     /// 0xrrggbb of one point of the screen.
     [[nodiscard]] unsigned colourAt(QPoint place);
     [[nodiscard]] bool isBright(QPoint place);
+    /// Whether one of many points all over the screen has this colour, but for what its way through
+    /// a clip changes.
+    [[nodiscard]] bool shows(unsigned colour);
     /// Gives the background of the screen a dark colour.
     void darkenBackground();
     /// Presses a key of xdotool's name; returns at once.
@@ -32,8 +35,9 @@ private:
     };
 
     std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
-    e2e::OwnedProcess m_hand;
+    OwnedProcess m_hand;
     unsigned m_root = 0;
+    QSize m_screen;
 };
 
-} // namespace orvanta::bench
+} // namespace orvanta::e2e

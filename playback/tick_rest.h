@@ -1,0 +1,40 @@
+// Lets the playback tick rest while nothing could happen in it.
+#pragma once
+
+#include <QFileSystemWatcher>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+
+namespace orvanta {
+
+/// What a tick serves changes by an event of the program or in the settings file, whose folder is
+/// watched. While nothing runs and no event comes, ticks are ten times as rare (they go on, for a
+/// file system that does not tell of its changes); the first event is followed by one at once, and
+/// by others in the rhythm. Where the folder cannot be watched, no tick rests. Interface thread
+/// only.
+class TickRest : public QObject
+{
+public:
+    /// tick: its timer, with its interval. It outlives this. settingsFile: where launches queue.
+    TickRest(QTimer& tick, const QString& settingsFile);
+
+    /// After each tick of the timer. isQuiet: nothing runs, opens or waits.
+    void ticked(bool isQuiet);
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    void rest();
+    void goOn(std::chrono::milliseconds interval);
+
+    QTimer& m_tick;
+    std::chrono::milliseconds m_rhythm;
+    QFileSystemWatcher m_settings;
+    int m_quietTicks = 0;
+    bool m_isResting = false;
+};
+
+} // namespace orvanta
