@@ -210,6 +210,18 @@ TEST_F(FoundElsewhere, ADriveThatAPacketsPlaceHasShownHoldsForOtherTextsToo)
     EXPECT_EQ(find(u"E:\\Other\\b.avi"_s, u"STICK/Lessons/3"_s).file, other);
 }
 
+TEST_F(FoundElsewhere, ADriveThatWasShownHoldsForLaterLessonsAndIsNotStored)
+{
+    setPlacesFile(home.file(u"platform.ini"_s));
+    const QString other = put(u"STICK/Other/b.avi"_s);
+    const QString clip = put(u"STICK/Lessons/3/a.avi"_s);
+    EXPECT_EQ(find(u"E:\\Lessons\\3\\a.avi"_s, u"STICK/Lessons/3"_s).file, clip);
+    beginSearches();
+    EXPECT_EQ(find(u"e:\\other\\b.avi"_s, u"packet"_s).file, other);
+    // A stick is elsewhere tomorrow, and opening changes nothing that is stored.
+    EXPECT_FALSE(QFile::exists(home.file(u"platform.ini"_s)));
+}
+
 TEST_F(FoundElsewhere, ADriveNeverReachesAboveItsFolder)
 {
     (void)put(u"secret.avi"_s);
