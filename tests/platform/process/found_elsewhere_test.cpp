@@ -189,6 +189,18 @@ TEST_F(FoundElsewhere, LessonsThatHaveMovedAreUnderstoodAsAPersonWould)
     }
 }
 
+TEST_F(FoundElsewhere, LessonsOfTheWesternPageAreUnderstoodWhicheverPageReadsThem)
+{
+    const QString clip = put(u"packet/Übung 2/Façade à Köln.avi"_s);
+    const QByteArray packet = u"[main]\r\nfiles=1\r\n[file1]\r\n"
+                              "path=C:\\Kurse\\ÜBUNG 2\\façade à köln.AVI\r\n"_s.toLatin1();
+    for (const QString& page : {u"windows-1252"_s, u"windows-1251"_s}) {
+        setLegacyCodePage(page);
+        const FoundFile found = find(pathInPacket(home.write(u"packet/p.vxl"_s, packet)));
+        EXPECT_EQ(found.file, clip) << page.toStdString();
+    }
+}
+
 TEST_F(FoundElsewhere, TheDriveTableComesBeforeAllGuesses)
 {
     const QString clip = put(u"windows/Lessons/a.avi"_s);
