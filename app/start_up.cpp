@@ -11,6 +11,7 @@
 #include "platform/process/end_signals.h"
 #include "platform/process/folder_search.h"
 #include "platform/process/hand_over_queue.h"
+#include "platform/process/shipped_add_ins.h"
 #include "platform/process/single_instance.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/playback_engine.h"
@@ -96,6 +97,7 @@ void StartUp::buildIniPath()
     m_module.ApplicationFolder = applicationFolder();
     requireSettings(m_module.ApplicationFolder);
     m_module.IniPath = programFile(m_module.ApplicationFolder, u"\\orvanta.ini"_s);
+    bringShippedAddIns(m_module.IniPath);
     m_registry.emplace(m_module.ApplicationFolder);
     prepareDocuments(m_module.ApplicationFolder);
 }

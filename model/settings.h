@@ -64,6 +64,7 @@ inline constexpr std::array kSettings = {
     SettingKey{u"save", u"balance", u"50"},           // 0 to 100
     SettingKey{u"save", u"open", u""},                // the folder last used
     SettingKey{u"add-ins", u"num", u"2"},             // programs in the menu Add-ins
+    SettingKey{u"add-ins", u"shipped", u"1"},         // the program's own have been put there
     SettingKey{u"add-ins", u"namee#", u"&Import..."}, // an add-in's English caption, from 1
     SettingKey{u"add-ins", u"namer#", u"&Импорт..."}, // its Russian one
     SettingKey{u"add-ins", u"path#",

@@ -127,6 +127,8 @@ inline constexpr auto kTextsOfExchange = std::to_array<InterfaceText>({
     InterfaceText{u"Export", u"ChooseTarget.title", u"Where to", u"Куда"},
     InterfaceText{u"Export", u"Progress", u"Progress", u"Ход"},
     InterfaceText{u"Export", u"Remarks", u"Remarks", u"Замечания"},
+    InterfaceText{u"Export", u"Summary.empty", u"Choose a lesson, or drop one here",
+                  u"Выберите урок или перетащите его сюда"},
     InterfaceText{u"Export", u"Summary.writing", u"Writing...", u"Запись..."},
     InterfaceText{u"Export", u"Summary.nothing", u"Nothing was written", u"Ничего не записано"},
     InterfaceText{u"Export", u"ExportNow", u"&Export", u"&Экспорт"},

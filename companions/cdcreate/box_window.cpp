@@ -333,7 +333,7 @@ void BoxWindow::showResult(const BoxFailure* failure)
     ResultLabel->setText(breakable(text(u"window.done").arg(m_made)));
     if (m_made != m_drive) {
         OpenButton->show();
-        OpenButton->setFocus();
+        OpenButton->setFocus(Qt::TabFocusReason); // shows that it has it
     }
 }
 

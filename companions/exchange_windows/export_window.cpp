@@ -159,7 +159,7 @@ void ExportWindow::proposeTarget()
         }
         TargetText->setText(target);
     }
-    Summary->clear();
+    Summary->setText(now.lesson.isEmpty() ? text(u"Summary.empty") : QString());
     showRemarks({});
     setBusy(m_isBusy);
 }

@@ -39,11 +39,23 @@ ImportWindow::ImportWindow(TextLanguage language, ImportServices services)
     ChooseSource->setFocus();
 }
 
+/// Dark schemes that do not say how to write it leave it dark on dark.
+static void fadePlaceholder(QLineEdit& box)
+{
+    constexpr int kFaded = 170;
+    QPalette palette = box.palette();
+    QColor colour = palette.color(QPalette::Text);
+    colour.setAlpha(kFaded);
+    palette.setColor(QPalette::PlaceholderText, colour);
+    box.setPalette(palette);
+}
+
 static void showWhenEmpty(QLineEdit& box, const QString& text)
 {
     constexpr int kFrame = 30;
     box.setReadOnly(true);
     box.setPlaceholderText(text);
+    fadePlaceholder(box);
     box.setMinimumWidth(box.fontMetrics().horizontalAdvance(text) + kFrame);
 }
 

@@ -80,8 +80,8 @@ void requireSettings(const QString& folder)
     }
 }
 
-/// Those of the installation, which its administrator may have changed; else the built-in ones.
-static QByteArray defaultSettings()
+// Those of the installation, which its administrator may have changed; else the built-in ones.
+QByteArray defaultSettings()
 {
     initDefaults();
     const QString shared = QStringLiteral(ORVANTA_SHARED) + u"/defaults/orvanta.ini"_s;

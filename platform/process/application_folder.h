@@ -32,6 +32,9 @@ void requireSettings(const QString& folder);
 /// a file that can be executed.
 [[nodiscard]] QString installedProgram(const QString& folder, const QString& name);
 
+/// What new settings hold, with line ends of CR and LF; empty when it cannot be read.
+[[nodiscard]] QByteArray defaultSettings();
+
 /// Puts the default settings into a new application folder; leaves an existing file alone.
 void installDefaultSettings(const QString& folder);
 

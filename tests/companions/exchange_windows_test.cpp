@@ -20,6 +20,9 @@
 #include <QTreeWidget>
 #include <QUrl>
 
+#include <algorithm>
+#include <cmath>
+
 namespace orvanta::test {
 
 using namespace Qt::StringLiterals;
@@ -212,6 +215,15 @@ TEST_F(ImportWindowTest, ClosesByEscape)
     EXPECT_FALSE(window->isVisible());
 }
 
+TEST_F(ExportWindowTest, SaysWhatToDoWhereNoLessonIsKnown)
+{
+    const ExportWindow empty(TextLanguage::English, {});
+    EXPECT_EQ(empty.Summary->text(), u"Choose a lesson, or drop one here");
+    EXPECT_FALSE(empty.ExportNow->isEnabled());
+    show();
+    EXPECT_EQ(window->Summary->text(), QString());
+}
+
 TEST_F(ExportWindowTest, ProposesTheLessonThatWasOnLastAndAFreeName)
 {
     folder.write(u"lesson.m3u8"_s, "");
@@ -290,6 +302,40 @@ TEST(TextsOfAddIns, BelongToControlsThatThereAre)
     const ExportWindow exporting(TextLanguage::English, {});
     EXPECT_EQ(strayTexts(import), QStringList());
     EXPECT_EQ(strayTexts(exporting), QStringList());
+}
+
+/// Of text that is drawn over a ground, 1 to 21.
+static double contrast(const QColor& text, const QColor& ground)
+{
+    const auto light = [](double red, double green, double blue) {
+        const auto part = [](double value) {
+            return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * part(red) + 0.7152 * part(green) + 0.0722 * part(blue) + 0.05;
+    };
+    const auto seen = [&](double one, double other) {
+        return one * text.alphaF() + other * (1 - text.alphaF());
+    };
+    const double above =
+        light(seen(text.redF(), ground.redF()), seen(text.greenF(), ground.greenF()),
+              seen(text.blueF(), ground.blueF()));
+    const double below = light(ground.redF(), ground.greenF(), ground.blueF());
+    return std::max(above, below) / std::min(above, below);
+}
+
+TEST(InvitationsOfAddIns, CanBeReadInLightAndInDark)
+{
+    const QPalette light = QGuiApplication::palette();
+    QPalette dark = light; // as desktops do it that know nothing of this role
+    dark.setColor(QPalette::Base, QColor(20, 22, 24));
+    dark.setColor(QPalette::Text, QColor(239, 240, 241));
+    for (const QPalette& palette : {light, dark}) {
+        QGuiApplication::setPalette(palette);
+        const ImportWindow import(TextLanguage::English, {});
+        const QPalette seen = import.SourceText->palette();
+        EXPECT_GE(contrast(seen.color(QPalette::PlaceholderText), seen.color(QPalette::Base)), 4.5);
+    }
+    QGuiApplication::setPalette(light);
 }
 
 class CaptionsOfAddIns : public testing::TestWithParam<TextLanguage>

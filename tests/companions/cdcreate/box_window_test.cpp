@@ -6,9 +6,11 @@
 #include "tests/companions/cdcreate/box_places.h"
 #include "tests/support/settings_folder.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QKeySequence>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -101,6 +103,14 @@ TEST_P(BoxWindows, CanBeReadAndUsedByAllInEveryState)
     expectReadable();
     window.resize(window.minimumSizeHint());
     expectReadable();
+}
+
+TEST_P(BoxWindows, ReachesEveryButtonByAKeyOfItsOwn)
+{
+    for (const QAbstractButton* button : window.findChildren<QAbstractButton*>()) {
+        EXPECT_FALSE(QKeySequence::mnemonic(button->text()).isEmpty())
+            << qPrintable(button->objectName());
+    }
 }
 
 TEST_P(BoxWindows, SaysHowMuchItIsAndWhatIsMissing)

@@ -189,6 +189,18 @@ TEST_F(FoundElsewhere, LessonsThatHaveMovedAreUnderstoodAsAPersonWould)
     }
 }
 
+TEST_F(FoundElsewhere, LessonsOfTheWesternPageAreUnderstoodWhicheverPageReadsThem)
+{
+    const QString clip = put(u"packet/Übung 2/Façade à Köln.avi"_s);
+    const QByteArray packet = u"[main]\r\nfiles=1\r\n[file1]\r\n"
+                              "path=C:\\Kurse\\ÜBUNG 2\\façade à köln.AVI\r\n"_s.toLatin1();
+    for (const QString& page : {u"windows-1252"_s, u"windows-1251"_s}) {
+        setLegacyCodePage(page);
+        const FoundFile found = find(pathInPacket(home.write(u"packet/p.vxl"_s, packet)));
+        EXPECT_EQ(found.file, clip) << page.toStdString();
+    }
+}
+
 TEST_F(FoundElsewhere, TheDriveTableComesBeforeAllGuesses)
 {
     const QString clip = put(u"windows/Lessons/a.avi"_s);
@@ -208,6 +220,18 @@ TEST_F(FoundElsewhere, ADriveThatAPacketsPlaceHasShownHoldsForOtherTextsToo)
     EXPECT_EQ(find(u"E:\\Other\\b.avi"_s, u"STICK/Lessons/3"_s).file, QString());
     EXPECT_EQ(find(u"E:\\Lessons\\3\\a.avi"_s, u"STICK/Lessons/3"_s).file, clip);
     EXPECT_EQ(find(u"E:\\Other\\b.avi"_s, u"STICK/Lessons/3"_s).file, other);
+}
+
+TEST_F(FoundElsewhere, ADriveThatWasShownHoldsForLaterLessonsAndIsNotStored)
+{
+    setPlacesFile(home.file(u"platform.ini"_s));
+    const QString other = put(u"STICK/Other/b.avi"_s);
+    const QString clip = put(u"STICK/Lessons/3/a.avi"_s);
+    EXPECT_EQ(find(u"E:\\Lessons\\3\\a.avi"_s, u"STICK/Lessons/3"_s).file, clip);
+    beginSearches();
+    EXPECT_EQ(find(u"e:\\other\\b.avi"_s, u"packet"_s).file, other);
+    // A stick is elsewhere tomorrow, and opening changes nothing that is stored.
+    EXPECT_FALSE(QFile::exists(home.file(u"platform.ini"_s)));
 }
 
 TEST_F(FoundElsewhere, ADriveNeverReachesAboveItsFolder)
