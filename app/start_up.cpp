@@ -227,10 +227,7 @@ void StartUp::raiseMainWindow(const QString& activationToken)
     qCInfo(logStartup, "raised by a later launch");
     Form2& window = m_program->mainWindow();
     window.showMainWindow();
-    if (window.isMinimized()) {
-        window.showNormal();
-    }
-    bringToFront(window.windowHandle(), activationToken);
+    window.raiseFor(activationToken);
     tickSoon();
 }
 

@@ -4,14 +4,14 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 readonly root
 
-readonly build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libqt6opengl6-dev qt6-svg-dev
-    qt6-wayland libmpv-dev libavformat-dev libavcodec-dev libavutil-dev libwmf-dev libxcb1-dev libarchive-dev
-    fonts-dejavu-core)
+readonly build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-base-private-dev libqt6opengl6-dev qt6-svg-dev
+    qt6-wayland libwayland-dev wayland-protocols libmpv-dev libavformat-dev libavcodec-dev libavutil-dev
+    libwmf-dev libxcb1-dev libarchive-dev fonts-dejavu-core)
 readonly demonstration_packages=(xvfb openbox dbus imagemagick procps)
 readonly package_packages=(debhelper dpkg-dev fakeroot lintian)
 readonly test_packages=("${package_packages[@]}" desktop-file-utils appstream libxml2-utils man-db
     shared-mime-info xdg-utils file libglib2.0-bin libgtest-dev libgmock-dev clang-format clang-tidy
-    xdotool wmctrl x11-utils x11-apps x11-xkb-utils libxfixes-dev playerctl weston sway swaybg grim ffmpeg espeak-ng
+    xdotool wmctrl x11-utils x11-apps x11-xkb-utils libxfixes-dev playerctl weston sway swaybg swayidle grim ffmpeg espeak-ng
     xorriso unzip strace mpv mkvtoolnix dbus-x11 at-spi2-core pulseaudio pulseaudio-utils git chromium firefox-esr)
 
 say() { printf '== %s\n' "$*"; }

@@ -42,6 +42,7 @@ void Form2::keyPressEvent(QKeyEvent* event)
 // before any of them. Windows of the system get each key as well, before their widgets do.
 bool Form2::eventFilter(QObject* watched, QEvent* event)
 {
+    noteInput(*watched, *event);
     if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) {
         return QWidget::eventFilter(watched, event);
     }

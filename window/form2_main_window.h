@@ -155,6 +155,8 @@ public:
     /// What of the playlist cannot be found.
     [[nodiscard]] MissingClips& missingClips() const { return *m_missingClips; }
 
+    /// Takes it out of the icon and brings it to the front, in the name of the launch that asks.
+    void raiseFor(const QString& activationToken);
     /// What the video window hands on: opening, finding, the handbook. False for other commands.
     bool carryOutForVideoWindow(Command command);
 
@@ -305,6 +307,7 @@ private:
     void openPacketOrGroup(const QString& path);
     void dropDown(QMenu* menu, SkinButton* button);
     void noteWindowState();
+    void noteInput(const QObject& watched, const QEvent& event);
     [[nodiscard]] Settings platformSettings() const;
     /// For the next start, when the size is another than at the beginning.
     void keepSize();
@@ -326,7 +329,7 @@ private:
     int m_lineToMark = -1;          // for Timer2
     QSize m_keptSize;               // logical pixels, as it is stored or was at the beginning
     bool m_sliderHeld = false;
-    bool m_minimiseRequested = false; // Wayland never tells that a window is minimised
+    bool m_minimiseRequested = false; // Wayland never tells that a window is minimised, or is not
     bool m_roundedCorners = false;
     bool m_unloading = false;
     bool m_alwaysOnTop = false;

@@ -154,13 +154,16 @@ void Form2::enableTimer3()
 
 void Form2::bringMainWindowToFront()
 {
+    raiseFor({});
+}
+
+void Form2::raiseFor(const QString& activationToken)
+{
     m_minimiseRequested = false;
     if (isMinimized()) {
         showNormal();
     }
-    if (windowHandle() != nullptr) {
-        bringToFront(windowHandle());
-    }
+    bringToFront(windowHandle(), activationToken);
 }
 
 void Form2::showBookmarkSign()
@@ -241,6 +244,18 @@ void Form2::noteWindowState()
 {
     const bool reported = !QGuiApplication::platformName().startsWith(u"wayland"_s);
     if (reported && !isMinimized()) {
+        m_minimiseRequested = false;
+    }
+}
+
+/// A compositor that minimises nothing leaves the window in the user's hands. The pointer's way
+/// alone says nothing: it goes on for a moment over a window that is being minimised.
+void Form2::noteInput(const QObject& watched, const QEvent& event)
+{
+    const bool isInput = event.type() == QEvent::KeyPress ||
+                         event.type() == QEvent::MouseButtonPress || event.type() == QEvent::Wheel;
+    if (m_minimiseRequested && isInput && watched.isWidgetType() &&
+        static_cast<const QWidget&>(watched).window() == this) {
         m_minimiseRequested = false;
     }
 }

@@ -55,7 +55,8 @@ void IdleInhibition::hold(bool awake)
     }
     m_wanted = awake;
     if (awake && !m_bus.isConnected()) {
-        qCInfo(logDesktop, "no session bus: the desktop is not kept awake");
+        m_compositor.hold(true);
+        qCInfo(logDesktop, "no session bus: no service of the desktop keeps it awake");
     } else if (awake) {
         ask();
     } else {
@@ -75,11 +76,18 @@ void IdleInhibition::ask()
         const QDBusPendingReply<quint32> reply = *watcher;
         watcher->deleteLater();
         if (reply.isError()) {
+            askCompositor();
             askPortal();
         } else {
             noteCookie(reply.value());
         }
     });
+}
+
+// The clip may have ended before the answer came.
+void IdleInhibition::askCompositor()
+{
+    m_compositor.hold(m_wanted);
 }
 
 void IdleInhibition::askPortal()
@@ -90,7 +98,7 @@ void IdleInhibition::askPortal()
         watcher->deleteLater();
         m_asking = false;
         if (reply.isError()) {
-            qCInfo(logDesktop, "nothing here keeps the desktop awake: %s",
+            qCInfo(logDesktop, "no service here keeps the desktop awake: %s",
                    qUtf8Printable(reply.error().message()));
         } else {
             noteRequest(reply.value().path());
@@ -119,6 +127,7 @@ void IdleInhibition::noteRequest(const QString& path)
 
 void IdleInhibition::release()
 {
+    m_compositor.hold(false);
     if (std::exchange(m_hasCookie, false)) {
         m_bus.send(screenSaverCall(u"UnInhibit"_s) << m_cookie);
     }

@@ -1,37 +1,11 @@
 // The picture on a desktop that blends windows with what lies behind them.
 
+#include "tests/e2e/support/screen_colours.h"
 #include "tests/e2e/support/steered.h"
 
 using namespace Qt::StringLiterals;
 
 namespace orvanta::e2e {
-
-/// How many pixels of a screen are of a kind.
-struct Colours
-{
-    int red = 0;
-    int black = 0;
-    int others = 0;
-};
-
-static Colours coloursOf(const QImage& screen)
-{
-    Colours colours;
-    for (int y = 0; y < screen.height(); ++y) {
-        for (int x = 0; x < screen.width(); ++x) {
-            const QRgb pixel = screen.pixel(x, y);
-            const bool isDarkBeside = qGreen(pixel) < 40 && qBlue(pixel) < 40;
-            if (isDarkBeside && qRed(pixel) > 200) {
-                ++colours.red;
-            } else if (isDarkBeside && qRed(pixel) < 40) {
-                ++colours.black;
-            } else {
-                ++colours.others;
-            }
-        }
-    }
-    return colours;
-}
 
 class DesktopThatBlends : public Steered
 {

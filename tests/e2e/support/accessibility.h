@@ -31,6 +31,10 @@ public:
     void act(const QString& action) const;
     [[nodiscard]] QRect place() const; // pixels of the screen
     [[nodiscard]] bool isShowing() const { return hasState(kShowing); }
+    [[nodiscard]] bool isActive() const
+    {
+        return hasState(kActive);
+    } // of a window: has the keyboard
     [[nodiscard]] bool isEnabled() const { return hasState(kEnabled); }
     [[nodiscard]] bool isChecked() const { return hasState(kChecked); }
     [[nodiscard]] bool isSelected() const { return hasState(kSelected); }
@@ -51,6 +55,7 @@ public:
     [[nodiscard]] QString outline(int depth = 0) const;
 
 private:
+    static constexpr int kActive = 1;
     static constexpr int kChecked = 4;
     static constexpr int kEnabled = 8;
     static constexpr int kSelected = 23;

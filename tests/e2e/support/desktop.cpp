@@ -116,7 +116,10 @@ bool Desktop::startWindowManager()
 /// Programs started from now on are its clients.
 bool Desktop::startCompositor(const QString& name)
 {
-    return name == u"sway" ? startSway() : startWeston(name);
+    if (name.startsWith(u"sway"_s)) {
+        return startSway(name == u"sway" ? u"headless"_s : u"x11"_s);
+    }
+    return startWeston(name);
 }
 
 /// On the backend "x11" its output fills the display, so that keys and clicks there reach it.
@@ -146,7 +149,7 @@ void Desktop::useWayland(const QString& socket)
 }
 
 /// Sway refuses to serve root: then it runs as an ordinary user, in a folder of that user's own.
-bool Desktop::startSway()
+bool Desktop::startSway(const QString& backend)
 {
     constexpr int kNobody = 65534;
     const QString own = m_folder.filePath(u"sway"_s);
@@ -161,7 +164,7 @@ bool Desktop::startSway()
     QStringList command = {u"env"_s,
                            u"XDG_RUNTIME_DIR="_s + own,
                            u"HOME="_s + own,
-                           u"WLR_BACKENDS=headless"_s,
+                           u"WLR_BACKENDS="_s + backend,
                            u"WLR_LIBINPUT_NO_DEVICES=1"_s,
                            u"WLR_RENDERER=pixman"_s,
                            u"sway"_s,

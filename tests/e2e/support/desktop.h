@@ -22,7 +22,8 @@ struct DesktopOptions
     bool sound = false; // without it, programs find no sound device at all
     QSize screen = {1280, 800};
     // A Wayland desktop: weston on one of its backends, "headless" or "x11", which shows windows as
-    // if they had no opacity; or "sway", without a screen, which blends them over a blue ground.
+    // if they had no opacity; or "sway", without a screen, which blends them over a blue ground,
+    // and "sway-x11", with its screen on the display.
     QString compositor = {};
 };
 
@@ -98,7 +99,7 @@ private:
     bool startWindowManager();
     bool startCompositor(const QString& name);
     bool startWeston(const QString& backend);
-    bool startSway();
+    bool startSway(const QString& backend);
     void useWayland(const QString& socket);
     bool startSound();
     [[nodiscard]] QByteArrayList visibleWindowIds(const QStringList& search);

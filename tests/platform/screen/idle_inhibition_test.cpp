@@ -91,7 +91,7 @@ TEST_F(Inhibition, WithoutAnyServiceNothingIsHeldAndTheLogSaysSo)
     IdleInhibition nobody(program);
     nobody.hold(true);
     EXPECT_TRUE(QTest::qWaitFor([] { return LogCapture::lines().size() == 1; }));
-    EXPECT_TRUE(LogCapture::lines().join(u' ').contains(u"nothing here keeps"_s));
+    EXPECT_TRUE(LogCapture::lines().join(u' ').contains(u"no service here keeps"_s));
     EXPECT_FALSE(nobody.isHeld());
 }
 
@@ -102,7 +102,8 @@ TEST_F(Inhibition, WithoutABusNothingIsHeldAndTheLogSaysSo)
     busless.hold(true);
     EXPECT_FALSE(busless.isHeld());
     busless.hold(false);
-    EXPECT_EQ(LogCapture::lines(), QStringList{u"no session bus: the desktop is not kept awake"_s});
+    EXPECT_EQ(LogCapture::lines(),
+              QStringList{u"no session bus: no service of the desktop keeps it awake"_s});
 }
 
 } // namespace
