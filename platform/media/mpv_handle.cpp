@@ -3,11 +3,13 @@
 #include "core/log.h"
 #include "core/run_time_error.h"
 
+#include <utility>
 #include <vector>
 
 namespace orvanta {
 
 constexpr unsigned kMajorShift = 16;
+constexpr int kAskAgainMilliseconds = 20;
 
 static bool versionFits()
 {
@@ -34,7 +36,10 @@ static bool accepted(int result, const char* what)
 
 MpvHandle::MpvHandle()
     : m_handle(createPlayer())
-{}
+{
+    m_askAgain.setSingleShot(true);
+    connect(&m_askAgain, &QTimer::timeout, this, &MpvHandle::askWaiting);
+}
 
 MpvHandle::~MpvHandle()
 {
@@ -60,36 +65,65 @@ void MpvHandle::initialize()
     }
 }
 
+/// Behind those that wait, so that none overtakes another.
+void MpvHandle::ask(const char* what, const Request& request)
+{
+    const int result = m_waiting.empty() ? request() : MPV_ERROR_EVENT_QUEUE_FULL;
+    if (result == MPV_ERROR_EVENT_QUEUE_FULL) {
+        m_waiting.emplace_back(what, request);
+        m_askAgain.start(kAskAgainMilliseconds);
+    } else {
+        accepted(result, what);
+    }
+}
+
+void MpvHandle::askWaiting()
+{
+    qCInfo(logErrors, "player library: %zu requests had to wait", m_waiting.size());
+    for (auto waiting = std::exchange(m_waiting, {}); !waiting.empty(); waiting.pop_front()) {
+        ask(waiting.front().first.constData(), waiting.front().second);
+    }
+}
+
 void MpvHandle::command(const QByteArrayList& words, quint64 id)
 {
-    std::vector<const char*> arguments;
-    for (const QByteArray& word : words) {
-        arguments.push_back(word.constData());
-    }
-    arguments.push_back(nullptr);
-    accepted(mpv_command_async(get(), id, arguments.data()), words.first().constData());
+    ask(words.first().constData(), [this, words, id] {
+        std::vector<const char*> arguments;
+        for (const QByteArray& word : words) {
+            arguments.push_back(word.constData());
+        }
+        arguments.push_back(nullptr);
+        return mpv_command_async(get(), id, arguments.data());
+    });
 }
 
 void MpvHandle::set(const char* property, bool value)
 {
-    int flag = value ? 1 : 0;
-    accepted(mpv_set_property_async(get(), 0, property, MPV_FORMAT_FLAG, &flag), property);
+    ask(property, [this, property, flag = value ? 1 : 0]() mutable {
+        return mpv_set_property_async(get(), 0, property, MPV_FORMAT_FLAG, &flag);
+    });
 }
 
 void MpvHandle::set(const char* property, double value)
 {
-    accepted(mpv_set_property_async(get(), 0, property, MPV_FORMAT_DOUBLE, &value), property);
+    ask(property, [this, property, value]() mutable {
+        return mpv_set_property_async(get(), 0, property, MPV_FORMAT_DOUBLE, &value);
+    });
 }
 
 void MpvHandle::set(const char* property, const QByteArray& value)
 {
-    const char* text = value.constData();
-    accepted(mpv_set_property_async(get(), 0, property, MPV_FORMAT_STRING, &text), property);
+    ask(property, [this, property, value] {
+        const char* text = value.constData();
+        return mpv_set_property_async(get(), 0, property, MPV_FORMAT_STRING, &text);
+    });
 }
 
 void MpvHandle::ask(const char* property, mpv_format format, quint64 id)
 {
-    accepted(mpv_get_property_async(get(), id, property, format), property);
+    ask(property, [this, property, format, id] {
+        return mpv_get_property_async(get(), id, property, format);
+    });
 }
 
 void MpvHandle::observe(const char* property, mpv_format format, quint64 id)

@@ -4,16 +4,21 @@
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QObject>
+#include <QTimer>
 
 #include <mpv/client.h>
 
 #include <atomic>
+#include <deque>
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace orvanta {
 
 /// Owns an mpv_handle. Requests are asynchronous: the library answers with events that carry the
-/// request's id. Requests are served in the order in which they were made. Interface thread only.
+/// request's id. Requests are served in the order in which they were made; while the library takes
+/// no more, because too many of its answers are unread, they wait here. Interface thread only.
 class MpvHandle : public QObject
 {
     Q_OBJECT
@@ -47,6 +52,10 @@ Q_SIGNALS:
     void eventsWaiting();
 
 private:
+    using Request = std::function<int()>; // what the library says to it
+
+    void ask(const char* what, const Request& request);
+    void askWaiting();
     static void wakeUp(void* self);
     Q_INVOKABLE void announceEvents();
 
@@ -57,6 +66,8 @@ private:
 
     std::unique_ptr<mpv_handle, Destroy> m_handle;
     std::atomic<bool> m_announced = false;
+    std::deque<std::pair<QByteArray, Request>> m_waiting; // with what they are about
+    QTimer m_askAgain;
 };
 
 } // namespace orvanta
