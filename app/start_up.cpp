@@ -167,7 +167,8 @@ void StartUp::makeProgram()
         .registry = *m_registry,
         .pickers = m_pickers,
         .boundary = m_boundary,
-        .makeControl = [] { return makeMediaControl(); },
+        .makeControl =
+            [this] { return makeMediaControl(playerOptions(m_module.ApplicationFolder)); },
         .bus = QDBusConnection::sessionBus(),
         .unloadSplash = [this] { unloadSplash(); },
         .ended = [this] { leaveEventLoop(); },

@@ -38,10 +38,21 @@ void repairSetupCopy(const QString& applicationFolder)
     }
 }
 
+static QString platformSettings(const QString& applicationFolder)
+{
+    return programFile(applicationFolder, u"\\platform.ini"_s);
+}
+
+MpvOptionList playerOptions(const QString& applicationFolder)
+{
+    const bool byGraphics = Settings(platformSettings(applicationFolder)).mayDecodeInHardware();
+    return byGraphics ? MpvOptionList() : MpvOptionList{{"hwdec", "no"}};
+}
+
 void prepareDocuments(const QString& applicationFolder)
 {
     setVersionsFolder(stateFolder() + u"/versions"_s);
-    const QString platformIni = programFile(applicationFolder, u"\\platform.ini"_s);
+    const QString platformIni = platformSettings(applicationFolder);
     setLegacyCodePage(Settings(platformIni).codePage());
     setPlacesFile(platformIni);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/file_types/registry.h"
+#include "platform/media/media_library.h"
 
 #include <QString>
 
@@ -15,6 +16,9 @@ void repairSetupCopy(const QString& applicationFolder);
 /// How documents are read and their files looked for, as the settings beside the program's say.
 /// Earlier versions of what is saved are kept from now on. Creates nothing.
 void prepareDocuments(const QString& applicationFolder);
+
+/// What the settings beside the program's say about the player. Creates nothing.
+[[nodiscard]] MpvOptionList playerOptions(const QString& applicationFolder);
 
 /// Gives folders the command "Play clips". Repeated at every start, so that a moved program is
 /// corrected.

@@ -84,6 +84,7 @@ inline constexpr std::array kSettings = {
     SettingKey{u"recent", u"keep", nullptr},        // 0: no lesson is kept in recent.ini
     SettingKey{u"recent", u"seconds", nullptr},     // how often the place in a lesson is kept
     SettingKey{u"text", u"codepage", nullptr},      // of old files; in platform.ini
+    SettingKey{u"picture", u"hwdec", nullptr},      // no: decoded by the processor; in platform.ini
     SettingKey{u"drives", u"#", nullptr},           // the folder of a drive; in platform.ini
     SettingKey{u"moved", u"num", nullptr},          // folders that have moved; in platform.ini
     SettingKey{u"moved", u"from#", nullptr},        // such a folder as documents write it, from 1
@@ -221,6 +222,11 @@ public:
     [[nodiscard]] QString setupSource() const { return read(iniKey(u"main", u"screxe")); }
     /// Of platform.ini: the code page of old files, "windows-1251"; empty: by the user's locale.
     [[nodiscard]] QString codePage() const { return read(iniKey(u"text", u"codepage")); }
+    /// Of platform.ini: whether pictures may be decoded by the graphics processor; all but "no".
+    [[nodiscard]] bool mayDecodeInHardware() const
+    {
+        return read(iniKey(u"picture", u"hwdec")) != u"no";
+    }
     /// Of platform.ini: the main window's size, logical pixels; an invalid one when none is stored
     /// or what is stored is no size.
     [[nodiscard]] QSize windowSize() const;

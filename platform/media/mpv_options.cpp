@@ -3,6 +3,8 @@
 #include "platform/media/container_formats.h"
 #include "platform/media/mpv_handle.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QThread>
 
 #include <algorithm>
@@ -101,11 +103,23 @@ static bool setContainerOptions(MpvHandle& mpv)
     return mpv.setOption("demuxer-lavf-o", map);
 }
 
+// Where there is no such device the library would look for its drivers all the same, at each clip,
+// and some of them say so on standard error.
+QByteArray hardwareDecoding(const QString& devices)
+{
+    const bool hasNodes = !QDir(devices + QStringLiteral("/dri"))
+                               .entryList({QStringLiteral("renderD*")}, QDir::Files | QDir::System)
+                               .isEmpty();
+    const bool isThere = hasNodes || QFileInfo::exists(devices + QStringLiteral("/nvidiactl"));
+    return isThere ? "auto-copy-safe" : "no";
+}
+
 bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra)
 {
     bool all = setContainerOptions(mpv);
     // One thread for each core; the library would take one more, and its pictures with it.
     all = mpv.setOption("vd-lavc-threads", QByteArray::number(QThread::idealThreadCount())) && all;
+    all = mpv.setOption("hwdec", hardwareDecoding()) && all;
     for (const Option& option : kOptions) {
         all = mpv.setOption(option.name, option.value) && all;
     }

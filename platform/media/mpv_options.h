@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 #include <utility>
 #include <vector>
@@ -15,6 +16,10 @@ using MpvOptionList = std::vector<std::pair<QByteArray, QByteArray>>;
 /// Sets every option of the player before it starts. extra: further options, for measurements.
 /// Returns whether the library took all of them; the ones refused are in the log.
 bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra = {});
+
+/// How pictures are decoded: by a graphics processor whose device lies in this folder, in the ways
+/// that are known to be safe, or by the processor alone.
+[[nodiscard]] QByteArray hardwareDecoding(const QString& devices = QStringLiteral("/dev"));
 
 /// The library's volume, percent on its cubic scale, for hundredths of a decibel (at most 0).
 [[nodiscard]] double mpvVolume(int hundredthsOfDecibel);

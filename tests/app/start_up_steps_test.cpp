@@ -80,6 +80,16 @@ TEST_F(SetupCopy, ACopyThatCannotBeMadeIsAnAccessError)
     EXPECT_EQ(errorOfRepair(), 75);
 }
 
+TEST(PlayerOptions, LeaveTheGraphicsProcessorOutOnlyWhenTheSettingsSayNo)
+{
+    const SettingsFolder folder;
+    EXPECT_EQ(playerOptions(folder.path()), MpvOptionList());
+    folder.write(u"platform.ini"_s, "[picture]\nhwdec=yes\n");
+    EXPECT_EQ(playerOptions(folder.path()), MpvOptionList());
+    folder.write(u"platform.ini"_s, "[picture]\nhwdec=no\n");
+    EXPECT_EQ(playerOptions(folder.path()), (MpvOptionList{{"hwdec", "no"}}));
+}
+
 TEST(FolderVerb, IsWrittenWithTheProgramsFolderAndWithoutABlank)
 {
     const DesktopRoom room;

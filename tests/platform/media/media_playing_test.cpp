@@ -1,9 +1,11 @@
 // Running, pausing, seeking and volume of the real media control.
 #include "platform/media/mpv_handle.h"
+#include "platform/media/mpv_options.h"
 #include "platform/media/mpv_seek.h"
 #include "platform/media/picture_source.h"
 #include "tests/support/recorded_player.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -292,6 +294,43 @@ TEST(MediaPlaying, WithoutASurfaceAClipWithAPicturePlaysAllTheSame)
     EXPECT_TRUE(player.control.picture()->frame().isNull());
     player.control.Run();
     EXPECT_TRUE(player.endsOnceMore());
+}
+
+/// Whether the library looks for a decoder outside the processor.
+static bool looksForGraphics(const MpvOptionList& more)
+{
+    const QTemporaryDir folder;
+    const QString log = folder.filePath(u"log"_s);
+    MpvOptionList options = {{"ao", "null"}, {"log-file", QFile::encodeName(log)}};
+    options.insert(options.end(), more.begin(), more.end());
+    RecordedPlayer player(options);
+    EXPECT_TRUE(player.open(u"two.mp4"_s));
+    QFile file(log);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll().contains("Looking at hwdec h264-");
+}
+
+TEST(MediaPlaying, AGraphicsProcessorIsLookedForUnlessItIsNotWanted)
+{
+    EXPECT_TRUE(looksForGraphics({{"hwdec", "auto-copy-safe"}}));
+    EXPECT_FALSE(looksForGraphics({{"hwdec", "no"}}));
+}
+
+TEST(MediaPlaying, AGraphicsProcessorIsUsedWhereThereIsADeviceOfOne)
+{
+    const QTemporaryDir devices;
+    EXPECT_EQ(hardwareDecoding(devices.path()), "no");
+    ASSERT_TRUE(QDir(devices.path()).mkpath(u"dri"_s));
+    QFile screen(devices.filePath(u"dri/card0"_s)); // a screen alone decodes nothing
+    ASSERT_TRUE(screen.open(QIODevice::WriteOnly));
+    EXPECT_EQ(hardwareDecoding(devices.path()), "no");
+    QFile node(devices.filePath(u"dri/renderD128"_s));
+    ASSERT_TRUE(node.open(QIODevice::WriteOnly));
+    EXPECT_EQ(hardwareDecoding(devices.path()), "auto-copy-safe");
+    const QTemporaryDir others;
+    QFile other(others.filePath(u"nvidiactl"_s));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    EXPECT_EQ(hardwareDecoding(others.path()), "auto-copy-safe");
 }
 
 TEST(MediaPlaying, ABareStreamGoesBackToItsStartWhenStopped)
