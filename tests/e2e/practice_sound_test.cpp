@@ -43,7 +43,7 @@ protected:
         : Steered({.sound = true})
     {}
 
-    /// By how much the middle one of the lines is heard longer or shorter than it is, seconds.
+    /// By how much a line is heard longer or shorter than it is, at most, seconds.
     double playAndMeasure(const QString& lesson)
     {
         OwnedProcess recorder;
@@ -66,11 +66,11 @@ protected:
             lengths = lengthsOfSounds(heard, 48000);
             return lengths.size() >= kLines;
         }));
-        for (double& length : lengths) {
-            length = std::abs(length - kLine);
+        double most = 0;
+        for (const double length : lengths) {
+            most = std::max(most, std::abs(length - kLine));
         }
-        std::nth_element(lengths.begin(), lengths.begin() + kLines / 2, lengths.end());
-        return lengths[kLines / 2];
+        return most;
     }
 };
 
