@@ -1,0 +1,96 @@
+// Practised lines as they are heard: where the sound of each begins and ends.
+
+#include "tests/e2e/support/steered.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace orvanta::e2e {
+
+/// How long each sound was that is between two silences, seconds.
+static std::vector<double> lengthsOfSounds(const QByteArray& heard, int rate)
+{
+    constexpr float kSilence = 0.001F;
+    std::vector<float> samples(static_cast<std::size_t>(heard.size()) / sizeof(float));
+    std::memcpy(samples.data(), heard.constData(), samples.size() * sizeof(float));
+    const std::size_t pause = static_cast<std::size_t>(rate) / 5; // a wave's zero is no silence
+    std::vector<double> lengths;
+    std::size_t first = 0;
+    std::size_t last = 0;
+    for (std::size_t i = 1; i < samples.size(); ++i) {
+        if (std::abs(samples[i]) > kSilence) {
+            first = first == 0 ? i : first;
+            last = i;
+        } else if (first > 0 && i - last > pause) {
+            lengths.push_back(double(last - first + 1) / rate);
+            first = 0;
+        }
+    }
+    return lengths;
+}
+
+class PractisedSound : public Steered
+{
+protected:
+    static constexpr double kLine = 0.5; // seconds
+    static constexpr int kLines = 5;
+
+    PractisedSound()
+        : Steered({.sound = true})
+    {}
+
+    /// By how much a line is heard longer or shorter than it is, at most, seconds.
+    double playAndMeasure(const QString& lesson)
+    {
+        OwnedProcess recorder;
+        recorder.setProcessEnvironment(desktop.environment());
+        recorder.start(u"parec"_s,
+                       {u"--device="_s + Desktop::soundMonitor(), u"--format=float32le"_s,
+                        u"--rate=48000"_s, u"--channels=1"_s, u"--latency-msec=20"_s});
+        QByteArray heard;
+        const auto hears = [&] {
+            heard += recorder.readAllStandardOutput();
+            return !heard.isEmpty();
+        };
+        EXPECT_TRUE(waitFor(hears));
+        EXPECT_EQ(launchAgain(desktop, home, {lesson}), 0);
+        EXPECT_TRUE(plays(u"start 1 1 Line 1"_s));
+        EXPECT_TRUE(plays(u"stopped"_s));
+        std::vector<double> lengths;
+        EXPECT_TRUE(waitFor([&] {
+            (void)hears();
+            lengths = lengthsOfSounds(heard, 48000);
+            return lengths.size() >= kLines;
+        }));
+        double most = 0;
+        for (const double length : lengths) {
+            most = std::max(most, std::abs(length - kLine));
+        }
+        return most;
+    }
+};
+
+TEST_F(PractisedSound, EndsWithinFortyMillisecondsOfTheNextBrake)
+{
+    home.set(u"practice"_s, u"wait"_s, u"-2"_s);
+    home.set(u"practice"_s, u"seconds"_s, u"1"_s);
+    QList<BrakeLine> brakes;
+    for (int i = 0; i <= kLines; ++i) {
+        brakes.append({1 + i * kLine, u"Line %1"_s.arg(i + 1)});
+    }
+    const QString lesson = writeBrakes(file(u"lesson.vxl"_s), media(u"tone20.wav"_s), brakes);
+    ASSERT_TRUE(program.startAndShow());
+    // A machine that is busy with something else is given further chances.
+    constexpr int kChances = 4;
+    double off = 1;
+    for (int chance = 0; chance < kChances && off > 0.04; ++chance) {
+        off = playAndMeasure(lesson);
+    }
+    EXPECT_LE(off, 0.04);
+}
+
+} // namespace orvanta::e2e
