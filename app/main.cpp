@@ -6,6 +6,7 @@
 #include "app/quit_guard.h"
 #include "app/start_up.h"
 #include "core/version.h"
+#include "platform/screen/display_system.h"
 #include "platform/screen/window_stacking.h"
 #include "window/skin.h"
 
@@ -22,13 +23,15 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
+constexpr auto kPlatforms = "QT_QPA_PLATFORM";
+
 /// Qt aborts when it finds no display; a person at a terminal deserves a sentence.
 static bool canFindDisplay(int count, char** arguments)
 {
     const bool chosen = std::any_of(arguments, arguments + count, [](const char* argument) {
         return std::string_view(argument) == "-platform";
     });
-    const std::array names = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    const std::array names = {"DISPLAY", "WAYLAND_DISPLAY", kPlatforms};
     return chosen || std::any_of(names.begin(), names.end(), [](const char* name) {
                return !qEnvironmentVariableIsEmpty(name);
            });
@@ -46,8 +49,15 @@ static void nameApplication()
 static int runProgram(int count, char** arguments)
 {
     const QString activationToken = launchActivationToken();
+    const QByteArray platforms = preferredPlatforms(QProcessEnvironment::systemEnvironment());
+    if (!platforms.isEmpty()) {
+        qputenv(kPlatforms, platforms);
+    }
     QApplication application(count, arguments); // takes its own options out of the arguments
-    std::setlocale(LC_NUMERIC, "C");            // the player library refuses anything else
+    if (!platforms.isEmpty()) {
+        qunsetenv(kPlatforms); // what the program starts chooses for itself
+    }
+    std::setlocale(LC_NUMERIC, "C"); // the player library refuses anything else
     programIsUp();
     nameApplication();
     StartUp startUp(argumentTexts(count, arguments), activationToken);

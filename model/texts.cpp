@@ -59,6 +59,8 @@ constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
                   u"Не удаётся воспроизвести: %1"}, // the file's name
     InterfaceText{u"Form2", u"Text2.unkept", u"Settings cannot be kept",
                   u"Настройки не сохраняются"},
+    InterfaceText{u"Form2", u"Text2.notOnTop", u"This desktop keeps no window on top",
+                  u"Этот рабочий стол не держит окна поверх остальных"},
     // Not translated on purpose: the pointer replaces it by the line's text anyway.
     InterfaceText{u"Form2", u"List1.tip", u"Playlist", u"Playlist"},
     InterfaceText{u"Form2", u"List1.packet", u"Packet", u"Пакет"},

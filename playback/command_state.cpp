@@ -60,7 +60,7 @@ CommandState stateOf(Command command, const CommandFacts& facts)
     case Command::ToggleFullScreen:
         return {facts.loaded || facts.fullScreen, facts.fullScreen};
     case Command::AlwaysOnTop:
-        return {true, facts.alwaysOnTop};
+        return {facts.canStayOnTop, facts.alwaysOnTop};
     case Command::EditMode:
         return {facts.hasEntries || facts.editing, facts.editing};
     default:

@@ -17,7 +17,8 @@ struct CommandFacts
     bool repeatsLine = false;
     bool speedIsNormal = true;
     bool alwaysOnTop = false;
-    bool lineStarts = false; // the list's current line is a clip's or a brake's
+    bool canStayOnTop = true; // the display system keeps windows on top
+    bool lineStarts = false;  // the list's current line is a clip's or a brake's
     bool lineHasBox = false;
     bool lineChecked = false;
     bool editing = false;     // the playlist is edited

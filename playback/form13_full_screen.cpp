@@ -1,4 +1,5 @@
 // The video window's full-screen mode, keys and mouse.
+#include "platform/screen/display_system.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/form13_video_window.h"
 #include "playback/typed_key.h"
@@ -52,6 +53,36 @@ void Form13::takeKeyboard()
 {
     if (isVisible() && QApplication::activeModalWidget() == nullptr) {
         bringToFront(windowHandle());
+    }
+}
+
+void Form13::showEvent(QShowEvent* event)
+{
+    m_shown.start();
+    QWidget::showEvent(event);
+}
+
+void Form13::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        giveKeyboardBack();
+    }
+    QWidget::changeEvent(event);
+}
+
+/// It appears without asking for the keyboard. Where it is given that all the same, the main window
+/// asks for it; later the user has given it. The toolkit asks for this window once more while it
+/// takes over: the last to ask has it.
+void Form13::giveKeyboardBack()
+{
+    constexpr int kJustNowMs = 5000; // of a busy machine
+    const bool isNew = m_shown.isValid() && !m_shown.hasExpired(kJustNowMs);
+    m_shown.invalidate();
+    const QWidget* mainWindow = m_services.mainWindow();
+    if (isNew && appearingTakesKeyboard() && !isFillingScreen() && mainWindow != nullptr &&
+        mainWindow->isVisible()) {
+        QTimer::singleShot(0, mainWindow,
+                           [mainWindow] { bringToFront(mainWindow->windowHandle()); });
     }
 }
 

@@ -21,6 +21,7 @@
 #include "playback/video_layout.h"
 #include "playback/video_window.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QLabel>
 #include <QTimer>
@@ -126,6 +127,8 @@ Q_SIGNALS:
     void fullScreenChanged(bool on);
 
 protected:
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -196,6 +199,7 @@ private:
     void applyFullScreen();
     void fillScreen();
     void takeKeyboard();
+    void giveKeyboardBack();
     void leaveScreen();
     [[nodiscard]] bool isFillingScreen() const;
     [[nodiscard]] QRect room() const;
@@ -220,6 +224,7 @@ private:
     int m_left = kOutOfSight; // twips
     QSize m_controlSize;      // twips
     QSize m_size;             // twips
+    QElapsedTimer m_shown;    // since the window has come, until it has the keyboard once
     bool m_shownByProgram = false;
     bool m_sizedByUser = false;
     bool m_fullScreen = false;

@@ -2,9 +2,12 @@
 #include "core/paths.h"
 #include "model/drop.h"
 #include "model/loaders.h"
+#include "model/texts.h"
+#include "platform/screen/display_system.h"
 #include "platform/screen/window_stacking.h"
 #include "playback/lesson_controls.h"
 #include "playback/typed_key.h"
+#include "window/clip_line.h"
 #include "window/editing_mode.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
@@ -14,6 +17,8 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+
+#include <utility>
 
 namespace orvanta {
 
@@ -70,8 +75,22 @@ bool Form2::Form2_Form_KeyPress(QChar typed)
 
 void Form2::toggleAlwaysOnTop()
 {
+    if (!canKeepOnTop()) {
+        return sayNothingStaysOnTop();
+    }
     m_alwaysOnTop = !m_alwaysOnTop;
     setAlwaysOnTop(windowHandle(), m_alwaysOnTop);
+}
+
+void Form2::sayNothingStaysOnTop()
+{
+    if (std::exchange(m_saidOnTop, true)) {
+        return;
+    }
+    const TextLanguage language =
+        textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
+    Text2->sayForAMoment(interfaceText(u"Form2", u"Text2.notOnTop", language));
+    setAlwaysOnTop(windowHandle(), true); // the log says it, too
 }
 
 /// As the Menu key does: of what has the keys, the list or the page in its place.

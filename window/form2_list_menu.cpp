@@ -1,6 +1,6 @@
 // The main window's commands that are asked for by menu: the playlist's own, and what the video
 // window hands on.
-#include "platform/screen/window_stacking.h"
+#include "platform/screen/display_system.h"
 #include "playback/command_menu.h"
 #include "playback/practice_controls.h"
 #include "window/editing_mode.h"
@@ -28,6 +28,7 @@ CommandFacts Form2::commandFacts() const
         .hasPlace = playlist.CurrentPacket >= 1 && playlist.CurrentClip >= 1,
         .fullScreen = m_services.videoKeys.isFullScreen(),
         .alwaysOnTop = m_alwaysOnTop,
+        .canStayOnTop = canKeepOnTop(),
         .lineStarts = cursorPlace().clip >= 1,
         .lineHasBox = List1->cursorLine() >= 1,
         .lineChecked = List1->isLineChecked(List1->cursorLine()),

@@ -298,6 +298,7 @@ private:
     void carryOut(Command command);
     void askForMenu();
     void toggleAlwaysOnTop();
+    void sayNothingStaysOnTop();
     /// left: where the lesson goes on; null: it begins.
     void open(const std::function<void()>& load, const RecentLesson* left = nullptr);
     void openDocument(const QString& path, void (*load)(PlaylistState&, const QString&),
@@ -317,22 +318,23 @@ private:
     MainWindowKeys m_keys;
     EditingMode* m_editing = nullptr;
     MissingClips* m_missingClips = nullptr;
-    QWidget* m_commands = nullptr;  // opening, menus, finding: Editing takes its place
-    QWidget* m_stripRoom = nullptr; // of Strip
-    QLabel* m_document = nullptr;   // what is edited, beside the title
-    QLabel* m_caption = nullptr;    // the window's title
-    QWidget* m_surface = nullptr;   // everything inside the edge that resizes
-    TransportLooks m_looks;         // as the buttons show them
-    QString m_lastFind;             // text of the last search
-    int m_lastFound = 0;            // row of the last match
-    QTimer m_missed;                // while it runs, the find box says that nothing was found
-    int m_lineToMark = -1;          // for Timer2
-    QSize m_keptSize;               // logical pixels, as it is stored or was at the beginning
+    QWidget* m_commands = nullptr;          // opening, menus, finding: Editing takes its place
+    QWidget* m_stripRoom = nullptr;         // of Strip
+    QLabel* m_document = nullptr;           // what is edited, beside the title
+    QLabel* m_caption = nullptr;            // the window's title
+    QWidget* m_surface = nullptr;           // everything inside the edge that resizes
+    TransportLooks m_looks;                 // as the buttons show them
+    QString m_lastFind;                     // text of the last search
+    int m_lastFound = 0;                    // row of the last match
+    QTimer m_missed;       // while it runs, the find box says that nothing was found
+    int m_lineToMark = -1; // for Timer2
+    QSize m_keptSize;      // logical pixels, as it is stored or was at the beginning
     bool m_sliderHeld = false;
     bool m_minimiseRequested = false; // Wayland never tells that a window is minimised, or is not
     bool m_roundedCorners = false;
     bool m_unloading = false;
     bool m_alwaysOnTop = false;
+    bool m_saidOnTop = false; // that nothing stays on top here
 };
 
 } // namespace orvanta

@@ -48,14 +48,18 @@ protected:
     {
         constexpr QPoint kTitle(200, 30);
         desktop.click(kTitle);
+        EXPECT_TRUE(mainWindowGetsKeyboard());
+    }
+
+    bool mainWindowGetsKeyboard()
+    {
         const auto top = m_bus.program(program.pid());
-        ASSERT_TRUE(top);
-        EXPECT_TRUE(waitFor([&] {
-            const auto windows = top->children();
-            return std::ranges::any_of(windows, [this](const Accessible& each) {
-                return each.name() == kMainWindow && each.isActive();
-            });
-        }));
+        return top && waitFor([&] {
+                   const auto windows = top->children();
+                   return std::ranges::any_of(windows, [this](const Accessible& each) {
+                       return each.name() == kMainWindow && each.isActive();
+                   });
+               });
     }
 
     AccessibilityBus m_bus{desktop};
@@ -81,6 +85,18 @@ TEST_F(TilingDesktop, TheVideoWindowComesBackWithAKeyInAWindowThatWasNotMinimise
     ASSERT_TRUE(isPictureSeen(false));
     EXPECT_EQ(launchAgain(desktop, home, {}), 0);
     EXPECT_TRUE(isPictureSeen(true));
+}
+
+TEST_F(TilingDesktop, TheKeyboardStaysWithTheMainWindowWhenTheVideoWindowAppears)
+{
+    const QString lesson = writeClips(file(u"red.vxl"_s), {{media(u"red20.mp4"_s), u"Red"_s}});
+    ASSERT_TRUE(program.startAndShow());
+    activateMainWindow();
+    EXPECT_EQ(launchAgain(desktop, home, {lesson}), 0);
+    ASSERT_TRUE(becomes(u"Playing"_s));
+    controls.call(u"Pause"_s);
+    ASSERT_TRUE(isPictureSeen(true));
+    EXPECT_TRUE(mainWindowGetsKeyboard());
 }
 
 TEST_F(TilingDesktop, TheSessionFallsAsleepWhenNothingPlaysAndNotWhileAClipRuns)

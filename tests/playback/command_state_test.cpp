@@ -64,6 +64,7 @@ TEST(CommandStates, FollowWhatTheyNeed)
         {Command::ToggleFullScreen, {.loaded = true}, {true, false}},
         {Command::ToggleFullScreen, {.fullScreen = true}, {true, true}},
         {Command::AlwaysOnTop, {.alwaysOnTop = true}, {true, true}},
+        {Command::AlwaysOnTop, {.canStayOnTop = false}, {false, false}},
     };
     for (const Row& row : rows) {
         EXPECT_EQ(stateOf(row.command, row.facts), row.state)

@@ -159,6 +159,7 @@ bool Desktop::startSway(const QString& backend)
         return fail(u"no folder for sway"_s);
     }
     config.write("xwayland disable\n"
+                 "focus_on_window_activation focus\n"
                  "output * resolution 1280x800 background #0000ff solid_color\n");
     config.close();
     QStringList command = {u"env"_s,
