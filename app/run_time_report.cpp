@@ -1,5 +1,7 @@
 #include "app/run_time_report.h"
 
+#include "core/spoilt_count.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QMessageBox>
@@ -15,15 +17,29 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-QString reportLine(const RuntimeError& error)
+/// What can be mended, behind what stands before it; nothing where nobody can tell.
+static QString adviceFor(const RuntimeError& error, TextLanguage language, const QString& before)
 {
-    return error.report().replace(u":\n\n"_s, u": "_s);
+    const auto* count = dynamic_cast<const SpoiltCount*>(&error);
+    if (count == nullptr) {
+        return {};
+    }
+    const SpoiltCount::Place& place = count->place();
+    return before + interfaceText(u"RunTimeReport", u"spoiltCount", language)
+                        .arg(place.file, place.section, place.key, count->value());
 }
 
-std::unique_ptr<QMessageBox> reportDialog(const RuntimeError& error)
+QString reportLine(const RuntimeError& error)
 {
-    auto dialog = std::make_unique<QMessageBox>(QMessageBox::Critical, u"Orvanta"_s, error.report(),
-                                                QMessageBox::Ok);
+    return error.report().replace(u":\n\n"_s, u": "_s) +
+           adviceFor(error, TextLanguage::English, u". "_s);
+}
+
+std::unique_ptr<QMessageBox> reportDialog(const RuntimeError& error, TextLanguage language)
+{
+    const QString text = error.report() + adviceFor(error, language, u"\n\n"_s);
+    auto dialog =
+        std::make_unique<QMessageBox>(QMessageBox::Critical, u"Orvanta"_s, text, QMessageBox::Ok);
     dialog->setTextFormat(Qt::PlainText);
     dialog->setEscapeButton(QMessageBox::Ok);
     return dialog;
@@ -84,10 +100,10 @@ static void hideWindows()
     }
 }
 
-static void showDialog(const RuntimeError& error)
+void RunTimeReport::showDialog(const RuntimeError& error) const
 {
     hideWindows(); // a modal one among them would keep the input to itself
-    reportDialog(error)->exec();
+    reportDialog(error, m_language ? m_language() : TextLanguage::English)->exec();
 }
 
 void RunTimeReport::operator()(const RuntimeError& error) const
