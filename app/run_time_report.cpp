@@ -17,27 +17,26 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-/// What can be mended, behind what stands before it; nothing where nobody can tell.
-static QString adviceFor(const RuntimeError& error, TextLanguage language, const QString& before)
+QString reportAdvice(const RuntimeError& error, TextLanguage language)
 {
     const auto* count = dynamic_cast<const SpoiltCount*>(&error);
     if (count == nullptr) {
         return {};
     }
     const SpoiltCount::Place& place = count->place();
-    return before + interfaceText(u"RunTimeReport", u"spoiltCount", language)
-                        .arg(place.file, place.section, place.key, count->value());
+    return interfaceText(u"RunTimeReport", u"spoiltCount", language)
+        .arg(place.file, place.section, place.key, count->value());
 }
 
 QString reportLine(const RuntimeError& error)
 {
-    return error.report().replace(u":\n\n"_s, u": "_s) +
-           adviceFor(error, TextLanguage::English, u". "_s);
+    return error.report().replace(u":\n\n"_s, u": "_s);
 }
 
 std::unique_ptr<QMessageBox> reportDialog(const RuntimeError& error, TextLanguage language)
 {
-    const QString text = error.report() + adviceFor(error, language, u"\n\n"_s);
+    const QString advice = reportAdvice(error, language);
+    const QString text = advice.isEmpty() ? error.report() : error.report() + u"\n\n"_s + advice;
     auto dialog =
         std::make_unique<QMessageBox>(QMessageBox::Critical, u"Orvanta"_s, text, QMessageBox::Ok);
     dialog->setTextFormat(Qt::PlainText);
@@ -83,6 +82,10 @@ static void letSignalsEndTheProcess()
 static void sayOnStandardError(const RuntimeError& error)
 {
     std::fprintf(stderr, "%s\n", reportLine(error).toLocal8Bit().constData());
+    const QString advice = reportAdvice(error, TextLanguage::English);
+    if (!advice.isEmpty()) {
+        std::fprintf(stderr, "%s\n", advice.toLocal8Bit().constData());
+    }
     std::fflush(stderr);
 }
 

@@ -39,8 +39,11 @@ private:
     Language m_language;
 };
 
-/// The line on standard error: "Run-time error '13': Type mismatch", with what can be mended.
+/// The line on standard error: "Run-time error '13': Type mismatch".
 [[nodiscard]] QString reportLine(const RuntimeError& error);
+
+/// What can be mended, and where; empty where nobody can tell. The next line there.
+[[nodiscard]] QString reportAdvice(const RuntimeError& error, TextLanguage language);
 
 /// The dialog, not yet shown: "Run-time error '13':", a blank line, "Type mismatch", and a button.
 /// What a person can mend stands below, in this language.

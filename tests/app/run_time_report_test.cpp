@@ -30,7 +30,8 @@ TEST(RunTimeReportTest, ASpoiltCountIsNamedWithItsPlaceAndWhatToDo)
         u"/home/a/orvanta.ini: in section [types] the value of num is \"many\". "
         "Write a whole number from 0 to 32767 there (how many such lines follow) "
         "and start the program again."_s;
-    EXPECT_EQ(reportLine(error), u"Run-time error '13': Type mismatch. "_s + advice);
+    EXPECT_EQ(reportLine(error), u"Run-time error '13': Type mismatch");
+    EXPECT_EQ(reportAdvice(error, TextLanguage::English), advice);
     EXPECT_EQ(reportDialog(error)->text(), u"Run-time error '13':\n\nType mismatch\n\n"_s + advice);
     EXPECT_TRUE(reportDialog(error, TextLanguage::Russian)
                     ->text()
