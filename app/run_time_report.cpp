@@ -1,5 +1,7 @@
 #include "app/run_time_report.h"
 
+#include "core/spoilt_count.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QMessageBox>
@@ -15,15 +17,28 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
+QString reportAdvice(const RuntimeError& error, TextLanguage language)
+{
+    const auto* count = dynamic_cast<const SpoiltCount*>(&error);
+    if (count == nullptr) {
+        return {};
+    }
+    const SpoiltCount::Place& place = count->place();
+    return interfaceText(u"RunTimeReport", u"spoiltCount", language)
+        .arg(place.file, place.section, place.key, count->value());
+}
+
 QString reportLine(const RuntimeError& error)
 {
     return error.report().replace(u":\n\n"_s, u": "_s);
 }
 
-std::unique_ptr<QMessageBox> reportDialog(const RuntimeError& error)
+std::unique_ptr<QMessageBox> reportDialog(const RuntimeError& error, TextLanguage language)
 {
-    auto dialog = std::make_unique<QMessageBox>(QMessageBox::Critical, u"Orvanta"_s, error.report(),
-                                                QMessageBox::Ok);
+    const QString advice = reportAdvice(error, language);
+    const QString text = advice.isEmpty() ? error.report() : error.report() + u"\n\n"_s + advice;
+    auto dialog =
+        std::make_unique<QMessageBox>(QMessageBox::Critical, u"Orvanta"_s, text, QMessageBox::Ok);
     dialog->setTextFormat(Qt::PlainText);
     dialog->setEscapeButton(QMessageBox::Ok);
     return dialog;
@@ -67,6 +82,10 @@ static void letSignalsEndTheProcess()
 static void sayOnStandardError(const RuntimeError& error)
 {
     std::fprintf(stderr, "%s\n", reportLine(error).toLocal8Bit().constData());
+    const QString advice = reportAdvice(error, TextLanguage::English);
+    if (!advice.isEmpty()) {
+        std::fprintf(stderr, "%s\n", advice.toLocal8Bit().constData());
+    }
     std::fflush(stderr);
 }
 
@@ -84,10 +103,10 @@ static void hideWindows()
     }
 }
 
-static void showDialog(const RuntimeError& error)
+void RunTimeReport::showDialog(const RuntimeError& error) const
 {
     hideWindows(); // a modal one among them would keep the input to itself
-    reportDialog(error)->exec();
+    reportDialog(error, m_language ? m_language() : TextLanguage::English)->exec();
 }
 
 void RunTimeReport::operator()(const RuntimeError& error) const

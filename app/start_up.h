@@ -58,7 +58,9 @@ private:
     QStringList m_arguments;
     QString m_commandLine;
     QString m_activationToken;
-    RunTimeReport m_report{[this] { releaseBeforeReport(); }};
+    RunTimeReport m_report{
+        [this] { releaseBeforeReport(); },
+        [this] { return m_module.settings().textLanguage(TextLanguage::English); }};
     HandlerBoundary m_boundary{[this](const RuntimeError& error) { m_report(error); }};
     bool m_ended = false;
     std::optional<QString> m_raiseWaiting; // token of a launch that came during the start

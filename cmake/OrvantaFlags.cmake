@@ -1,6 +1,7 @@
 # Warnings, sanitizers and the one way in which a floor of the house is declared.
 
 option(ORVANTA_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(ORVANTA_FUZZ "Build the fuzzed rules of tests/fuzz with the fuzzing engine of clang" OFF)
 
 add_library(orvanta_flags INTERFACE)
 target_include_directories(orvanta_flags INTERFACE ${PROJECT_SOURCE_DIR})
@@ -29,6 +30,10 @@ if(ORVANTA_SANITIZE)
     target_compile_options(orvanta_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(orvanta_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(ORVANTA_FUZZ)
+    target_compile_options(orvanta_flags INTERFACE -fsanitize=fuzzer-no-link)
+    target_link_options(orvanta_flags INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # orvanta_prefix(NAME LINKS ... HEADERS ...): headers that are compiled once for many targets. A

@@ -1,6 +1,7 @@
 #include "model/settings.h"
 
 #include "core/error_boundary.h"
+#include "core/spoilt_count.h"
 #include "model/languages.h"
 
 #include <cmath>
@@ -122,6 +123,13 @@ QStringList Settings::firstTypes(int count) const
     return types;
 }
 
+Int16 Settings::typeCount() const
+{
+    const SettingKey& key = iniKey(u"types", u"num");
+    const IniChange place = change(key, {});
+    return countAt({m_iniPath, place.section, place.key}, read(key));
+}
+
 static QString patternOf(const QStringList& types)
 {
     return types.isEmpty() ? QString() : u"*."_s + types.join(u";*."_s);
@@ -134,6 +142,7 @@ QString Settings::typePattern() const
 
 QString Settings::clipPattern() const
 {
+    (void)typeCount(); // its error says where the count stands
     const double count = decimalValue(read(iniKey(u"types", u"num")));
     return patternOf(firstTypes(roundToInt16(std::floor(count)).value()));
 }

@@ -253,7 +253,7 @@ private:
     void write(const SettingKey& key, const QString& value, const QString& name = {}) const;
     void writeTogether(std::vector<IniChange> changes) const;
     [[nodiscard]] double languageNumber() const;
-    [[nodiscard]] Int16 typeCount() const { return countValue(read(iniKey(u"types", u"num"))); }
+    [[nodiscard]] Int16 typeCount() const;
     [[nodiscard]] QStringList firstTypes(int count) const;
 
     QString m_iniPath;

@@ -40,6 +40,13 @@ constexpr QStringView kHelp =
 constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
     InterfaceText{u"CommandLine", u"--help", kHelp, kHelp},
 
+    // Behind the report of an error: file, section, key, value.
+    InterfaceText{u"RunTimeReport", u"spoiltCount",
+                  u"%1: in section [%2] the value of %3 is \"%4\". Write a whole number from 0 to "
+                  u"32767 there (how many such lines follow) and start the program again.",
+                  u"%1: в разделе [%2] значение %3 — «%4». Впишите туда целое число от 0 до "
+                  u"32767 (сколько таких строк следует дальше) и запустите программу снова."},
+
     InterfaceText{u"Form1", u"Form1", u"!Orvanta!", u"!Orvanta!"},
 
     // The single-instance search of older launchers goes by this caption: the same in both.

@@ -3,6 +3,7 @@
 #include "core/error_boundary.h"
 #include "core/paths.h"
 #include "model/loaders.h"
+#include "model/texts.h"
 #include "platform/process/hand_over_queue.h"
 #include "playback/event_wait.h"
 
@@ -49,8 +50,8 @@ void HandOverDrain::serve()
     if (lines.removeAll(QStringView(kContinueLine).toString()) > 0 && lines.isEmpty()) {
         return m_context.onContinueAsked();
     }
-    m_context.module.playlist.OpenedFromExplorer = true;
     if (replacePlaylist(lines)) {
+        m_context.module.playlist.OpenedFromExplorer = true;
         playOrRest();
     }
 }
@@ -87,7 +88,8 @@ static QString belowFolder(const QString& path, const QString& folder)
                : path;
 }
 
-/// The first entry replaces the playlist, the others append to it.
+/// The first entry replaces the playlist, the others append to it. Where none of them can be
+/// opened, what is open stays.
 bool HandOverDrain::open(const QStringList& lines)
 {
     m_context.supersede();
@@ -99,8 +101,11 @@ bool HandOverDrain::open(const QStringList& lines)
     clearPlaylist(playlist);
     m_loosePacket = 0;
     m_isTooMuch = false;
+    m_isThere = false;
+    m_isSpoilt = false;
     m_context.view->runBusy([&] { appendAll(lines, folderOfPath(first)); });
-    if (m_isTooMuch && playlist.PlaylistCount == 0) {
+    if (isNothing() && (m_isTooMuch || before.PlaylistCount > 0)) {
+        sayUnplayable(lines);
         before.Playlist = std::move(packets);
         before.revision = playlist.revision + 1;
         playlist = std::move(before);
@@ -110,12 +115,29 @@ bool HandOverDrain::open(const QStringList& lines)
     return true;
 }
 
+/// A document without entries is something, one that is spoilt is not.
+bool HandOverDrain::isNothing() const
+{
+    const PlaylistState& playlist = m_context.module.playlist;
+    return !m_isThere || playlist.PlaylistCount == 0 || (m_isSpoilt && playlist.entryCount() == 0);
+}
+
+void HandOverDrain::sayUnplayable(const QStringList& lines)
+{
+    qCInfo(logErrors, "nothing of this can be opened: %ls", qUtf16Printable(lines.join(u", "_s)));
+    const TextLanguage language =
+        textLanguage(m_context.module.Language.value(), TextLanguage::Russian);
+    m_context.view->setClipText(interfaceText(u"Form2", u"Text2.unplayable", language)
+                                    .arg(fileNameOfPath(withoutQuotes(lines.value(0)))));
+}
+
 /// Runs on another thread when the view says so: no signals, no windows.
 void HandOverDrain::appendAll(const QStringList& lines, const QString& folder)
 {
     for (const QString& line : lines) {
-        resumeNext("queued file",
-                   [&] { appendWithinRoom(belowFolder(withoutQuotes(line), folder)); });
+        const QString path = belowFolder(withoutQuotes(line), folder);
+        m_isThere = m_isThere || folderOfLine(path) || QFileInfo::exists(path);
+        m_isSpoilt = !resumeNext("queued file", [&] { appendWithinRoom(path); }) || m_isSpoilt;
     }
 }
 

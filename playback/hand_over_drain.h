@@ -18,13 +18,16 @@ public:
     /// Opens what is queued, if anything. Raises 13 or 9 when the queue's count is no count.
     void serve();
     /// Opens these in place of what is open, as queued lines are opened. Does not start anything.
-    /// False where they are more than can be open: what was open stays.
+    /// False where they are more than can be open, or nothing is there in place of what is open:
+    /// that stays.
     bool replacePlaylist(const QStringList& lines);
 
 private:
     [[nodiscard]] QStringList takeQueued(HandOverQueue& queue);
     void showProgram();
     bool open(const QStringList& lines);
+    [[nodiscard]] bool isNothing() const;
+    void sayUnplayable(const QStringList& lines);
     void appendAll(const QStringList& lines, const QString& folder);
     void appendWithinRoom(const QString& path);
     void append(const QString& path);
@@ -39,7 +42,9 @@ private:
     ClipStarter& m_starter;
     QString m_stuckCount; // "num" of lines that were opened and could not be taken out
     bool m_isTooMuch = false;
-    Int16 m_loosePacket; // the packet that the loose clips of one drain share; 0: none yet
+    bool m_isSpoilt = false; // one line at least could not be opened
+    bool m_isThere = false;  // one line at least names a file or a folder that is there
+    Int16 m_loosePacket;     // the packet that the loose clips of one drain share; 0: none yet
 };
 
 } // namespace orvanta

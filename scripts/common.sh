@@ -14,6 +14,8 @@ readonly test_packages=("${package_packages[@]}" desktop-file-utils appstream li
     xdotool wmctrl x11-utils x11-apps x11-xkb-utils libxfixes-dev playerctl weston sway swaybg swayidle grim ffmpeg espeak-ng
     xorriso unzip strace mpv mkvtoolnix dbus-x11 at-spi2-core pulseaudio pulseaudio-utils git chromium firefox-esr)
 
+readonly fuzz_packages=(clang libclang-rt-14-dev)
+
 say() { printf '== %s\n' "$*"; }
 
 complain() { printf '%s: %s\n' "$(basename "$0")" "$*" >&2; }

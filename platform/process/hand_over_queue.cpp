@@ -2,7 +2,7 @@
 
 #include "core/ini.h"
 #include "core/log.h"
-#include "core/numbers.h"
+#include "core/spoilt_count.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -27,13 +27,9 @@ constexpr qint64 kPatienceMs = 5000;
 /// The flag "wr" guards the queue for whoever finds its lock kept by a foreign program.
 constexpr std::chrono::seconds kLockPatience(1);
 
-static Int16 queueLength(const QString& text)
+static Int16 queueLength(const QString& text, const QString& settingsFile)
 {
-    const Int16 length = countValue(text);
-    if (length < 0) {
-        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    }
-    return length;
+    return lengthAt({settingsFile, kQueue, kCount}, text);
 }
 
 /// Reading a value cuts its outer blanks, unless a pair of quotes protects them.
@@ -150,7 +146,7 @@ HandOverQueue::Appending HandOverQueue::tryAppend(const QStringList& lines) cons
     bool free = true;
     const bool written = changeIniAtOnce(m_settingsFile, [&](const auto& read) {
         free = read(kQueue, kBusyFlag) == u"0";
-        return free ? changesForAppending(lines, queueLength(read(kQueue, kCount)))
+        return free ? changesForAppending(lines, queueLength(read(kQueue, kCount), m_settingsFile))
                     : std::vector<IniChange>();
     });
     if (!written) {
@@ -182,7 +178,7 @@ HandOverQueue::Drain::~Drain()
 QStringList HandOverQueue::Drain::lines() const
 {
     const QString& file = m_queue.m_settingsFile;
-    const Int16 length = queueLength(ReadIni(kQueue, kCount, file));
+    const Int16 length = queueLength(ReadIni(kQueue, kCount, file), file);
     QStringList lines;
     for (int i = 1; i <= length.value(); ++i) {
         lines.append(readIniRaw(kQueue, QString::number(i), file));

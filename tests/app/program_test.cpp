@@ -140,7 +140,11 @@ TEST_F(Program, AnAbsentNumberOfTypesEndsTheStartWithATypeMismatch)
     set("types", "num", {});
     Probe program;
     launch(program);
-    expectFailure(program, "Run-time error '13': Type mismatch");
+    expectFailure(program,
+                  "Run-time error '13': Type mismatch\n" + folder.ini().toUtf8() +
+                      ": in section [types] the value of num is \"\". Write a whole number "
+                      "from 0 to 32767 there (how many such lines follow) and start the "
+                      "program again.");
 }
 
 TEST_F(Program, AMissingSetupFileEndsTheStartWithFileNotFound)

@@ -1,5 +1,6 @@
 #include "app/run_time_report.h"
 #include "app/shown_watch.h"
+#include "core/spoilt_count.h"
 #include "tests/support/probe.h"
 
 #include <QApplication>
@@ -19,6 +20,22 @@ TEST(RunTimeReportTest, TheDialogShowsNumberAndText)
 {
     const auto dialog = reportDialog(RuntimeError(ErrorNumber::TypeMismatch));
     EXPECT_EQ(dialog->text(), u"Run-time error '13':\n\nType mismatch");
+}
+
+TEST(RunTimeReportTest, ASpoiltCountIsNamedWithItsPlaceAndWhatToDo)
+{
+    const SpoiltCount error(ErrorNumber::TypeMismatch,
+                            {u"/home/a/orvanta.ini"_s, u"types"_s, u"num"_s}, u"many"_s);
+    const QString advice =
+        u"/home/a/orvanta.ini: in section [types] the value of num is \"many\". "
+        "Write a whole number from 0 to 32767 there (how many such lines follow) "
+        "and start the program again."_s;
+    EXPECT_EQ(reportLine(error), u"Run-time error '13': Type mismatch");
+    EXPECT_EQ(reportAdvice(error, TextLanguage::English), advice);
+    EXPECT_EQ(reportDialog(error)->text(), u"Run-time error '13':\n\nType mismatch\n\n"_s + advice);
+    EXPECT_TRUE(reportDialog(error, TextLanguage::Russian)
+                    ->text()
+                    .contains(u"/home/a/orvanta.ini: в разделе [types] значение num — «many»"_s));
 }
 
 TEST(RunTimeReportTest, TheDialogClosesByItsButtonByEscapeAndByTheWindowManager)

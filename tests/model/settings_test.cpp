@@ -1,6 +1,7 @@
 // The settings: the table of keys, the files and pages that must agree with it, each accessor.
 
 #include "core/run_time_error.h"
+#include "core/spoilt_count.h"
 #include "model/module1.h"
 #include "tests/support/settings_folder.h"
 
@@ -250,6 +251,20 @@ TEST(StoredTypes, ACountThatIsAbsentOrNoNumberIsATypeMismatch)
         EXPECT_THAT([&] { (void)settings.types(); }, mismatch);
         EXPECT_THAT([&] { settings.appendType(u"mpg"_s); }, mismatch);
     }
+}
+
+TEST(StoredTypes, TheErrorOfASpoiltCountSaysWhereItStands)
+{
+    const SettingsFolder folder("[types]\nnum=three\n");
+    const Settings settings(folder.ini());
+    EXPECT_THAT([&] { (void)settings.clipPattern(); },
+                testing::Throws<SpoiltCount>(testing::AllOf(
+                    testing::Property(&SpoiltCount::value, QString(u"three"_s)),
+                    testing::Property(
+                        &SpoiltCount::place,
+                        testing::AllOf(testing::Field(&SpoiltCount::Place::file, folder.ini()),
+                                       testing::Field(&SpoiltCount::Place::section, u"types"_s),
+                                       testing::Field(&SpoiltCount::Place::key, u"num"_s))))));
 }
 
 TEST(SavedValues, CountAsInNewSettingsWhereTheyAreAbsent)

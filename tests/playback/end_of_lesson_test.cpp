@@ -114,6 +114,7 @@ protected:
     void openAndFail()
     {
         option("as");
+        emptyPlaylist(); // what is open would stay
         queue({path(u"broken.gone"_s)});
         engine->tick();
         engine->tick();

@@ -97,6 +97,28 @@ TEST_F(HandOver, MoreThanCanBeOpenLeavesWhatIsOpen)
     EXPECT_EQ(entry(1).clip(1).Text, u"a");
 }
 
+TEST_F(HandOver, WhatCannotBeOpenedLeavesWhatIsOpen)
+{
+    serve({packetFile(u"a.vxl"_s, u"a"_s)});
+    module.playlist.OpenedFromExplorer = false;
+    home.write(u"many.vxl"_s, "[main]\nfiles=many\n");
+    QDir(home.path()).mkdir(u"empty"_s);
+    for (const QString& line : {path(u"gone.vxl"_s), path(u"gone.vxg"_s), path(u"gone.avi"_s),
+                                path(u"many.vxl"_s), u"/f"_s + path(u"empty"_s)}) {
+        serve({line});
+        ASSERT_EQ(packets(), 1) << line.toStdString();
+        EXPECT_EQ(entry(1).ClipCount, 1) << line.toStdString();
+        EXPECT_FALSE(module.playlist.OpenedFromExplorer);
+        EXPECT_TRUE(view.clipText.endsWith(QFileInfo(line).fileName()))
+            << view.clipText.toStdString();
+    }
+    const QString none = home.write(u"none.vxl"_s, "[main]\nfiles=0\n");
+    serve({none});
+    EXPECT_EQ(entry(1).ClipCount, 0) << "a packet without clips is one";
+    serve({path(u"gone.avi"_s), packetFile(u"b.vxl"_s, u"b"_s)});
+    EXPECT_EQ(packets(), 2);
+}
+
 TEST_F(HandOver, NotesThatTheShellOpenedTheFiles)
 {
     serve({file(u"clip.avi"_s)});

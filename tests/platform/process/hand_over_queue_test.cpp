@@ -1,3 +1,4 @@
+#include "core/spoilt_count.h"
 #include "platform/process/hand_over_queue.h"
 #include "tests/support/error_of.h"
 #include "tests/support/plain_user.h"
@@ -102,6 +103,19 @@ TEST_F(QueueTest, ACountThatIsNoNumberIsATypeMismatch)
         set(u"num"_s, count);
         EXPECT_EQ(errorOf([&] { queue.append({u"/a"_s}); }), 13) << count.toStdString();
         EXPECT_EQ(folder.value("ftl", "wr"), u"0");
+    }
+}
+
+TEST_F(QueueTest, TheErrorOfASpoiltCountSaysWhereItStands)
+{
+    set(u"num"_s, u"abc"_s);
+    try {
+        queue.append({u"/a"_s});
+        ADD_FAILURE() << "no error";
+    } catch (const SpoiltCount& error) {
+        EXPECT_EQ(error.place().file, folder.ini());
+        EXPECT_EQ(error.place().section + u' ' + error.place().key, u"ftl num");
+        EXPECT_EQ(error.value(), u"abc");
     }
 }
 
