@@ -95,7 +95,6 @@ private:
     [[nodiscard]] bool moveOnAfterEnd();
     bool serveEnd();
     [[nodiscard]] bool moveOnAfterFailure();
-
     int m_depth = 0;
 };
 
@@ -366,10 +365,7 @@ void PlaybackEngine::tick()
 
 bool PlaybackEngine::isQuiet() const
 {
-    const Private& own = *m_private;
-    const PlayerSnapshot& player = own.context.player();
-    return !own.ticking && !own.context.startFailed && !own.starter.isWaiting() &&
-           !player.opening && !player.isRunning();
+    return !m_private->context.player().opening && !m_private->context.player().isRunning();
 }
 
 void PlaybackEngine::ListClick(Int16 p, Int16 q)

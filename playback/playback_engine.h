@@ -39,7 +39,7 @@ public:
 
     /// One playback tick (Form2_Timer1_Timer). Does not re-enter itself. Raises nothing.
     void tick();
-    /// Nothing runs, opens or waits: until something else happens in the program, a tick has
+    /// Nothing runs or is being opened: until something else happens in the program, a tick has
     /// nothing to do.
     [[nodiscard]] bool isQuiet() const;
 

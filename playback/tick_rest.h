@@ -20,7 +20,7 @@ public:
     /// tick: its timer, with its interval. It outlives this. settingsFile: where launches queue.
     TickRest(QTimer& tick, const QString& settingsFile);
 
-    /// After each tick of the timer. isQuiet: nothing runs, opens or waits.
+    /// After each tick of the timer. isQuiet: nothing runs or opens.
     void ticked(bool isQuiet);
 
 protected:

@@ -42,11 +42,12 @@ void MpvPlayer::unload()
 {
     forgetClip();
     setPaused(true);
-    m_mpv->command({"stop"}, idOf(Unasked, 0));
     m_picture.hold();
-    // Unless another clip is opened in this turn of the event loop: then there is no black between.
+    // Unless another clip is opened in this turn of the event loop: then there is no black between,
+    // and the sound's device stays open.
     QTimer::singleShot(0, this, [this, load = m_load] {
         if (load == m_load) {
+            m_mpv->command({"stop"}, idOf(Unasked, 0));
             m_picture.clear();
         }
     });
