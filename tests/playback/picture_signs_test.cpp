@@ -92,6 +92,13 @@ TEST_F(PictureSignsTest, SayItOnTheWholeScreenToo)
     EXPECT_TRUE(says(u"No bookmark here"_s));
 }
 
+TEST_F(PictureSignsTest, SayWhereTheBookmarkIsSet)
+{
+    control.playTo(64.9);
+    form.showBookmark();
+    EXPECT_TRUE(says(u"Bookmark at 1:04"_s));
+}
+
 TEST_F(PictureSignsTest, ABookmarkThatIsThereIsGoneToWithoutAWord)
 {
     form.mirror().VideoBookmark = u"7.5"_s;

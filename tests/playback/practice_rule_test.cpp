@@ -1,5 +1,8 @@
 // What comes after a line has been played.
 #include "playback/practice_rule.h"
+#include "playback/practice_texts.h"
+
+#include <QLocale>
 
 #include <gtest/gtest.h>
 
@@ -79,6 +82,22 @@ TEST(SpeedOfRound, IsNeverBelowAQuarter)
 TEST(SpeedOfRound, IsAsRecordedWhenNothingIsPractised)
 {
     EXPECT_DOUBLE_EQ(speedOfRound({}, 1), 1);
+}
+
+TEST(PracticeSigns, SayTheRoundAndOfHowMany)
+{
+    EXPECT_EQ(roundText(2, 5, TextLanguage::English), QStringLiteral("Repeat 2 of 5"));
+    EXPECT_EQ(roundText(2, 5, TextLanguage::Russian), QStringLiteral("Повтор 2 из 5"));
+    EXPECT_EQ(roundText(12, Practice::kEndless, TextLanguage::English),
+              QStringLiteral("Repeat 12"));
+}
+
+TEST(PracticeSigns, SayTheTempoAsAFactor)
+{
+    const QString mark = QLocale().decimalPoint();
+    EXPECT_EQ(speedText(80), u'0' + mark + QStringLiteral("8\u00a0×"));
+    EXPECT_EQ(speedText(95), u'0' + mark + QStringLiteral("95\u00a0×"));
+    EXPECT_EQ(speedText(200), QStringLiteral("2\u00a0×"));
 }
 
 } // namespace orvanta::test
