@@ -271,9 +271,10 @@ void Form2::noteInput(const QObject& watched, const QEvent& event)
 {
     const bool isInput = event.type() == QEvent::KeyPress ||
                          event.type() == QEvent::MouseButtonPress || event.type() == QEvent::Wheel;
-    if (m_minimiseRequested && isInput && watched.isWidgetType() &&
-        static_cast<const QWidget&>(watched).window() == this) {
+    const bool counts = isInput && !isWindowNormal() && watched.isWidgetType();
+    if (counts && static_cast<const QWidget&>(watched).window() == this) {
         m_minimiseRequested = false;
+        setWindowState(windowState() & ~Qt::WindowMinimized); // as the toolkit takes it for granted
     }
 }
 
