@@ -202,7 +202,7 @@ bool DesktopEntries::hasAutostart()
            !lines.contains("X-GNOME-Autostart-enabled=false");
 }
 
-static bool isInstalled(const QString& program)
+static bool isProgramThere(const QString& program)
 {
     return !QStandardPaths::findExecutable(program).isEmpty();
 }
@@ -231,13 +231,13 @@ void DesktopEntries::writeFolderCommand() const
         {u"nemo"_s, data + u"/nemo/scripts/Play clips"_s},
         {u"caja"_s, DesktopFolders::configHome() + u"/caja/scripts/Play clips"_s}};
     for (const auto& [manager, file] : managers) {
-        if (isInstalled(manager)) {
+        if (isProgramThere(manager)) {
             replaceFile(file, script, FileMode::Executable);
         }
     }
     if (isServiceMenuInstalled()) {
         removeFile(data + serviceMenu()); // of a time before the package
-    } else if (isInstalled(u"dolphin"_s)) {
+    } else if (isProgramThere(u"dolphin"_s)) {
         // Service menus below the user's home are obeyed only when they are executable.
         replaceFile(data + serviceMenu(), filled(u"service_menu.desktop"_s), FileMode::Executable);
     }
