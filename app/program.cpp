@@ -21,6 +21,7 @@
 #include "window/form2_main_window.h"
 #include "window/skin.h"
 
+#include <QScreen>
 #include <QTimer>
 
 #include <utility>
@@ -154,7 +155,7 @@ void Program::loadMainWindow()
         .videoWindow = [this] { return m_videoWindow->windowHandle(); },
         .showBookmarkSign =
             [this] {
-                showBookmarkSign();
+                showBookmarkSign(*screenOfLesson());
                 m_videoWindow->showBookmark();
             },
         .showOptions = [this] { changeOptions(); },
@@ -170,6 +171,12 @@ void Program::loadMainWindow()
         .frame = [this] { return m_videoWindow->currentFrame(); },
     });
     m_shownWatch = std::make_unique<ShownWatch>(*m_mainWindow);
+}
+
+/// Where the user looks: at the picture, without one at the main window.
+const QScreen* Program::screenOfLesson() const
+{
+    return m_videoWindow->isVisible() ? m_videoWindow->screen() : m_mainWindow->screen();
 }
 
 /// What the dialog changes takes effect at once. Types change without OK too.

@@ -10,6 +10,8 @@
 #include <functional>
 #include <memory>
 
+class QScreen;
+
 namespace orvanta {
 
 struct EditorServices;
@@ -78,6 +80,7 @@ private:
     void openVideoWindow();
     void makeEditors();
     void changeOptions();
+    [[nodiscard]] const QScreen* screenOfLesson() const;
     void showAbout();
     void openAndPlaySoon(const QString& path);
     void unloadOtherForms();

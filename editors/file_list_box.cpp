@@ -2,6 +2,7 @@
 
 #include "core/paths.h"
 #include "editors/folder_names.h"
+#include "editors/legible_icons.h"
 #include "editors/responsive.h"
 
 #include <QAbstractListModel>
@@ -51,16 +52,16 @@ private:
 };
 
 /// Rows as wide as the list, whatever the names: a name that does not fit is elided.
-class FileNamePainter : public QStyledItemDelegate
+class FileNamePainter : public LegibleIcons
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using LegibleIcons::LegibleIcons;
 
     [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
                                  const QModelIndex& index) const override
     {
         constexpr int kNarrow = 100;
-        const QSize whole = QStyledItemDelegate::sizeHint(option, index);
+        const QSize whole = LegibleIcons::sizeHint(option, index);
         return {std::min(whole.width(), kNarrow), whole.height()};
     }
 };

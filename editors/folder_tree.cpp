@@ -2,6 +2,7 @@
 
 #include "editors/folder_names.h"
 #include "editors/folder_tree_model.h"
+#include "editors/legible_icons.h"
 
 #include <QDir>
 #include <QKeyEvent>
@@ -37,6 +38,7 @@ FolderTree::FolderTree(TextLanguage language, QWidget* parent)
                                   style()->standardIcon(QStyle::SP_DirIcon), this))
 {
     setModel(m_model);
+    setItemDelegate(new LegibleIcons(this));
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setTextElideMode(Qt::ElideMiddle);

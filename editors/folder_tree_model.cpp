@@ -193,6 +193,14 @@ int FolderTreeModel::rowCount(const QModelIndex& parent) const
     return static_cast<int>(node->children.size());
 }
 
+QVariant FolderTreeModel::headerData(int /*section*/, Qt::Orientation /*orientation*/,
+                                     int role) const
+{
+    const bool isText = role == Qt::DisplayRole || role == Qt::AccessibleTextRole;
+    const QObject* tree = QObject::parent();
+    return isText && tree != nullptr ? tree->property("accessibleName") : QVariant();
+}
+
 int FolderTreeModel::columnCount(const QModelIndex& /*parent*/) const
 {
     return 1;

@@ -1,5 +1,7 @@
 #include "playback/control_rows.h"
 
+#include "playback/window_roles.h"
+
 #include <QLabel>
 #include <QVariant>
 #include <QWidget>
@@ -8,6 +10,7 @@ namespace orvanta {
 
 void nameControls(const ControlRows& rows)
 {
+    tellWindowRoles();
     for (const auto& [control, name] : rows) {
         control->setObjectName(name.toString());
     }

@@ -18,7 +18,7 @@ struct ControlRow
 /// The window itself first, then its controls in the order in which Tab goes through them.
 using ControlRows = std::vector<ControlRow>;
 
-/// Gives each control its object name.
+/// Gives each control its object name, and windows their role for assistive technology.
 void nameControls(const ControlRows& rows);
 
 /// Gives each control the texts that the table of texts has for its window and name: the text "X"

@@ -59,9 +59,10 @@ void Form4::Form4_Timer1_Timer()
     close();
 }
 
-void showBookmarkSign()
+void showBookmarkSign(const QScreen& screen)
 {
     auto* sign = new Form4;
+    sign->move(screen.geometry().topLeft());
     sign->show();
 }
 

@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <QWidget>
 
+class QScreen;
+
 namespace orvanta {
 
 /// A 32 by 32 pixel window without a frame at the top left of the screen, above all others. It
@@ -28,6 +30,6 @@ private:
 };
 
 /// Shows the sign on the primary screen. A sign that still shows stays its own second.
-void showBookmarkSign();
+void showBookmarkSign(const QScreen& screen);
 
 } // namespace orvanta

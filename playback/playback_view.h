@@ -80,7 +80,7 @@ public:
     virtual void enableTimer2(int line) = 0; // marks this line as selected 100 ms later
     virtual void enableTimer3() = 0;         // brings the window to the front 200 ms later
     virtual void bringMainWindowToFront() = 0;
-    /// The bookmark sign Form4 at the top left of the screen for a second.
+    /// The bookmark sign Form4 at the top left of the picture's screen for a second.
     virtual void showBookmarkSign() = 0;
     /// A window of the program waits for an answer: an editor, a picker.
     [[nodiscard]] virtual bool isModalWindowOpen() const { return false; }

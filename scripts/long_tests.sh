@@ -1,5 +1,5 @@
-# The runs of ./test that are no part of every run: --fuzz, --kill, --faults, --hostile, --soak. Sourced by ./test, which
-# has configured $folder; $amount is what was given.
+# The runs of ./test that are no part of every run: --fuzz, --kill, --faults, --hostile, --soak. Sourced
+# by ./test, which has configured $folder; $amount is what was given.
 # shellcheck shell=bash disable=SC2154
 
 run_fuzz() {

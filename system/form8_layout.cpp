@@ -4,6 +4,7 @@
 #include "system/icon_preview.h"
 #include "system/option_box.h"
 #include "system/option_pictures.h"
+#include "system/page_button.h"
 #include "system/type_list.h"
 
 #include <QHBoxLayout>
@@ -38,12 +39,10 @@ void Form8::buildControls()
 void Form8::buildPageButtons()
 {
     const auto button = [&](const QString& picture) {
-        auto* page = new QToolButton(this);
+        auto* page = new PageButton(this);
         page->setIcon(optionPicture(picture));
         page->setIconSize({kPageIconSide, kPageIconSide});
         page->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-        page->setCheckable(true);
-        page->setAutoExclusive(true);
         page->setAutoRaise(true);
         page->setFocusPolicy(Qt::StrongFocus);
         page->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

@@ -48,6 +48,7 @@ namespace orvanta {
 class ClipLine;
 class EditingMode;
 class EditingRow;
+class Announcement;
 class EditNotice;
 class CommandMenu;
 class MissingClips;
@@ -295,6 +296,7 @@ private:
     void applyZoom();
 
     void sayFound(bool found);
+    void sayPlaying(const PlayingPlace& place);
     void carryOut(Command command);
     void askForMenu();
     void toggleAlwaysOnTop();
@@ -323,6 +325,8 @@ private:
     QLabel* m_document = nullptr;           // what is edited, beside the title
     QLabel* m_caption = nullptr;            // the window's title
     QWidget* m_surface = nullptr;           // everything inside the edge that resizes
+    Announcement* m_announcement = nullptr; // says what begins to play
+    PlayingPlace m_announced;               // the place that it has named last
     TransportLooks m_looks;                 // as the buttons show them
     QString m_lastFind;                     // text of the last search
     int m_lastFound = 0;                    // row of the last match

@@ -2,6 +2,7 @@
 #include "platform/screen/busy_cursor.h"
 #include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
+#include "window/announcement.h"
 #include "window/clip_line.h"
 #include "window/editing_mode.h"
 #include "window/form2_main_window.h"
@@ -81,10 +82,26 @@ void Form2::showTransport(const TransportLooks& looks)
 void Form2::showPlaying(const PlayingPlace& place)
 {
     List1->showPlaying(place);
+    sayPlaying(place);
+}
+
+/// Once for each line; a list that has the keyboard says it by its own current line.
+void Form2::sayPlaying(const PlayingPlace& place)
+{
+    const bool isNew = place.packet != m_announced.packet || place.clip != m_announced.clip;
+    if (place.sign != PlayingSign::Playing || !isNew) {
+        return;
+    }
+    m_announced = place;
+    const QString line = List1->spokenLine(headerLineOf(place.packet) + place.clip.value());
+    if (!line.isEmpty() && !List1->hasFocus()) {
+        m_announcement->say(line);
+    }
 }
 
 void Form2::RebuildTree()
 {
+    m_announced = {};
     List1->setLines(treeLines(m_services.module.playlist));
     showStartPage();
     m_editing->playlistShown();
@@ -254,9 +271,10 @@ void Form2::noteInput(const QObject& watched, const QEvent& event)
 {
     const bool isInput = event.type() == QEvent::KeyPress ||
                          event.type() == QEvent::MouseButtonPress || event.type() == QEvent::Wheel;
-    if (m_minimiseRequested && isInput && watched.isWidgetType() &&
-        static_cast<const QWidget&>(watched).window() == this) {
+    const bool counts = isInput && !isWindowNormal() && watched.isWidgetType();
+    if (counts && static_cast<const QWidget&>(watched).window() == this) {
         m_minimiseRequested = false;
+        setWindowState(windowState() & ~Qt::WindowMinimized); // as the toolkit takes it for granted
     }
 }
 

@@ -3,6 +3,7 @@
 #include "playback/typed_key.h"
 #include "window/skin.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -213,7 +214,13 @@ int PlaylistList::topLine() const
 
 void PlaylistList::currentChanged(const QModelIndex& current, const QModelIndex& previous)
 {
-    QListView::currentChanged(current, previous);
+    // Without the keyboard no line has the focus; the base class would tell of one all the same.
+    if (hasFocus()) {
+        QListView::currentChanged(current, previous);
+    } else {
+        QAbstractItemView::currentChanged(current,
+                                          previous); // NOLINT(bugprone-parent-virtual-call)
+    }
     if (current.isValid()) {
         Q_EMIT cursorMoved(current.row());
     }
@@ -254,6 +261,21 @@ bool PlaylistList::toggleAt(QPoint place)
     return true;
 }
 
+/// The toolkit tells nobody that a box of a line has changed.
+void PlaylistList::dataChanged(const QModelIndex& first, const QModelIndex& last,
+                               const QList<int>& roles)
+{
+    QListView::dataChanged(first, last, roles);
+    if (!QAccessible::isActive() || !roles.contains(Qt::CheckStateRole)) {
+        return;
+    }
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    event.setChild(first.row());
+    QAccessible::updateAccessibility(&event);
+}
+
 void PlaylistList::mousePressEvent(QMouseEvent* event)
 {
     if (isEdited()) {
@@ -290,6 +312,14 @@ void PlaylistList::mouseDoubleClickEvent(QMouseEvent* event)
     if (event->button() == Qt::LeftButton && !toggleAt(place) && indexAt(place).isValid()) {
         choose();
     }
+}
+
+QString PlaylistList::spokenLine(int line) const
+{
+    const QModelIndex index = m_model->index(line);
+    const QString description = index.data(Qt::AccessibleDescriptionRole).toString();
+    const QString text = index.data(Qt::AccessibleTextRole).toString();
+    return description.isEmpty() ? text : text + u", "_s + description;
 }
 
 void PlaylistList::choose()

@@ -136,6 +136,8 @@ class PlaylistList : public QListView
 public:
     explicit PlaylistList(QWidget* parent);
 
+    /// What assistive technology says of a line, its text and its state; empty outside the list.
+    [[nodiscard]] QString spokenLine(int line) const;
     /// Shows other lines, each checked; no line is current.
     void setLines(std::vector<TreeLine> lines);
     /// Shows a tree that has grown at its end: marks and the current line stay.
@@ -199,9 +201,11 @@ Q_SIGNALS:
     void editingAsked(orvanta::Command command);
 
 protected:
-    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     bool viewportEvent(QEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void dataChanged(const QModelIndex& first, const QModelIndex& last,
+                     const QList<int>& roles) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

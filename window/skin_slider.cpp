@@ -101,6 +101,16 @@ void SkinSlider::setValue(double value)
     }
     m_value = kept;
     update();
+    constexpr int kEveryMs = 1000;
+    if (!m_said.isValid() || m_said.hasExpired(kEveryMs)) {
+        sayValue();
+    }
+}
+
+/// A reader would never come to an end with a value that goes on by itself several times a second.
+void SkinSlider::sayValue()
+{
+    m_said.start();
     if (QAccessible::isActive()) {
         QAccessibleValueChangeEvent event(this, m_value);
         QAccessible::updateAccessibility(&event);
@@ -110,6 +120,7 @@ void SkinSlider::setValue(double value)
 void SkinSlider::stepTo(double value)
 {
     const double before = m_value;
+    m_said.invalidate();
     setValue(value);
     if (m_value == before) {
         return;
@@ -193,6 +204,7 @@ void SkinSlider::dragTo(double value)
     if (value == m_value) {
         return;
     }
+    m_said.invalidate();
     setValue(value);
     m_changed = true;
     Q_EMIT userChanged(m_value);

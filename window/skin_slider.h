@@ -1,6 +1,7 @@
 // A slider of the skin that knows what the user does with it.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 namespace orvanta {
@@ -53,14 +54,16 @@ private:
     [[nodiscard]] double valueAt(double x) const;
     void dragTo(double value);
     void endDrag(bool commit);
+    void sayValue();
     void paintGroove(QPainter& painter) const;
     void paintKnob(QPainter& painter) const;
 
     Fill m_fill;
     double m_step;
     double m_value = 0;
-    double m_grip = 0; // pixels from the knob's centre to where it was taken
-    int m_wheel = 0;   // eighths of a degree not yet turned into steps
+    double m_grip = 0;    // pixels from the knob's centre to where it was taken
+    QElapsedTimer m_said; // since assistive technology was told the value
+    int m_wheel = 0;      // eighths of a degree not yet turned into steps
     bool m_dragging = false;
     bool m_changed = false;
 };

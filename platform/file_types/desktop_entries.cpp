@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
@@ -106,6 +107,7 @@ QByteArray DesktopEntries::filled(const QString& name) const
     return resource(name)
         .replace("@EXEC@", execCommand())
         .replace("@TRY_EXEC@", plain)
+        .replace("@SHELL_PROGRAM@", shellQuoted(m_executable))
         .replace("@SHELL_COMMAND@", shellCommand());
 }
 
@@ -200,17 +202,45 @@ bool DesktopEntries::hasAutostart()
            !lines.contains("X-GNOME-Autostart-enabled=false");
 }
 
+static bool isProgramThere(const QString& program)
+{
+    return !QStandardPaths::findExecutable(program).isEmpty();
+}
+
+static const QString& serviceMenu()
+{
+    static const QString kName = u"/kio/servicemenus/orvanta-play-clips.desktop"_s;
+    return kName;
+}
+
+/// The package brings one for everybody; a second one would stand beside it.
+static bool isServiceMenuInstalled()
+{
+    const QStringList folders = DesktopFolders::dataFolders().mid(1);
+    return std::any_of(folders.begin(), folders.end(), [](const QString& folder) {
+        return QFileInfo::exists(folder + serviceMenu());
+    });
+}
+
 void DesktopEntries::writeFolderCommand() const
 {
     const QString data = DesktopFolders::dataHome();
     const QByteArray script = filled(u"folder_script.sh"_s);
-    replaceFile(data + u"/nautilus/scripts/Play clips"_s, script, FileMode::Executable);
-    replaceFile(data + u"/nemo/scripts/Play clips"_s, script, FileMode::Executable);
-    replaceFile(DesktopFolders::configHome() + u"/caja/scripts/Play clips"_s, script,
-                FileMode::Executable);
-    // Service menus below the user's home are obeyed only when they are executable.
-    replaceFile(data + u"/kio/servicemenus/orvanta-play-clips.desktop"_s,
-                filled(u"service_menu.desktop"_s), FileMode::Executable);
+    const std::pair<QString, QString> managers[] = {
+        {u"nautilus"_s, data + u"/nautilus/scripts/Play clips"_s},
+        {u"nemo"_s, data + u"/nemo/scripts/Play clips"_s},
+        {u"caja"_s, DesktopFolders::configHome() + u"/caja/scripts/Play clips"_s}};
+    for (const auto& [manager, file] : managers) {
+        if (isProgramThere(manager)) {
+            replaceFile(file, script, FileMode::Executable);
+        }
+    }
+    if (isServiceMenuInstalled()) {
+        removeFile(data + serviceMenu()); // of a time before the package
+    } else if (isProgramThere(u"dolphin"_s)) {
+        // Service menus below the user's home are obeyed only when they are executable.
+        replaceFile(data + serviceMenu(), filled(u"service_menu.desktop"_s), FileMode::Executable);
+    }
 }
 
 } // namespace orvanta

@@ -19,19 +19,19 @@ QByteArray preferredPlatforms(const QProcessEnvironment& environment)
     return !isChosen && hasBoth && desktops.contains(u"KDE"_s) ? "xcb;wayland" : QByteArray();
 }
 
-static bool isWayland()
+static bool isOnWayland()
 {
     return QGuiApplication::platformName().startsWith("wayland"_L1);
 }
 
 bool appearingTakesKeyboard()
 {
-    return isWayland();
+    return isOnWayland();
 }
 
 bool canKeepOnTop()
 {
-    return !isWayland();
+    return !isOnWayland();
 }
 
 } // namespace orvanta

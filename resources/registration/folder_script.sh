@@ -1,5 +1,9 @@
 #!/bin/sh
 # Plays the clips of the selected folders. Written anew at every start of Orvanta.
+if [ ! -x @SHELL_PROGRAM@ ]; then
+    rm -f -- "$0" # the program is gone, and this goes with it
+    exit 0
+fi
 count=$#
 for folder in "$@"; do
     case $folder in

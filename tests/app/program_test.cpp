@@ -227,8 +227,13 @@ TEST_F(Program, AStartWritesTheFolderVerb)
 TEST_F(Program, ARegistryFileThatCannotBeWrittenIsLoggedAndPassedOver)
 {
     putInTheWay(u"registry.ini"_s);
+    QDir().mkpath(folder.file(u"bin"_s));
+    QFile::copy(u"/bin/true"_s, folder.file(u"bin/nautilus"_s)); // a file manager that is found
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", folder.file(u"bin"_s).toUtf8() + ':' + path);
     Probe program;
     launch(program);
+    qputenv("PATH", path);
     const QByteArrayList lines = linesUntil(program, kShown);
     EXPECT_EQ(lines.last(), kShown);
     EXPECT_TRUE(lines.contains("orvanta.desktop: " + folder.file(u"registry.ini"_s).toUtf8() +

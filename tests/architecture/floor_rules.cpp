@@ -79,7 +79,7 @@ bool hasDoor(const Floor& from, const Floor& to)
 bool isWindowSource(const QString& path)
 {
     static const QRegularExpression names(
-        u"^(form[0-9]+_|overlay_|video_surface|gl_|control_rows|command_menu|track_menus)"_s);
+        u"^(form[0-9]+_|overlay_|video_surface|gl_|control_rows|window_roles|command_menu|track_menus)"_s);
     return names.match(QFileInfo(path).fileName()).hasMatch();
 }
 

@@ -5,6 +5,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace orvanta::e2e {
@@ -116,6 +118,37 @@ TEST_F(AccessibilityWalk, TheMainWindowInRussian)
     home.set(u"main"_s, u"language"_s, u"2"_s);
     playLesson();
     walkOver(kMainWindow, 20);
+}
+
+TEST_F(AccessibilityWalk, ALessonThatGoesOnAnnouncesItsLinesAndTakesNoFocus)
+{
+    const QString lesson =
+        writeClips(file(u"two.vxl"_s), {{media(u"video200.mp4"_s), u"First"_s},
+                                        {media(u"video200.mp4"_s), u"Second"_s}});
+    ASSERT_TRUE(program.startAndShow({lesson}));
+    ASSERT_TRUE(plays(u"start 1 1 First"_s));
+    const auto top = windowCalled(kMainWindow);
+    ASSERT_TRUE(top);
+    EXPECT_TRUE(top->role() == u"frame" || top->role() == u"window") << top->role().toStdString();
+    ASSERT_TRUE(desktop.activate(kMainWindow));
+    const auto findBox = m_bus.control(program.pid(), u"text"_s, u"Find text"_s);
+    ASSERT_TRUE(findBox);
+    AccessibleEvents events(m_bus);
+    desktop.press(u"ctrl+f"_s); // away from the list, which tells of its own line
+    ASSERT_TRUE(waitFor([&] {
+        return std::ranges::any_of(events.heard(), [](const QString& event) {
+            return event.startsWith(u"StateChanged focused text"_s);
+        });
+    }));
+    events.forget();
+    controls.call(u"Next"_s);
+    ASSERT_TRUE(plays(u"start 1 2 Second"_s));
+    const QString announced = u"StateChanged showing notification Second, playing"_s;
+    EXPECT_TRUE(waitFor([&] { return events.heard().contains(announced); }))
+        << events.heard().join(u'\n').toStdString();
+    for (const QString& event : events.heard()) {
+        EXPECT_FALSE(event.startsWith(u"StateChanged focused"_s)) << event.toStdString();
+    }
 }
 
 class DialogWalk : public AccessibilityWalk

@@ -35,6 +35,24 @@ TEST_F(DesktopThatBlends, ThePictureIsSeenAsItIsInItsWindow)
     EXPECT_TRUE(waitFor([this] { return coloursOf(desktop.screenOfSway()).red > kLeast; }));
 }
 
+TEST_F(DesktopThatBlends, AStillPictureIsSeenAsItIs)
+{
+    QImage still(320, 240, QImage::Format_RGB32);
+    still.fill(Qt::red);
+    ASSERT_TRUE(still.save(file(u"still.png"_s)));
+    writeClips(file(u"tone.vxl"_s), {{media(u"tone20.wav"_s), u"Tone"_s}});
+    const QString group =
+        writeBytes(file(u"group.vxg"_s), "[main]\nfiles=1\n[file1]\npath=tone.vxl\n"
+                                         "text=Still\npicture=still.png\n");
+    ASSERT_TRUE(program.startAndShow({group}));
+    ASSERT_TRUE(plays(u"start 1 1 Tone"_s));
+    const int pixels = still.width() * still.height();
+    EXPECT_TRUE(waitFor([&] {
+        const int red = coloursOf(desktop.screenOfSway()).red;
+        return red > pixels * 9 / 10 && red <= pixels;
+    }));
+}
+
 TEST_F(DesktopThatBlends, FullScreenShowsThePictureBetweenBlackBarsAndNothingBehindThem)
 {
     playRed();

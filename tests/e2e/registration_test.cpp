@@ -43,6 +43,16 @@ protected:
         home.setOption(u"as"_s, false); // no video window comes in front of the dialogs
     }
 
+    /// A program finds a file manager, which is all that it wants to know of it.
+    void giveFileManager(Application& application)
+    {
+        const QString folder = file(u"bin"_s);
+        QDir().mkpath(folder);
+        const QString manager = writeBytes(folder + u"/nautilus"_s, "#!/bin/sh\n");
+        QFile::setPermissions(manager, QFile::ReadOwner | QFile::ExeOwner);
+        application.setVariable(u"PATH"_s, folder + u':' + desktop.environment().value(u"PATH"_s));
+    }
+
     [[nodiscard]] QString userFile(const QString& name) const
     {
         return desktop.environment().value(u"HOME"_s) + u'/' + name;
@@ -269,12 +279,14 @@ TEST_F(Registration, StartedWithTheSessionTheProgramStaysHiddenUntilAFileIsOpene
 
 TEST_F(Registration, ADevelopmentRunRegistersNothingByItself)
 {
+    giveFileManager(program);
     program.setVariable(u"ORVANTA_UNREGISTERED"_s, u"1"_s);
     ASSERT_TRUE(program.startAndShow());
     EXPECT_EQ(readFile(u".local/share/nautilus/scripts/Play clips"_s), "");
     program.sendSignal(SIGTERM);
     ASSERT_TRUE(program.waitForEnd());
     Application installed(desktop, home);
+    giveFileManager(installed);
     ASSERT_TRUE(installed.startAndShow());
     EXPECT_NE(readFile(u".local/share/nautilus/scripts/Play clips"_s), "");
 }
@@ -299,6 +311,7 @@ TEST_F(Registration, FoldersCanBePlayedFromTheFileManagersMenu)
     QDir().mkpath(folder);
     QFile::copy(media(u"short.mp4"_s), folder + u"/one.mp4"_s);
     QFile::copy(media(u"short.wav"_s), folder + u"/two.wav"_s);
+    giveFileManager(program);
     ASSERT_TRUE(program.startAndShow());
     tool(userFile(u".local/share/nautilus/scripts/Play clips"_s), {folder});
     EXPECT_TRUE(loads(1, 2));

@@ -227,6 +227,9 @@ TEST_F(Installed, TheDesktopEntryAndTheDesktopsOpenerHandFilesToTheRunningProgra
 TEST_F(Installed, AFileManagersFolderActionPlaysTheFolderInTheRunningProgram)
 {
     chooseLanguage(u"1"_s);
+    QDir().mkpath(file(u"bin"_s));
+    QFile::copy(u"/bin/true"_s, file(u"bin/nautilus"_s)); // a file manager that is found
+    program.setVariable(u"PATH"_s, file(u"bin"_s) + u':' + desktop.environment().value(u"PATH"_s));
     ASSERT_TRUE(program.startAndShow());
     const QString action =
         desktop.environment().value(u"XDG_DATA_HOME"_s) + u"/nautilus/scripts/Play clips"_s;

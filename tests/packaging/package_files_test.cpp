@@ -4,8 +4,11 @@
 
 #include <QDirIterator>
 #include <QFile>
+#include <QMimeDatabase>
 #include <QRegularExpression>
+#include <QSettings>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace orvanta::test {
@@ -118,12 +121,40 @@ TEST_F(PackageFiles, TheDesktopEntryIsValid)
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray text = file.readAll();
     for (const char* line :
-         {"MimeType=application/x-orvanta-packet;application/x-orvanta-group;\n",
+         {"MimeType=application/x-orvanta-packet;application/x-orvanta-group;",
           "Exec=/usr/libexec/orvanta/tutorial\n", "Name[ru]=Орванта\n", "Comment[ru]=",
           "Exec=orvanta /usr/share/orvanta/samples/samples.vxg\n", "Actions=", "Keywords[ru]="}) {
         EXPECT_TRUE(text.contains(line)) << line;
     }
     EXPECT_FALSE(text.contains("inode/directory"));
+}
+
+TEST_F(PackageFiles, TheProgramIsOfferedForEveryTypeThatItPlays)
+{
+    QFile file(root.path(u"usr/share/applications/orvanta.desktop"_s));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString line = QString::fromUtf8(file.readAll()).section(u"\nMimeType="_s, 1);
+    const QStringList offered = line.section(u'\n', 0, 0).split(u';', Qt::SkipEmptyParts);
+    const QSettings defaults(root.path(u"usr/share/orvanta/defaults/orvanta.ini"_s),
+                             QSettings::IniFormat);
+    const int count = defaults.value(u"types/num"_s).toInt();
+    ASSERT_GT(count, 0);
+    for (int i = 0; i < count; ++i) {
+        const QString type = defaults.value(u"types/file%1"_s.arg(i)).toString();
+        const QList<QMimeType> known = QMimeDatabase().mimeTypesForFileName(u"clip."_s + type);
+        EXPECT_TRUE(std::ranges::any_of(known, [&](const QMimeType& each) {
+            return offered.contains(each.name());
+        })) << type.toStdString();
+    }
+}
+
+TEST_F(PackageFiles, TheMenuOfKdesFileManagerIsThere)
+{
+    QFile menu(root.path(u"usr/share/kio/servicemenus/orvanta-play-clips.desktop"_s));
+    ASSERT_TRUE(menu.open(QIODevice::ReadOnly));
+    const QByteArray text = menu.readAll();
+    EXPECT_TRUE(text.contains("\nExec=orvanta %F\n"));
+    EXPECT_TRUE(text.contains("\nMimeType=inode/directory;\n"));
 }
 
 TEST_F(PackageFiles, TheMetainfoIsValidWithAndWithoutScreenshots)

@@ -221,13 +221,22 @@ TEST(BookmarkSign, ShowsAReadableRibbon)
     EXPECT_EQ(picture.pixelColor(4, 10), picture.pixelColor(16, 30));
 }
 
-TEST(BookmarkSign, IsShownByOneCall)
+namespace {
+
+const QScreen& lastScreen()
 {
-    showBookmarkSign();
+    return *QGuiApplication::screens().constLast();
+}
+
+} // namespace
+
+TEST(BookmarkSign, IsShownByOneCallAtTheTopLeftOfTheScreen)
+{
+    showBookmarkSign(lastScreen());
     const auto shown = [] {
         for (QWidget* widget : QApplication::topLevelWidgets()) {
             if (qobject_cast<Form4*>(widget) != nullptr && widget->isVisible()) {
-                return true;
+                return widget->pos() == lastScreen().geometry().topLeft();
             }
         }
         return false;

@@ -92,6 +92,19 @@ TEST_F(MainWindow, OnlyAMinimisedWindowIsNotNormal)
     EXPECT_TRUE(window->isWindowNormal());
 }
 
+TEST_F(MainWindow, AKeyShowsThatADesktopHasNotMinimisedIt)
+{
+    show();
+    click(window->Image12);
+    ASSERT_FALSE(window->isWindowNormal());
+    QTest::keyClick(window->List1, Qt::Key_Down);
+    EXPECT_TRUE(window->isWindowNormal());
+    click(window->Image12);
+    ASSERT_FALSE(window->isWindowNormal());
+    QTest::mousePress(window->List1->viewport(), Qt::LeftButton);
+    EXPECT_TRUE(window->isWindowNormal());
+}
+
 TEST_F(MainWindow, MinimisingHidesTheVideoWindowAtTheNextTick)
 {
     show();

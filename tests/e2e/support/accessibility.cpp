@@ -294,4 +294,23 @@ std::optional<Accessible> AccessibilityBus::control(qint64 pid, const QString& r
     return there ? found : std::nullopt;
 }
 
+AccessibleEvents::AccessibleEvents(const AccessibilityBus& bus)
+    : m_bus(bus.connection())
+{
+    m_bus.connect({}, {}, u"org.a11y.atspi.Event.Object"_s, {}, this, SLOT(hear(QDBusMessage)));
+    // Programs tell nothing until somebody has said what to listen for.
+    QDBusMessage wish =
+        QDBusMessage::createMethodCall(u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/registry"_s,
+                                       u"org.a11y.atspi.Registry"_s, u"RegisterEvent"_s);
+    wish << u"object:"_s;
+    m_bus.call(wish, QDBus::Block, kPatienceMs);
+}
+
+void AccessibleEvents::hear(const QDBusMessage& event)
+{
+    const Accessible teller(m_bus, event.service(), event.path());
+    m_heard.append(u"%1 %2 %3 %4"_s.arg(event.member(), event.arguments().value(0).toString(),
+                                        teller.role(), teller.name()));
+}
+
 } // namespace orvanta::e2e

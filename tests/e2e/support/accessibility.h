@@ -84,6 +84,7 @@ public:
     [[nodiscard]] std::optional<Accessible> program(qint64 pid);
     /// A control of that program; waits until it is there and showing, and until the program has
     /// learnt where its window is: a window manager places a window after it is shown.
+    [[nodiscard]] QDBusConnection connection() const { return QDBusConnection(m_name); }
     [[nodiscard]] std::optional<Accessible> control(qint64 pid, const QString& role,
                                                     const QString& name);
 
@@ -93,6 +94,26 @@ private:
     Desktop& m_desktop;
     QString m_sessionName;
     QString m_name;
+};
+
+/// Hears what the programs of a desktop tell assistive technology, as a screen reader does.
+class AccessibleEvents : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit AccessibleEvents(const AccessibilityBus& bus);
+
+    /// "StateChanged focused list item one": the event, its detail, who tells it.
+    [[nodiscard]] QStringList heard() const { return m_heard; }
+    void forget() { m_heard.clear(); }
+
+private Q_SLOTS:
+    void hear(const QDBusMessage& event);
+
+private:
+    QDBusConnection m_bus;
+    QStringList m_heard;
 };
 
 } // namespace orvanta::e2e

@@ -50,6 +50,17 @@ struct DesktopCommands : testing::Test
                                 folder.path() + u"\\orvanta.exe /f%1"_s);
     }
 
+    /// Nothing else is found than these.
+    void installPrograms(const QStringList& names)
+    {
+        for (const QString& name : names) {
+            const QString file = u"bin/"_s + name;
+            room.write(file, "#!/bin/sh\n");
+            QFile::setPermissions(room.path(file), QFile::ReadOwner | QFile::ExeOwner);
+        }
+        room.set("PATH", room.path(u"bin") + u":/usr/bin:/bin"_s);
+    }
+
     /// A stand-in for the program: writes its arguments into "said", one a line, and "end".
     [[nodiscard]] QString scribe() const
     {
@@ -67,6 +78,8 @@ struct DesktopCommands : testing::Test
     Registry registry{folder.path(), u"/opt/o/orvanta"_s};
 };
 
+const QStringList kManagers = {u"nautilus"_s, u"nemo"_s, u"caja"_s, u"dolphin"_s};
+constexpr const char16_t* kServiceMenu = u"data/kio/servicemenus/orvanta-play-clips.desktop";
 const QStringList kScripts = {u"data/nautilus/scripts/Play clips"_s,
                               u"data/nemo/scripts/Play clips"_s,
                               u"config/caja/scripts/Play clips"_s};
@@ -120,6 +133,7 @@ TEST_F(DesktopCommands, TheDesktopsValidatorAcceptsWhatIsWritten)
 
 TEST_F(DesktopCommands, FoldersHaveACommandInEveryFileManager)
 {
+    installPrograms(kManagers);
     registerFolderCommand();
     for (const QString& script : kScripts) {
         EXPECT_TRUE(QFileInfo(room.path(script)).isExecutable()) << qPrintable(script);
@@ -130,8 +144,42 @@ TEST_F(DesktopCommands, FoldersHaveACommandInEveryFileManager)
     EXPECT_FALSE(room.has(u"data/applications")); // nothing that could open folders
 }
 
+TEST_F(DesktopCommands, AFileManagerThatIsNotInstalledGetsNoCommandForFolders)
+{
+    installPrograms({u"caja"_s});
+    registerFolderCommand();
+    EXPECT_FALSE(room.has(kScripts[0]));
+    EXPECT_FALSE(room.has(kScripts[1]));
+    EXPECT_TRUE(room.has(kScripts[2]));
+    EXPECT_FALSE(room.has(u"data/kio"));
+}
+
+TEST_F(DesktopCommands, TheMenuOfAPackageIsNotDoubledInTheHome)
+{
+    installPrograms(kManagers);
+    registerFolderCommand();
+    ASSERT_TRUE(room.has(kServiceMenu));
+    room.write(u"system/kio/servicemenus/orvanta-play-clips.desktop", "the package's");
+    registerFolderCommand();
+    EXPECT_FALSE(room.has(kServiceMenu));
+    EXPECT_TRUE(room.has(kScripts[0]));
+}
+
+TEST_F(DesktopCommands, TheFolderScriptGoesWithTheProgram)
+{
+    installPrograms(kManagers);
+    const QString program = scribe();
+    Registry(folder.path(), program)
+        .RegWriteString(RegistryHive::ClassesRoot, kFolderKey, {}, u"x"_s);
+    ASSERT_TRUE(QFile::remove(program));
+    EXPECT_EQ(QProcess::execute(room.path(kScripts.constFirst()), {room.path(u"data")}), 0);
+    EXPECT_FALSE(room.has(kScripts.constFirst()));
+    EXPECT_FALSE(room.has(u"said"));
+}
+
 TEST_F(DesktopCommands, TheFolderCommandIsWrittenAgainWhenSomebodyChangedIt)
 {
+    installPrograms(kManagers);
     registerFolderCommand();
     const QByteArray before = room.bytes(kScripts.constFirst());
     room.write(kScripts.constFirst(), "something of the user's");
@@ -141,6 +189,7 @@ TEST_F(DesktopCommands, TheFolderCommandIsWrittenAgainWhenSomebodyChangedIt)
 
 TEST_F(DesktopCommands, TheFolderScriptStartsTheProgramOnceForAllSelectedFolders)
 {
+    installPrograms(kManagers);
     Registry(folder.path(), scribe())
         .RegWriteString(RegistryHive::ClassesRoot, kFolderKey, {}, u"x"_s);
     const QString inside = room.path(u"films/it's one");
@@ -159,6 +208,7 @@ TEST_F(DesktopCommands, TheFolderScriptStartsTheProgramOnceForAllSelectedFolders
 
 TEST_F(DesktopCommands, AnotherHomeThanTheProgramsOwnChoiceIsCarriedAlong)
 {
+    installPrograms(kManagers);
     Registry elsewhere(folder.path(), scribe(), u"/a b/it's"_s);
     elsewhere.RegWriteString(RegistryHive::ClassesRoot, kFolderKey, {}, u"x"_s);
     elsewhere.RegWriteString(RegistryHive::LocalMachine, kRunKey, u"orvanta"_s, u"x"_s);

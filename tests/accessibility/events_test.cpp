@@ -1,0 +1,184 @@
+// What assistive technology is told when something happens.
+
+#include "editors/folder_tree.h"
+#include "system/page_button.h"
+#include "tests/captions/every_window.h"
+#include "window/announcement.h"
+#include "window/form2_main_window.h"
+#include "window/playlist_list.h"
+#include "window/skin_slider.h"
+
+#include <QAccessible>
+#include <QTest>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <private/qguiapplication_p.h>
+#include <vector>
+
+namespace orvanta::test {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Told
+{
+    QAccessible::Event type;
+    const QObject* object;
+    int child;
+};
+
+/// Hears all events while it lives.
+class Listener
+{
+public:
+    Listener()
+    {
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+        s_told.clear();
+        m_before = QAccessible::installUpdateHandler(hear);
+    }
+    ~Listener()
+    {
+        QAccessible::installUpdateHandler(m_before);
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(false);
+    }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    [[nodiscard]] static std::ptrdiff_t count(QAccessible::Event type, const QObject* object)
+    {
+        return std::ranges::count_if(
+            s_told, [&](const Told& each) { return each.type == type && each.object == object; });
+    }
+    [[nodiscard]] static const std::vector<Told>& all() { return s_told; }
+    static void forget() { s_told.clear(); }
+
+private:
+    static void hear(QAccessibleEvent* event)
+    {
+        s_told.push_back({event->type(), event->object(), event->child()});
+    }
+
+    static std::vector<Told> s_told;
+    QAccessible::UpdateHandler m_before = nullptr;
+};
+
+std::vector<Told> Listener::s_told;
+
+class Events : public testing::TestWithParam<int>
+{
+protected:
+    Events()
+    {
+        PlaylistEntry lesson;
+        lesson.Title = u"Lesson"_s;
+        lesson.Clips = {{.Time = {}, .Text = u"one"_s, .Path = {}},
+                        {.Time = {}, .Text = u"two"_s, .Path = {}}};
+        lesson.ClipCount = 2;
+        surroundings.module.playlist.Playlist = {lesson};
+        surroundings.module.playlist.PlaylistCount = 1;
+        window = everyWindow().front().make(surroundings);
+        form2().RebuildTree();
+        window->show();
+        announcement = window->findChild<Announcement*>();
+    }
+
+    Form2& form2() { return dynamic_cast<Form2&>(*window); }
+    [[nodiscard]] QString word(const QString& english, const QString& russian) const
+    {
+        return GetParam() == 1 ? english : russian;
+    }
+
+    Surroundings surroundings{GetParam()};
+    std::unique_ptr<QWidget> window;
+    Announcement* announcement = nullptr;
+    Listener listener;
+};
+
+} // namespace
+
+TEST_P(Events, WhatBeginsToPlayIsAnnouncedOnceAndTheListStaysSilent)
+{
+    ASSERT_NE(announcement, nullptr);
+    form2().Text1->setFocus();
+    Listener::forget();
+    form2().setListIndex(3);
+    form2().showPlaying({1, 2, PlayingSign::Playing});
+    form2().showPlaying({1, 2, PlayingSign::Paused});
+    form2().showPlaying({1, 2, PlayingSign::Playing});
+    EXPECT_EQ(announcement->text(), word(u"two, playing"_s, u"two, играет"_s));
+    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, announcement), 1);
+    EXPECT_EQ(Listener::count(QAccessible::Focus, form2().List1), 0);
+    form2().showPlaying({1, 1, PlayingSign::Playing});
+    EXPECT_EQ(announcement->text(), word(u"one, playing"_s, u"one, играет"_s));
+    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, announcement), 2);
+}
+
+TEST_P(Events, AMarkThatIsToggledIsTold)
+{
+    Listener::forget();
+    form2().List1->toggleLine(2);
+    ASSERT_EQ(Listener::count(QAccessible::StateChanged, form2().List1), 1);
+    const auto event = std::ranges::find_if(
+        Listener::all(), [](const Told& each) { return each.type == QAccessible::StateChanged; });
+    EXPECT_EQ(event->child, 2);
+    auto* list = QAccessible::queryAccessibleInterface(form2().List1);
+    EXPECT_TRUE(list->child(2)->state().checkable && !list->child(2)->state().checked);
+}
+
+TEST_P(Events, ASliderThatMovesByItselfSpeaksOnceASecondAndAlwaysForTheUser)
+{
+    Listener::forget();
+    for (int percent = 1; percent <= 20; ++percent) {
+        form2().moveSlider(Int16(percent));
+    }
+    EXPECT_LE(Listener::count(QAccessible::ValueChanged, form2().Slider1), 1);
+    Listener::forget();
+    form2().Slider1->stepTo(50);
+    form2().Slider1->stepTo(51);
+    EXPECT_EQ(Listener::count(QAccessible::ValueChanged, form2().Slider1), 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, Events, testing::Values(1, 2));
+
+class Roles : public testing::TestWithParam<WindowOfProgram>
+{};
+
+TEST_P(Roles, AWindowIsAWindowOrADialog)
+{
+    Surroundings surroundings{1};
+    const std::unique_ptr<QWidget> window = GetParam().make(surroundings);
+    const QAccessible::Role role = QAccessible::queryAccessibleInterface(window.get())->role();
+    EXPECT_TRUE(role == QAccessible::Window || role == QAccessible::Dialog) << role;
+}
+
+TEST_P(Roles, PagesAreTabsAndTreesHaveAHeaderWithAName)
+{
+    Surroundings surroundings{1};
+    const std::unique_ptr<QWidget> window = GetParam().make(surroundings);
+    for (const PageButton* page : window->findChildren<PageButton*>()) {
+        const auto* tab = QAccessible::queryAccessibleInterface(const_cast<PageButton*>(page));
+        EXPECT_EQ(tab->role(), QAccessible::PageTab);
+        EXPECT_EQ(tab->state().selected, page->isChecked());
+        EXPECT_FALSE(tab->text(QAccessible::Name).isEmpty());
+    }
+    for (const FolderTree* tree : window->findChildren<FolderTree*>()) {
+        const QString header =
+            tree->model()->headerData(0, Qt::Horizontal, Qt::DisplayRole).toString();
+        EXPECT_EQ(header, tree->accessibleName());
+        EXPECT_FALSE(header.isEmpty());
+    }
+}
+
+static std::string nameOfWindow(const testing::TestParamInfo<WindowOfProgram>& info)
+{
+    return info.param.name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Windows, Roles, testing::ValuesIn(everyWindow()), nameOfWindow);
+
+} // namespace orvanta::test
