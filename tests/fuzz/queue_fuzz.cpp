@@ -58,9 +58,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     QStringList arrived;
     require(works([&] { queue.drain([&](const QStringList& all) { arrived = all; }); }),
             "a queue that was written can be read");
-    if (std::ranges::none_of(lines, isWrapped)) { // an outer pair of quotes goes
+    if (std::ranges::none_of(
+            lines, isWrapped)) { // an outer pair of quotes goes, and with it a line of nothing else
         require(arrived == lines, "lines arrive as they were, in order");
     }
-    require(arrived.size() == lines.size(), "no line is lost");
     return 0;
 }
