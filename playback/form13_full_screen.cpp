@@ -71,19 +71,39 @@ void Form13::changeEvent(QEvent* event)
 }
 
 /// It appears without asking for the keyboard. Where it is given that all the same, the main window
-/// asks for it; later the user has given it. The toolkit asks for this window once more while it
-/// takes over: the last to ask has it.
+/// asks for it; later the user has given it.
 void Form13::giveKeyboardBack()
 {
     constexpr int kJustNowMs = 5000; // of a busy machine
-    const bool isNew = m_shown.isValid() && !m_shown.hasExpired(kJustNowMs);
-    m_shown.invalidate();
     const QWidget* mainWindow = m_services.mainWindow();
-    if (isNew && appearingTakesKeyboard() && !isFillingScreen() && mainWindow != nullptr &&
-        mainWindow->isVisible()) {
-        QTimer::singleShot(0, mainWindow,
-                           [mainWindow] { bringToFront(mainWindow->windowHandle()); });
+    if (m_asksForMainWindow) {
+        return;
     }
+    if (m_shown.isValid() && !m_shown.hasExpired(kJustNowMs) && appearingTakesKeyboard() &&
+        !isFillingScreen() && mainWindow != nullptr && mainWindow->isVisible()) {
+        m_asksForMainWindow = true;
+        constexpr int kTimes = 10;
+        QTimer::singleShot(0, this, [this] { askForMainWindow(kTimes); });
+    } else {
+        m_shown.invalidate();
+    }
+}
+
+/// The toolkit asks for this window once more while it takes over, and on a busy machine not at
+/// once: the last to ask has it. A key or a click here ends the asking.
+void Form13::askForMainWindow(int times)
+{
+    constexpr int kAgainMs = 200;
+    const QWidget* mainWindow = m_services.mainWindow();
+    if (!m_shown.isValid() || isFillingScreen() || times == 0 || mainWindow == nullptr) {
+        m_shown.invalidate();
+        m_asksForMainWindow = false;
+        return;
+    }
+    if (isActiveWindow()) {
+        bringToFront(mainWindow->windowHandle());
+    }
+    QTimer::singleShot(kAgainMs, this, [this, times] { askForMainWindow(times - 1); });
 }
 
 void Form13::leaveScreen()
@@ -105,6 +125,7 @@ void Form13::leaveScreen()
 
 void Form13::keyPressEvent(QKeyEvent* event)
 {
+    m_shown.invalidate();
     m_services.boundary([&] {
         doByHand([&] {
             const auto command = namedCommand(*event);
@@ -189,6 +210,7 @@ CommandFacts Form13::commandFacts() const
 
 void Form13::mousePressEvent(QMouseEvent* event)
 {
+    m_shown.invalidate();
     if (event->button() == Qt::MiddleButton) {
         m_services.boundary([this] { doByHand([this] { m_keys.togglePlay(); }); })();
     }

@@ -200,6 +200,7 @@ private:
     void fillScreen();
     void takeKeyboard();
     void giveKeyboardBack();
+    void askForMainWindow(int times);
     void leaveScreen();
     [[nodiscard]] bool isFillingScreen() const;
     [[nodiscard]] QRect room() const;
@@ -224,7 +225,9 @@ private:
     int m_left = kOutOfSight; // twips
     QSize m_controlSize;      // twips
     QSize m_size;             // twips
-    QElapsedTimer m_shown;    // since the window has come, until it has the keyboard once
+    QElapsedTimer
+        m_shown; // since the window has come, until it gave the keyboard back, or was used
+    bool m_asksForMainWindow = false;
     bool m_shownByProgram = false;
     bool m_sizedByUser = false;
     bool m_fullScreen = false;

@@ -155,6 +155,17 @@ void MpvPlayer::showPicture()
     }
 }
 
+/// A clip that has ended is back at its start within the turn of the event loop in which its end is
+/// reported; what is opened upon that report comes before its first picture is shown once more.
+void MpvPlayer::showPictureSoon()
+{
+    QTimer::singleShot(0, this, [this, load = m_load] {
+        if (load == m_load && m_phase == Ready) {
+            showPicture();
+        }
+    });
+}
+
 void MpvPlayer::finishReloading()
 {
     m_reloading = false;

@@ -194,7 +194,7 @@ void MpvPlayer::seekSettled()
 {
     m_seek.cancel();
     m_seekGuard.stop();
-    showPicture();
+    showPictureSoon();
     m_mpv->ask("time-pos", MPV_FORMAT_DOUBLE, idOf(PositionNow, m_load));
 }
 

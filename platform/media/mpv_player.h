@@ -123,6 +123,7 @@ private:
     void askFacts();
     void finishOpening();
     void showPicture();
+    void showPictureSoon();
     void finishReloading();
     void failOpening(const QString& reason);
     void seekAsWished();

@@ -267,13 +267,13 @@ TEST(ControlTexts, AreThereForEachControlThatTheUserMeetsOrAReasonIs)
 TEST(ControlTexts, BelongToControlsThatThereAre)
 {
     // A part of several windows, what is said at a terminal, what can be asked for, and how
-    // practice, lessons, tracks, languages, waveforms, editing, missing files, boxes, pages and the
-    // lessons of other programs are spoken of.
-    const QStringList others = {u"FolderTree"_s,  u"CommandLine"_s, u"Command"_s,  u"Practice"_s,
-                                u"Recent"_s,      u"Tracks"_s,      u"Language"_s, u"Waveform"_s,
-                                u"EditingMode"_s, u"Check"_s,       u"Files"_s,    u"Box"_s,
-                                u"ReadMe"_s,      u"LessonPage"_s,  u"Exchange"_s, u"Import"_s,
-                                u"Export"_s};
+    // practice, lessons, tracks, languages, waveforms, editing, missing files, boxes, pages, the
+    // lessons of other programs and the error that ends the program are spoken of.
+    const QStringList others = {u"FolderTree"_s,  u"CommandLine"_s,  u"Command"_s,  u"Practice"_s,
+                                u"Recent"_s,      u"Tracks"_s,       u"Language"_s, u"Waveform"_s,
+                                u"EditingMode"_s, u"Check"_s,        u"Files"_s,    u"Box"_s,
+                                u"ReadMe"_s,      u"LessonPage"_s,   u"Exchange"_s, u"Import"_s,
+                                u"Export"_s,      u"RunTimeReport"_s};
     const std::map<QString, DocumentedForm> documented = documentedForms();
     for (const InterfaceText& text : interfaceTexts()) {
         const auto form = documented.find(text.window.toString());
