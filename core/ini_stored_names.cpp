@@ -36,7 +36,7 @@ QString storedKey(const QString& key)
 {
     const QString name = withoutBlanksBefore(key);
     if (name.isEmpty()) {
-        return name;
+        return {};
     }
     const QChar first = name.front();
     const bool isUnfit = first == u';' || first == u'[' || isTab(first) || beginsEscaped(name);

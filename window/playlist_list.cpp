@@ -218,8 +218,8 @@ void PlaylistList::currentChanged(const QModelIndex& current, const QModelIndex&
     if (hasFocus()) {
         QListView::currentChanged(current, previous);
     } else {
-        QAbstractItemView::currentChanged(current,
-                                          previous); // NOLINT(bugprone-parent-virtual-call)
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call)
+        QAbstractItemView::currentChanged(current, previous);
     }
     if (current.isValid()) {
         Q_EMIT cursorMoved(current.row());
