@@ -10,8 +10,8 @@ constexpr int kLookMilliseconds = 40;
 constexpr int kSeekGuardMilliseconds = 5000;
 constexpr int kSilence = -10000; // hundredths of a decibel
 // By the measure of broadcasting, with a limiter behind it: no peak above -1.5 dB. The filter works
-// at 192 kHz, which no device needs, and a tenth of a second at a time: the library knows the time of
-// slowed-down sound only to a piece's length, so the pieces are made a hundredth long.
+// at 192 kHz, which no device needs, and a tenth of a second at a time: the library knows the time
+// of slowed-down sound only to a piece's length, so the pieces are made a hundredth long.
 constexpr char kEvenLoudness[] =
     "lavfi=[loudnorm=I=-18:TP=-1.5:LRA=7,aresample=48000,asetnsamples=n=480:p=0]";
 
