@@ -60,13 +60,6 @@ static int memberCount(const QString& text)
     return count.value();
 }
 
-static bool isAbsolute(const QString& pathText)
-{
-    return pathText.startsWith(u'/') || pathText.startsWith(u'\\') ||
-           (pathText.size() > 2 && pathText[1] == u':' &&
-            (pathText[2] == u'\\' || pathText[2] == u'/'));
-}
-
 /// A relative text is meant below the group's folder.
 static QString memberFile(const QString& pathText, const QString& group, const FindMember& find)
 {
@@ -74,8 +67,9 @@ static QString memberFile(const QString& pathText, const QString& group, const F
     if (!found.isEmpty() || pathText.isEmpty()) {
         return found;
     }
-    return isAbsolute(pathText) ? pathText
-                                : folderOfPath(group) + QString(pathText).replace(u'\\', u'/');
+    return isAbsolutePathText(pathText)
+               ? pathText
+               : folderOfPath(group) + QString(pathText).replace(u'\\', u'/');
 }
 
 void writeGroup(const QString& target, const QStringList& entries)

@@ -13,6 +13,13 @@ static qsizetype lastSeparator(const QString& path)
     return path.startsWith(u'/') ? slash : std::max(slash, path.lastIndexOf(u'\\'));
 }
 
+bool isAbsolutePathText(const QString& pathText)
+{
+    const bool onDrive = pathText.size() > 2 && pathText[0].isLetter() && pathText[1] == u':' &&
+                         (pathText[2] == u'\\' || pathText[2] == u'/');
+    return pathText.startsWith(u'/') || pathText.startsWith(u'\\') || onDrive;
+}
+
 QString folderOfPath(const QString& path)
 {
     return path.left(lastSeparator(path) + 1);

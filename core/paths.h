@@ -5,6 +5,9 @@
 
 namespace orvanta {
 
+/// Whether a path text means one place wherever it stands: it begins with "/", "\" or a drive
+/// ("C:\", "C:/").
+[[nodiscard]] bool isAbsolutePathText(const QString& pathText);
 /// The text up to and including its last separator; empty without one.
 [[nodiscard]] QString folderOfPath(const QString& path);
 /// The part after the last separator; the whole text without one.

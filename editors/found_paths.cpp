@@ -20,9 +20,18 @@ static bool liesIn(const QString& folder, const QString& file)
     return QDir::cleanPath(folderOfPath(file)) == QDir::cleanPath(folder);
 }
 
+/// The document that Create opens at once; nobody keeps it.
+static bool isTemporary(const QString& target)
+{
+    const QString name = fileNameOfPath(target);
+    return name == u"temp.vxl" || name == u"temp.vxg";
+}
+
 QString pathFor(const QString& target, const QString& documentFolder, const QString& pathText)
 {
-    return liesIn(documentFolder, target) ? pathText : pathFoundBeside(documentFolder, pathText);
+    const bool stays =
+        liesIn(documentFolder, target) || (isAbsolutePathText(pathText) && !isTemporary(target));
+    return stays ? pathText : pathFoundBeside(documentFolder, pathText);
 }
 
 QStringList entriesFor(const QString& target, const QString& documentFolder, QStringList entries)

@@ -11,7 +11,8 @@ namespace orvanta {
 [[nodiscard]] QString pathFoundBeside(const QString& documentFolder, const QString& pathText);
 
 /// The path text of a loaded document for a document at target: a relative one stays only in the
-/// folder that it was loaded from; anywhere else it would lead to nothing.
+/// folder that it was loaded from; anywhere else it would lead to nothing. An absolute one stays in
+/// what is kept, as it may be right on the machine that it comes from.
 [[nodiscard]] QString pathFor(const QString& target, const QString& documentFolder,
                               const QString& pathText);
 

@@ -21,12 +21,6 @@ bool isGroupPath(const QString& path)
     return path.endsWith(u".vxg"_s, Qt::CaseInsensitive);
 }
 
-bool isAbsolutePathText(const QString& path)
-{
-    const bool hasDrive = path.size() > 2 && path[1] == u':';
-    return path.startsWith(u'/') || path.startsWith(u'\\') || hasDrive;
-}
-
 QString absolutePathText(const QString& path, const QString& folder)
 {
     const bool meansTheSame = path.isEmpty() || folder.isEmpty() || isAbsolutePathText(path);

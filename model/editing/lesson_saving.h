@@ -12,9 +12,6 @@ namespace orvanta {
 /// The two ends of a document's name that saving tells apart.
 [[nodiscard]] bool isGroupPath(const QString& path);
 
-/// A path that means the same from everywhere; the others are looked for below a folder.
-[[nodiscard]] bool isAbsolutePathText(const QString& path);
-
 /// A path of a document in this folder, so that it means the same in a document elsewhere; as it
 /// is where it does already, or there is no folder.
 [[nodiscard]] QString absolutePathText(const QString& path, const QString& folder);

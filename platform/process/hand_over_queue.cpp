@@ -2,6 +2,7 @@
 
 #include "core/ini.h"
 #include "core/log.h"
+#include "core/paths.h"
 #include "core/spoilt_count.h"
 
 #include <QDir>
@@ -185,13 +186,6 @@ QStringList HandOverQueue::Drain::lines() const
     }
     lines.removeAll(QString());
     return lines;
-}
-
-static bool isAbsolutePathText(const QString& path)
-{
-    const bool onDrive = path.size() > 2 && path[0].isLetter() && path[1] == u':' &&
-                         (path[2] == u'\\' || path[2] == u'/');
-    return path.startsWith(u'/') || onDrive;
 }
 
 std::optional<QString> folderOfLine(const QString& line)

@@ -221,6 +221,20 @@ TEST_F(ClipMode, APacketThatIsSavedInAnotherFolderStillFindsItsClips)
                                                room(u"near.avi"_s).toUtf8() + "\r\ntext=A\r\n");
 }
 
+TEST_F(ClipMode, APacketThatIsSavedInAnotherFolderKeepsItsAbsolutePathsAndCreateFindsTheirClips)
+{
+    put(u"near.avi"_s);
+    open();
+    load(editor->Command3, "[main]\nfiles=1\n[file1]\npath=C:\\Clips\\near.avi\ntext=A\n");
+    pickers.saveAnswer = module.ApplicationFolder + u"/out.vxl"_s;
+    press(editor->Command4);
+    EXPECT_EQ(bytesOf(pickers.saveAnswer),
+              "[main]\r\nfiles=1\r\n[file1]\r\npath=C:\\Clips\\near.avi\r\ntext=A\r\n");
+    press(editor->Command1);
+    EXPECT_TRUE(
+        bytesOf(temporaryPacket()).contains("path=" + room(u"near.avi"_s).toUtf8() + "\r\n"));
+}
+
 TEST_F(ClipMode, PastedLineBreaksBecomeBlanks)
 {
     openWith({u"a{}1"_s}, 0);
