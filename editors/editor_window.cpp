@@ -178,7 +178,6 @@ void EditorWindow::showStoredFolder(FolderTree* tree)
 void EditorWindow::FolderTreeview1_FolderClick(const QString& folder)
 {
     File1->setFolder(folder);
-    m_pickerWasLast = false;
 }
 
 void EditorWindow::Command2_Click()
@@ -196,9 +195,7 @@ void EditorWindow::Command8_Click()
 QString EditorWindow::pickFile(const QString& pattern)
 {
     const bool picked = m_services.pickers.ShowOpenPicker(pattern, false);
-    QString file = picked ? m_services.module.picker.PickedFiles.value(1) : QString();
-    m_pickerWasLast = m_pickerWasLast || !file.isEmpty();
-    return file;
+    return picked ? m_services.module.picker.PickedFiles.value(1) : QString();
 }
 
 void EditorWindow::loadList(const QString& pattern, void (*load)(EntryList&, const QString&))
@@ -227,7 +224,6 @@ void EditorWindow::save(const QString& pattern, EntryListView& list, const Write
         m_services.pickers.ShowSavePicker(pattern, name);
         const QString target = m_services.module.picker.SaveFileName;
         if (!target.isEmpty()) {
-            m_pickerWasLast = true;
             write(target);
             list.setWritten(target);
         }
@@ -279,9 +275,7 @@ void EditorWindow::closeEvent(QCloseEvent* event)
 
 void EditorWindow::done(int result)
 {
-    if (!m_pickerWasLast) {
-        m_services.module.settings().setFolder(File1->folder());
-    }
+    m_services.module.settings().setFolder(File1->folder());
     QDialog::done(result);
 }
 

@@ -113,8 +113,7 @@ private:
 
     EditorServices& m_services;
     WindowTexts m_texts;
-    QString m_caption;            // the title without a document
-    bool m_pickerWasLast = false; // a picker has stored its folder since File1's was chosen
+    QString m_caption; // the title without a document
 };
 
 } // namespace orvanta

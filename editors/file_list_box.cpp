@@ -77,7 +77,7 @@ FileListBox::FileListBox(QWidget* parent)
     setIconSize({icon, icon});
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTextElideMode(Qt::ElideMiddle);
-    connect(this, &QListView::clicked, this, &FileListBox::clickedWithMouse);
+    connect(this, &QListView::clicked, this, &FileListBox::clickCurrent);
 }
 
 void FileListBox::setPattern(const QString& pattern)
@@ -182,7 +182,7 @@ void FileListBox::chooseCurrent()
     }
 }
 
-void FileListBox::clickedWithMouse()
+void FileListBox::clickCurrent()
 {
     chooseCurrent();
     Q_EMIT Click();
@@ -208,8 +208,7 @@ void FileListBox::keyPressEvent(QKeyEvent* event)
 {
     if (clicks(*event)) {
         m_typed.invalidate();
-        chooseCurrent();
-        Q_EMIT Click();
+        clickCurrent();
         return;
     }
     if (!event->text().isEmpty() && event->text().front().isPrint()) {

@@ -59,7 +59,7 @@ private:
     [[nodiscard]] bool isTyping() const;
     [[nodiscard]] bool clicks(const QKeyEvent& event) const;
     void chooseCurrent();
-    void clickedWithMouse();
+    void clickCurrent();
 
     FileNamesModel* m_model;
     QString m_pattern;

@@ -57,7 +57,9 @@ void Form5::Form5_ActiveMovie1_OpenComplete(double durationSeconds)
 {
     showDuration(durationSeconds);
     Slider1->setSeconds(0);
-    m_chosenSeconds = 0;
+    if (!splitAtLastMarker(List2->list().selectedEntry()).found) {
+        m_chosenSeconds = 0; // a brake that was clicked while the clip opened keeps its time
+    }
     showPosition();
     showPreviewState();
 }

@@ -116,6 +116,17 @@ TEST_F(BrakeMode, ChangesOfTheSliderByTheProgramRewriteNoBrake)
     EXPECT_EQ(brakes(), QStringList({u"5{}a"_s, u"6{}b"_s}));
 }
 
+TEST_F(BrakeMode, ABrakeThatIsClickedBeforeItsClipIsOpenKeepsItsTimeWhenItsTextIsTyped)
+{
+    openClip();
+    setBrakes({u"000005.00{}a"_s, u"000006.00{}b"_s});
+    preview->setFileName(room(u"clip.avi"_s));
+    clickRow(editor->List2, 1);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return preview->isReady(); }));
+    typeOver(editor->Text4, u"c"_s);
+    EXPECT_EQ(brakes(), QStringList({u"000005.00{}a"_s, u"000006.00{}c"_s}));
+}
+
 TEST_F(BrakeMode, ClickingABrakeWithNoClipOpenKeepsItsTime)
 {
     open();
