@@ -96,6 +96,7 @@ static int run(int count, char** arguments, const MakeExtras& makePage)
     if (texts == QStringList(u"--version"_s)) {
         return answer(u"cdcreate (Orvanta) %1\n"_s.arg(kVersion));
     }
+    prepareAsPlayer();
     const BoxCommand command = boxCommand(texts);
     if (!command.out.isEmpty() || !command.isUnderstood) {
         const auto application = applicationFor(command, count, arguments);

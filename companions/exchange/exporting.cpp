@@ -93,7 +93,8 @@ static bool isOfLesson(const QString& target, const Lesson& lesson)
         const bool isClip =
             std::any_of(packet.clips.begin(), packet.clips.end(),
                         [&](const LessonClip& clip) { return isSameFile(target, clip.path); });
-        return isClip || isSameFile(target, packet.markedClip);
+        return isClip || isSameFile(target, packet.markedClip) ||
+               isSameFile(target, packet.picture);
     };
     return std::any_of(lesson.packets.begin(), lesson.packets.end(), isOfPacket);
 }

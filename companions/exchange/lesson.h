@@ -31,7 +31,8 @@ struct LessonPacket
     std::vector<LessonClip> clips = {};
     QString markedClip = {}; // empty: whoever asks for the lesson has to say which
     std::vector<LessonMark> marks = {};
-    bool hasEnd = false; // the last mark is the end mark; else the clip's end is
+    QString picture = {}; // that a group shows for it; no list of another program has it
+    bool hasEnd = false;  // the last mark is the end mark; else the clip's end is
 
     friend bool operator==(const LessonPacket&, const LessonPacket&) = default;
 };

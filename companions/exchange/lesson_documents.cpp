@@ -193,6 +193,12 @@ static LessonPacket packetOf(const PlaylistEntry& entry, const QString& groupFol
     return packet;
 }
 
+static QString pictureOf(const PlaylistEntry& entry, const QString& groupFolder)
+{
+    const bool hasOne = !entry.Picture.isEmpty() && entry.Picture != kNoPicture;
+    return hasOne ? wholePathOf(entry.Picture, {.packet = groupFolder}) : QString();
+}
+
 static std::vector<PlaylistEntry> entriesOfDocument(const QString& document)
 {
     std::vector<PlaylistEntry> entries;
@@ -220,7 +226,9 @@ ImportedLesson readLessonDocument(const QString& document)
             throw RuntimeError(ErrorNumber::FileNotFound);
         }
         for (const PlaylistEntry& entry : entriesOfDocument(whole)) {
-            read.lesson.packets.push_back(packetOf(entry, folderOfPath(whole), read.leftOut));
+            LessonPacket packet = packetOf(entry, folderOfPath(whole), read.leftOut);
+            packet.picture = pictureOf(entry, folderOfPath(whole));
+            read.lesson.packets.push_back(std::move(packet));
         }
     });
     read.lesson.title = QFileInfo(whole).completeBaseName();

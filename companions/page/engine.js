@@ -107,7 +107,7 @@ class Engine {
 
     makeCurrent(place, way) {
         this.setCursor(place);
-        if (way !== 'playing') {
+        if (way !== 'playing' && !this.entry(place).checked) {
             this.entry(place).checked = true;
             this.view.showChecks(place);
         }
@@ -410,8 +410,15 @@ class Engine {
         }
     }
 
-    // To the beginning of the line.
+    // To the beginning of the clip.
     stop() {
+        this.stage.pause();
+        this.giveUpWait();
+        this.seek(0);
+    }
+
+    // To the beginning of the line.
+    stopAtLine() {
         this.giveUpWait();
         this.stage.pause();
         if (!this.stage.isEmpty) {

@@ -237,7 +237,7 @@ class Page {
         const actions = {
             play: () => this.engine.play(),
             pause: () => this.engine.pause(),
-            stop: () => this.engine.stop(),
+            stop: () => this.engine.stopAtLine(),
             nexttrack: () => this.engine.nextChecked(),
             previoustrack: () => this.engine.previousChecked(),
         };
@@ -301,7 +301,7 @@ class Page {
             Play: () => engine.play(),
             Pause: () => engine.pause(),
             Stop: () => engine.stop(),
-            StopButton: () => engine.stop(),
+            StopButton: () => engine.stopAtLine(),
             NextLine: () => engine.step(1),
             PreviousLine: () => engine.step(-1),
             LineAgain: () => engine.again(),

@@ -44,6 +44,7 @@ class View {
 
     showChecks(place) {
         this.list.showCheck(this.list.rowOf(place));
+        this.list.actions.checksChanged();
     }
 
     showCurrent(place, text) {

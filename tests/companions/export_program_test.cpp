@@ -147,6 +147,18 @@ TEST_F(ExportProgram, NeverReplacesAFileOfTheLesson)
     EXPECT_EQ(sumOf(u"clip.mp4"_s), clip);
 }
 
+TEST_F(ExportProgram, NeverReplacesAPictureOfTheGroup)
+{
+    makeClip(u"clip.mp4"_s, 2);
+    writeLesson("clip.mp4");
+    folder.write(u"pic.jpg"_s, "a picture");
+    folder.write(u"group.vxg"_s,
+                 "[main]\nfiles=1\n[file1]\npath=lesson.vxl\ntext=One\npicture=pic.jpg\n");
+    EXPECT_EQ(exported({u"group.vxg"_s, u"--to"_s, u"pic.jpg"_s, u"--format"_s, u"xspf"_s}).status,
+              2);
+    EXPECT_EQ(folder.bytes(u"pic.jpg"_s), "a picture");
+}
+
 TEST_F(ExportProgram, WritesChaptersThatMkvmergeTakesAndMkvextractGivesBack)
 {
     makeClip(u"clip.mkv"_s, 5);

@@ -132,6 +132,27 @@ TEST_F(CdCreate, EndsWithWhatBecameOfTheBox)
     EXPECT_EQ(cdcreate({u"--out"_s, room.file(u"other"_s), room.file(u"absent.vxg"_s)}), 2);
 }
 
+TEST_F(CdCreate, KnowsTheUsersDrivesMovedFoldersAndOldLettersAsThePlayerDoes)
+{
+    QDir(room.path()).mkpath(u"stick/X"_s);
+    QDir(room.path()).mkpath(u"new"_s);
+    QDir(room.path()).mkpath(u"lesson"_s);
+    room.write(u"stick/X/a.avi"_s, "a");
+    room.write(u"new/b.avi"_s, "b");
+    home.write(u"platform.ini"_s,
+               "[drives]\ne=" + room.file(u"stick"_s).toUtf8() +
+                   "\n[moved]\nfrom1=/old/place\nto1=" + room.file(u"new"_s).toUtf8() +
+                   "\n[text]\ncodepage=windows-1251\n");
+    const QString packet =
+        room.write(u"lesson/p.vxl"_s, "[main]\nfiles=2\n"
+                                      "[file1]\npath=E:\\X\\a.avi\ntext=\xc4\xee\xe1\xf0\xfb\xe9\n"
+                                      "[file2]\npath=/old/place/b.avi\n");
+    ASSERT_EQ(cdcreate({u"--out"_s, room.file(u"box"_s), packet}), 0) << said.constData();
+    EXPECT_TRUE(QFile::exists(room.file(u"box/media/a.avi"_s)));
+    EXPECT_TRUE(QFile::exists(room.file(u"box/media/b.avi"_s)));
+    EXPECT_TRUE(wordsOf(room.file(u"box/p.vxl"_s)).contains(u"Добрый"_s));
+}
+
 TEST_F(CdCreate, TakesAPacketWhateverItIsCalled)
 {
     room.write(u"a.avi"_s, "x");

@@ -113,6 +113,20 @@ TEST_P(PageByHand, StartingALineByHandChecksItAgain)
     ASSERT_TRUE(waitForText(u"other"_s));
     EXPECT_TRUE(browser->waitUntil(
         u"document.querySelector('[role=treeitem]:nth-of-type(3)').ariaChecked === 'true'"_s));
+    reload();
+    EXPECT_EQ(browser->evaluate(u"document.querySelectorAll('[aria-checked=false]').length"_s), 0);
+}
+
+TEST_P(PageByHand, SStopsABrakedClipAtItsBeginning)
+{
+    open(brakedLesson());
+    click(u"[role=treeitem]:nth-of-type(3)"_s);
+    ASSERT_TRUE(waitForText(u"second"_s));
+    ASSERT_TRUE(waitForState(u"running"_s));
+    browser->press(u"s"_s);
+    ASSERT_TRUE(waitForState(u"paused"_s));
+    EXPECT_TRUE(waitForText(u"first"_s));
+    EXPECT_TRUE(browser->waitUntil(u"document.getElementById('media').currentTime < 0.05"_s));
 }
 
 TEST_P(PageByHand, FindsTextsAndStartsWhatWasFound)
