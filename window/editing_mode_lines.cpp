@@ -147,6 +147,10 @@ void EditingMode::playFrom(EditPlace place)
     if (endMarkOf(packet).value() != place.line) {
         return m_ports.engine.ListClick(Int16(place.packet), Int16(place.line));
     }
+    const auto playing = m_ports.engine.lesson().place();
+    if (!playing || playing->packet != Int16(place.packet)) {
+        return m_ports.engine.ListClick(Int16(place.packet), Int16(std::max(place.line - 1, 1)));
+    }
     const double end = timeOf(packet.clip(Int16(place.line)));
     m_ports.engine.seekTo(std::max(end - kBeforeEnd, 0.0));
 }

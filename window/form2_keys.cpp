@@ -10,6 +10,7 @@
 #include "window/clip_line.h"
 #include "window/editing_mode.h"
 #include "window/form2_main_window.h"
+#include "window/missing_clips.h"
 #include "window/playlist_list.h"
 #include "window/skin_button.h"
 #include "window/start_page.h"
@@ -153,6 +154,7 @@ void Form2::Form2_List1_OLEDragDrop(const QStringList& files)
     List1->growTo(treeLines(module.playlist));
     showStartPage();
     m_editing->playlistGrown();
+    m_missingClips->playlistShown();
     m_services.engine.playlistExtended(result);
 }
 

@@ -150,7 +150,7 @@ static QString editingSheet()
 #Editing #MoreButton { padding: 0; }
 #Notice { background: %faint; border-radius: 8px; margin-bottom: 8px; }
 #Notice QLabel { color: %text; }
-#Notice QPushButton { background: transparent; color: %accent; border: 1px solid transparent;
+#Notice QPushButton { background: transparent; color: %light; border: 1px solid transparent;
     border-radius: 6px; padding: 4px 10px; }
 #Notice QPushButton:hover { border-color: %deep; }
 #Notice QPushButton:focus { border-color: %accent; }

@@ -3,6 +3,7 @@
 #include "playback/practice_controls.h"
 #include "tests/support/contrast.h"
 #include "tests/window/start_page_fixture.h"
+#include "window/edit_notice.h"
 #include "window/practice_chips.h"
 #include "window/practice_panel.h"
 
@@ -191,6 +192,16 @@ TEST_F(Contrast, OfTheFindBox)
     click(window->Image2);
     ASSERT_TRUE(window->Text1->property("missed").toBool());
     EXPECT_GE(in(*window->Text1, text), kReadable) << "not found";
+}
+
+TEST_F(Contrast, OfTheLineAboveTheListAndItsAnswers)
+{
+    show();
+    window->Notice->say(u"Words"_s, {{u"Answer"_s, [] {}}});
+    QCoreApplication::processEvents();
+    QPushButton* answer = window->Notice->buttons()[0];
+    EXPECT_GE(in(*answer, answer->rect().adjusted(3, 3, -3, -3)), kReadable);
+    EXPECT_GE(in(*window->Notice, {8, 4, 60, window->Notice->height() - 8}), kReadable);
 }
 
 TEST_F(Contrast, OfThePracticeAndItsChips)

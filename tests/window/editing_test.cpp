@@ -137,6 +137,23 @@ TEST_F(EditingInTheWindow, IsHeardBeforeTheEndMarkThatMoves)
     EXPECT_EQ(module.playlist.CurrentClip, 1);
 }
 
+TEST_F(EditingInTheWindow, TheEndMarkOfAnotherPacketIsHeardThereAndNotInWhatPlays)
+{
+    const auto film = [this](const QString& name) {
+        return home.write(name,
+                          "[main]\nfiles=1\nfile=" + home.write(u"film.avi"_s, "media").toUtf8() +
+                              "\nbrakes=2\n[brake1]\ntime=000000.00\n[brake2]\ntime=000020.00\n");
+    };
+    openPacket(writeDocument(u"g.vxg"_s, {film(u"a.vxl"_s), film(u"b.vxl"_s)}, {u"A"_s, u"B"_s}),
+               1);
+    playTo(4);
+    window->List1->setCursorLine(6);
+    press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(module.playlist.packet(2).clip(2).Time, u"000019.90");
+    EXPECT_EQ(module.playlist.CurrentPacket, 2);
+    EXPECT_EQ(module.playlist.CurrentClip, 1); // the line before the end mark begins
+}
+
 TEST_F(EditingInTheWindow, RemovesAndMovesSeveralLinesAndUndoesEachInOneStep)
 {
     openClips({u"one"_s, u"two"_s, u"three"_s, u"four"_s});

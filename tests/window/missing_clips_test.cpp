@@ -145,6 +145,17 @@ TEST_F(MissingClipsTest, PacketsOfAGroupAreCountedAndComeBackWhenTheyAreFound)
     EXPECT_EQ(window->Notice->text(), QString());
 }
 
+TEST_F(MissingClipsTest, WhatIsDroppedOnAListIsLookedForToo)
+{
+    home.write(u"a.avi"_s, "x");
+    open(packet(u"p.vxl"_s, {u"a.avi"_s}));
+    EXPECT_EQ(window->Notice->text(), QString());
+    Q_EMIT window->List1->filesDropped({packet(u"q.vxl"_s, {u"/gone/b.avi"_s})});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window->Notice->text().isEmpty(); }));
+    EXPECT_EQ(window->Notice->text(), u"1 of 2 clips are missing");
+    EXPECT_EQ(window->List1->whyMissing(4), u"Not found: /gone/b.avi");
+}
+
 TEST_F(MissingClipsTest, AnotherLessonTakesTheLineAway)
 {
     open(packet(u"p.vxl"_s, {u"C:\\Old\\b.avi"_s}));
