@@ -56,6 +56,7 @@ std::optional<double> ClipStarter::takeBeginning(Cursor place)
 
 void ClipStarter::start(Cursor place, Way way, FailedMedia failed)
 {
+    resumeNext("bookmark of the line before", [&] { m_context.onLineLeft(); });
     m_context.supersede(std::move(failed));
     m_way = way;
     const Superseded superseded(m_context);

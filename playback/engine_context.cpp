@@ -1,5 +1,7 @@
 #include "playback/engine_context.h"
 
+#include "playback/brakes.h"
+
 namespace orvanta {
 
 EngineContext::EngineContext(Module1& sharedState, MediaControl& control, VideoWindow& videoWindow)
@@ -35,12 +37,38 @@ void EngineContext::setCursorAhead(Cursor cursor)
     moveCursor(cursor, cursor.packet >= 1 && !player().isEmpty());
 }
 
+void EngineContext::setCursorToOpened()
+{
+    setCursorAhead({1, 1});
+    if (!openedMeanwhile || !areBrakesPlaying()) {
+        return;
+    }
+    const Int16 brake = brakeAt(currentPacket(), operations.secondsNow());
+    if (brake < currentPacket().ClipCount) { // behind the end mark no line is on
+        setCursor({1, brake});
+    }
+}
+
+QString EngineContext::playingText() const
+{
+    return openedMeanwhile ? m_playingText : currentPacket().clip(cursor().clip).Text;
+}
+
+static bool isLine(const PlaylistState& playlist, Cursor place)
+{
+    return place.packet >= 1 && place.packet <= playlist.PlaylistCount && place.clip >= 1 &&
+           place.clip <= playlist.packet(place.packet).ClipCount;
+}
+
 /// Who hears of the move asks at once whether the place is the one that plays.
 void EngineContext::moveCursor(Cursor cursor, bool isAhead)
 {
     module.playlist.CurrentPacket = cursor.packet;
     module.playlist.CurrentClip = cursor.clip;
     openedMeanwhile = isAhead;
+    if (!isAhead && isLine(module.playlist, cursor)) {
+        m_playingText = playingText();
+    }
     listOver = false;
     onCursorMoved();
 }

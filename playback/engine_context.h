@@ -43,6 +43,8 @@ struct EngineContext
     std::function<void()> onCursorMoved = [] {};
     /// A person has asked for a stop: a lesson that waits does not go on.
     std::function<void()> onStopAsked = [] {};
+    /// Another line is about to begin: what was asked of this one is done now.
+    std::function<void()> onLineLeft = [] {};
     /// Something else begins: what waits has nothing to wait for.
     std::function<void()> onSuperseded = [] {};
     /// What is open is about to be replaced.
@@ -71,6 +73,12 @@ struct EngineContext
     /// The same for a place that is still to come: what the player has, if anything, stays what is
     /// on.
     void setCursorAhead(Cursor cursor);
+    /// Line 1 of what was opened, still to come; where it is the brakes of the very clip that
+    /// plays, the brake that it is in is on.
+    void setCursorToOpened();
+    /// The text of the line that is on, also when something else is open by now. Raises 9 when no
+    /// line was current.
+    [[nodiscard]] QString playingText() const;
     /// Raises 9 when no packet is current.
     [[nodiscard]] const PlaylistEntry& currentPacket() const;
     [[nodiscard]] bool isCurrentPacketBraked() const;
@@ -87,6 +95,7 @@ private:
     void moveCursor(Cursor cursor, bool isAhead);
 
     quint64 m_generation = 0;
+    QString m_playingText; // of the line that was current before something else was opened
 };
 
 /// Tells after a wait in the event loop whether its caller's work is still wanted.

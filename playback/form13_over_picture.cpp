@@ -164,12 +164,17 @@ void Form13::doByHand(const std::function<void()>& action)
     const Int16 volume = m_mirror.VideoVolume;
     const LessonLine line = m_line;
     const double position = m_control.CurrentPosition();
+    const TextLevel texts = m_textLevel;
+    const Practice practice = m_services.practice();
+    const bool filled = m_fullScreen;
     action();
     m_keys.serveRequest();
     showChanges(state, volume, line);
     const bool hasMoved = std::abs(m_control.CurrentPosition() - position) >= kMovedByHand;
-    if (hasMoved || state != m_control.CurrentState() || volume != m_mirror.VideoVolume ||
-        line != m_line) {
+    const bool looksOtherwise =
+        texts != m_textLevel || practice != m_services.practice() || filled != m_fullScreen;
+    if (hasMoved || looksOtherwise || state != m_control.CurrentState() ||
+        volume != m_mirror.VideoVolume || line != m_line) {
         showBar();
     }
 }

@@ -50,6 +50,9 @@ void HandOverDrain::serve()
     if (lines.removeAll(QStringView(kContinueLine).toString()) > 0 && lines.isEmpty()) {
         return m_context.onContinueAsked();
     }
+    if (lines.isEmpty()) {
+        return; // a count without its lines asks for nothing
+    }
     if (replacePlaylist(lines)) {
         m_context.module.playlist.OpenedFromExplorer = true;
         playOrRest();
@@ -111,7 +114,7 @@ bool HandOverDrain::open(const QStringList& lines)
         playlist = std::move(before);
         return false;
     }
-    m_context.setCursorAhead({1, 1});
+    m_context.setCursorToOpened();
     return true;
 }
 

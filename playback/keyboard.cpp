@@ -280,6 +280,9 @@ void MainWindowKeys::stepVolume(int step)
 
 void MainWindowKeys::setBookmark()
 {
+    if (!m_engine.operations().player().isLoaded()) {
+        return; // nothing has a place that could be kept
+    }
     trapped("bookmark key", [this] {
         (void)currentText(); // without a clip there is no sign either
         m_engine.keepPosition();
@@ -314,8 +317,7 @@ QString MainWindowKeys::savedPosition() const
 
 QString MainWindowKeys::currentText() const
 {
-    const PlaylistState& playlist = m_module.playlist;
-    return playlist.packet(playlist.CurrentPacket).clip(playlist.CurrentClip).Text;
+    return m_engine.playingText();
 }
 
 static bool carryOutPractice(PracticeControls& practice, Command command)

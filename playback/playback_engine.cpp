@@ -35,6 +35,10 @@ public:
           volume(context, [&engine] { Q_EMIT engine.volumeChanged(); })
     {
         context.onStopAsked = [this] { practice.giveUpWait(); };
+        context.onLineLeft = [this] {
+            context.operations.PollBookmark();
+            serveBookmark();
+        };
         context.onSuperseded = [this] {
             lesson.superseded();
             practice.step().beginLine();
@@ -66,6 +70,7 @@ public:
     void begin();
     void beginAtListCursor();
     void goOnAfterDrop(const DropResult& dropped);
+    void serveBookmark();
     void keepPosition();
     void takePlaylist();
     void brakeIsDue();
@@ -110,11 +115,7 @@ void PlaybackEngine::Private::tick()
     resumeNext("buttons", [&] { transport.reconcile(); });
     resumeNext("volume", [&] { volume.takeVolumeOfVideoWindow(); });
     resumeNext("display", [&] { display(); });
-    resumeNext("bookmark", [&] {
-        if (context.operations.TakeBookmarkChanged()) {
-            keepPosition();
-        }
-    });
+    resumeNext("bookmark", [&] { serveBookmark(); });
     if (!moveOnAfterEnd() && !moveOnAfterFailure()) {
         resumeNext("tray", [&] { tray.run(); });
     }
@@ -160,13 +161,18 @@ void PlaybackEngine::Private::brakeIsDue()
     m_engine.tick();
 }
 
+void PlaybackEngine::Private::serveBookmark()
+{
+    if (context.operations.TakeBookmarkChanged()) {
+        keepPosition();
+    }
+}
+
 void PlaybackEngine::Private::keepPosition()
 {
     const QString position = context.player().position;
-    resumeNext("saved position", [&] {
-        const ClipEntry& entry = context.currentPacket().clip(context.cursor().clip);
-        context.module.settings().setPosition(entry.Text, position);
-    });
+    resumeNext("saved position",
+               [&] { context.module.settings().setPosition(context.playingText(), position); });
     context.view->showBookmarkSign();
     context.operations.SetBookmark(position);
 }
@@ -246,6 +252,9 @@ void PlaybackEngine::Private::goOnAfterDrop(const DropResult& dropped)
 
 void PlaybackEngine::Private::startAfterDrop(const DropResult& dropped)
 {
+    if (context.module.playlist.PlaylistCount == 0) {
+        return; // a folder without clips: the first line is still to come
+    }
     const bool nothingStarted = context.cursor() == Cursor{0, 0};
     const bool stands = context.player().state <= MediaControl::Stopped;
     if (nothingStarted || dropped.groupDropped) {
@@ -323,6 +332,11 @@ void PlaybackEngine::lineStep(int direction)
 void PlaybackEngine::lineAgain()
 {
     m_private->enter([&] { m_private->advance.lineAgain(m_private->practice.step()); });
+}
+
+QString PlaybackEngine::playingText() const
+{
+    return m_private->context.playingText();
 }
 
 void PlaybackEngine::keepPosition()
@@ -421,10 +435,16 @@ void PlaybackEngine::Private::takePlaylist()
 {
     context.supersede();
     context.operations.look();
-    const bool hasEntries = context.module.playlist.entryCount() > 0;
     context.module.playlist.OpenedFromExplorer = false;
-    context.setCursorAhead(hasEntries ? Cursor{1, 1} : Cursor{0, 0});
+    if (context.module.playlist.entryCount() > 0) {
+        context.setCursorToOpened();
+    } else {
+        context.setCursorAhead({0, 0});
+    }
     context.view->RebuildTree();
+    if (context.areBrakesPlaying() && !context.openedMeanwhile) {
+        context.moveListCursor(context.cursor());
+    }
     logLoaded(context.module.playlist);
 }
 

@@ -87,6 +87,8 @@ public:
     /// current.
     void seekTo(double seconds);
 
+    /// The text of the line that is on, under which its place is kept. Raises 9 without one.
+    [[nodiscard]] QString playingText() const;
     /// Where the player is becomes the saved position of the current clip: in the settings, for the
     /// video window's "l", with the sign.
     void keepPosition();

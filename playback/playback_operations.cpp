@@ -16,7 +16,7 @@ PlaybackOperations::PlaybackOperations(Module1& module, MediaControl& control, V
 
 void PlaybackOperations::PollPlayer()
 {
-    pollBookmark();
+    PollBookmark();
     pollState();
     pollPosition();
     pollVolume();
@@ -24,7 +24,7 @@ void PlaybackOperations::PollPlayer()
     pollEnd();
 }
 
-void PlaybackOperations::pollBookmark()
+void PlaybackOperations::PollBookmark()
 {
     PlaybackRecord& record = m_module.playback;
     VideoMirror& mirror = m_video.mirror();

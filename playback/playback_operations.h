@@ -17,6 +17,8 @@ public:
     /// Synchronises the shared record with the video window and takes the snapshot anew. A quiet
     /// poll is a few field reads.
     void PollPlayer();
+    /// The part of it that a bookmark set in the video window needs.
+    void PollBookmark();
     /// Takes the snapshot anew without serving what the video window noted: at the entry of a
     /// handler and after a wait in the event loop.
     void look() { m_player = snapshotOf(m_control, m_module.playback); }
@@ -67,7 +69,6 @@ public:
     [[nodiscard]] bool TakeClipEnded() { return m_module.playback.ClipEnded.take(); }
 
 private:
-    void pollBookmark();
     void pollState();
     void pollPosition();
     void pollVolume();

@@ -32,7 +32,10 @@ void TransportButtons::show(const TransportLooks& looks)
 {
     m_looks = looks;
     m_shown = looks;
-    m_shown.playEnabled = looks.playEnabled && canPlay();
+    if (looks.playEnabled && !canPlay()) {
+        m_shown.playEnabled = false;
+        m_shown.playSwapped = !looks.playSwapped;
+    }
     m_context.view->showTransport(m_shown);
 }
 

@@ -29,6 +29,18 @@ TEST_F(DropStep, WithAutoStartTheFirstDropStartsAtTheBeginning)
     EXPECT_EQ(place(), at(1, 1));
 }
 
+TEST_F(DropStep, WithAutoStartADropThatAddsNothingLeavesTheNextOneToStart)
+{
+    option("as");
+    engine->playlistExtended({});
+    QCoreApplication::processEvents();
+    EXPECT_EQ(place(), at(0, 0));
+    addClips({u"one"_s});
+    engine->playlistExtended({});
+    waitUntilRunning();
+    EXPECT_EQ(place(), at(1, 1));
+}
+
 TEST_F(DropStep, WithAutoStartADroppedPacketDoesNotDisturbWhatPlays)
 {
     option("as");

@@ -41,6 +41,37 @@ TEST_F(OpenedMeanwhile, NoLineOfItIsToldOfWhileTheOldClipPlaysOn)
     EXPECT_EQ(line(), LessonLine());
 }
 
+TEST_F(OpenedMeanwhile, TheBrakesOfTheVeryClipThatPlaysGoOnWhereItIs)
+{
+    openBrakes();
+    engine->ListClick(1, 1);
+    waitUntilRunning();
+    control.playTo(6);
+    engine->tick();
+    ASSERT_EQ(place(), at(1, 2));
+    control.playTo(7);
+    openBrakes();
+    control.calls.clear();
+    engine->tick();
+    engine->tick();
+    EXPECT_EQ(place(), at(1, 2));
+    EXPECT_TRUE(control.calls.filter(u"seek"_s).isEmpty());
+    EXPECT_DOUBLE_EQ(control.CurrentPosition(), 7);
+    EXPECT_EQ(line().text, u"brake 2");
+}
+
+TEST_F(OpenedMeanwhile, ABookmarkIsThatOfTheClipThatPlaysOn)
+{
+    playClips({u"old"_s});
+    control.playTo(6);
+    openBrakes();
+    engine->tick();
+    engine->keepPosition();
+    EXPECT_EQ(module.settings().position(u"old"_s), u"6");
+    EXPECT_EQ(module.settings().position(u"brake 1"_s), QString());
+    EXPECT_EQ(engine->playingText(), u"old");
+}
+
 TEST_F(OpenedMeanwhile, ItsFirstLineIsToldOfOnceItIsWhatPlays)
 {
     playClips({u"old"_s});

@@ -108,6 +108,15 @@ TEST_F(PictureBarTest, AKeyThatChangesSomethingShowsItAndOneThatDoesNotShowsNone
     EXPECT_TRUE(form.Bar->isVisible());
 }
 
+TEST_F(PictureBarTest, AKeyThatChangesTheTextOrTheScreenShowsItToo)
+{
+    for (const Qt::Key key : {Qt::Key_F5, Qt::Key_F11}) {
+        form.Bar->hide();
+        QTest::keyClick(&form, key);
+        EXPECT_TRUE(form.Bar->isVisible()) << key;
+    }
+}
+
 TEST_F(PictureBarTest, IsNotThereWithoutAPictureInSightNorInATinyWindow)
 {
     open(u"/tiny.avi"_s, {160, 120});

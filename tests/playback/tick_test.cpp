@@ -284,6 +284,16 @@ TEST_F(TrayRequestsInTheTick, CloseEndsTheProgramWhateverTheOptionSays)
     EXPECT_EQ(view.unloaded, 1);
 }
 
+TEST_F(Tick, ABookmarkSetInTheVideoWindowIsStoredAlsoWhenAnotherLineFollowsAtOnce)
+{
+    playClips({u"one"_s, u"two"_s});
+    control.playTo(4);
+    engine->tick();
+    video.mirror().VideoBookmark = u"4"_s;
+    engine->lineStep(1);
+    EXPECT_EQ(home.value("pos", "one"), u"4");
+}
+
 TEST_F(Tick, ABookmarkWithoutACurrentClipIsNotStoredButStillShown)
 {
     module.playlist.CurrentPacket = 5;

@@ -28,6 +28,7 @@ TEST_F(Transport, IsIdleAtFirstAndPlayIsLitOnceThereIsSomethingToPlay)
 {
     engine->tick();
     EXPECT_FALSE(view.looks.playEnabled || view.looks.pauseEnabled);
+    EXPECT_TRUE(view.looks.playSwapped); // the picture of a button that is off
     addClips({u"one"_s});
     engine->tick();
     EXPECT_EQ(view.looks, kIdleLooks);
