@@ -175,6 +175,15 @@ TEST(PictureText, AnEmojiKeepsItsColoursAndLettersBesideItAreWhite)
     }
 }
 
+TEST(PictureText, AnEmojiThatFontsOfLettersHaveTooIsInColour)
+{
+    const TextShape shape{.fontSize = 40, .width = 900};
+    for (const QString& emoji : {u"😊"_s, u"❤\uFE0F"_s, u"✅"_s, u"👩‍🏫"_s, u"🇫🇷"_s}) {
+        EXPECT_GT(countOfColoured(pictureOfText(emoji, shape).toImage()), 300) << qPrintable(emoji);
+    }
+    EXPECT_EQ(countOfColoured(pictureOfText(u"❤ 1 #"_s, shape).toImage()), 0);
+}
+
 namespace {
 
 class TextOverPictureTest : public VideoWindowTest
