@@ -35,11 +35,11 @@ constexpr QStringView kHelp =
     u"there, or in ~/.local/share/orvanta.\n";
 
 constexpr QStringView kRussianHelp =
-    u"Использование: orvanta [ФАЙЛ...]\n"
-    u"               orvanta /fПАПКА\n"
-    u"               orvanta --continue\n"
-    u"               orvanta --check [--json] [--fix] [--relative] ФАЙЛ|ПАПКА...\n"
-    u"               orvanta /auto\n"
+    u"Вызов: orvanta [ФАЙЛ...]\n"
+    u"       orvanta /fПАПКА\n"
+    u"       orvanta --continue\n"
+    u"       orvanta --check [--json] [--fix] [--relative] ФАЙЛ|ПАПКА...\n"
+    u"       orvanta /auto\n"
     u"\n"
     u"Воспроизводит пакеты (.vxl), группы пакетов (.vxg) и клипы. Если программа уже\n"
     u"работает, файлы откроет она.\n"

@@ -159,7 +159,7 @@ TEST_F(CommandLine, HelpNamesTheSameOptionsInBothLanguages)
     const QString english = answer({u"--help"_s}).value_or(QString());
     const QString russian = answer({u"--help"_s}, TextLanguage::Russian).value_or(QString());
     EXPECT_TRUE(english.startsWith(u"Usage: orvanta")) << qPrintable(english);
-    EXPECT_TRUE(russian.startsWith(u"Использование: orvanta")) << qPrintable(russian);
+    EXPECT_TRUE(russian.startsWith(u"Вызов: orvanta")) << qPrintable(russian);
     static const QRegularExpression option(u"--[a-z]+|/f|/auto|\\$\\w+|~\\S+[^.\\s]|\\.vx[lg]"_s);
     const auto optionsOf = [](const QString& text) {
         QStringList options;

@@ -130,7 +130,7 @@ TEST_F(WithoutDisplay, HelpSpeaksTheStoredLanguage)
     launch({u"--help"_s});
     EXPECT_EQ(program.exitCode(), 0);
     const QByteArray said = program.readAllStandardOutput();
-    EXPECT_TRUE(said.startsWith("Использование: orvanta")) << said.constData();
+    EXPECT_TRUE(said.startsWith("Вызов: orvanta")) << said.constData();
 }
 
 TEST_F(WithoutDisplay, AStartSaysSoAndFails)
