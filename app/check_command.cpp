@@ -1,8 +1,7 @@
 #include "app/check_command.h"
 
+#include "app/command_line.h"
 #include "app/start_up_steps.h"
-#include "core/paths.h"
-#include "model/settings.h"
 #include "platform/process/application_folder.h"
 
 #include <QJsonArray>
@@ -176,14 +175,12 @@ static void print(const QByteArray& text, std::FILE* where)
 
 int runCheck(const CheckCommand& command)
 {
-    const QString folder = chosenApplicationFolder();
-    const QString iniPath = programFile(folder, u"\\orvanta.ini"_s);
-    const TextLanguage language = Settings(iniPath).exactTextLanguage(TextLanguage::English);
+    const TextLanguage language = languageForTerminal();
     if (!command.isUnderstood) {
         print(checkText(u"usage", language).toUtf8() + '\n', stderr);
         return static_cast<int>(CheckResult::NotChecked);
     }
-    prepareDocuments(folder);
+    prepareDocuments(chosenApplicationFolder());
     const auto documents = checkDocuments(command.filesAndFolders, command.wishes);
     print(command.asJson ? checkJson(documents) : checkLines(documents, language), stdout);
     return static_cast<int>(worstOf(documents));

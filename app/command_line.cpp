@@ -1,8 +1,10 @@
 #include "app/command_line.h"
 
 #include "core/log.h"
+#include "core/paths.h"
 #include "core/version.h"
-#include "model/texts.h"
+#include "model/settings.h"
+#include "platform/process/application_folder.h"
 #include "platform/process/hand_over_queue.h"
 
 #include <QDir>
@@ -39,15 +41,22 @@ QStringList argumentTexts(int count, const char* const* arguments)
     return texts;
 }
 
-std::optional<QString> answerForTerminal(const QStringList& arguments)
+std::optional<QString> answerForTerminal(const QStringList& arguments,
+                                         const std::function<TextLanguage()>& language)
 {
     if (arguments == QStringList(u"--help"_s)) {
-        return interfaceText(u"CommandLine", u"--help", TextLanguage::English);
+        return interfaceText(u"CommandLine", u"--help", language());
     }
     if (arguments == QStringList(u"--version"_s)) {
         return u"Orvanta %1\n"_s.arg(kVersion);
     }
     return std::nullopt;
+}
+
+TextLanguage languageForTerminal()
+{
+    const QString settings = programFile(chosenApplicationFolder(), u"\\orvanta.ini"_s);
+    return Settings(settings).exactTextLanguage(TextLanguage::English);
 }
 
 QString commandLine(const QStringList& arguments)

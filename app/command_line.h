@@ -1,9 +1,12 @@
 // What the arguments of a launch mean: pure rules.
 #pragma once
 
+#include "model/texts.h"
+
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace orvanta {
@@ -12,8 +15,14 @@ namespace orvanta {
 /// with a log line.
 [[nodiscard]] QStringList argumentTexts(int count, const char* const* arguments);
 
-/// The answer to a lone "--help" or "--version", for standard output; it ends the launch.
-[[nodiscard]] std::optional<QString> answerForTerminal(const QStringList& arguments);
+/// The answer to a lone "--help" or "--version", for standard output; it ends the launch. language
+/// is asked only when the answer is in one.
+[[nodiscard]] std::optional<QString>
+answerForTerminal(const QStringList& arguments, const std::function<TextLanguage()>& language);
+
+/// The language that the settings name, English when there are none; makes none. Needs an
+/// application object, which knows where the program lies.
+[[nodiscard]] TextLanguage languageForTerminal();
 
 /// The command line as the program sees it: the arguments joined with one blank.
 [[nodiscard]] QString commandLine(const QStringList& arguments);

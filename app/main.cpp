@@ -76,7 +76,7 @@ static bool isTextVariable(const char* name)
 
 static int answer(const QString& text)
 {
-    std::fputs(text.toLocal8Bit().constData(), stdout);
+    std::fputs(text.toUtf8().constData(), stdout);
     return EXIT_SUCCESS;
 }
 
@@ -94,7 +94,12 @@ int main(int argc, char** argv)
 {
     giveLargeBlocksBack();
     orvanta::sendLogToStandardError();
-    if (const auto text = orvanta::answerForTerminal(orvanta::argumentTexts(argc, argv))) {
+    const auto language = [&] {
+        const QCoreApplication application(argc, argv);
+        return orvanta::languageForTerminal();
+    };
+    if (const auto text =
+            orvanta::answerForTerminal(orvanta::argumentTexts(argc, argv), language)) {
         return orvanta::answer(*text);
     }
     if (!orvanta::isTextVariable("ORVANTA_HOME")) {

@@ -11,7 +11,6 @@
 
 namespace orvanta {
 
-// Whoever asks at a terminal has not started the program: no settings say which language.
 constexpr QStringView kHelp =
     u"Usage: orvanta [FILE...]\n"
     u"       orvanta /fFOLDER\n"
@@ -35,10 +34,33 @@ constexpr QStringView kHelp =
     u"Settings are kept in orvanta.ini in $ORVANTA_HOME, beside the program when it lies\n"
     u"there, or in ~/.local/share/orvanta.\n";
 
+constexpr QStringView kRussianHelp =
+    u"Вызов: orvanta [ФАЙЛ...]\n"
+    u"       orvanta /fПАПКА\n"
+    u"       orvanta --continue\n"
+    u"       orvanta --check [--json] [--fix] [--relative] ФАЙЛ|ПАПКА...\n"
+    u"       orvanta /auto\n"
+    u"\n"
+    u"Воспроизводит пакеты (.vxl), группы пакетов (.vxg) и клипы. Если программа уже\n"
+    u"работает, файлы откроет она.\n"
+    u"\n"
+    u"  ФАЙЛ       пакет, группа, медиафайл или папка с клипами\n"
+    u"  /fПАПКА    тоже клипы папки\n"
+    u"  --continue продолжает последний урок с того места, где он был оставлен\n"
+    u"  /auto      запускает программу, не показывая главного окна\n"
+    u"  --check    без окна говорит, на месте ли клипы пакетов и групп; --fix записывает,\n"
+    u"             где они нашлись, --relative делает пути относительными, --json печатает\n"
+    u"             для программ\n"
+    u"  --help     показывает эту справку\n"
+    u"  --version  показывает версию\n"
+    u"\n"
+    u"Настройки лежат в orvanta.ini: в $ORVANTA_HOME, рядом с программой, если файл там\n"
+    u"есть, или в ~/.local/share/orvanta.\n";
+
 // A window's own caption stands under the window's name; playback/control_rows.h says what "X.tip"
 // and "X.name" are. "X.label" is the caption beside X; others are asked for by the window itself.
 constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
-    InterfaceText{u"CommandLine", u"--help", kHelp, kHelp},
+    InterfaceText{u"CommandLine", u"--help", kHelp, kRussianHelp},
 
     // Behind the report of an error: file, section, key, value.
     InterfaceText{u"RunTimeReport", u"spoiltCount",

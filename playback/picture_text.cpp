@@ -1,9 +1,11 @@
 #include "playback/picture_text.h"
 
+#include "playback/emoji.h"
 #include "playback/picture_look.h"
 
 #include <QGuiApplication>
 #include <QPainter>
+#include <QTextCharFormat>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -30,6 +32,18 @@ static qreal outlineOf(const TextShape& shape)
     return std::max(1.0, double(shape.fontSize) / kOutlinePart);
 }
 
+/// Fonts of letters have some emoji as well, as lines without colour: an emoji font is asked first.
+static QList<QTextLayout::FormatRange> formatsOf(const QString& text)
+{
+    QTextCharFormat pictures;
+    pictures.setFontFamilies({QStringLiteral("Noto Color Emoji"), QStringLiteral("emoji")});
+    QList<QTextLayout::FormatRange> formats;
+    for (const TextRange& range : emojiIn(text)) {
+        formats.append({.start = range.begin, .length = range.length, .format = pictures});
+    }
+    return formats;
+}
+
 static void prepare(QTextLayout& layout, const QString& text, const TextShape& shape)
 {
     QFont font = QGuiApplication::font();
@@ -40,6 +54,7 @@ static void prepare(QTextLayout& layout, const QString& text, const TextShape& s
     layout.setFont(font);
     layout.setTextOption(option);
     layout.setText(text);
+    layout.setFormats(formatsOf(text));
 }
 
 /// Lays out no more lines than can be asked for: the number of lines, at most one too many.

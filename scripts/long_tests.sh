@@ -27,10 +27,16 @@ kept_inputs() {
     find "$root/tests/fuzz/corpus/$1" "$root/tests/fuzz/regressions/$1" -maxdepth 0 2>/dev/null || true
 }
 
+# A round of editing is the whole program on a desktop: three for ten kills, never fewer than in ./test.
 run_kill() {
-    cmake --build "$folder" --target kill_writers
-    say "killing ${amount:-1000} times"
-    nice -n 19 "$folder/kill_writers" "${amount:-1000}"
+    local kills=${amount:-1000} rounds
+    rounds=$((kills * 3 / 10))
+    rounds=$((rounds > 30 ? rounds : 30))
+    cmake --build "$folder" --target kill_writers e2e_editing_kill orvanta
+    say "killing $kills times"
+    nice -n 19 "$folder/kill_writers" "$kills"
+    say "killing the program $rounds times while a lesson is edited"
+    ORVANTA_EDITING_KILLS=$rounds nice -n 19 "$folder/e2e_editing_kill"
 }
 
 # Nothing is refused to root: the faults would be fewer.

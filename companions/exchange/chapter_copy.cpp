@@ -68,8 +68,8 @@ static QStringList chaptersAsComments(const std::vector<MarkSpan>& chapters)
     int number = 0;
     for (const MarkSpan& chapter : chapters) {
         const QString name = u"CHAPTER%1"_s.arg(number++, 3, 10, QLatin1Char('0'));
-        words << u"-metadata"_s << name + u'=' + clockText(chapter.start) << u"-metadata"_s
-              << name + u"NAME="_s + chapter.text;
+        words << u"-metadata"_s << name + u'=' + clockWithMilliseconds(chapter.start)
+              << u"-metadata"_s << name + u"NAME="_s + chapter.text;
     }
     return words;
 }

@@ -56,7 +56,7 @@ qint64 milliseconds(double seconds)
     return std::llround(std::clamp(seconds, 0.0, kMostSeconds) * kThousand);
 }
 
-QString clockText(double seconds)
+QString clockWithMilliseconds(double seconds)
 {
     const qint64 all = milliseconds(seconds);
     constexpr qint64 kHour = 3'600'000;

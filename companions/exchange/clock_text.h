@@ -13,7 +13,7 @@ namespace orvanta {
 [[nodiscard]] std::optional<double> clockSeconds(QStringView text);
 
 /// "01:02:03.450".
-[[nodiscard]] QString clockText(double seconds);
+[[nodiscard]] QString clockWithMilliseconds(double seconds);
 
 /// Thousandths of a second, rounded.
 [[nodiscard]] qint64 milliseconds(double seconds);

@@ -8,13 +8,14 @@
 namespace orvanta {
 
 constexpr std::array kExportFormats = {
-    ExportFormatRow{ExportFormat::M3u8, u"m3u8", u"m3u8", u"format.m3u8", true},
-    ExportFormatRow{ExportFormat::Xspf, u"xspf", u"xspf", u"format.xspf", true},
-    ExportFormatRow{ExportFormat::WebVtt, u"vtt", u"vtt", u"format.vtt", false},
-    ExportFormatRow{ExportFormat::FfMetadata, u"ffmetadata", u"ffmeta", u"format.ffmetadata",
+    ExportFormatRow{ExportFormat::M3u8, u"m3u8", u"m3u8", u"FormatBox.m3u8", true},
+    ExportFormatRow{ExportFormat::Xspf, u"xspf", u"xspf", u"FormatBox.xspf", true},
+    ExportFormatRow{ExportFormat::WebVtt, u"vtt", u"vtt", u"FormatBox.vtt", false},
+    ExportFormatRow{ExportFormat::FfMetadata, u"ffmetadata", u"ffmeta", u"FormatBox.ffmetadata",
                     false},
-    ExportFormatRow{ExportFormat::MatroskaChapters, u"matroska", u"xml", u"format.matroska", false},
-    ExportFormatRow{ExportFormat::ClipWithChapters, u"clip", u"", u"format.clip", false},
+    ExportFormatRow{ExportFormat::MatroskaChapters, u"matroska", u"xml", u"FormatBox.matroska",
+                    false},
+    ExportFormatRow{ExportFormat::ClipWithChapters, u"clip", u"", u"FormatBox.clip", false},
 };
 
 std::span<const ExportFormatRow> exportFormats()

@@ -147,7 +147,7 @@ ReadLesson readMatroskaChapters(const QByteArray& bytes)
 
 static QString nanosecondClock(double seconds)
 {
-    return clockText(seconds) + u"000000"_s;
+    return clockWithMilliseconds(seconds) + u"000000"_s;
 }
 
 static void writeAtom(QXmlStreamWriter& xml, const MarkSpan& span)

@@ -167,8 +167,8 @@ QString webVttText(const LessonPacket& packet)
     }
     for (const MarkSpan& span : spansOf(packet)) {
         const QString cue = cueText(span.text);
-        text += clockText(span.start) + u" --> "_s + clockText(span.end) + u'\n' + cue +
-                (cue.isEmpty() ? u"\n"_s : u"\n\n"_s);
+        text += clockWithMilliseconds(span.start) + u" --> "_s + clockWithMilliseconds(span.end) +
+                u'\n' + cue + (cue.isEmpty() ? u"\n"_s : u"\n\n"_s);
     }
     return text;
 }

@@ -24,8 +24,7 @@ public:
     /// name: of the window in the table of texts, and of this object.
     CompanionWindow(const QString& name, TextLanguage language);
 
-    QPlainTextEdit*
-        Remarks; // what was left out and what failed; out of sight when there is nothing
+    QPlainTextEdit* Remarks;  // what was left out and what failed; hidden when there is nothing
     QPushButton* CloseButton; // closes the window
 
 Q_SIGNALS:

@@ -2,6 +2,7 @@
 #include "tests/support/settings_folder.h"
 
 #include <QDir>
+#include <QRegularExpression>
 
 #include <array>
 #include <gtest/gtest.h>
@@ -30,6 +31,12 @@ private:
     QString m_before = QDir::currentPath();
 };
 
+std::optional<QString> answer(const QStringList& arguments,
+                              TextLanguage language = TextLanguage::English)
+{
+    return answerForTerminal(arguments, [language] { return language; });
+}
+
 } // namespace
 
 TEST_F(CommandLine, ArgumentsAreJoinedWithOneBlank)
@@ -52,8 +59,8 @@ TEST_F(CommandLine, ContinueIsQueuedAsItIsAlsoWhereAFileHasThatName)
     folder.write(u"--continue"_s, "x");
     EXPECT_EQ(linesToQueue({u"--continue"_s}), QStringList(u"--continue"_s));
     EXPECT_EQ(linesToQueue({u"./--continue"_s}), QStringList(folder.file(u"--continue"_s)));
-    EXPECT_FALSE(answerForTerminal({u"--continue"_s}).has_value());
-    EXPECT_TRUE(answerForTerminal({u"--help"_s})->contains(u"--continue"));
+    EXPECT_FALSE(answer({u"--continue"_s}).has_value());
+    EXPECT_TRUE(answer({u"--help"_s})->contains(u"--continue"));
 }
 
 TEST_F(CommandLine, AutoWithABlankBehindItIsACommandLineLikeAnyOther)
@@ -139,12 +146,40 @@ TEST_F(CommandLine, ANameThatNoTextCanHoldIsRefused)
 
 TEST_F(CommandLine, HelpAndVersionAreAnsweredWhenTheyStandAlone)
 {
-    EXPECT_EQ(answerForTerminal({u"--version"_s}), u"Orvanta 3.3\n");
-    ASSERT_TRUE(answerForTerminal({u"--help"_s}).has_value());
-    EXPECT_TRUE(answerForTerminal({u"--help"_s})->contains(u"/auto"));
-    EXPECT_EQ(answerForTerminal({}), std::nullopt);
-    EXPECT_EQ(answerForTerminal({u"a.avi"_s}), std::nullopt);
-    EXPECT_EQ(answerForTerminal({u"--help"_s, u"a.avi"_s}), std::nullopt);
+    EXPECT_EQ(answer({u"--version"_s}), u"Orvanta 3.3\n");
+    ASSERT_TRUE(answer({u"--help"_s}).has_value());
+    EXPECT_TRUE(answer({u"--help"_s})->contains(u"/auto"));
+    EXPECT_EQ(answer({}), std::nullopt);
+    EXPECT_EQ(answer({u"a.avi"_s}), std::nullopt);
+    EXPECT_EQ(answer({u"--help"_s, u"a.avi"_s}), std::nullopt);
+}
+
+TEST_F(CommandLine, HelpNamesTheSameOptionsInBothLanguages)
+{
+    const QString english = answer({u"--help"_s}).value_or(QString());
+    const QString russian = answer({u"--help"_s}, TextLanguage::Russian).value_or(QString());
+    EXPECT_TRUE(english.startsWith(u"Usage: orvanta")) << qPrintable(english);
+    EXPECT_TRUE(russian.startsWith(u"Вызов: orvanta")) << qPrintable(russian);
+    static const QRegularExpression option(u"--[a-z]+|/f|/auto|\\$\\w+|~\\S+[^.\\s]|\\.vx[lg]"_s);
+    const auto optionsOf = [](const QString& text) {
+        QStringList options;
+        for (const QRegularExpressionMatch& match : option.globalMatch(text)) {
+            options.append(match.captured());
+        }
+        options.sort();
+        return options;
+    };
+    EXPECT_EQ(optionsOf(russian), optionsOf(english));
+}
+
+TEST_F(CommandLine, OnlyHelpAsksForTheLanguage)
+{
+    const auto asked = []() -> TextLanguage {
+        ADD_FAILURE() << "nobody needs to read settings for this";
+        return TextLanguage::English;
+    };
+    EXPECT_TRUE(answerForTerminal({u"--version"_s}, asked).has_value());
+    EXPECT_FALSE(answerForTerminal({u"a.avi"_s}, asked).has_value());
 }
 
 } // namespace orvanta

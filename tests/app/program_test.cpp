@@ -94,14 +94,16 @@ struct Program : testing::Test
 struct WithoutDisplay : testing::Test
 {
     Probe program;
+    SettingsFolder around{QByteArray()};
+    QString home = around.file(u"home"_s); // where no settings are
 
     void launch(const QStringList& arguments)
     {
         QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
-        for (const QString& name :
-             {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s, u"ORVANTA_HOME"_s}) {
+        for (const QString& name : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s, u"QT_QPA_PLATFORM"_s}) {
             variables.remove(name);
         }
+        variables.insert(u"ORVANTA_HOME"_s, home);
         program.setProcessEnvironment(variables);
         program.startProgram("orvanta", arguments);
         ASSERT_TRUE(program.waitForFinished());
@@ -118,6 +120,17 @@ TEST_F(WithoutDisplay, VersionAndHelpAreAnswered)
     launch({u"--help"_s});
     EXPECT_EQ(program.exitCode(), 0);
     EXPECT_TRUE(program.readAllStandardOutput().startsWith("Usage: orvanta"));
+    EXPECT_FALSE(QFileInfo::exists(home)) << "asking makes no settings";
+}
+
+TEST_F(WithoutDisplay, HelpSpeaksTheStoredLanguage)
+{
+    home = around.path();
+    WriteIni(u"main"_s, u"language"_s, u"2"_s, around.ini());
+    launch({u"--help"_s});
+    EXPECT_EQ(program.exitCode(), 0);
+    const QByteArray said = program.readAllStandardOutput();
+    EXPECT_TRUE(said.startsWith("Вызов: orvanta")) << said.constData();
 }
 
 TEST_F(WithoutDisplay, AStartSaysSoAndFails)

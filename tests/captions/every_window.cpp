@@ -1,6 +1,8 @@
 #include "tests/captions/every_window.h"
 
 #include "companions/cdcreate/box_window.h"
+#include "companions/exchange_windows/export_window.h"
+#include "companions/exchange_windows/import_window.h"
 #include "core/ini.h"
 #include "editors/form10_save_picker.h"
 #include "editors/form5_packet_editor.h"
@@ -135,6 +137,18 @@ std::unique_ptr<QWidget> boxWindow(Surroundings& s)
         textLanguage(s.module.Language.value(), TextLanguage::English), MakeExtras());
 }
 
+std::unique_ptr<QWidget> importWindow(Surroundings& s)
+{
+    return std::make_unique<ImportWindow>(
+        textLanguage(s.module.Language.value(), TextLanguage::English), ImportServices());
+}
+
+std::unique_ptr<QWidget> exportWindow(Surroundings& s)
+{
+    return std::make_unique<ExportWindow>(
+        textLanguage(s.module.Language.value(), TextLanguage::English), ExportServices());
+}
+
 } // namespace
 
 const std::vector<WindowOfProgram>& everyWindow()
@@ -159,6 +173,8 @@ const std::vector<WindowOfProgram>& everyWindow()
         {"Form10", savePicker, 4},
         {"Form11", languageDialog, 3},
         {"BoxWindow", boxWindow, 8},
+        {"ImportWindow", importWindow, 6},
+        {"ExportWindow", exportWindow, 6},
     };
     return windows;
 }

@@ -44,7 +44,7 @@ struct DocumentedForm
 std::map<QString, DocumentedForm> documentedForms()
 {
     static const QRegularExpression heading(
-        u"^`(Form\\d+|PracticePanel|Editing|Silence|Earlier|BoxWindow)`"_s);
+        u"^`(Form\\d+|PracticePanel|Editing|Silence|Earlier|BoxWindow|Import|Export)`"_s);
     static const QRegularExpression file(u"\nFile: `([^`]+)`"_s);
     static const QRegularExpression control(u"\n\\| `(\\w+)` \\|"_s);
     std::map<QString, DocumentedForm> forms;
@@ -68,15 +68,19 @@ QString classOf(const QString& form)
 {
     static const QMap<QString, QString> others = {{u"Editing"_s, u"EditingRow"_s},
                                                   {u"Silence"_s, u"SilenceRow"_s},
-                                                  {u"Earlier"_s, u"EarlierDialog"_s}};
+                                                  {u"Earlier"_s, u"EarlierDialog"_s},
+                                                  {u"Import"_s, u"ImportWindow"_s},
+                                                  {u"Export"_s, u"ExportWindow"_s}};
     return others.value(form, form);
 }
 
 /// The public members of a class, those of the window that it builds upon among them.
 QSet<QString> membersOf(const QString& form, const QString& header)
 {
-    static const QMap<QString, QString> bases = {{u"EditorWindow"_s, u"editors/editor_window.h"_s},
-                                                 {u"PickerWindow"_s, u"editors/picker_window.h"_s}};
+    static const QMap<QString, QString> bases = {
+        {u"EditorWindow"_s, u"editors/editor_window.h"_s},
+        {u"PickerWindow"_s, u"editors/picker_window.h"_s},
+        {u"CompanionWindow"_s, u"companions/exchange_windows/companion_window.h"_s}};
     static const QRegularExpression member(u"\n    [\\w:<>*]+ (\\w+)(?: = nullptr)?;"_s);
     const QRegularExpression declaration(
         u"\nclass %1 : public (\\w+).*?\npublic:(.*?)\n(?:protected|private|Q_SIGNALS):"_s.arg(
@@ -269,11 +273,11 @@ TEST(ControlTexts, BelongToControlsThatThereAre)
     // A part of several windows, what is said at a terminal, what can be asked for, and how
     // practice, lessons, tracks, languages, waveforms, editing, missing files, boxes, pages, the
     // lessons of other programs and the error that ends the program are spoken of.
-    const QStringList others = {u"FolderTree"_s,  u"CommandLine"_s,  u"Command"_s,  u"Practice"_s,
-                                u"Recent"_s,      u"Tracks"_s,       u"Language"_s, u"Waveform"_s,
-                                u"EditingMode"_s, u"Check"_s,        u"Files"_s,    u"Box"_s,
-                                u"ReadMe"_s,      u"LessonPage"_s,   u"Exchange"_s, u"Import"_s,
-                                u"Export"_s,      u"RunTimeReport"_s};
+    const QStringList others = {
+        u"FolderTree"_s,  u"CommandLine"_s, u"Command"_s,  u"Practice"_s,
+        u"Recent"_s,      u"Tracks"_s,      u"Language"_s, u"Waveform"_s,
+        u"EditingMode"_s, u"Check"_s,       u"Files"_s,    u"Box"_s,
+        u"ReadMe"_s,      u"LessonPage"_s,  u"Exchange"_s, u"RunTimeReport"_s};
     const std::map<QString, DocumentedForm> documented = documentedForms();
     for (const InterfaceText& text : interfaceTexts()) {
         const auto form = documented.find(text.window.toString());

@@ -42,10 +42,10 @@ TEST(Clock, ReadsWhatPeopleAndProgramsWrite)
 
 TEST(Clock, WritesThousandths)
 {
-    EXPECT_EQ(clockText(0), u"00:00:00.000");
-    EXPECT_EQ(clockText(3723.4567), u"01:02:03.457");
-    EXPECT_EQ(clockText(999999), u"277:46:39.000");
-    EXPECT_EQ(clockText(-1), u"00:00:00.000");
+    EXPECT_EQ(clockWithMilliseconds(0), u"00:00:00.000");
+    EXPECT_EQ(clockWithMilliseconds(3723.4567), u"01:02:03.457");
+    EXPECT_EQ(clockWithMilliseconds(999999), u"277:46:39.000");
+    EXPECT_EQ(clockWithMilliseconds(-1), u"00:00:00.000");
 }
 
 // The examples of Audacity's own manual: point, regions, and what spectral labels add.

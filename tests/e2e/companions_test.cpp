@@ -1,8 +1,11 @@
 // Programs that the player starts: what happens when one is missing, and to those started before.
 
+#include "core/ini.h"
 #include "tests/e2e/support/end_to_end.h"
 
+#include <QDir>
 #include <QFile>
+#include <QUrl>
 
 #include <csignal>
 
@@ -43,6 +46,35 @@ protected:
     {
         QFile file(home.file(u"pid"_s));
         return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().toInt() : 0;
+    }
+
+    /// Instead of the desktop's: keeps the address that it is given.
+    void putOpener()
+    {
+        ASSERT_TRUE(QDir(home.folder()).mkpath(u"opener"_s));
+        QFile file(home.file(u"opener/xdg-open"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("#!/bin/sh\nprintf %s \"$1\" >\"$ORVANTA_HOME/opened.part\"\n"
+                   "mv \"$ORVANTA_HOME/opened.part\" \"$ORVANTA_HOME/opened\"\n");
+        file.close();
+        file.setPermissions(file.permissions() | QFile::ExeOwner);
+        const QString path = desktop.environment().value(u"PATH"_s);
+        program.setVariable(u"PATH"_s, home.file(u"opener"_s) + u':' + path);
+    }
+
+    [[nodiscard]] QString opened() const
+    {
+        QFile file(home.file(u"opened"_s));
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    /// The program alone, without anything that is installed with it.
+    void useProgramFarFromItsDocuments()
+    {
+        const QString alone = desktop.folder() + u"/far/away/orvanta"_s;
+        ASSERT_TRUE(QDir().mkpath(QFileInfo(alone).path()));
+        ASSERT_TRUE(QFile::copy(programPath(), alone));
+        program.setProgram(alone);
     }
 
     /// Waits until the splash is gone: its window would be taken for one that comes or goes.
@@ -90,6 +122,23 @@ TEST_F(Companions, APlayerThatEndsLeavesItsCompanionsRunning)
     window().press(u"Close button"_s);
     ASSERT_EQ(program.statusAtEnd(), 0);
     EXPECT_EQ(::kill(companionProcess(), 0), 0);
+}
+
+TEST_F(Companions, AMissingHandbookIsStillAskedForAndHasItsShortcut)
+{
+    putOpener();
+    useProgramFarFromItsDocuments();
+    ASSERT_FALSE(HasFatalFailure());
+    ASSERT_TRUE(startAlone()) << program.said();
+    ASSERT_TRUE(desktop.activate(u"!Orvanta!"_s));
+    desktop.press(u"F1"_s);
+    ASSERT_TRUE(waitFor([this] { return !opened().isEmpty(); }));
+    const QUrl address = QUrl::fromLocalFile(home.file(u"help_eng.htm"_s));
+    EXPECT_EQ(opened(), address.toString(QUrl::FullyEncoded));
+    EXPECT_EQ(ReadIni(u"InternetShortcut"_s, u"URL"_s, home.file(u"help.url"_s)),
+              u"file:///"_s + home.file(u"help_eng.htm"_s));
+    program.sendSignal(SIGTERM);
+    EXPECT_EQ(program.statusAtEnd(), 0);
 }
 
 TEST_F(Companions, TheTutorialPlaysItsLessonsInThePlayerThatStartedIt)

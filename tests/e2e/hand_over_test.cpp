@@ -21,6 +21,28 @@ protected:
     ClipLine clip(const QString& text) { return {media(u"sound2.wav"_s), text}; }
 };
 
+/// Notes what happens to the windows of the desktop, also to those that are gone at once.
+class WindowWitness
+{
+public:
+    explicit WindowWitness(const Desktop& desktop)
+    {
+        m_process.setProcessEnvironment(desktop.environment());
+        m_process.start(u"xev"_s, {u"-root"_s, u"-event"_s, u"substructure"_s});
+    }
+
+    /// What has happened so often, "MapNotify" for instance.
+    [[nodiscard]] qsizetype count(const QByteArray& event)
+    {
+        m_seen += m_process.readAllStandardOutput();
+        return m_seen.count('\n' + event + " event");
+    }
+
+private:
+    QByteArray m_seen;
+    OwnedProcess m_process;
+};
+
 TEST_F(HandOver, ALaterLaunchOpensItsPacketHereAndEnds)
 {
     home.setOption(u"as"_s, false);
@@ -32,6 +54,30 @@ TEST_F(HandOver, ALaterLaunchOpensItsPacketHereAndEnds)
     EXPECT_TRUE(waitFor([this] { return window().rows().size() == 4; }));
     EXPECT_EQ(window().rows().value(2), u"B"_s);
     EXPECT_EQ(home.get(u"ftl"_s, u"num"_s), u"0"_s);
+}
+
+TEST_F(HandOver, ALaterLaunchShowsNoWindowOfItsOwn)
+{
+    const QString title = u"!Orvanta!"_s;
+    home.setOption(u"as"_s, false);
+    ASSERT_TRUE(program.startAndShow());
+    // The splash has the same title.
+    ASSERT_TRUE(waitFor([&] { return desktop.visibleWindows(title) == 1; }));
+    WindowWitness witness(desktop);
+    int width = 700;
+    ASSERT_TRUE(waitFor([&] { // until it watches
+        desktop.resizeWindow(title, {++width, 600});
+        return witness.count("ConfigureNotify") > 0;
+    }));
+    const qsizetype before = witness.count("MapNotify");
+    EXPECT_EQ(launchAgain(desktop, home, {packet(u"second.vxl"_s, {clip(u"B"_s)})}), 0);
+    ASSERT_TRUE(loads(1, 1));
+    window().press(u"Minimize button"_s);
+    ASSERT_TRUE(waitFor([&] { return witness.count("UnmapNotify") > 0; })); // has come that far
+    EXPECT_EQ(witness.count("MapNotify"), before);
+    EXPECT_EQ(launchAgain(desktop, home, {}), 0);
+    EXPECT_TRUE(waitFor([&] { return witness.count("MapNotify") > before; }))
+        << "it would not have seen one";
 }
 
 TEST_F(HandOver, ALaterLaunchRaisesTheFirstWindow)

@@ -110,6 +110,14 @@ TEST_F(Start, TheAutoSwitchInAnyCaseKeepsTheWindowHiddenUntilALaterLaunch)
     EXPECT_TRUE(waitFor([&] { return desktop.visibleWindows(u"!Orvanta!"_s) == 1; }));
 }
 
+TEST_F(Start, TheAutoSwitchWithABlankBehindItIsACommandLineAndTheWindowIsShown)
+{
+    program.start({u"/auto "_s});
+    EXPECT_TRUE(program.next(u"^orvanta.startup: main window shown"_s)) << program.said();
+    EXPECT_TRUE(desktop.activate(u"!Orvanta!"_s));
+    EXPECT_TRUE(waitFor([&] { return home.get(u"ftl"_s, u"num"_s) == u"0"; }));
+}
+
 TEST_F(Start, LogLinesStandOnStandardErrorAsTheyAre)
 {
     program.setVariable(u"QT_MESSAGE_PATTERN"_s, u""_s);

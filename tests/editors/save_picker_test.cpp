@@ -46,7 +46,8 @@ TEST_F(SavePicker, IsRussianForAnyLanguageButOne)
     };
     const Row rows[] = {{u"1"_s, u"Cancel"_s, u"Select file"_s, u"Select folder"_s},
                         {u"2"_s, u"Отмена"_s, u"Выберите файл"_s, u"Выберите папку"_s},
-                        {u"0"_s, u"Отмена"_s, u"Выберите файл"_s, u"Выберите папку"_s}};
+                        {u"0"_s, u"Отмена"_s, u"Выберите файл"_s, u"Выберите папку"_s},
+                        {u"x"_s, u"Отмена"_s, u"Выберите файл"_s, u"Выберите папку"_s}};
     for (const Row& row : rows) {
         set(u"main"_s, u"language"_s, row.language);
         open();
@@ -54,6 +55,7 @@ TEST_F(SavePicker, IsRussianForAnyLanguageButOne)
         EXPECT_EQ(picker->File1->toolTip(), row.fileTip);
         EXPECT_EQ(picker->FolderTreeview1->toolTip(), row.folderTip);
         EXPECT_EQ(picker->windowTitle(), u"!Orvanta!"_s);
+        EXPECT_EQ(picker->Text1->text(), u"no name"_s);
     }
 }
 

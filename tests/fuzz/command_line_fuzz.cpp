@@ -33,7 +33,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Input input(data, size);
     const QStringList arguments = textsOf(argumentsOf(input));
-    (void)answerForTerminal(arguments);
+    (void)answerForTerminal(arguments, [] { return TextLanguage::English; });
     const QString line = commandLine(arguments);
     const QStringList lines = linesToQueue(arguments);
     require(lines.size() <= std::max<qsizetype>(arguments.size(), 1),

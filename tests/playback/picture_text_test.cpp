@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QTextLayout>
 
+#include <algorithm>
+
 using namespace orvanta;
 using namespace orvanta::test;
 using namespace Qt::StringLiterals;
@@ -48,6 +50,22 @@ int countOf(const QImage& image, QRgb colour)
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
             count += (image.pixel(x, y) & 0xffffff) == (colour & 0xffffff) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+/// Pixels that are neither white, black nor grey, and opaque.
+int countOfColoured(const QImage& image)
+{
+    constexpr int kPlainlyColoured =
+        80; // between the strongest and the weakest of the three, of 255
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            const auto [least, most] = std::minmax({qRed(pixel), qGreen(pixel), qBlue(pixel)});
+            count += qAlpha(pixel) == 255 && most - least > kPlainlyColoured ? 1 : 0;
         }
     }
     return count;
@@ -141,6 +159,29 @@ TEST(PictureText, FromRightToLeftEndsAtTheLeft)
                          dotted.height() / 2);
     EXPECT_EQ(countOf(dotted.copy(leftTop), 0xffffff), 0);
     EXPECT_GT(countOf(dotted.copy(rightTop), 0xffffff), 0);
+}
+
+TEST(PictureText, AnEmojiKeepsItsColoursAndLettersBesideItAreWhite)
+{
+    for (const qreal ratio : {1.0, 2.0}) {
+        const TextShape shape{.fontSize = 40, .width = 900, .devicePixelRatio = ratio};
+        const QImage plain = pictureOfText(u"Lesson"_s, shape).toImage();
+        const QImage withEmoji = pictureOfText(u"Lesson 🍎"_s, shape).toImage();
+        EXPECT_EQ(countOfColoured(plain), 0);
+        EXPECT_GT(countOfColoured(withEmoji), 300 * ratio * ratio)
+            << "without a font that has it in colour (fonts-noto-color-emoji) there is none";
+        EXPECT_GE(countOf(withEmoji, 0xffffff), countOf(plain, 0xffffff));
+        EXPECT_EQ(countOfColoured(withEmoji.copy(plain.rect())), 0);
+    }
+}
+
+TEST(PictureText, AnEmojiThatFontsOfLettersHaveTooIsInColour)
+{
+    const TextShape shape{.fontSize = 40, .width = 900};
+    for (const QString& emoji : {u"😊"_s, u"❤\uFE0F"_s, u"✅"_s, u"👩‍🏫"_s, u"🇫🇷"_s}) {
+        EXPECT_GT(countOfColoured(pictureOfText(emoji, shape).toImage()), 300) << qPrintable(emoji);
+    }
+    EXPECT_EQ(countOfColoured(pictureOfText(u"❤ 1 #"_s, shape).toImage()), 0);
 }
 
 namespace {

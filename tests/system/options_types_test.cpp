@@ -260,6 +260,14 @@ TEST_F(OptionsTypes, AMissingIconLeavesThePlaceEmpty)
     EXPECT_TRUE(dialog->Image6->isEmpty());
 }
 
+TEST_F(OptionsTypes, AShippedTypeWithoutAnIconOfItsOwnShowsTheStandardOne)
+{
+    storeTypes({u"avi"_s});
+    open().List1->setCurrentRow(kAvi);
+    EXPECT_FALSE(dialog->Image6->isEmpty());
+    EXPECT_FALSE(QFileInfo::exists(home.file(u"avi.ico"_s))) << "looking at it makes none";
+}
+
 TEST_F(OptionsTypes, AChosenIconIsCopiedRegisteredAndShown)
 {
     makeIcon(u"avi.ico"_s, Qt::red);
