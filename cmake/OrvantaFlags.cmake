@@ -1,6 +1,7 @@
 # Warnings, sanitizers and the one way in which a floor of the house is declared.
 
 option(ORVANTA_SANITIZE "Build with AddressSanitizer and UndefinedBehaviorSanitizer" OFF)
+option(ORVANTA_THREADS "Build with ThreadSanitizer" OFF)
 option(ORVANTA_FUZZ "Build the fuzzed rules of tests/fuzz with the fuzzing engine of clang" OFF)
 
 add_library(orvanta_flags INTERFACE)
@@ -16,7 +17,7 @@ if(ORVANTA_WERROR)
     target_compile_options(orvanta_flags INTERFACE -Werror)
 endif()
 # What packages are built with anyway. The checks of buffers need the optimizer.
-if(NOT ORVANTA_SANITIZE AND CMAKE_BUILD_TYPE MATCHES "Rel")
+if(NOT ORVANTA_SANITIZE AND NOT ORVANTA_THREADS AND CMAKE_BUILD_TYPE MATCHES "Rel")
     target_compile_options(orvanta_flags INTERFACE
         -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong -fstack-clash-protection)
 endif()
@@ -30,6 +31,10 @@ if(ORVANTA_SANITIZE)
     target_compile_options(orvanta_flags INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(orvanta_flags INTERFACE -fsanitize=address,undefined)
+endif()
+if(ORVANTA_THREADS)
+    target_compile_options(orvanta_flags INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+    target_link_options(orvanta_flags INTERFACE -fsanitize=thread)
 endif()
 if(ORVANTA_FUZZ)
     target_compile_options(orvanta_flags INTERFACE -fsanitize=fuzzer-no-link)

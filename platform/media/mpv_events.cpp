@@ -88,6 +88,7 @@ void MpvPlayer::serve(const mpv_event& event)
         break;
     case MPV_EVENT_START_FILE:
         m_startedEntry = static_cast<const mpv_event_start_file*>(event.data)->playlist_entry_id;
+        entryBegan();
         break;
     case MPV_EVENT_END_FILE:
         endOfEntry(*static_cast<const mpv_event_end_file*>(event.data));
@@ -111,6 +112,8 @@ void MpvPlayer::serveCommand(const mpv_event& event)
         m_entry = entryOf(event);
         if (m_entry < 0) {
             failOpening(QString::fromUtf8(mpv_error_string(event.error)));
+        } else {
+            entryBegan();
         }
     } else if (request == Seek && m_seek.isNewest(serial)) {
         if (event.error < 0) {
@@ -196,7 +199,7 @@ void MpvPlayer::serveProperty(const mpv_event& event)
 void MpvPlayer::playbackRestarted()
 {
     const bool opening = m_phase == Opening || m_reloading;
-    if (opening && !m_factsAsked && m_entry >= 0 && m_entry == m_startedEntry) {
+    if (opening && !m_factsAsked && hasBegun()) {
         askFacts();
     } else if (m_seek.playing()) {
         seekSettled();

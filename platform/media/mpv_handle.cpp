@@ -2,6 +2,7 @@
 
 #include "core/log.h"
 #include "core/run_time_error.h"
+#include "platform/media/retired_player.h"
 
 #include <utility>
 #include <vector>
@@ -43,7 +44,19 @@ MpvHandle::MpvHandle()
 
 MpvHandle::~MpvHandle()
 {
-    mpv_set_wakeup_callback(m_handle.get(), nullptr, nullptr);
+    if (m_handle) {
+        retire({giveAway(), nullptr}, kPatienceAtEnd);
+    }
+}
+
+MpvHandle::Owner MpvHandle::giveAway()
+{
+    m_askAgain.stop();
+    m_waiting.clear();
+    if (m_handle) {
+        mpv_set_wakeup_callback(m_handle.get(), nullptr, nullptr);
+    }
+    return std::move(m_handle);
 }
 
 bool MpvHandle::setOption(const char* name, const QByteArray& value)

@@ -24,6 +24,13 @@ class MpvHandle : public QObject
     Q_OBJECT
 
 public:
+    struct Destroy
+    {
+        void operator()(mpv_handle* handle) const { mpv_terminate_destroy(handle); }
+    };
+    /// Waits for the player's end.
+    using Owner = std::unique_ptr<mpv_handle, Destroy>;
+
     /// Raises 53 when the library's version does not fit or it cannot be created (it refuses while
     /// the C library's decimal mark is not a point).
     MpvHandle();
@@ -47,6 +54,9 @@ public:
     /// The next event, or null when there is none. Valid until the next call.
     [[nodiscard]] mpv_event* nextEvent();
 
+    /// Gives the player away, which says nothing any more; nothing may be asked of this any more.
+    [[nodiscard]] Owner giveAway();
+
 Q_SIGNALS:
     /// There are events. Comes from the event loop, at most once for any number of them.
     void eventsWaiting();
@@ -59,12 +69,7 @@ private:
     static void wakeUp(void* self);
     Q_INVOKABLE void announceEvents();
 
-    struct Destroy
-    {
-        void operator()(mpv_handle* handle) const { mpv_terminate_destroy(handle); }
-    };
-
-    std::unique_ptr<mpv_handle, Destroy> m_handle;
+    Owner m_handle;
     std::atomic<bool> m_announced = false;
     std::deque<std::pair<QByteArray, Request>> m_waiting; // with what they are about
     QTimer m_askAgain;

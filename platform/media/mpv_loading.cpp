@@ -1,11 +1,18 @@
+#include "core/error_boundary.h"
 #include "core/log.h"
 #include "platform/media/mpv_player.h"
 
 #include <QFile>
 
+#include <chrono>
 #include <utility>
 
 namespace orvanta {
+
+/// The library leaves the file before first, and waits for that one's disk.
+constexpr std::chrono::seconds kPatienceToBegin(3);
+constexpr std::chrono::seconds kPatienceToOpen(10);
+constexpr auto kSilentDisk = "its disk does not answer";
 
 void MpvPlayer::setFileName(const QString& path)
 {
@@ -34,7 +41,7 @@ void MpvPlayer::fileLookedAt(FileProbe::Answer answer)
     } else {
         m_mpv->command({"stop"}, idOf(Unasked, 0));
         refuseLater(answer == FileProbe::NoFile ? QStringLiteral("not a file")
-                                                : QStringLiteral("its disk does not answer"));
+                                                : QLatin1String(kSilentDisk));
     }
 }
 
@@ -59,6 +66,7 @@ void MpvPlayer::forgetClip()
 {
     ++m_load;
     m_probe.stop();
+    m_patience.stop();
     m_entry = -1;
     m_factsAsked = false;
     m_reloading = false;
@@ -80,6 +88,27 @@ void MpvPlayer::forgetClip()
 void MpvPlayer::loadEntry()
 {
     m_mpv->command({"loadfile", QFile::encodeName(m_fileName), "replace"}, idOf(LoadFile, m_load));
+    m_patience.start(std::exchange(m_isFresh, false) ? kPatienceToOpen : kPatienceToBegin);
+}
+
+void MpvPlayer::entryBegan()
+{
+    if (hasBegun() && m_patience.isActive()) {
+        m_patience.start(kPatienceToOpen);
+    }
+}
+
+/// The library hangs in this file, or still in one before, which is no fault of this one: then it
+/// comes to a player that has never had another.
+void MpvPlayer::patienceIsOver()
+{
+    const bool isAtFault = hasBegun() || m_patience.intervalAsDuration() == kPatienceToOpen;
+    const bool isFresh = resumeNext("a fresh player", [this] { takeFreshPlayer(); });
+    if (isAtFault || !isFresh) {
+        failOpening(QLatin1String(kSilentDisk));
+    } else {
+        loadEntry();
+    }
 }
 
 /// Goes to the start of a clip that has no index to seek by: opens it once more, unseen.
@@ -131,6 +160,7 @@ void MpvPlayer::askFacts()
 
 void MpvPlayer::finishOpening()
 {
+    m_patience.stop();
     if (m_reloading) {
         finishReloading();
         return;

@@ -1,22 +1,17 @@
-// Frames of the player library's software renderer, rendered on a thread of their own.
+// Frames of the player library, whichever of its players is at work.
 #pragma once
 
+#include "platform/media/mpv_renderer.h"
 #include "platform/media/picture_source.h"
 
 #include <QSize>
 
-#include <mpv/render.h>
-
-#include <condition_variable>
+#include <atomic>
 #include <memory>
-#include <mutex>
-#include <thread>
 
 namespace orvanta {
 
-/// Renders straight into the image that the surface paints: no copy in between. While the target
-/// size is empty, frames are taken from the player and passed over.
-/// Must be destroyed before the player it renders for.
+/// Passes on what the renderer of the player draws.
 class MpvPictureSource : public PictureSource
 {
     Q_OBJECT
@@ -26,54 +21,36 @@ public:
     explicit MpvPictureSource(mpv_handle* player);
     ~MpvPictureSource() override;
 
-    void setTargetSize(QSize pixels) override;
+    void setTargetSize(QSize pixels) override { m_renderer->setTargetSize(pixels); }
     /// The frame that is shown, with its subtitles as they are now.
-    void drawAgain();
-    [[nodiscard]] QImage frame() const override;
-    [[nodiscard]] bool hasPicture() const override;
+    void drawAgain() { m_renderer->drawAgain(); }
+    [[nodiscard]] QImage frame() const override { return m_renderer->frame(); }
+    [[nodiscard]] bool hasPicture() const override { return m_renderer->isOpen(); }
     void setKeepsLastFrame(bool keeps) override { m_keepsLastFrame = keeps; }
 
     // Said by the control.
     /// Another place or clip is on its way: what the library draws meanwhile (black, the picture
     /// before) is not shown, the frame stays as it is.
-    void hold();
+    void hold() { m_renderer->hold(); }
     /// What the library draws from now on is the picture of the clip that is open.
-    void begin();
+    void begin() { m_renderer->begin(); }
     /// There is no picture.
     void clear();
 
+    /// A renderer for another player, with the frame that is shown; nothing is changed yet. Raises
+    /// 53 as the constructor does.
+    [[nodiscard]] std::unique_ptr<MpvRenderer> rendererFor(mpv_handle* player);
+    /// Takes this one. Returns the one before, which says nothing any more; it must be destroyed
+    /// before its player. Without one nothing may be called any more.
+    std::unique_ptr<MpvRenderer> exchange(std::unique_ptr<MpvRenderer> renderer);
+
 private:
-    static void frameWaiting(void* self);
-    void renderFrames();
-    bool waitForWork();
-    void renderFrame();
-    void renderInto(QImage& image);
-    void skipFrame();
-    void publish(QImage& image, quint64 clip);
-    void dropFrame();
+    void frameDrawn();
     Q_INVOKABLE void announceFrame();
 
-    struct FreeContext
-    {
-        void operator()(mpv_render_context* context) const { mpv_render_context_free(context); }
-    };
-
-    std::unique_ptr<mpv_render_context, FreeContext> m_context;
-
-    mutable std::mutex m_mutex; // guards what follows up to m_thread
-    std::condition_variable m_work;
-    QSize m_targetSize;
-    QImage m_front;
-    bool m_frameWaiting = false;
-    bool m_drawAgain = false;
-    bool m_closing = false;
-    bool m_announced = false;
-    bool m_isOpen = false; // frames are shown
-    quint64 m_clip = 0;    // one whose drawing began before a hold is not
-
-    QImage m_back;                 // render thread only
-    bool m_keepsLastFrame = false; // interface thread only
-    std::thread m_thread;
+    std::atomic<bool> m_announced = false;
+    bool m_keepsLastFrame = false;
+    std::unique_ptr<MpvRenderer> m_renderer;
 };
 
 } // namespace orvanta

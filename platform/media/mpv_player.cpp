@@ -1,6 +1,9 @@
 #include "platform/media/mpv_player.h"
 
+#include "platform/media/retired_player.h"
+
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <utility>
 
@@ -8,12 +11,23 @@ namespace orvanta {
 
 constexpr int kLookMilliseconds = 40;
 constexpr int kSeekGuardMilliseconds = 5000;
+constexpr std::chrono::milliseconds kNoPatience(0);
 constexpr int kSilence = -10000; // hundredths of a decibel
 // By the measure of broadcasting, with a limiter behind it: no peak above -1.5 dB. The filter works
 // at 192 kHz, which no device needs, and a tenth of a second at a time: the library knows the time
 // of slowed-down sound only to a piece's length, so the pieces are made a hundredth long.
 constexpr char kEvenLoudness[] =
     "lavfi=[loudnorm=I=-18:TP=-1.5:LRA=7,aresample=48000,asetnsamples=n=480:p=0]";
+
+static QByteArray mirrorFilter(bool isMirrored)
+{
+    return isMirrored ? "hflip" : "";
+}
+
+static QByteArray loudnessFilter(bool isEven)
+{
+    return isEven ? kEvenLoudness : "";
+}
 
 static std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
 {
@@ -23,22 +37,62 @@ static std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
     return mpv;
 }
 
-MpvPlayer::MpvPlayer(const MpvOptionList& extraOptions)
-    : m_mpv(startPlayer(extraOptions)),
+MpvPlayer::MpvPlayer(MpvOptionList extraOptions)
+    : m_extraOptions(std::move(extraOptions)),
+      m_mpv(startPlayer(m_extraOptions)),
       m_picture(m_mpv->get()),
-      m_sound(*m_mpv, extraOptions)
+      m_sound([this] { m_mpv->command({"ao-reload"}, idOf(Unasked, 0)); }, m_extraOptions)
 {
     m_look.setInterval(kLookMilliseconds);
     m_pauseSoon.setInterval(0);
     m_pauseSoon.setSingleShot(true);
     m_seekGuard.setInterval(kSeekGuardMilliseconds);
     m_seekGuard.setSingleShot(true);
-    connect(m_mpv.get(), &MpvHandle::eventsWaiting, this, [this] { serveEvents(); });
+    m_patience.setSingleShot(true);
     connect(&m_look, &QTimer::timeout, this, [this] { lookForEnd(); });
     connect(&m_pauseSoon, &QTimer::timeout, this, [this] { setPaused(true); });
     connect(&m_seekGuard, &QTimer::timeout, this, [this] { seekSettled(); });
+    connect(&m_patience, &QTimer::timeout, this, [this] { patienceIsOver(); });
     connect(&m_cover, &CoverReader::done, this, &MediaControl::coverRead);
+    listen();
+}
+
+MpvPlayer::~MpvPlayer()
+{
+    retire({m_mpv->giveAway(), m_picture.exchange(nullptr)}, kPatienceAtEnd);
+}
+
+void MpvPlayer::listen()
+{
+    connect(m_mpv.get(), &MpvHandle::eventsWaiting, this, [this] { serveEvents(); });
     observeProperties();
+}
+
+/// One that hangs goes its own way; what is kept from clip to clip stays.
+void MpvPlayer::takeFreshPlayer()
+{
+    auto mpv = startPlayer(m_extraOptions);
+    auto renderer = m_picture.rendererFor(mpv->get());
+    m_mpv.swap(mpv);
+    retire({mpv->giveAway(), m_picture.exchange(std::move(renderer))}, kNoPatience);
+    mpv.release()->deleteLater(); // what is being served may be its event
+    m_isFresh = true;
+    m_entry = -1;
+    m_startedEntry = -1;
+    m_factsAsked = false;
+    m_lookAsked = false;
+    listen();
+    tellSettings();
+}
+
+void MpvPlayer::tellSettings()
+{
+    setVolume(m_volume);
+    setPaused(m_state != Running);
+    m_mpv->set("speed", m_speed);
+    m_mpv->command({"vf", "set", mirrorFilter(m_mirrored)}, idOf(Unasked, 0));
+    m_mpv->command({"af", "set", loudnessFilter(m_even)}, idOf(Unasked, 0));
+    m_mpv->set("sub-pos", QByteArray::number(100 - m_raised));
 }
 
 void MpvPlayer::Run()
@@ -121,7 +175,7 @@ void MpvPlayer::setMirrored(bool mirrored)
 {
     if (m_mirrored != mirrored) {
         m_mirrored = mirrored;
-        m_mpv->command({"vf", "set", mirrored ? "hflip" : ""}, idOf(Unasked, 0));
+        m_mpv->command({"vf", "set", mirrorFilter(mirrored)}, idOf(Unasked, 0));
     }
 }
 
@@ -129,7 +183,7 @@ void MpvPlayer::setEvenLoudness(bool even)
 {
     if (m_even != even) {
         m_even = even;
-        m_mpv->command({"af", "set", even ? kEvenLoudness : ""}, idOf(Unasked, 0));
+        m_mpv->command({"af", "set", loudnessFilter(even)}, idOf(Unasked, 0));
     }
 }
 

@@ -28,7 +28,8 @@ class MpvPlayer : public MediaControl
 
 public:
     /// Raises 53 when the player library cannot be used.
-    explicit MpvPlayer(const MpvOptionList& extraOptions);
+    explicit MpvPlayer(MpvOptionList extraOptions);
+    ~MpvPlayer() override;
 
     [[nodiscard]] QString FileName() const override { return m_fileName; }
     void setFileName(const QString& path) override;
@@ -95,6 +96,8 @@ private:
     };
 
     // mpv_player.cpp
+    void listen();
+    void tellSettings();
     void seek(double seconds, MpvSeek::Kind kind);
     void changeState(State state);
     void setPaused(bool paused);
@@ -118,6 +121,10 @@ private:
     void fileLookedAt(FileProbe::Answer answer);
     void loadEntry();
     void reload();
+    [[nodiscard]] bool hasBegun() const { return m_entry >= 0 && m_entry == m_startedEntry; }
+    void entryBegan();
+    void patienceIsOver();
+    void takeFreshPlayer();
     void refuseLater(const QString& reason);
     void endOfEntry(const mpv_event_end_file& end);
     void askFacts();
@@ -150,13 +157,15 @@ private:
 
     static quint64 idOf(Request request, quint64 serial);
 
+    const MpvOptionList m_extraOptions;
     std::unique_ptr<MpvHandle> m_mpv;
-    MpvPictureSource m_picture; // must go before the player, or the library aborts
+    MpvPictureSource m_picture;
     SoundOutput m_sound;
     FileProbe m_probe;
     QTimer m_look;      // while running: has the clip come to its end?
     QTimer m_pauseSoon; // one turn of the event loop after a pause was asked for
     QTimer m_seekGuard; // ends a seek that the player never answers
+    QTimer m_patience;  // while opening
 
     QString m_fileName;
     Phase m_phase = Empty;
@@ -170,6 +179,7 @@ private:
     quint64 m_load = 0;         // serial of the newest load
     qint64 m_entry = -1;        // the library's number of that load; -1: not told yet
     qint64 m_startedEntry = -1; // the entry that the library began last
+    bool m_isFresh = true;      // the player has not been given a file before this one
     bool m_factsAsked = false;
     bool m_reloading = false; // on the way back to the start of a clip that cannot seek to it
     bool m_rewindsByReload = false;

@@ -12,14 +12,14 @@ constexpr std::chrono::seconds kLongestPause(60);
 
 static const QByteArray kNullOutput = "null";
 
-SoundOutput::SoundOutput(MpvHandle& mpv, const MpvOptionList& extra)
-    : m_mpv(mpv),
+SoundOutput::SoundOutput(std::function<void()> askAgain, const MpvOptionList& extra)
+    : m_askAgain(std::move(askAgain)),
       m_isNullWanted(std::ranges::count(extra, std::pair(QByteArray("ao"), kNullOutput)) > 0),
       m_pause(kFirstPause)
 {
     m_retry.setSingleShot(true);
     connect(&m_retry, &QTimer::timeout, this, [this] {
-        ask();
+        m_askAgain();
         m_pause = std::min<std::chrono::milliseconds>(m_pause * 2, kLongestPause);
         watch();
     });
@@ -44,15 +44,10 @@ void SoundOutput::setRunning(bool running)
     const bool begins = running && !m_isRunning;
     m_isRunning = running;
     if (begins && m_isSilent && m_hadSound) {
-        ask();
+        m_askAgain();
         m_pause = kFirstPause;
     }
     watch();
-}
-
-void SoundOutput::ask()
-{
-    m_mpv.command({"ao-reload"}, 0);
 }
 
 void SoundOutput::watch()

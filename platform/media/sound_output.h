@@ -1,7 +1,6 @@
 // Getting the sound back after the sound server went away.
 #pragma once
 
-#include "platform/media/mpv_handle.h"
 #include "platform/media/mpv_options.h"
 
 #include <QByteArray>
@@ -9,6 +8,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 
 namespace orvanta {
 
@@ -18,18 +18,18 @@ namespace orvanta {
 class SoundOutput : public QObject
 {
 public:
-    /// extra: an output named there is what is wanted.
-    SoundOutput(MpvHandle& mpv, const MpvOptionList& extra);
+    /// askAgain: lets the player ask for the real one. extra: an output named there is what is
+    /// wanted.
+    SoundOutput(std::function<void()> askAgain, const MpvOptionList& extra);
 
     /// The name of the output in use, as the library reports it; empty for none.
     void outputIs(const QByteArray& name);
     void setRunning(bool running);
 
 private:
-    void ask();
     void watch();
 
-    MpvHandle& m_mpv;
+    std::function<void()> m_askAgain;
     QTimer m_retry;
     bool m_isNullWanted = false;
     bool m_isSilent = false; // the output is the one that nobody hears

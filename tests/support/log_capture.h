@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <mutex>
+
 namespace orvanta::test {
 
 class LogCapture
@@ -12,8 +14,11 @@ class LogCapture
 public:
     explicit LogCapture(const char* category)
     {
-        s_category = QLatin1String(category);
-        s_lines.clear();
+        {
+            const std::lock_guard lock(s_mutex);
+            s_category = QLatin1String(category);
+            s_lines.clear();
+        }
         QLoggingCategory::setFilterRules(QLatin1String(category) + QLatin1String("=true"));
         m_previous = qInstallMessageHandler(collect);
     }
@@ -25,16 +30,23 @@ public:
     LogCapture(const LogCapture&) = delete;
     LogCapture& operator=(const LogCapture&) = delete;
 
-    [[nodiscard]] static QStringList lines() { return s_lines; }
+    [[nodiscard]] static QStringList lines()
+    {
+        const std::lock_guard lock(s_mutex);
+        return s_lines;
+    }
 
 private:
+    // From any thread.
     static void collect(QtMsgType, const QMessageLogContext& context, const QString& text)
     {
+        const std::lock_guard lock(s_mutex);
         if (context.category != nullptr && s_category == QLatin1String(context.category)) {
             s_lines.append(text);
         }
     }
 
+    inline static std::mutex s_mutex; // guards both
     inline static QString s_category;
     inline static QStringList s_lines;
     QtMessageHandler m_previous = nullptr;
