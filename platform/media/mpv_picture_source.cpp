@@ -1,106 +1,123 @@
 #include "platform/media/mpv_picture_source.h"
 
-#include "core/log.h"
-#include "core/run_time_error.h"
-
-#include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <utility>
 
 namespace orvanta {
 
-// The scalers copy the whole frame once more when lines do not begin at such addresses.
-constexpr std::size_t kAlignment = 64;
-constexpr std::size_t kBytesPerPixel = 4;
-
-static char* mutableText(const char* text)
+MpvPictureSource::MpvPictureSource()
 {
-    return const_cast<char*>(text); // the library takes its parameters without const
-}
-
-static mpv_render_context* createContext(mpv_handle* player)
-{
-    std::array<mpv_render_param, 2> parameters = {{
-        {MPV_RENDER_PARAM_API_TYPE, mutableText(MPV_RENDER_API_TYPE_SW)},
-        {MPV_RENDER_PARAM_INVALID, nullptr},
-    }};
-    mpv_render_context* context = nullptr;
-    const int result = mpv_render_context_create(&context, player, parameters.data());
-    if (result < 0) {
-        qCCritical(logErrors, "the player library cannot draw: %s", mpv_error_string(result));
-        throw RuntimeError(ErrorNumber::FileNotFound);
-    }
-    return context;
-}
-
-static QImage newImage(QSize size)
-{
-    const std::size_t stride =
-        (static_cast<std::size_t>(size.width()) * kBytesPerPixel + kAlignment - 1) / kAlignment *
-        kAlignment;
-    void* pixels = std::aligned_alloc(kAlignment, stride * static_cast<std::size_t>(size.height()));
-    if (pixels == nullptr) {
-        return {};
-    }
-    return {
-        static_cast<uchar*>(pixels), size.width(), size.height(), static_cast<qsizetype>(stride),
-        QImage::Format_RGB32,        std::free,    pixels};
-}
-
-/// The library leaves the fourth byte of a pixel as it comes, and a compositor that blends windows
-/// takes it for the opacity. Sixteen pixels at once, as lines are aligned: it is done to each
-/// frame.
-static void makeOpaque(QImage& image)
-{
-    using Pixels = quint32 __attribute__((vector_size(kAlignment)));
-    auto* pixels = reinterpret_cast<Pixels*>(image.bits());
-    const auto count = static_cast<std::size_t>(image.sizeInBytes()) / sizeof(Pixels);
-    std::for_each(pixels, pixels + count, [](Pixels& some) { some |= 0xff000000U; });
-}
-
-MpvPictureSource::MpvPictureSource(mpv_handle* player)
-    : m_context(createContext(player))
-{
-    mpv_render_context_set_update_callback(m_context.get(), &MpvPictureSource::frameWaiting, this);
-    m_thread = std::thread([this] { renderFrames(); });
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(std::chrono::seconds(1));
+    connect(&m_patience, &QTimer::timeout, this,
+            [this] { announceFailure(QStringLiteral("its first frame does not come")); });
 }
 
 MpvPictureSource::~MpvPictureSource()
 {
-    mpv_render_context_set_update_callback(m_context.get(), nullptr, nullptr);
+    stop();
+}
+
+bool MpvPictureSource::start(std::unique_ptr<PictureRenderer> renderer)
+{
+    m_renderer = std::move(renderer);
+    m_closing = false;
+    m_entered = false;
+    m_isLost = false;
+    m_hasFailed = false;
+    m_thread.reset(QThread::create([this] { renderFrames(); }));
+    m_renderer->giveTo(*m_thread);
+    m_thread->start();
+    {
+        std::unique_lock lock(m_mutex);
+        m_work.wait(lock, [this] { return m_entered; });
+        m_drawAgain = m_isOpen && !m_targetSize.isEmpty();
+    }
+    if (m_context == nullptr) {
+        stop();
+        return false;
+    }
+    m_work.notify_all();
+    if (m_renderer->isOpenGl()) {
+        Q_EMIT rendererChanged();
+    }
+    return true;
+}
+
+void MpvPictureSource::stop()
+{
+    if (!m_renderer) {
+        return;
+    }
+    m_patience.stop();
+    const bool wasOpenGl = m_context != nullptr && isOpenGl();
+    QImage last = lastFrame();
     {
         const std::lock_guard lock(m_mutex);
         m_closing = true;
+        m_front = RenderedFrame();
+        m_work.notify_all();
     }
-    m_work.notify_one();
-    m_thread.join();
+    m_thread->wait();
+    m_thread.reset();
+    m_renderer.reset();
+    m_back = RenderedFrame();
+    m_front.image = std::move(last);
+    if (wasOpenGl) {
+        Q_EMIT rendererChanged();
+    }
+}
+
+/// Null where the driver that has it does not answer any more.
+QImage MpvPictureSource::lastFrame() const
+{
+    RenderedFrame front;
+    {
+        const std::lock_guard lock(m_mutex);
+        front = m_isLost ? RenderedFrame() : m_front;
+    }
+    return m_renderer ? m_renderer->copy(front) : front.image;
 }
 
 void MpvPictureSource::setTargetSize(QSize pixels)
 {
-    const std::lock_guard lock(m_mutex);
-    if (pixels != m_targetSize) {
-        m_targetSize = pixels;
-        m_drawAgain = !pixels.isEmpty();
-        m_work.notify_one();
+    {
+        const std::lock_guard lock(m_mutex);
+        if (pixels != m_targetSize) {
+            m_targetSize = pixels;
+            m_drawAgain = !pixels.isEmpty();
+            m_work.notify_all();
+        }
+        if (pixels.isEmpty() && !m_isOpen) {
+            m_front = RenderedFrame();
+        }
     }
-    if (pixels.isEmpty() && !m_isOpen) {
-        m_front = QImage();
-    }
+    waitForFirstFrame();
 }
 
 void MpvPictureSource::drawAgain()
 {
     const std::lock_guard lock(m_mutex);
     m_drawAgain = !m_targetSize.isEmpty();
-    m_work.notify_one();
+    m_work.notify_all();
 }
 
 QImage MpvPictureSource::frame() const
 {
+    return lastFrame();
+}
+
+std::shared_ptr<const OpenGlFrame> MpvPictureSource::texture() const
+{
     const std::lock_guard lock(m_mutex);
-    return m_front;
+    return m_front.texture;
+}
+
+void MpvPictureSource::frameSwapped()
+{
+    if (isOpenGl() && m_context != nullptr) {
+        mpv_render_context_report_swap(m_context);
+    }
 }
 
 bool MpvPictureSource::hasPicture() const
@@ -113,17 +130,29 @@ void MpvPictureSource::hold()
 {
     const std::lock_guard lock(m_mutex);
     m_isOpen = false;
+    m_beginsWithFrame = false;
     ++m_clip;
+    m_hasDrawn = false;
+    m_patience.stop();
 }
 
 /// The library has its picture already, so it is drawn again.
 void MpvPictureSource::begin()
 {
-    const std::lock_guard lock(m_mutex);
-    if (!std::exchange(m_isOpen, true)) {
-        m_drawAgain = !m_targetSize.isEmpty();
-        m_work.notify_one();
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!std::exchange(m_isOpen, true)) {
+            m_drawAgain = !m_targetSize.isEmpty();
+            m_work.notify_all();
+        }
     }
+    waitForFirstFrame();
+}
+
+void MpvPictureSource::beginWithNextFrame()
+{
+    const std::lock_guard lock(m_mutex);
+    m_beginsWithFrame = true;
 }
 
 void MpvPictureSource::clear()
@@ -138,9 +167,19 @@ void MpvPictureSource::dropFrame()
 {
     {
         const std::lock_guard lock(m_mutex);
-        m_front = QImage();
+        m_front = RenderedFrame();
     }
     Q_EMIT frameChanged();
+}
+
+void MpvPictureSource::waitForFirstFrame()
+{
+    const std::lock_guard lock(m_mutex);
+    if (!isOpenGl() || !m_isOpen || m_hasDrawn || m_targetSize.isEmpty()) {
+        m_patience.stop();
+    } else if (!m_patience.isActive()) {
+        m_patience.start();
+    }
 }
 
 // Called on the library's threads, where nothing of it may be called.
@@ -149,14 +188,33 @@ void MpvPictureSource::frameWaiting(void* self)
     auto* source = static_cast<MpvPictureSource*>(self);
     const std::lock_guard lock(source->m_mutex);
     source->m_frameWaiting = true;
-    source->m_work.notify_one();
+    source->m_work.notify_all();
 }
 
 void MpvPictureSource::renderFrames()
 {
-    while (waitForWork()) {
-        renderFrame();
+    if (enterRenderer()) {
+        while (waitForWork()) {
+            renderFrame();
+        }
+        mpv_render_context_set_update_callback(m_context, nullptr, nullptr);
     }
+    m_context = nullptr;
+    m_back = RenderedFrame();
+    m_renderer->leave();
+}
+
+bool MpvPictureSource::enterRenderer()
+{
+    mpv_render_context* context = m_renderer->enter();
+    if (context != nullptr) {
+        mpv_render_context_set_update_callback(context, &MpvPictureSource::frameWaiting, this);
+    }
+    const std::lock_guard lock(m_mutex);
+    m_context = context;
+    m_entered = true;
+    m_work.notify_all();
+    return context != nullptr;
 }
 
 /// Returns whether there is something to render; false ends the thread.
@@ -164,23 +222,23 @@ bool MpvPictureSource::waitForWork()
 {
     std::unique_lock lock(m_mutex);
     m_work.wait(lock, [this] { return m_frameWaiting || m_drawAgain || m_closing; });
+    m_frameWaiting = false;
     return !m_closing;
 }
 
 void MpvPictureSource::renderFrame()
 {
+    const bool newFrame = (mpv_render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME) != 0;
     QSize size;
     bool redraw = false;
     quint64 clip = 0;
     {
         const std::lock_guard lock(m_mutex);
-        m_frameWaiting = false;
         redraw = std::exchange(m_drawAgain, false);
-        size = m_isOpen ? m_targetSize : QSize();
+        m_isOpen = m_isOpen || (newFrame && std::exchange(m_beginsWithFrame, false));
+        size = m_isOpen && !m_isLost ? m_targetSize : QSize();
         clip = m_clip;
     }
-    const bool newFrame =
-        (mpv_render_context_update(m_context.get()) & MPV_RENDER_UPDATE_FRAME) != 0;
     if (!newFrame && !redraw) {
         return;
     }
@@ -188,29 +246,24 @@ void MpvPictureSource::renderFrame()
         skipFrame();
         return;
     }
-    // The surface may still be painting the image of the frame before.
-    if (m_back.size() != size || !m_back.isDetached()) {
-        m_back = newImage(size);
-    }
-    if (!m_back.isNull()) {
-        renderInto(m_back);
-        publish(m_back, clip);
+    switch (m_renderer->render(size, m_back)) {
+    case PictureRenderer::Drawn:
+        publish(clip);
+        break;
+    case PictureRenderer::NotDrawn:
+        break;
+    case PictureRenderer::Lost:
+        loseDriver();
     }
 }
 
-void MpvPictureSource::renderInto(QImage& image)
+void MpvPictureSource::loseDriver()
 {
-    std::array<int, 2> size = {image.width(), image.height()};
-    auto stride = static_cast<std::size_t>(image.bytesPerLine());
-    std::array<mpv_render_param, 5> parameters = {{
-        {MPV_RENDER_PARAM_SW_SIZE, size.data()},
-        {MPV_RENDER_PARAM_SW_FORMAT, mutableText("bgr0")},
-        {MPV_RENDER_PARAM_SW_STRIDE, &stride},
-        {MPV_RENDER_PARAM_SW_POINTER, image.bits()},
-        {MPV_RENDER_PARAM_INVALID, nullptr},
-    }};
-    mpv_render_context_render(m_context.get(), parameters.data());
-    makeOpaque(image);
+    const std::lock_guard lock(m_mutex);
+    m_isLost = true;
+    QMetaObject::invokeMethod(
+        this, [this] { announceFailure(QStringLiteral("its context is lost")); },
+        Qt::QueuedConnection);
 }
 
 void MpvPictureSource::skipFrame()
@@ -220,22 +273,24 @@ void MpvPictureSource::skipFrame()
         {MPV_RENDER_PARAM_SKIP_RENDERING, &skip},
         {MPV_RENDER_PARAM_INVALID, nullptr},
     }};
-    mpv_render_context_render(m_context.get(), parameters.data());
+    mpv_render_context_render(m_context, parameters.data());
+    frameSwapped();
 }
 
-void MpvPictureSource::publish(QImage& image, quint64 clip)
+void MpvPictureSource::publish(quint64 clip)
 {
     bool announce = false;
     {
         const std::lock_guard lock(m_mutex);
-        if (clip != m_clip) {
-            return;
+        if (clip == m_clip) {
+            std::swap(m_front, m_back);
+            announce = !std::exchange(m_announced, true);
         }
-        std::swap(m_front, image);
-        announce = !std::exchange(m_announced, true);
     }
     if (announce) {
         QMetaObject::invokeMethod(this, &MpvPictureSource::announceFrame, Qt::QueuedConnection);
+    } else {
+        frameSwapped();
     }
 }
 
@@ -244,8 +299,17 @@ void MpvPictureSource::announceFrame()
     {
         const std::lock_guard lock(m_mutex);
         m_announced = false;
+        m_hasDrawn = m_isOpen;
     }
+    waitForFirstFrame();
     Q_EMIT frameChanged();
+}
+
+void MpvPictureSource::announceFailure(const QString& reason)
+{
+    if (m_renderer && !std::exchange(m_hasFailed, true)) {
+        Q_EMIT failed(reason);
+    }
 }
 
 } // namespace orvanta

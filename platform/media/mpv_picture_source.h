@@ -1,30 +1,36 @@
-// Frames of the player library's software renderer, rendered on a thread of their own.
+// Frames of the player library, rendered on a thread of their own.
 #pragma once
 
-#include "platform/media/picture_source.h"
+#include "platform/media/picture_renderer.h"
 
 #include <QSize>
+#include <QThread>
+#include <QTimer>
 
-#include <mpv/render.h>
-
+#include <chrono>
 #include <condition_variable>
 #include <memory>
 #include <mutex>
-#include <thread>
 
 namespace orvanta {
 
-/// Renders straight into the image that the surface paints: no copy in between. While the target
-/// size is empty, frames are taken from the player and passed over.
+/// Which frames are rendered and shown, whatever renders them. While the target size is empty,
+/// frames are taken from the player and passed over.
 /// Must be destroyed before the player it renders for.
 class MpvPictureSource : public PictureSource
 {
     Q_OBJECT
 
 public:
-    /// Raises 53 when the library has no software renderer.
-    explicit MpvPictureSource(mpv_handle* player);
+    MpvPictureSource();
     ~MpvPictureSource() override;
+
+    /// From now on this renderer draws; there must be none. False when it cannot: then there is
+    /// none.
+    bool start(std::unique_ptr<PictureRenderer> renderer);
+    /// Ends the one that draws, if any, and with it the library's output of pictures. Its last
+    /// frame stays as a copy where one can be had.
+    void stop();
 
     void setTargetSize(QSize pixels) override;
     /// The frame that is shown, with its subtitles as they are now.
@@ -32,6 +38,9 @@ public:
     [[nodiscard]] QImage frame() const override;
     [[nodiscard]] bool hasPicture() const override;
     void setKeepsLastFrame(bool keeps) override { m_keepsLastFrame = keeps; }
+    [[nodiscard]] bool isOpenGl() const override { return m_renderer && m_renderer->isOpenGl(); }
+    [[nodiscard]] std::shared_ptr<const OpenGlFrame> texture() const override;
+    void frameSwapped() override;
 
     // Said by the control.
     /// Another place or clip is on its way: what the library draws meanwhile (black, the picture
@@ -39,41 +48,56 @@ public:
     void hold();
     /// What the library draws from now on is the picture of the clip that is open.
     void begin();
+    /// The same from the next frame on that the library has not drawn yet.
+    void beginWithNextFrame();
     /// There is no picture.
     void clear();
+
+    /// How long an OpenGL renderer may take for the first frame of a clip.
+    void setPatience(std::chrono::milliseconds time) { m_patience.setInterval(time); }
+
+Q_SIGNALS:
+    /// The renderer draws no more, or never began to. Once for each; from the event loop.
+    void failed(const QString& reason);
 
 private:
     static void frameWaiting(void* self);
     void renderFrames();
+    bool enterRenderer();
     bool waitForWork();
     void renderFrame();
-    void renderInto(QImage& image);
     void skipFrame();
-    void publish(QImage& image, quint64 clip);
+    void loseDriver();
+    [[nodiscard]] QImage lastFrame() const;
+    void publish(quint64 clip);
     void dropFrame();
-    Q_INVOKABLE void announceFrame();
+    void waitForFirstFrame();
+    void announceFrame();
+    void announceFailure(const QString& reason);
 
-    struct FreeContext
-    {
-        void operator()(mpv_render_context* context) const { mpv_render_context_free(context); }
-    };
+    std::unique_ptr<PictureRenderer> m_renderer;
+    mpv_render_context* m_context = nullptr; // of the renderer, while its thread runs
 
-    std::unique_ptr<mpv_render_context, FreeContext> m_context;
-
-    mutable std::mutex m_mutex; // guards what follows up to m_thread
+    mutable std::mutex m_mutex; // guards what follows up to m_back
     std::condition_variable m_work;
     QSize m_targetSize;
-    QImage m_front;
+    RenderedFrame m_front;
     bool m_frameWaiting = false;
     bool m_drawAgain = false;
     bool m_closing = false;
+    bool m_entered = false;
     bool m_announced = false;
+    bool m_isLost = false;
     bool m_isOpen = false; // frames are shown
-    quint64 m_clip = 0;    // one whose drawing began before a hold is not
+    bool m_beginsWithFrame = false;
+    quint64 m_clip = 0; // one whose drawing began before a hold is not
 
-    QImage m_back;                 // render thread only
-    bool m_keepsLastFrame = false; // interface thread only
-    std::thread m_thread;
+    RenderedFrame m_back;          // render thread only
+    bool m_keepsLastFrame = false; // interface thread only, as what follows
+    bool m_hasDrawn = false;       // something of the clip that is open
+    bool m_hasFailed = false;
+    QTimer m_patience; // for the first frame
+    std::unique_ptr<QThread> m_thread;
 };
 
 } // namespace orvanta

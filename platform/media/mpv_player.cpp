@@ -21,11 +21,20 @@ static std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
     return mpv;
 }
 
-MpvPlayer::MpvPlayer(const MpvOptionList& extraOptions)
-    : m_mpv(startPlayer(extraOptions)),
-      m_picture(m_mpv->get()),
+static bool isSaid(const MpvOptionList& options, const char* name)
+{
+    return std::ranges::any_of(options, [&](const auto& option) { return option.first == name; });
+}
+
+MpvPlayer::MpvPlayer(const MpvOptionList& extraOptions, std::optional<RendererChoice> choice)
+    : m_choice(std::move(choice)),
+      m_mayDecodeByGraphics(!isSaid(extraOptions, "hwdec") && hardwareDecoding() != "no"),
+      m_mpv(startPlayer(extraOptions)),
       m_sound(*m_mpv, extraOptions)
 {
+    drawBySoftware();
+    connect(&m_picture, &MpvPictureSource::failed, this,
+            [this](const QString& reason) { leaveOpenGl(reason); });
     m_look.setInterval(kLookMilliseconds);
     m_pauseSoon.setInterval(0);
     m_pauseSoon.setSingleShot(true);
@@ -211,7 +220,7 @@ void MpvPlayer::rewind()
 // in turn with the program's own changes of "pause", so it cannot be older than the newest.
 void MpvPlayer::lookForEnd()
 {
-    if (m_state == Running && !m_reloading && !m_lookAsked) {
+    if (m_state == Running && !m_reloading && !m_lookAsked && !m_pictureIsOff) {
         m_lookAsked = true;
         m_mpv->ask("pause", MPV_FORMAT_FLAG, idOf(PauseLook, m_pauseSerial));
     }
