@@ -32,7 +32,8 @@ using namespace Qt::StringLiterals;
 
 Program::Program(ProgramSurroundings surroundings)
     : m_surroundings(std::move(surroundings)),
-      m_control(m_surroundings.makeControl()),
+      m_control(m_surroundings.makePlayer ? m_surroundings.makePlayer()
+                                          : m_surroundings.makeControl()),
       m_tracks(std::make_unique<TrackControls>(m_surroundings.module, *m_control)),
       m_idleInhibition(std::make_unique<IdleInhibition>(m_surroundings.bus))
 {
@@ -200,7 +201,8 @@ void Program::changeOptions()
 void Program::showAbout()
 {
     if (!m_about) {
-        m_about = std::make_unique<Form9>(m_surroundings.module);
+        m_about = std::make_unique<Form9>(m_surroundings.module,
+                                          [this] { return m_control->pictureFacts(); });
     }
     m_about->showAbout();
 }

@@ -40,6 +40,8 @@ struct ProgramSurroundings
     HandlerBoundary boundary;
     /// A media control of its own for the player and for each preview. May raise 53.
     std::function<std::unique_ptr<MediaControl>()> makeControl;
+    /// The one for the video window, which may draw by OpenGL; empty: as for the previews.
+    std::function<std::unique_ptr<MediaControl>()> makePlayer = {};
     QDBusConnection bus;                   // the session's
     std::function<void()> unloadSplash;    // Form1 goes at the main window's first activation
     std::function<void()> ended;           // its windows are gone

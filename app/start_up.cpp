@@ -169,6 +169,11 @@ void StartUp::makeProgram()
         .boundary = m_boundary,
         .makeControl =
             [this] { return makeMediaControl(playerOptions(m_module.ApplicationFolder)); },
+        .makePlayer =
+            [this] {
+                return makeMediaControl(playerOptions(m_module.ApplicationFolder),
+                                        rendererChoice(m_module.ApplicationFolder));
+            },
         .bus = QDBusConnection::sessionBus(),
         .unloadSplash = [this] { unloadSplash(); },
         .ended = [this] { leaveEventLoop(); },

@@ -1,12 +1,14 @@
 #include "app/start_up_steps.h"
 
 #include "core/earlier_versions.h"
+#include "core/error_boundary.h"
 #include "core/ini.h"
 #include "core/paths.h"
 #include "core/run_time_error.h"
 #include "model/settings.h"
 #include "platform/process/application_folder.h"
 #include "platform/process/known_places.h"
+#include "platform/screen/wayland_awake.h"
 
 #include <QFile>
 
@@ -47,6 +49,20 @@ MpvOptionList playerOptions(const QString& applicationFolder)
 {
     const bool byGraphics = Settings(platformSettings(applicationFolder)).mayDecodeInHardware();
     return byGraphics ? MpvOptionList() : MpvOptionList{{"hwdec", "no"}};
+}
+
+RendererChoice rendererChoice(const QString& applicationFolder)
+{
+    const QString path = platformSettings(applicationFolder);
+    const Settings settings(path);
+    return {.wish = rendererWish(settings.renderer()),
+            .failedDriver = settings.failedDriver(),
+            .remember =
+                [path](const QString& driver) {
+                    resumeNext("remembering a driver that failed",
+                               [&] { Settings(path).setFailedDriver(driver); });
+                },
+            .waylandDisplay = [] { return waylandDisplay(); }};
 }
 
 void prepareDocuments(const QString& applicationFolder)

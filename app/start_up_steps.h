@@ -20,6 +20,10 @@ void prepareDocuments(const QString& applicationFolder);
 /// What the settings beside the program's say about the player. Creates nothing.
 [[nodiscard]] MpvOptionList playerOptions(const QString& applicationFolder);
 
+/// What they say about the drawing of the video window's pictures. A driver that fails is
+/// remembered there.
+[[nodiscard]] RendererChoice rendererChoice(const QString& applicationFolder);
+
 /// Gives folders the command "Play clips". Repeated at every start, so that a moved program is
 /// corrected.
 void registerFolderVerb(Registry& registry, const QString& applicationFolder);

@@ -85,6 +85,8 @@ inline constexpr std::array kSettings = {
     SettingKey{u"recent", u"seconds", nullptr},     // how often the place in a lesson is kept
     SettingKey{u"text", u"codepage", nullptr},      // of old files; in platform.ini
     SettingKey{u"picture", u"hwdec", nullptr},      // no: decoded by the processor; in platform.ini
+    SettingKey{u"picture", u"renderer", nullptr},   // auto, opengl, software; in platform.ini
+    SettingKey{u"picture", u"failed", nullptr},     // the OpenGL driver that failed; the same
     SettingKey{u"drives", u"#", nullptr},           // the folder of a drive; in platform.ini
     SettingKey{u"moved", u"num", nullptr},          // folders that have moved; in platform.ini
     SettingKey{u"moved", u"from#", nullptr},        // such a folder as documents write it, from 1
@@ -227,6 +229,12 @@ public:
     {
         return read(iniKey(u"picture", u"hwdec")) != u"no";
     }
+    /// Of platform.ini: what draws the video window's pictures: "opengl", "software", else what
+    /// pays.
+    [[nodiscard]] QString renderer() const { return read(iniKey(u"picture", u"renderer")); }
+    /// Of platform.ini: the OpenGL driver that has failed, as it names itself.
+    [[nodiscard]] QString failedDriver() const { return read(iniKey(u"picture", u"failed")); }
+    void setFailedDriver(const QString& name) const { write(iniKey(u"picture", u"failed"), name); }
     /// Of platform.ini: the main window's size, logical pixels; an invalid one when none is stored
     /// or what is stored is no size.
     [[nodiscard]] QSize windowSize() const;

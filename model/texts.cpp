@@ -272,6 +272,9 @@ constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
         u"Что-то не так или чего-то не хватает? Скажите тем, от кого у вас программа или её "
         u"исходный текст. Что нужно для сообщения, написано в CONTRIBUTING.md. Запущенная так, "
         u"программа рассказывает, что она делает:\nQT_LOGGING_RULES=\"orvanta.*=true\" orvanta"},
+    InterfaceText{u"Form9", u"Label1.picture", u"Pictures are drawn by: %1. Decoded by: %2.",
+                  u"Изображение рисует: %1. Декодирует: %2."},
+    InterfaceText{u"Form9", u"Label1.processor", u"the processor", u"процессор"},
     InterfaceText{u"Form9", u"Label2", u"My adress:", u"Мой адрес:"},
     InterfaceText{u"Form9", u"label6", u"there where you have Orvanta from",
                   u"там, откуда у вас Орванта"},

@@ -12,6 +12,8 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -35,7 +37,15 @@ static QString aboutText(TextLanguage language)
         .arg(kVersion, media.player, media.codecs, QString::fromLatin1(qVersion()));
 }
 
-Form9::Form9(const Module1& module, QWidget* parent)
+static QString pictureText(const PictureFacts& picture, TextLanguage language)
+{
+    const QString processor = interfaceText(u"Form9", u"Label1.processor", language);
+    return interfaceText(u"Form9", u"Label1.picture", language)
+        .arg(picture.openGlDriver.isEmpty() ? processor : u"OpenGL, "_s + picture.openGlDriver,
+             picture.decoder.isEmpty() ? processor : picture.decoder);
+}
+
+Form9::Form9(const Module1& module, std::function<PictureFacts()> picture, QWidget* parent)
     : QWidget(parent, Qt::Window),
       Image1(new DrawnPicture(this)),
       Label1(selectableLabel(this)),
@@ -45,7 +55,8 @@ Form9::Form9(const Module1& module, QWidget* parent)
       Image8(new DrawnPicture(this)),
       Text1(new QLineEdit(this)),
       Command1(new QPushButton(this)),
-      m_module(module)
+      m_module(module),
+      m_picture(std::move(picture))
 {
     nameControls(controls());
     layOut();
@@ -138,7 +149,7 @@ void Form9::Form9_Form_Load()
 {
     const TextLanguage language = m_module.settings().exactTextLanguage(TextLanguage::English);
     applyTexts(controls(), language);
-    Label1->setText(aboutText(language));
+    Label1->setText(aboutText(language) + u"\n\n"_s + pictureText(m_picture(), language));
     Text1->setCursorPosition(0);
     Text1->setAccessibleName(Label7->text());
     Image8->setAccessibleName(Label7->text());

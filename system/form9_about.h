@@ -9,10 +9,12 @@
 #pragma once
 
 #include "model/module1.h"
+#include "platform/media/media_control.h"
 #include "playback/control_rows.h"
 
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 class QBoxLayout;
@@ -30,7 +32,11 @@ class Form9 : public QWidget
     Q_OBJECT
 
 public:
-    explicit Form9(const Module1& module, QWidget* parent = nullptr);
+    /// picture: how pictures are drawn and decoded now.
+    explicit Form9(
+        const Module1& module,
+        std::function<PictureFacts()> picture = [] { return PictureFacts(); },
+        QWidget* parent = nullptr);
     ~Form9() override;
 
     /// Loads the window, in the language that is stored by then, and shows it; one that is open
@@ -60,6 +66,7 @@ private:
     void Form9_Command1_Click();
 
     const Module1& m_module;
+    std::function<PictureFacts()> m_picture;
     std::unique_ptr<Form3> m_pictureWindow;
 };
 

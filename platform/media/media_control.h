@@ -15,6 +15,13 @@ namespace orvanta {
 
 class PictureSource;
 
+/// How pictures are drawn and decoded now, for people.
+struct PictureFacts
+{
+    QString openGlDriver; // empty: drawn by the processor
+    QString decoder;      // of the clip that is open; empty: decoded by the processor
+};
+
 /// One media player. All calls and signals belong to the interface thread; none blocks for long.
 /// It behaves like a player that rewinds at the end: on the natural end, and only then, it reports
 /// positionChange(Duration, 0) and stands stopped at 0.
@@ -97,6 +104,7 @@ public:
 
     /// Where the video surface takes its frames from; null when the control shows none.
     [[nodiscard]] virtual PictureSource* picture() { return nullptr; }
+    [[nodiscard]] virtual PictureFacts pictureFacts() const { return {}; }
 
 Q_SIGNALS:
     /// The file is open. The picture's size in pixels; invalid (isEmpty) when the clip has none.

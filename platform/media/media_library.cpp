@@ -4,11 +4,14 @@
 #include "platform/media/mpv_handle.h"
 #include "platform/media/mpv_player.h"
 
+#include <utility>
+
 namespace orvanta {
 
-std::unique_ptr<MediaControl> makeMediaControl(const MpvOptionList& extraOptions)
+std::unique_ptr<MediaControl> makeMediaControl(const MpvOptionList& extraOptions,
+                                               std::optional<RendererChoice> choice)
 {
-    return std::make_unique<MpvPlayer>(extraOptions);
+    return std::make_unique<MpvPlayer>(extraOptions, std::move(choice));
 }
 
 void checkMediaLibrary()

@@ -56,6 +56,7 @@ void MpvPlayer::observeProperties()
     m_mpv->observe("pause", MPV_FORMAT_FLAG, PauseState);
     m_mpv->observe("eof-reached", MPV_FORMAT_FLAG, EndOfFile);
     m_mpv->observe("current-ao", MPV_FORMAT_STRING, OutputName);
+    m_mpv->observe("hwdec-current", MPV_FORMAT_STRING, DecoderName);
 }
 
 // A receiver of a signal may spin the event loop and so serve events from within, or end it all.
@@ -123,6 +124,8 @@ void MpvPlayer::serveCommand(const mpv_event& event)
         }
     } else if (request == AddSubtitles && serial == m_load) {
         subtitlesAdded(event.error);
+    } else if (request == PictureOff) {
+        pictureIsOff();
     }
 }
 
@@ -177,6 +180,10 @@ void MpvPlayer::serveProperty(const mpv_event& event)
     if (event.reply_userdata == OutputName) {
         const auto* name = valueOf<const char*>(propertyOf(event), MPV_FORMAT_STRING, "");
         return m_sound.outputIs(name);
+    }
+    if (event.reply_userdata == DecoderName) {
+        m_decoder = QString::fromUtf8(valueOf(propertyOf(event), MPV_FORMAT_STRING, ""));
+        return;
     }
     // Before the file is open the values may still be those of the file before.
     if (m_phase != Ready || m_reloading) {

@@ -25,6 +25,7 @@ void MpvPlayer::setFileName(const QString& path)
 
 void MpvPlayer::load(const QString& path)
 {
+    chooseRenderer();
     forgetClip();
     m_picture.hold();
     m_phase = Opening;

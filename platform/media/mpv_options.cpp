@@ -2,8 +2,8 @@
 
 #include "platform/media/container_formats.h"
 #include "platform/media/mpv_handle.h"
+#include "platform/media/opengl_driver.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QThread>
 
@@ -107,11 +107,15 @@ static bool setContainerOptions(MpvHandle& mpv)
 // and some of them say so on standard error.
 QByteArray hardwareDecoding(const QString& devices)
 {
-    const bool hasNodes = !QDir(devices + QStringLiteral("/dri"))
-                               .entryList({QStringLiteral("renderD*")}, QDir::Files | QDir::System)
-                               .isEmpty();
-    const bool isThere = hasNodes || QFileInfo::exists(devices + QStringLiteral("/nvidiactl"));
-    return isThere ? "auto-copy-safe" : "no";
+    return hasGraphicsDevice(devices) ? "auto-copy-safe" : "no";
+}
+
+QByteArray decodedPicturesWay(const QString& devices)
+{
+    if (QFileInfo::exists(devices + QStringLiteral("/nvidiactl"))) {
+        return "auto";
+    }
+    return hasGraphicsDevice(devices) ? "vaapi" : "no";
 }
 
 bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra)
@@ -120,6 +124,7 @@ bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra)
     // One thread for each core; the library would take one more, and its pictures with it.
     all = mpv.setOption("vd-lavc-threads", QByteArray::number(QThread::idealThreadCount())) && all;
     all = mpv.setOption("hwdec", hardwareDecoding()) && all;
+    all = mpv.setOption("gpu-hwdec-interop", decodedPicturesWay()) && all;
     for (const Option& option : kOptions) {
         all = mpv.setOption(option.name, option.value) && all;
     }

@@ -21,6 +21,11 @@ bool applyMpvOptions(MpvHandle& mpv, const MpvOptionList& extra = {});
 /// that are known to be safe, or by the processor alone.
 [[nodiscard]] QByteArray hardwareDecoding(const QString& devices = QStringLiteral("/dev"));
 
+/// By which libraries a graphics processor's decoder hands its pictures to OpenGL: only by those
+/// that a device in this folder may have, as the library would look for all and one of them says on
+/// standard error that it is missing.
+[[nodiscard]] QByteArray decodedPicturesWay(const QString& devices = QStringLiteral("/dev"));
+
 /// The library's volume, percent on its cubic scale, for hundredths of a decibel (at most 0).
 [[nodiscard]] double mpvVolume(int hundredthsOfDecibel);
 

@@ -4,45 +4,54 @@
 
 namespace orvanta {
 
-MpvPictureSource::MpvPictureSource(mpv_handle* player)
-    : m_renderer(std::make_unique<MpvRenderer>(player, QSize(), QImage(), [this] { frameDrawn(); }))
-{}
+MpvPictureSource::MpvPictureSource()
+    : m_renderer(std::make_unique<MpvRenderer>())
+{
+    listen();
+}
 
 MpvPictureSource::~MpvPictureSource() = default;
 
-void MpvPictureSource::clear()
+void MpvPictureSource::listen()
 {
-    hold();
-    if (!m_keepsLastFrame) {
-        m_renderer->dropFrame();
-        Q_EMIT frameChanged();
-    }
+    connect(m_renderer.get(), &PictureSource::frameChanged, this, &PictureSource::frameChanged);
+    connect(m_renderer.get(), &PictureSource::rendererChanged, this,
+            &PictureSource::rendererChanged);
+    connect(m_renderer.get(), &MpvRenderer::failed, this, &MpvPictureSource::failed);
 }
 
-std::unique_ptr<MpvRenderer> MpvPictureSource::rendererFor(mpv_handle* player)
+bool MpvPictureSource::start(std::unique_ptr<PictureRenderer> renderer)
 {
-    return std::make_unique<MpvRenderer>(player, m_renderer->targetSize(), m_renderer->frame(),
-                                         [this] { frameDrawn(); });
+    return m_renderer->start(std::move(renderer));
 }
 
-std::unique_ptr<MpvRenderer> MpvPictureSource::exchange(std::unique_ptr<MpvRenderer> renderer)
+void MpvPictureSource::setTargetSize(QSize pixels)
 {
+    m_targetSize = pixels;
+    m_renderer->setTargetSize(pixels);
+}
+
+void MpvPictureSource::setKeepsLastFrame(bool keeps)
+{
+    m_keepsLastFrame = keeps;
+    m_renderer->setKeepsLastFrame(keeps);
+}
+
+std::unique_ptr<MpvRenderer> MpvPictureSource::exchange()
+{
+    auto fresh = std::make_unique<MpvRenderer>();
+    fresh->setTargetSize(m_targetSize);
+    fresh->setKeepsLastFrame(m_keepsLastFrame);
+    fresh->showFirst(m_renderer->frame());
+    const bool wasOpenGl = m_renderer->isOpenGl();
+    m_renderer->disconnect(this);
     m_renderer->fallSilent();
-    return std::exchange(m_renderer, std::move(renderer));
-}
-
-/// Comes from the renderer's thread.
-void MpvPictureSource::frameDrawn()
-{
-    if (!m_announced.exchange(true)) {
-        QMetaObject::invokeMethod(this, &MpvPictureSource::announceFrame, Qt::QueuedConnection);
+    auto before = std::exchange(m_renderer, std::move(fresh));
+    listen();
+    if (wasOpenGl) {
+        Q_EMIT rendererChanged();
     }
-}
-
-void MpvPictureSource::announceFrame()
-{
-    m_announced = false;
-    Q_EMIT frameChanged();
+    return before;
 }
 
 } // namespace orvanta

@@ -6,7 +6,7 @@
 
 #include <QSize>
 
-#include <atomic>
+#include <chrono>
 #include <memory>
 
 namespace orvanta {
@@ -17,38 +17,42 @@ class MpvPictureSource : public PictureSource
     Q_OBJECT
 
 public:
-    /// Raises 53 when the library has no software renderer.
-    explicit MpvPictureSource(mpv_handle* player);
+    MpvPictureSource();
     ~MpvPictureSource() override;
 
-    void setTargetSize(QSize pixels) override { m_renderer->setTargetSize(pixels); }
-    /// The frame that is shown, with its subtitles as they are now.
+    // As those of MpvRenderer.
+    bool start(std::unique_ptr<PictureRenderer> renderer);
+    void stop() { m_renderer->stop(); }
     void drawAgain() { m_renderer->drawAgain(); }
-    [[nodiscard]] QImage frame() const override { return m_renderer->frame(); }
-    [[nodiscard]] bool hasPicture() const override { return m_renderer->isOpen(); }
-    void setKeepsLastFrame(bool keeps) override { m_keepsLastFrame = keeps; }
-
-    // Said by the control.
-    /// Another place or clip is on its way: what the library draws meanwhile (black, the picture
-    /// before) is not shown, the frame stays as it is.
     void hold() { m_renderer->hold(); }
-    /// What the library draws from now on is the picture of the clip that is open.
     void begin() { m_renderer->begin(); }
-    /// There is no picture.
-    void clear();
+    void beginWithNextFrame() { m_renderer->beginWithNextFrame(); }
+    void clear() { m_renderer->clear(); }
+    void setPatience(std::chrono::milliseconds time) { m_renderer->setPatience(time); }
 
-    /// A renderer for another player, with the frame that is shown; nothing is changed yet. Raises
-    /// 53 as the constructor does.
-    [[nodiscard]] std::unique_ptr<MpvRenderer> rendererFor(mpv_handle* player);
-    /// Takes this one. Returns the one before, which says nothing any more; it must be destroyed
-    /// before its player. Without one nothing may be called any more.
-    std::unique_ptr<MpvRenderer> exchange(std::unique_ptr<MpvRenderer> renderer);
+    void setTargetSize(QSize pixels) override;
+    [[nodiscard]] QImage frame() const override { return m_renderer->frame(); }
+    [[nodiscard]] bool hasPicture() const override { return m_renderer->hasPicture(); }
+    void setKeepsLastFrame(bool keeps) override;
+    [[nodiscard]] bool isOpenGl() const override { return m_renderer->isOpenGl(); }
+    [[nodiscard]] std::shared_ptr<const OpenGlFrame> texture() const override
+    {
+        return m_renderer->texture();
+    }
+    void frameSwapped() override { m_renderer->frameSwapped(); }
+
+    /// Takes a renderer that draws nothing yet, for another player, and shows the last frame until
+    /// that does. Returns the one before, which has fallen silent and must be destroyed before its
+    /// player.
+    [[nodiscard]] std::unique_ptr<MpvRenderer> exchange();
+
+Q_SIGNALS:
+    void failed(const QString& reason);
 
 private:
-    void frameDrawn();
-    Q_INVOKABLE void announceFrame();
+    void listen();
 
-    std::atomic<bool> m_announced = false;
+    QSize m_targetSize;
     bool m_keepsLastFrame = false;
     std::unique_ptr<MpvRenderer> m_renderer;
 };

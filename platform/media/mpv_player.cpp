@@ -1,6 +1,7 @@
 #include "platform/media/mpv_player.h"
 
 #include "platform/media/retired_player.h"
+#include "platform/media/software_renderer.h"
 
 #include <algorithm>
 #include <chrono>
@@ -37,12 +38,21 @@ static std::unique_ptr<MpvHandle> startPlayer(const MpvOptionList& extra)
     return mpv;
 }
 
-MpvPlayer::MpvPlayer(MpvOptionList extraOptions)
+static bool isSaid(const MpvOptionList& options, const char* name)
+{
+    return std::ranges::any_of(options, [&](const auto& option) { return option.first == name; });
+}
+
+MpvPlayer::MpvPlayer(MpvOptionList extraOptions, std::optional<RendererChoice> choice)
     : m_extraOptions(std::move(extraOptions)),
+      m_choice(std::move(choice)),
+      m_mayDecodeByGraphics(!isSaid(m_extraOptions, "hwdec") && hardwareDecoding() != "no"),
       m_mpv(startPlayer(m_extraOptions)),
-      m_picture(m_mpv->get()),
       m_sound([this] { m_mpv->command({"ao-reload"}, idOf(Unasked, 0)); }, m_extraOptions)
 {
+    drawBySoftware();
+    connect(&m_picture, &MpvPictureSource::failed, this,
+            [this](const QString& reason) { leaveOpenGl(reason); });
     m_look.setInterval(kLookMilliseconds);
     m_pauseSoon.setInterval(0);
     m_pauseSoon.setSingleShot(true);
@@ -59,7 +69,7 @@ MpvPlayer::MpvPlayer(MpvOptionList extraOptions)
 
 MpvPlayer::~MpvPlayer()
 {
-    retire({m_mpv->giveAway(), m_picture.exchange(nullptr)}, kPatienceAtEnd);
+    retire({m_mpv->giveAway(), m_picture.exchange()}, kPatienceAtEnd);
 }
 
 void MpvPlayer::listen()
@@ -72,9 +82,12 @@ void MpvPlayer::listen()
 void MpvPlayer::takeFreshPlayer()
 {
     auto mpv = startPlayer(m_extraOptions);
-    auto renderer = m_picture.rendererFor(mpv->get());
+    auto renderer = std::make_unique<SoftwareRenderer>(mpv->get());
     m_mpv.swap(mpv);
-    retire({mpv->giveAway(), m_picture.exchange(std::move(renderer))}, kNoPatience);
+    retire({mpv->giveAway(), m_picture.exchange()}, kNoPatience);
+    (void)m_picture.start(std::move(renderer));
+    m_driver.reset(); // OpenGL is chosen anew for the next file
+    m_pictureIsOff = false;
     mpv.release()->deleteLater(); // what is being served may be its event
     m_isFresh = true;
     m_entry = -1;
@@ -267,7 +280,7 @@ void MpvPlayer::rewind()
 // in turn with the program's own changes of "pause", so it cannot be older than the newest.
 void MpvPlayer::lookForEnd()
 {
-    if (m_state == Running && !m_reloading && !m_lookAsked) {
+    if (m_state == Running && !m_reloading && !m_lookAsked && !m_pictureIsOff) {
         m_lookAsked = true;
         m_mpv->ask("pause", MPV_FORMAT_FLAG, idOf(PauseLook, m_pauseSerial));
     }

@@ -9,6 +9,7 @@
 #include "platform/media/mpv_options.h"
 #include "platform/media/mpv_picture_source.h"
 #include "platform/media/mpv_seek.h"
+#include "platform/media/opengl_driver.h"
 #include "platform/media/sound_output.h"
 
 #include <QSize>
@@ -20,15 +21,16 @@
 namespace orvanta {
 
 /// The operations are in mpv_player.cpp, the loading of files in mpv_loading.cpp, sound tracks and
-/// subtitles in mpv_tracks.cpp, the events in mpv_events.cpp. Every signal is emitted last, since
-/// its receivers may load another file or spin the event loop.
+/// subtitles in mpv_tracks.cpp, what draws the pictures in mpv_drawing.cpp, the events in
+/// mpv_events.cpp. Every signal is emitted last, since its receivers may load another file or spin
+/// the event loop.
 class MpvPlayer : public MediaControl
 {
     Q_OBJECT
 
 public:
     /// Raises 53 when the player library cannot be used.
-    explicit MpvPlayer(MpvOptionList extraOptions);
+    MpvPlayer(MpvOptionList extraOptions, std::optional<RendererChoice> choice);
     ~MpvPlayer() override;
 
     [[nodiscard]] QString FileName() const override { return m_fileName; }
@@ -57,6 +59,7 @@ public:
     [[nodiscard]] bool isReady() const override { return m_phase == Ready; }
     [[nodiscard]] bool isOpening() const override { return m_phase == Opening; }
     [[nodiscard]] PictureSource* picture() override { return &m_picture; }
+    [[nodiscard]] PictureFacts pictureFacts() const override;
 
 private:
     enum Phase
@@ -77,6 +80,7 @@ private:
         AddSubtitles,
         NewTracks,
         SubtitlesMoved,
+        PictureOff,
         // Facts about a file, asked in this order when it can play.
         FileFormat,
         Length,
@@ -93,6 +97,7 @@ private:
         PauseState,
         EndOfFile,
         OutputName,
+        DecoderName,
     };
 
     // mpv_player.cpp
@@ -145,6 +150,14 @@ private:
     void showAtRest();
     void readAgain();
 
+    // mpv_drawing.cpp
+    void chooseRenderer();
+    void drawBySoftware();
+    void leaveOpenGl(const QString& reason);
+    void pictureIsOff();
+    void bringPictureBack();
+    void decodeFor(const char* way);
+
     // mpv_events.cpp
     void observeProperties();
     void serveEvents();
@@ -158,6 +171,9 @@ private:
     static quint64 idOf(Request request, quint64 serial);
 
     const MpvOptionList m_extraOptions;
+    std::optional<RendererChoice> m_choice; // until the choice is made for good
+    bool m_mayDecodeByGraphics;
+    std::shared_ptr<OpenGlDriver> m_driver; // while it draws
     std::unique_ptr<MpvHandle> m_mpv;
     MpvPictureSource m_picture;
     SoundOutput m_sound;
@@ -185,6 +201,9 @@ private:
     bool m_rewindsByReload = false;
     bool m_unseekable = false; // plays from its start to its end, and nothing else
     QSize m_pictureSize;
+    int m_pictureTrack = 0;      // the library's number of it
+    bool m_pictureIsOff = false; // while what draws it is changed
+    QString m_decoder;           // of pictures, where it is none of the processor's
 
     std::vector<MediaTrack> m_tracks;
     bool m_hasCover = false;

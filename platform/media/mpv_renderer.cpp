@@ -1,119 +1,149 @@
 #include "platform/media/mpv_renderer.h"
 
-#include "core/log.h"
-#include "core/run_time_error.h"
+#include <QCoreApplication>
 
-#include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <utility>
 
 namespace orvanta {
 
-// The scalers copy the whole frame once more when lines do not begin at such addresses.
-constexpr std::size_t kAlignment = 64;
-constexpr std::size_t kBytesPerPixel = 4;
-
-static char* mutableText(const char* text)
+MpvRenderer::MpvRenderer()
 {
-    return const_cast<char*>(text); // the library takes its parameters without const
-}
-
-static mpv_render_context* createContext(mpv_handle* player)
-{
-    std::array<mpv_render_param, 2> parameters = {{
-        {MPV_RENDER_PARAM_API_TYPE, mutableText(MPV_RENDER_API_TYPE_SW)},
-        {MPV_RENDER_PARAM_INVALID, nullptr},
-    }};
-    mpv_render_context* context = nullptr;
-    const int result = mpv_render_context_create(&context, player, parameters.data());
-    if (result < 0) {
-        qCCritical(logErrors, "the player library cannot draw: %s", mpv_error_string(result));
-        throw RuntimeError(ErrorNumber::FileNotFound);
-    }
-    return context;
-}
-
-static QImage newImage(QSize size)
-{
-    const std::size_t stride =
-        (static_cast<std::size_t>(size.width()) * kBytesPerPixel + kAlignment - 1) / kAlignment *
-        kAlignment;
-    void* pixels = std::aligned_alloc(kAlignment, stride * static_cast<std::size_t>(size.height()));
-    if (pixels == nullptr) {
-        return {};
-    }
-    return {
-        static_cast<uchar*>(pixels), size.width(), size.height(), static_cast<qsizetype>(stride),
-        QImage::Format_RGB32,        std::free,    pixels};
-}
-
-/// The library leaves the fourth byte of a pixel as it comes, and a compositor that blends windows
-/// takes it for the opacity. Sixteen pixels at once, as lines are aligned: it is done to each
-/// frame.
-static void makeOpaque(QImage& image)
-{
-    using Pixels = quint32 __attribute__((vector_size(kAlignment)));
-    auto* pixels = reinterpret_cast<Pixels*>(image.bits());
-    const auto count = static_cast<std::size_t>(image.sizeInBytes()) / sizeof(Pixels);
-    std::for_each(pixels, pixels + count, [](Pixels& some) { some |= 0xff000000U; });
-}
-
-MpvRenderer::MpvRenderer(mpv_handle* player, QSize targetSize, QImage first,
-                         std::function<void()> frameDrawn)
-    : m_context(createContext(player)),
-      m_targetSize(targetSize),
-      m_front(std::move(first)),
-      m_frameDrawn(std::move(frameDrawn))
-{
-    mpv_render_context_set_update_callback(m_context.get(), &MpvRenderer::frameWaiting, this);
-    m_thread = std::thread([this] { renderFrames(); });
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(std::chrono::seconds(1));
+    connect(&m_patience, &QTimer::timeout, this,
+            [this] { announceFailure(QStringLiteral("its first frame does not come")); });
 }
 
 MpvRenderer::~MpvRenderer()
 {
-    mpv_render_context_set_update_callback(m_context.get(), nullptr, nullptr);
+    if (!m_renderer) {
+        return;
+    }
+    endThread();
+    // The library's part is gone; what is the driver's goes where it was made.
+    if (isOpenGl() && QThread::currentThread() != QCoreApplication::instance()->thread()) {
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(), [renderer = std::shared_ptr(std::move(m_renderer))] {},
+            Qt::QueuedConnection);
+    }
+}
+
+void MpvRenderer::fallSilent()
+{
+    m_patience.stop();
+    blockSignals(true);
+    moveToThread(nullptr);
+}
+
+bool MpvRenderer::start(std::unique_ptr<PictureRenderer> renderer)
+{
+    m_renderer = std::move(renderer);
+    m_closing = false;
+    m_entered = false;
+    m_isLost = false;
+    m_hasFailed = false;
+    m_thread.reset(QThread::create([this] { renderFrames(); }));
+    m_renderer->giveTo(*m_thread);
+    m_thread->start();
+    {
+        std::unique_lock lock(m_mutex);
+        m_work.wait(lock, [this] { return m_entered; });
+        m_drawAgain = m_isOpen && !m_targetSize.isEmpty();
+    }
+    if (m_context == nullptr) {
+        stop();
+        return false;
+    }
+    m_work.notify_all();
+    if (m_renderer->isOpenGl()) {
+        Q_EMIT rendererChanged();
+    }
+    return true;
+}
+
+void MpvRenderer::stop()
+{
+    if (!m_renderer) {
+        return;
+    }
+    m_patience.stop();
+    const bool wasOpenGl = m_context != nullptr && isOpenGl();
+    QImage last = lastFrame();
+    endThread();
+    m_renderer.reset();
+    m_back = RenderedFrame();
+    m_front.image = std::move(last);
+    if (wasOpenGl) {
+        Q_EMIT rendererChanged();
+    }
+}
+
+void MpvRenderer::endThread()
+{
     {
         const std::lock_guard lock(m_mutex);
         m_closing = true;
+        m_front = RenderedFrame();
+        m_work.notify_all();
     }
-    m_work.notify_one();
-    m_thread.join();
+    m_thread->wait();
+    m_thread.reset();
 }
 
-QSize MpvRenderer::targetSize() const
+/// Null where the driver that has it does not answer any more.
+QImage MpvRenderer::lastFrame() const
 {
-    const std::lock_guard lock(m_mutex);
-    return m_targetSize;
+    RenderedFrame front;
+    {
+        const std::lock_guard lock(m_mutex);
+        front = m_isLost ? RenderedFrame() : m_front;
+    }
+    return m_renderer ? m_renderer->copy(front) : front.image;
 }
 
 void MpvRenderer::setTargetSize(QSize pixels)
 {
-    const std::lock_guard lock(m_mutex);
-    if (pixels != m_targetSize) {
-        m_targetSize = pixels;
-        m_drawAgain = !pixels.isEmpty();
-        m_work.notify_one();
+    {
+        const std::lock_guard lock(m_mutex);
+        if (pixels != m_targetSize) {
+            m_targetSize = pixels;
+            m_drawAgain = !pixels.isEmpty();
+            m_work.notify_all();
+        }
+        if (pixels.isEmpty() && !m_isOpen) {
+            m_front = RenderedFrame();
+        }
     }
-    if (pixels.isEmpty() && !m_isOpen) {
-        m_front = QImage();
-    }
+    waitForFirstFrame();
 }
 
 void MpvRenderer::drawAgain()
 {
     const std::lock_guard lock(m_mutex);
     m_drawAgain = !m_targetSize.isEmpty();
-    m_work.notify_one();
+    m_work.notify_all();
 }
 
 QImage MpvRenderer::frame() const
 {
-    const std::lock_guard lock(m_mutex);
-    return m_front;
+    return lastFrame();
 }
 
-bool MpvRenderer::isOpen() const
+std::shared_ptr<const OpenGlFrame> MpvRenderer::texture() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_front.texture;
+}
+
+void MpvRenderer::frameSwapped()
+{
+    if (isOpenGl() && m_context != nullptr) {
+        mpv_render_context_report_swap(m_context);
+    }
+}
+
+bool MpvRenderer::hasPicture() const
 {
     const std::lock_guard lock(m_mutex);
     return m_isOpen;
@@ -123,29 +153,56 @@ void MpvRenderer::hold()
 {
     const std::lock_guard lock(m_mutex);
     m_isOpen = false;
+    m_beginsWithFrame = false;
     ++m_clip;
+    m_hasDrawn = false;
+    m_patience.stop();
 }
 
 /// The library has its picture already, so it is drawn again.
 void MpvRenderer::begin()
 {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!std::exchange(m_isOpen, true)) {
+            m_drawAgain = !m_targetSize.isEmpty();
+            m_work.notify_all();
+        }
+    }
+    waitForFirstFrame();
+}
+
+void MpvRenderer::beginWithNextFrame()
+{
     const std::lock_guard lock(m_mutex);
-    if (!std::exchange(m_isOpen, true)) {
-        m_drawAgain = !m_targetSize.isEmpty();
-        m_work.notify_one();
+    m_beginsWithFrame = true;
+}
+
+void MpvRenderer::clear()
+{
+    hold();
+    if (!m_keepsLastFrame) {
+        dropFrame();
     }
 }
 
 void MpvRenderer::dropFrame()
 {
-    const std::lock_guard lock(m_mutex);
-    m_front = QImage();
+    {
+        const std::lock_guard lock(m_mutex);
+        m_front = RenderedFrame();
+    }
+    Q_EMIT frameChanged();
 }
 
-void MpvRenderer::fallSilent()
+void MpvRenderer::waitForFirstFrame()
 {
     const std::lock_guard lock(m_mutex);
-    m_frameDrawn = nullptr;
+    if (!isOpenGl() || !m_isOpen || m_hasDrawn || m_targetSize.isEmpty()) {
+        m_patience.stop();
+    } else if (!m_patience.isActive()) {
+        m_patience.start();
+    }
 }
 
 // Called on the library's threads, where nothing of it may be called.
@@ -154,14 +211,33 @@ void MpvRenderer::frameWaiting(void* self)
     auto* source = static_cast<MpvRenderer*>(self);
     const std::lock_guard lock(source->m_mutex);
     source->m_frameWaiting = true;
-    source->m_work.notify_one();
+    source->m_work.notify_all();
 }
 
 void MpvRenderer::renderFrames()
 {
-    while (waitForWork()) {
-        renderFrame();
+    if (enterRenderer()) {
+        while (waitForWork()) {
+            renderFrame();
+        }
+        mpv_render_context_set_update_callback(m_context, nullptr, nullptr);
     }
+    m_context = nullptr;
+    m_back = RenderedFrame();
+    m_renderer->leave();
+}
+
+bool MpvRenderer::enterRenderer()
+{
+    mpv_render_context* context = m_renderer->enter();
+    if (context != nullptr) {
+        mpv_render_context_set_update_callback(context, &MpvRenderer::frameWaiting, this);
+    }
+    const std::lock_guard lock(m_mutex);
+    m_context = context;
+    m_entered = true;
+    m_work.notify_all();
+    return context != nullptr;
 }
 
 /// Returns whether there is something to render; false ends the thread.
@@ -169,23 +245,23 @@ bool MpvRenderer::waitForWork()
 {
     std::unique_lock lock(m_mutex);
     m_work.wait(lock, [this] { return m_frameWaiting || m_drawAgain || m_closing; });
+    m_frameWaiting = false;
     return !m_closing;
 }
 
 void MpvRenderer::renderFrame()
 {
+    const bool newFrame = (mpv_render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME) != 0;
     QSize size;
     bool redraw = false;
     quint64 clip = 0;
     {
         const std::lock_guard lock(m_mutex);
-        m_frameWaiting = false;
         redraw = std::exchange(m_drawAgain, false);
-        size = m_isOpen ? m_targetSize : QSize();
+        m_isOpen = m_isOpen || (newFrame && std::exchange(m_beginsWithFrame, false));
+        size = m_isOpen && !m_isLost ? m_targetSize : QSize();
         clip = m_clip;
     }
-    const bool newFrame =
-        (mpv_render_context_update(m_context.get()) & MPV_RENDER_UPDATE_FRAME) != 0;
     if (!newFrame && !redraw) {
         return;
     }
@@ -193,29 +269,24 @@ void MpvRenderer::renderFrame()
         skipFrame();
         return;
     }
-    // The surface may still be painting the image of the frame before.
-    if (m_back.size() != size || !m_back.isDetached()) {
-        m_back = newImage(size);
-    }
-    if (!m_back.isNull()) {
-        renderInto(m_back);
-        publish(m_back, clip);
+    switch (m_renderer->render(size, m_back)) {
+    case PictureRenderer::Drawn:
+        publish(clip);
+        break;
+    case PictureRenderer::NotDrawn:
+        break;
+    case PictureRenderer::Lost:
+        loseDriver();
     }
 }
 
-void MpvRenderer::renderInto(QImage& image)
+void MpvRenderer::loseDriver()
 {
-    std::array<int, 2> size = {image.width(), image.height()};
-    auto stride = static_cast<std::size_t>(image.bytesPerLine());
-    std::array<mpv_render_param, 5> parameters = {{
-        {MPV_RENDER_PARAM_SW_SIZE, size.data()},
-        {MPV_RENDER_PARAM_SW_FORMAT, mutableText("bgr0")},
-        {MPV_RENDER_PARAM_SW_STRIDE, &stride},
-        {MPV_RENDER_PARAM_SW_POINTER, image.bits()},
-        {MPV_RENDER_PARAM_INVALID, nullptr},
-    }};
-    mpv_render_context_render(m_context.get(), parameters.data());
-    makeOpaque(image);
+    const std::lock_guard lock(m_mutex);
+    m_isLost = true;
+    QMetaObject::invokeMethod(
+        this, [this] { announceFailure(QStringLiteral("its context is lost")); },
+        Qt::QueuedConnection);
 }
 
 void MpvRenderer::skipFrame()
@@ -225,17 +296,42 @@ void MpvRenderer::skipFrame()
         {MPV_RENDER_PARAM_SKIP_RENDERING, &skip},
         {MPV_RENDER_PARAM_INVALID, nullptr},
     }};
-    mpv_render_context_render(m_context.get(), parameters.data());
+    mpv_render_context_render(m_context, parameters.data());
+    frameSwapped();
 }
 
-void MpvRenderer::publish(QImage& image, quint64 clip)
+void MpvRenderer::publish(quint64 clip)
 {
-    const std::lock_guard lock(m_mutex);
-    if (clip == m_clip) {
-        std::swap(m_front, image);
-        if (m_frameDrawn) {
-            m_frameDrawn();
+    bool announce = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (clip == m_clip) {
+            std::swap(m_front, m_back);
+            announce = !std::exchange(m_announced, true);
         }
+    }
+    if (announce) {
+        QMetaObject::invokeMethod(this, &MpvRenderer::announceFrame, Qt::QueuedConnection);
+    } else {
+        frameSwapped();
+    }
+}
+
+void MpvRenderer::announceFrame()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_announced = false;
+        m_hasDrawn = m_isOpen;
+    }
+    waitForFirstFrame();
+    Q_EMIT frameChanged();
+}
+
+void MpvRenderer::announceFailure(const QString& reason)
+{
+    if (m_renderer && !std::exchange(m_hasFailed, true)) {
+        Q_EMIT failed(reason);
     }
 }
 

@@ -33,6 +33,8 @@ void MpvPlayer::takeTracks(const mpv_node& list)
             m_tracks.push_back(trackOf(track));
         } else {
             m_hasCover = m_hasCover || isSet(track, "albumart");
+            m_pictureTrack =
+                isSet(track, "selected") ? static_cast<int>(numberOf(track, "id")) : m_pictureTrack;
         }
     }
     if (m_phase == Ready) {

@@ -1,8 +1,11 @@
 #include "platform/media/video_surface.h"
 
+#include "platform/media/opengl_view.h"
 #include "platform/media/picture_source.h"
 
 #include <QPainter>
+
+#include <utility>
 
 namespace orvanta {
 
@@ -12,7 +15,23 @@ VideoSurface::VideoSurface(PictureSource* source, QWidget* parent)
 {
     setAttribute(Qt::WA_OpaquePaintEvent); // every pixel is painted, so none is erased first
     if (m_source != nullptr) {
-        connect(m_source, &PictureSource::frameChanged, this, qOverload<>(&QWidget::update));
+        connect(m_source, &PictureSource::frameChanged, this, [this] {
+            if (m_view == nullptr) {
+                update();
+            }
+        });
+        connect(m_source, &PictureSource::rendererChanged, this, [this] { chooseView(); });
+        chooseView();
+    }
+}
+
+void VideoSurface::chooseView()
+{
+    if (!m_source->isOpenGl()) {
+        delete std::exchange(m_view, nullptr);
+        update();
+    } else if (m_view == nullptr) {
+        m_view = new OpenGlView(*m_source, this);
     }
 }
 
@@ -25,6 +44,9 @@ void VideoSurface::setKeepsLastFrame()
 
 void VideoSurface::paintEvent(QPaintEvent* /*event*/)
 {
+    if (m_view != nullptr) {
+        return;
+    }
     QPainter painter(this);
     const QImage frame = m_source != nullptr ? m_source->frame() : QImage();
     if (frame.isNull()) {
@@ -47,6 +69,9 @@ void VideoSurface::paintEvent(QPaintEvent* /*event*/)
 
 void VideoSurface::resizeEvent(QResizeEvent* /*event*/)
 {
+    if (m_view != nullptr) {
+        m_view->setGeometry(rect());
+    }
     announceSize();
 }
 

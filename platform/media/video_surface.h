@@ -5,10 +5,12 @@
 
 namespace orvanta {
 
+class OpenGlView;
 class PictureSource;
 
-/// Paints a PictureSource's frames, aspect kept, black around. Null source: stays black.
-/// Hidden, it asks for no frames.
+/// Shows a PictureSource's frames, aspect kept, black around: paints them, or has a child that
+/// draws them by OpenGL, as the source wants it now. Null source: stays black. Hidden, it asks for
+/// no frames.
 class VideoSurface : public QWidget
 {
     Q_OBJECT
@@ -26,10 +28,12 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void chooseView();
     void announceSize();
     [[nodiscard]] QSize deviceSize() const;
 
     PictureSource* m_source;
+    OpenGlView* m_view = nullptr; // while the source is one of OpenGL
 };
 
 } // namespace orvanta

@@ -24,7 +24,7 @@ static QPlatformNativeInterface* waylandInterface()
     return isKnown && isWayland ? QGuiApplication::platformNativeInterface() : nullptr;
 }
 
-static wl_display* displayOfProgram()
+wl_display* waylandDisplay()
 {
     QPlatformNativeInterface* native = waylandInterface();
     return native == nullptr
@@ -85,7 +85,7 @@ void WaylandAwake::hold(bool awake)
 /// On the toolkit's own connection and queue: its event loop delivers what comes.
 void WaylandAwake::connectToCompositor()
 {
-    wl_display* display = m_registry == nullptr ? displayOfProgram() : nullptr;
+    wl_display* display = m_registry == nullptr ? waylandDisplay() : nullptr;
     if (display == nullptr) {
         return;
     }
@@ -139,7 +139,7 @@ void WaylandAwake::letGoOfAll()
         zwp_idle_inhibitor_v1_destroy(inhibitor);
     }
     m_inhibitors.clear();
-    if (wl_display* display = m_manager == nullptr ? nullptr : displayOfProgram()) {
+    if (wl_display* display = m_manager == nullptr ? nullptr : waylandDisplay()) {
         wl_display_flush(display);
     }
 }

@@ -12,6 +12,9 @@ class QWindow;
 
 namespace orvanta {
 
+/// The connection of this program's windows; null under another display system.
+[[nodiscard]] wl_display* waylandDisplay();
+
 /// While it holds, every window of the program that is in sight says that the session is in use
 /// (zwp_idle_inhibit_manager_v1). What the compositor offers comes from the event loop: nothing is
 /// waited for. Under another display system, or a compositor without it, nothing happens.

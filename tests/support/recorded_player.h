@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/media/media_library.h"
+#include "tests/support/test_renderer.h"
 
 #include <QSize>
 #include <QString>
@@ -33,8 +34,9 @@ struct RecordedPlayer
         double duration = 0; // as it was then
     };
 
-    explicit RecordedPlayer(const MpvOptionList& options = {{"ao", "null"}})
-        : player(makeMediaControl(options))
+    explicit RecordedPlayer(const MpvOptionList& options = {{"ao", "null"}},
+                            const std::optional<RendererChoice>& choice = test::rendererOfRun())
+        : player(makeMediaControl(options, choice))
     {
         QObject::connect(&control, &MediaControl::openComplete, &control, [this](QSize size) {
             opened.append(control.FileName());
