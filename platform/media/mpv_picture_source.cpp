@@ -9,8 +9,7 @@ MpvPictureSource::MpvPictureSource()
 {
     m_patience.setSingleShot(true);
     m_patience.setInterval(std::chrono::seconds(1));
-    connect(&m_patience, &QTimer::timeout, this,
-            [this] { announceFailure(QStringLiteral("its first frame does not come")); });
+    connect(&m_patience, &QTimer::timeout, this, [this] { missFirstFrame(); });
 }
 
 MpvPictureSource::~MpvPictureSource()
@@ -303,6 +302,19 @@ void MpvPictureSource::announceFrame()
     }
     waitForFirstFrame();
     Q_EMIT frameChanged();
+}
+
+/// One that waits to be announced is there; only this thread was busy.
+void MpvPictureSource::missFirstFrame()
+{
+    bool isThere = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        isThere = m_announced;
+    }
+    if (!isThere) {
+        announceFailure(QStringLiteral("its first frame does not come"));
+    }
 }
 
 void MpvPictureSource::announceFailure(const QString& reason)
