@@ -5,7 +5,9 @@
 #include "app/log_output.h"
 #include "app/quit_guard.h"
 #include "app/start_up.h"
+#include "app/start_up_steps.h"
 #include "core/version.h"
+#include "platform/process/application_folder.h"
 #include "platform/screen/display_system.h"
 #include "platform/screen/window_stacking.h"
 #include "window/skin.h"
@@ -74,6 +76,16 @@ static bool isTextVariable(const char* name)
     return QString::fromUtf8(value).toUtf8() == value;
 }
 
+/// Which picture there would be is not told by the version alone. Starts no player.
+static QString moreOfVersion(int count, char** arguments)
+{
+    if (argumentTexts(count, arguments) != QStringList(u"--version"_s)) {
+        return {};
+    }
+    const QCoreApplication application(count, arguments);
+    return pictureLine(chosenApplicationFolder());
+}
+
 static int answer(const QString& text)
 {
     std::fputs(text.toUtf8().constData(), stdout);
@@ -100,7 +112,7 @@ int main(int argc, char** argv)
     };
     if (const auto text =
             orvanta::answerForTerminal(orvanta::argumentTexts(argc, argv), language)) {
-        return orvanta::answer(*text);
+        return orvanta::answer(*text + orvanta::moreOfVersion(argc, argv));
     }
     if (!orvanta::isTextVariable("ORVANTA_HOME")) {
         std::fputs("orvanta: ORVANTA_HOME is no path in UTF-8\n", stderr);

@@ -6,6 +6,7 @@
 #include "core/paths.h"
 #include "core/run_time_error.h"
 #include "model/settings.h"
+#include "model/texts.h"
 #include "platform/process/application_folder.h"
 #include "platform/process/known_places.h"
 #include "platform/screen/wayland_awake.h"
@@ -63,6 +64,29 @@ RendererChoice rendererChoice(const QString& applicationFolder)
                                [&] { Settings(path).setFailedDriver(driver); });
                 },
             .waylandDisplay = [] { return waylandDisplay(); }};
+}
+
+static QString versionText(QStringView name)
+{
+    return interfaceText(u"CommandLine", name, TextLanguage::English);
+}
+
+static QString rendererText(RendererWish wish, bool hasDevice)
+{
+    if (wish == RendererWish::OpenGl) {
+        return versionText(u"--version.opengl");
+    }
+    const bool isOpen = wish == RendererWish::Automatic && hasDevice;
+    return versionText(isOpen ? u"--version.driver" : u"--version.processor");
+}
+
+QString pictureLine(const QString& applicationFolder, const QString& devices)
+{
+    const Settings settings(platformSettings(applicationFolder));
+    const bool byGraphics = hasGraphicsDevice(devices) && settings.mayDecodeInHardware();
+    return versionText(u"--version.picture")
+        .arg(rendererText(rendererWish(settings.renderer()), hasGraphicsDevice(devices)),
+             versionText(byGraphics ? u"--version.graphics" : u"--version.processor"));
 }
 
 void prepareDocuments(const QString& applicationFolder)

@@ -24,6 +24,11 @@ void prepareDocuments(const QString& applicationFolder);
 /// remembered there.
 [[nodiscard]] RendererChoice rendererChoice(const QString& applicationFolder);
 
+/// One line for people: what the settings and this machine's devices (in the folder) let draw and
+/// decode pictures. Starts nothing, so it cannot say what a driver would answer.
+[[nodiscard]] QString pictureLine(const QString& applicationFolder,
+                                  const QString& devices = QStringLiteral("/dev"));
+
 /// Gives folders the command "Play clips". Repeated at every start, so that a moved program is
 /// corrected.
 void registerFolderVerb(Registry& registry, const QString& applicationFolder);

@@ -61,6 +61,16 @@ constexpr QStringView kRussianHelp =
 // and "X.name" are. "X.label" is the caption beside X; others are asked for by the window itself.
 constexpr auto kTextsOfWindows = std::to_array<InterfaceText>({
     InterfaceText{u"CommandLine", u"--help", kHelp, kRussianHelp},
+    InterfaceText{u"CommandLine", u"--version.picture", u"Pictures: drawn by %1; decoded by %2\n",
+                  u"Изображение: рисует %1; декодирует %2\n"},
+    InterfaceText{u"CommandLine", u"--version.processor", u"the processor", u"процессор"},
+    InterfaceText{u"CommandLine", u"--version.opengl", u"OpenGL", u"OpenGL"},
+    InterfaceText{u"CommandLine", u"--version.driver",
+                  u"OpenGL where its driver is a graphics processor's, else the processor",
+                  u"OpenGL, если его драйвер рисует на графическом процессоре, иначе процессор"},
+    InterfaceText{u"CommandLine", u"--version.graphics",
+                  u"the graphics processor where it can, else the processor",
+                  u"графический процессор, где может, иначе процессор"},
 
     // Behind the report of an error: file, section, key, value.
     InterfaceText{u"RunTimeReport", u"spoiltCount",

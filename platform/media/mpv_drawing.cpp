@@ -62,6 +62,7 @@ void MpvPlayer::leaveOpenGl(const QString& reason)
     qCInfo(logErrors, "OpenGL is not used any more: %ls (%ls)", qUtf16Printable(reason),
            qUtf16Printable(name));
     const RendererChoice choice = *std::exchange(m_choice, std::nullopt);
+    choice.remember(name); // first, as a driver that hangs would hold up what follows
     decodeFor(kDecodeAndCopy);
     m_picture.hold();
     if (m_phase == Empty) {
@@ -71,7 +72,6 @@ void MpvPlayer::leaveOpenGl(const QString& reason)
         ++m_pauseSerial; // without any track the library believes that the clip has ended
         m_mpv->command({"set", "vid", "no"}, idOf(PictureOff, m_load));
     }
-    choice.remember(name);
 }
 
 void MpvPlayer::pictureIsOff()
@@ -94,6 +94,9 @@ void MpvPlayer::pictureIsOff()
 /// A clip with sound has gone on meanwhile; any other one stands, and is sought to its place.
 void MpvPlayer::bringPictureBack()
 {
+    if (m_pictureTrack == 0) {
+        return;
+    }
     m_mpv->set("vid", QByteArray::number(m_pictureTrack));
     const bool hasSound = std::ranges::any_of(m_tracks, [](const MediaTrack& track) {
         return track.kind == MediaTrack::Sound && track.chosen;

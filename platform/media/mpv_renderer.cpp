@@ -11,8 +11,7 @@ MpvRenderer::MpvRenderer()
 {
     m_patience.setSingleShot(true);
     m_patience.setInterval(std::chrono::seconds(1));
-    connect(&m_patience, &QTimer::timeout, this,
-            [this] { announceFailure(QStringLiteral("its first frame does not come")); });
+    connect(&m_patience, &QTimer::timeout, this, [this] { missFirstFrame(); });
 }
 
 MpvRenderer::~MpvRenderer()
@@ -326,6 +325,19 @@ void MpvRenderer::announceFrame()
     }
     waitForFirstFrame();
     Q_EMIT frameChanged();
+}
+
+/// One that waits to be announced is there; only this thread was busy.
+void MpvRenderer::missFirstFrame()
+{
+    bool isThere = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        isThere = m_announced;
+    }
+    if (!isThere) {
+        announceFailure(QStringLiteral("its first frame does not come"));
+    }
 }
 
 void MpvRenderer::announceFailure(const QString& reason)

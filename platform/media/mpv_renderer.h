@@ -79,6 +79,7 @@ private:
     void publish(quint64 clip);
     void dropFrame();
     void waitForFirstFrame();
+    void missFirstFrame();
     void announceFrame();
     void announceFailure(const QString& reason);
 

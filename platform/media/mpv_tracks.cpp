@@ -48,6 +48,7 @@ void MpvPlayer::forgetTracks()
     m_tracks.clear();
     m_added.copy.close();
     m_hasCover = false;
+    m_pictureTrack = 0;
     m_cover.cancel();
     if (std::exchange(m_tracksTouched, false)) {
         m_mpv->set("aid", QByteArray("auto"));

@@ -10,6 +10,7 @@
 
 // The toolkit's own way for a module that begins to need OpenGL when the application is there
 // already; its header does not name it.
+// NOLINTNEXTLINE(readability-identifier-naming)
 Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext* context);
 
 namespace orvanta {

@@ -5,6 +5,8 @@
 
 #include <mpv/render.h>
 
+class QThread;
+
 namespace orvanta {
 
 /// One of the two, or none.

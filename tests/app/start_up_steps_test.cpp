@@ -90,6 +90,41 @@ TEST(PlayerOptions, LeaveTheGraphicsProcessorOutOnlyWhenTheSettingsSayNo)
     EXPECT_EQ(playerOptions(folder.path()), (MpvOptionList{{"hwdec", "no"}}));
 }
 
+TEST(RendererOfTheVideoWindow, IsWhatTheSettingsSay)
+{
+    const SettingsFolder folder;
+    EXPECT_EQ(rendererChoice(folder.path()).wish, RendererWish::Automatic);
+    folder.write(u"platform.ini"_s, "[picture]\nrenderer=opengl\n");
+    EXPECT_EQ(rendererChoice(folder.path()).wish, RendererWish::OpenGl);
+    folder.write(u"platform.ini"_s, "[picture]\nrenderer=software\n");
+    EXPECT_EQ(rendererChoice(folder.path()).wish, RendererWish::Software);
+}
+
+TEST(RendererOfTheVideoWindow, ADriverThatFailedIsRememberedBesideWhatStoodThere)
+{
+    const SettingsFolder folder;
+    folder.write(u"platform.ini"_s, "[picture]\nhwdec=no\n");
+    EXPECT_EQ(rendererChoice(folder.path()).failedDriver, QString());
+    rendererChoice(folder.path()).remember(u"Some GPU (a, b), 4.6 [x]"_s);
+    EXPECT_EQ(rendererChoice(folder.path()).failedDriver, u"Some GPU (a, b), 4.6 [x]");
+    EXPECT_EQ(playerOptions(folder.path()), (MpvOptionList{{"hwdec", "no"}}));
+}
+
+TEST(RendererOfTheVideoWindow, TheVersionNamesWhatMayDraw)
+{
+    const SettingsFolder folder;
+    const SettingsFolder devices;
+    EXPECT_EQ(pictureLine(folder.path(), devices.path()),
+              u"Pictures: drawn by the processor; decoded by the processor\n");
+    devices.write(u"nvidiactl"_s, {});
+    EXPECT_EQ(pictureLine(folder.path(), devices.path()),
+              u"Pictures: drawn by OpenGL where its driver is a graphics processor's, else the "
+              u"processor; decoded by the graphics processor where it can, else the processor\n");
+    folder.write(u"platform.ini"_s, "[picture]\nrenderer=software\nhwdec=no\n");
+    EXPECT_EQ(pictureLine(folder.path(), devices.path()),
+              u"Pictures: drawn by the processor; decoded by the processor\n");
+}
+
 TEST(FolderVerb, IsWrittenWithTheProgramsFolderAndWithoutABlank)
 {
     const DesktopRoom room;

@@ -35,6 +35,16 @@ TEST_F(DesktopThatBlends, ThePictureIsSeenAsItIsInItsWindow)
     EXPECT_TRUE(waitFor([this] { return coloursOf(desktop.screenOfSway()).red > kLeast; }));
 }
 
+TEST_F(DesktopThatBlends, APictureDrawnByOpenGlIsSeenAsItIs)
+{
+    writeBytes(home.file(u"platform.ini"_s), "[picture]\nrenderer=opengl\n");
+    playRed();
+    constexpr int kLeast = 100 * 100;
+    EXPECT_TRUE(waitFor([this] { return coloursOf(desktop.screenOfSway()).red > kLeast; }));
+    EXPECT_EQ(program.linesMatching(u"pictures are drawn by OpenGL"_s).size(), 1);
+    EXPECT_EQ(program.linesMatching(u"OpenGL is not used"_s), QStringList());
+}
+
 TEST_F(DesktopThatBlends, AStillPictureIsSeenAsItIs)
 {
     QImage still(320, 240, QImage::Format_RGB32);

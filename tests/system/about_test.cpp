@@ -31,7 +31,7 @@ protected:
         module.ApplicationFolder = home.path();
         module.IniPath = home.ini();
         WriteIni(u"main"_s, u"language"_s, language, home.ini());
-        window = std::make_unique<Form9>(module);
+        window = std::make_unique<Form9>(module, [this] { return facts; });
         window->showAbout();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
         return *window;
@@ -44,6 +44,7 @@ protected:
 
     SettingsFolder home;
     Module1 module;
+    PictureFacts facts;
     std::unique_ptr<Form9> window;
 };
 
@@ -56,6 +57,17 @@ TEST_F(About, InEnglishTheDesignTextsStandAndTheHandbooksPictureIsShown)
     EXPECT_EQ(window->Command1->text(), u"Ok");
     EXPECT_TRUE(window->Image8->isVisible());
     EXPECT_TRUE(window->Image1->isVisible());
+}
+
+TEST_F(About, NamesWhatDrawsAndDecodesPictures)
+{
+    show(u"1"_s);
+    EXPECT_TRUE(window->Label1->text().endsWith(
+        u"Pictures are drawn by: the processor. Decoded by: the processor."_s));
+    facts = {.openGlDriver = u"Some GPU"_s, .decoder = u"vaapi"_s};
+    show(u"2"_s);
+    EXPECT_TRUE(window->Label1->text().endsWith(
+        u"Изображение рисует: OpenGL, Some GPU. Декодирует: vaapi."_s));
 }
 
 TEST_F(About, InRussianTheTextsAreReplacedAndTheHandbooksPictureIsHidden)
