@@ -8,6 +8,7 @@
 #include "window/form2_main_window.h"
 #include "window/line_editor.h"
 #include "window/playlist_list.h"
+#include "window/practice_chips.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
 
@@ -203,6 +204,19 @@ TEST_P(Events, AFieldOverALineTellsOfTheKeyboardBeforeItsText)
     EXPECT_EQ(Listener::count(QAccessible::TextCaretMoved, &field), 0);
     EXPECT_EQ(Listener::count(QAccessible::TextInserted, &field), 0);
     field.giveUp();
+}
+
+TEST_P(Events, AChipThatStandsThereIsNotToldOfAgainAndAgain)
+{
+    form2().Chips->setValues({.speed = 25});
+    for (int i = 0; i < 20; ++i) {
+        QCoreApplication::processEvents();
+    }
+    Listener::forget();
+    for (int i = 0; i < 20; ++i) {
+        QCoreApplication::processEvents();
+    }
+    EXPECT_TRUE(Listener::all().empty()) << Listener::all().size();
 }
 
 TEST_P(Events, ABoxOfChoicesIsDescribedByWhatIsChosen)
