@@ -1,18 +1,26 @@
 #include "playback/control_rows.h"
 
+#include "playback/spoken_focus.h"
 #include "playback/window_roles.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QVariant>
 #include <QWidget>
 
 namespace orvanta {
 
+using namespace Qt::StringLiterals;
+
 void nameControls(const ControlRows& rows)
 {
     tellWindowRoles();
+    tellFocusFirst();
     for (const auto& [control, name] : rows) {
         control->setObjectName(name.toString());
+        if (auto* box = qobject_cast<QComboBox*>(control)) {
+            describeChoice(*box);
+        }
     }
 }
 
@@ -52,6 +60,12 @@ void applyTexts(const ControlRows& rows, TextLanguage language)
             }
         }
     }
+}
+
+void setTipWithKey(QWidget& control, const QString& name, const QString& key)
+{
+    control.setToolTip(key.isEmpty() ? name : u"%1 (%2)"_s.arg(name, key));
+    control.setAccessibleDescription(key);
 }
 
 void orderTabs(const ControlRows& rows)

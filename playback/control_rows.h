@@ -6,6 +6,7 @@
 #include <vector>
 
 class QObject;
+class QWidget;
 
 namespace orvanta {
 
@@ -25,6 +26,10 @@ void nameControls(const ControlRows& rows);
 /// is X's caption, "X.tip" its tool tip and its accessible name, "X.name" its accessible name
 /// alone. A label's tool tip describes it and does not name it: its own text is what is read out.
 void applyTexts(const ControlRows& rows, TextLanguage language);
+
+/// Makes the tool tip the name with the key behind it. To assistive technology the key alone is
+/// told beside the name, which would otherwise be read out twice.
+void setTipWithKey(QWidget& control, const QString& name, const QString& key);
 
 /// Called when the window is laid out: a widget that changes its parent goes to the end.
 void orderTabs(const ControlRows& rows);

@@ -1,6 +1,7 @@
 #include "playback/overlay_button.h"
 
 #include "platform/file_types/drawing.h"
+#include "playback/control_rows.h"
 #include "playback/picture_look.h"
 
 #include <QPainter>
@@ -36,7 +37,7 @@ void BarButton::setDrawing(const char* drawing)
 
 void BarButton::setTip(const QString& tip, const QString& key)
 {
-    setToolTip(key.isEmpty() ? tip : u"%1 (%2)"_s.arg(tip, key));
+    setTipWithKey(*this, tip, key);
     setAccessibleName(tip);
 }
 

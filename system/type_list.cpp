@@ -1,6 +1,7 @@
 #include "system/type_list.h"
 
 #include "platform/file_types/type_icons.h"
+#include "playback/check_list.h"
 
 #include <QItemSelectionModel>
 
@@ -114,6 +115,7 @@ TypeList::TypeList(QWidget* parent)
       m_model(new Model(this))
 {
     setModel(m_model);
+    speakBoxes(*this);
     setUniformItemSizes(true);
     setIconSize({kIconSide, kIconSide});
     setSelectionMode(SingleSelection);

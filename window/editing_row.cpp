@@ -99,7 +99,7 @@ void EditingRow::nameKeys()
         const auto command = std::ranges::find(commands(), row.name, &CommandRow::control);
         auto* button = qobject_cast<QPushButton*>(row.control);
         if (button != nullptr && command != commands().end()) {
-            button->setToolTip(u"%1 (%2)"_s.arg(button->toolTip(), shownKey(*command)));
+            setTipWithKey(*button, button->toolTip(), shownKey(*command));
         }
     }
 }
@@ -127,7 +127,7 @@ static void nameStep(QPushButton& button, const QString& step, const QString& pl
     const QString name = step.isEmpty() ? plain : named.arg(step);
     button.setEnabled(!step.isEmpty());
     button.setAccessibleName(name);
-    button.setToolTip(u"%1 (%2)"_s.arg(name, shownKey(rowOf(command))));
+    setTipWithKey(button, name, shownKey(rowOf(command)));
 }
 
 void EditingRow::setState(const EditingState& state)

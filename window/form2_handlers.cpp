@@ -5,6 +5,7 @@
 #include "platform/screen/window_stacking.h"
 #include "playback/command_menu.h"
 #include "playback/lesson_controls.h"
+#include "window/announcement.h"
 #include "window/form2_main_window.h"
 #include "window/playlist_list.h"
 #include "window/skin.h"
@@ -51,7 +52,7 @@ void Form2::connectHandlers()
     connectMissingClips();
     connectStartPage();
     on(Text1, &QLineEdit::returnPressed, [this] { Form2_Image2_Click(); });
-    on(&m_missed, &QTimer::timeout, [this](auto&&...) { sayFound(true); });
+    on(&m_missed, &QTimer::timeout, [this](auto&&...) { showFound(true); });
     on(List1, &PlaylistList::cursorMoved, [this](int line) { Form2_List1_Click(line); });
     on(List1, &PlaylistList::lineChosen, [this] { Form2_List1_DblClick(); });
     on(List1, &PlaylistList::pointerMoved, [this](int y) { Form2_List1_MouseMove(y); });
@@ -235,22 +236,23 @@ bool Form2::find(const QString& wanted)
         m_lastFound = row;
         List1->setCursorLine(row);
     }
-    sayFound(row >= 0);
+    showFound(row >= 0);
+    row >= 0 ? sayLine(row) : m_announcement->say(Text1->accessibleDescription());
     return row >= 0;
 }
 
 constexpr int kMissedMilliseconds = 2000;
 
 // A tint for the eye, the box's description for assistive technology, both for a moment.
-void Form2::sayFound(bool found)
+void Form2::showFound(bool found)
 {
     const TextLanguage language =
         textLanguage(m_services.module.Language.value(), TextLanguage::Russian);
     Text1->setProperty("missed", !found);
     Text1->style()->unpolish(Text1);
     Text1->style()->polish(Text1);
-    Text1->setAccessibleDescription(found ? QString()
-                                          : interfaceText(u"Form2", u"Text1.missed", language));
+    const QString missed = interfaceText(u"Form2", u"Text1.missed", language);
+    Text1->setAccessibleDescription(found ? shownKey(rowOf(Command::Find)) : missed);
     if (found) {
         m_missed.stop();
     } else {

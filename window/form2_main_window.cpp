@@ -49,7 +49,7 @@ static void nameKeysInTips(const ControlRows& controls)
         const auto row = std::ranges::find(controls, command.control, &ControlRow::name);
         if (!command.control.isEmpty() && row != controls.end()) {
             auto* widget = qobject_cast<QWidget*>(row->control);
-            widget->setToolTip(u"%1 (%2)"_s.arg(widget->toolTip(), shownKey(command)));
+            setTipWithKey(*widget, widget->toolTip(), shownKey(command));
         }
     }
 }

@@ -295,8 +295,10 @@ private:
     [[nodiscard]] int zoom() const;
     void applyZoom();
 
-    void sayFound(bool found);
+    void showFound(bool found);
     void sayPlaying(const PlayingPlace& place);
+    /// To assistive technology; a list that has the keyboard says its current line by itself.
+    void sayLine(int line);
     void carryOut(Command command);
     void askForMenu();
     void toggleAlwaysOnTop();

@@ -85,7 +85,7 @@ void Form2::showPlaying(const PlayingPlace& place)
     sayPlaying(place);
 }
 
-/// Once for each line; a list that has the keyboard says it by its own current line.
+/// Once for each line.
 void Form2::sayPlaying(const PlayingPlace& place)
 {
     const bool isNew = place.packet != m_announced.packet || place.clip != m_announced.clip;
@@ -93,9 +93,14 @@ void Form2::sayPlaying(const PlayingPlace& place)
         return;
     }
     m_announced = place;
-    const QString line = List1->spokenLine(headerLineOf(place.packet) + place.clip.value());
-    if (!line.isEmpty() && !List1->hasFocus()) {
-        m_announcement->say(line);
+    sayLine(headerLineOf(place.packet) + place.clip.value());
+}
+
+void Form2::sayLine(int line)
+{
+    const QString words = List1->spokenLine(line);
+    if (!words.isEmpty() && !List1->hasFocus()) {
+        m_announcement->say(words);
     }
 }
 

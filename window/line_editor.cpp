@@ -1,5 +1,6 @@
 #include "window/line_editor.h"
 
+#include "playback/spoken_focus.h"
 #include "playback/typed_key.h"
 #include "window/playlist_list.h"
 
@@ -28,6 +29,7 @@ void LineEditor::edit(int line, Field field, const QString& text)
     m_line = line;
     m_field = field;
     setFont(m_list->font());
+    tellFocusAlone(*this);
     setText(text);
     place();
     show();

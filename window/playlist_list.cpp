@@ -1,9 +1,9 @@
 #include "window/playlist_list.h"
 
+#include "playback/check_list.h"
 #include "playback/typed_key.h"
 #include "window/skin.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -171,6 +171,7 @@ PlaylistList::PlaylistList(QWidget* parent)
       m_delegate(new PlaylistDelegate(m_model, this))
 {
     setModel(m_model);
+    speakBoxes(*this);
     setItemDelegate(m_delegate);
     setUniformItemSizes(true);
     setVerticalScrollMode(ScrollPerItem);
@@ -259,21 +260,6 @@ bool PlaylistList::toggleAt(QPoint place)
     }
     toggleLine(line.row());
     return true;
-}
-
-/// The toolkit tells nobody that a box of a line has changed.
-void PlaylistList::dataChanged(const QModelIndex& first, const QModelIndex& last,
-                               const QList<int>& roles)
-{
-    QListView::dataChanged(first, last, roles);
-    if (!QAccessible::isActive() || !roles.contains(Qt::CheckStateRole)) {
-        return;
-    }
-    QAccessible::State changed;
-    changed.checked = true;
-    QAccessibleStateChangeEvent event(this, changed);
-    event.setChild(first.row());
-    QAccessible::updateAccessibility(&event);
 }
 
 void PlaylistList::mousePressEvent(QMouseEvent* event)

@@ -17,7 +17,7 @@ PracticeChips::PracticeChips(TextLanguage language, QWidget* parent)
       Ring(new WaitRing(language, this)),
       m_language(language),
       m_row(new QHBoxLayout(this)),
-      m_more(makeChip({}))
+      m_more(makeChip(u"+0"_s))
 {
     setObjectName(u"Chips"_s);
     setFont(skin::interfaceFont(11)); // for what is in it
@@ -64,9 +64,9 @@ void PracticeChips::setValues(const Practice& practice)
     }
 }
 
+// What is as it was is left alone: each change asks for a layout, and a layout comes here again.
 void PracticeChips::fitInto(int width)
 {
-    showMore(static_cast<int>(m_chips.size()));
     const int more = m_more->sizeHint().width() + skin::kGrid;
     int left = width - (Ring->isHidden() ? 0 : WaitRing::kSide + skin::kGrid);
     int hidden = 0;
@@ -84,14 +84,16 @@ void PracticeChips::fitInto(int width)
 
 void PracticeChips::showMore(int hidden)
 {
-    m_more->setText(u"+%1"_s.arg(hidden));
     QStringList names;
     for (const QPushButton* chip : m_chips) {
         names += chip->isHidden() ? QStringList{chip->text()} : QStringList{};
     }
-    m_more->setToolTip(names.join(u", "_s));
-    m_more->setAccessibleName(m_more->toolTip());
     m_more->setVisible(hidden > 0);
+    if (const QString tip = names.join(u", "_s); tip != m_more->toolTip()) {
+        m_more->setText(u"+%1"_s.arg(hidden));
+        m_more->setToolTip(tip);
+        m_more->setAccessibleName(tip);
+    }
 }
 
 } // namespace orvanta

@@ -101,7 +101,7 @@ void SkinSlider::setValue(double value)
     }
     m_value = kept;
     update();
-    constexpr int kEveryMs = 1000;
+    constexpr int kEveryMs = 5000;
     if (!m_said.isValid() || m_said.hasExpired(kEveryMs)) {
         sayValue();
     }

@@ -161,6 +161,24 @@ TEST_P(PlaylistIsTold, WithTheStateOfItsMarks)
     EXPECT_TRUE(list->child(2)->state().checkable && !list->child(2)->state().checked);
 }
 
+// Readers say of a plain line neither "not checked" nor that a key has changed it.
+TEST_P(PlaylistIsTold, WithACheckBoxForEachLineThatHasOne)
+{
+    EXPECT_EQ(list->child(0)->role(), QAccessible::Heading);
+    EXPECT_EQ(list->child(2)->role(), QAccessible::CheckBox);
+    EXPECT_EQ(list->indexOfChild(list->child(2)), 2);
+    list->child(2)->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_FALSE(form2().List1->isLineChecked(2));
+}
+
+TEST_P(PlaylistIsTold, WithoutTheLinesThatAreGone)
+{
+    const QAccessible::Id before = QAccessible::uniqueId(list->child(2));
+    form2().List1->setLines({});
+    EXPECT_EQ(list->childCount(), 0);
+    EXPECT_EQ(QAccessible::accessibleInterface(before), nullptr);
+}
+
 INSTANTIATE_TEST_SUITE_P(Languages, PlaylistIsTold, testing::Values(1, 2));
 
 TEST(AccessibleWalkRules, SeeAControlWithoutAName)

@@ -78,8 +78,9 @@ bool hasDoor(const Floor& from, const Floor& to)
 /// The windows and surfaces that live on the lower floors.
 bool isWindowSource(const QString& path)
 {
-    static const QRegularExpression names(
-        u"^(form[0-9]+_|overlay_|video_surface|gl_|control_rows|window_roles|command_menu|track_menus)"_s);
+    static const QRegularExpression names(u"^(form[0-9]+_|overlay_|video_surface|gl_|check_list|"
+                                          u"control_rows|spoken_focus|window_roles|"
+                                          u"command_menu|track_menus)"_s);
     return names.match(QFileInfo(path).fileName()).hasMatch();
 }
 

@@ -7,6 +7,27 @@ using namespace Qt::StringLiterals;
 
 namespace orvanta::e2e {
 
+static int pixelsOf(const QImage& screen, QRgb colour)
+{
+    int count = 0;
+    for (int y = 0; y < screen.height(); ++y) {
+        for (int x = 0; x < screen.width(); ++x) {
+            count += (screen.pixel(x, y) & RGB_MASK) == (colour & RGB_MASK) ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+static int whiteIn(const QImage& screen)
+{
+    return pixelsOf(screen, qRgb(255, 255, 255));
+}
+
+static int groundIn(const QImage& screen)
+{
+    return pixelsOf(screen, qRgb(0, 0, 255));
+}
+
 class DesktopThatBlends : public Steered
 {
 protected:
@@ -76,6 +97,69 @@ TEST_F(DesktopThatBlends, FullScreenShowsThePictureBetweenBlackBarsAndNothingBeh
     })) << seen.red
         << " red, " << seen.black << " black, " << seen.others << " others";
     EXPECT_GT(seen.black, pixels / 10); // 4:3 on a screen of 16:10
+}
+
+TEST_F(DesktopThatBlends, TheTextStandsOverTheMovingPictureAndNothingOfTheGroundShowsThrough)
+{
+    home.set(u"practice"_s, u"text"_s, u"2"_s);
+    playRed();
+    controls.setFullScreen(true);
+    const auto part = [this] { // where the text stands
+        const QImage screen = desktop.screenOfSway();
+        return screen.copy(screen.rect().adjusted(0, screen.height() * 2 / 3, 0, 0));
+    };
+    EXPECT_TRUE(waitFor([&] {
+        const QImage seen = part();
+        const Colours colours = coloursOf(seen);
+        return whiteIn(seen) > 500 && colours.red > seen.width() * seen.height() / 4;
+    }));
+    EXPECT_EQ(groundIn(part()), 0);
+}
+
+class BlendingDesktopWithAMouse : public Steered
+{
+protected:
+    BlendingDesktopWithAMouse()
+        : Steered({.windowManager = false, .compositor = u"sway-x11"_s})
+    {}
+
+    void SetUp() override
+    {
+        Steered::SetUp();
+        const QString lesson = writeClips(file(u"red.vxl"_s), {{media(u"red20.mp4"_s), u"Red"_s}});
+        ASSERT_TRUE(program.startAndShow({lesson}));
+        ASSERT_TRUE(becomes(u"Playing"_s));
+        controls.setFullScreen(true);
+        desktop.moveMouse({2, 2});
+        ASSERT_TRUE(waitFor([this] { return fillsScreen() && otherPixels() == 0; }));
+    }
+
+    bool fillsScreen()
+    {
+        const QSize screen = desktop.screenSize();
+        return coloursOf(desktop.screenOfSway()).red > screen.width() * screen.height() * 3 / 4;
+    }
+    /// Neither of the picture nor black.
+    int otherPixels() { return coloursOf(desktop.screenOfSway()).others; }
+};
+
+TEST_F(BlendingDesktopWithAMouse, TheBarComesOverThePictureUnderTheMouseAndGoesAgain)
+{
+    const QPoint middle = QRect(QPoint(), desktop.screenSize()).center();
+    EXPECT_TRUE(waitFor([&] {
+        desktop.moveMouse(middle + QPoint(20, 0));
+        desktop.moveMouse(middle);
+        return otherPixels() > 500;
+    }));
+    EXPECT_GT(coloursOf(desktop.screenOfSway()).red, 0);
+    EXPECT_TRUE(waitFor([this] { return otherPixels() == 0; }));
+}
+
+TEST_F(BlendingDesktopWithAMouse, TheSignOfABookmarkIsSeenOverThePictureAndGoesAgain)
+{
+    press(Key::K);
+    EXPECT_TRUE(waitFor([this] { return otherPixels() > 50; }));
+    EXPECT_TRUE(waitFor([this] { return fillsScreen() && otherPixels() == 0; }));
 }
 
 } // namespace orvanta::e2e
