@@ -8,10 +8,11 @@
 
 namespace orvanta::test {
 
+inline constexpr uid_t kNobody = 65534;
+
 /// Gives up an administrator's rights for good; whoever has none stays who they are.
 inline bool becomePlainUser()
 {
-    constexpr uid_t kNobody = 65534;
     return geteuid() != 0 ||
            (setgroups(0, nullptr) == 0 && setresgid(kNobody, kNobody, kNobody) == 0 &&
             setresuid(kNobody, kNobody, kNobody) == 0);

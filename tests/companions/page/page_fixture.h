@@ -26,7 +26,10 @@ class PageTest
 {
 protected:
     explicit PageTest(BrowserKind kind)
-        : browser(kind == BrowserKind::Chromium ? startChromium() : startFirefox())
+        : PageTest(kind == BrowserKind::Chromium ? startChromium() : startFirefox())
+    {}
+    explicit PageTest(std::unique_ptr<Browser> started)
+        : browser(std::move(started))
     {
         EXPECT_TRUE(browser->isReady());
     }

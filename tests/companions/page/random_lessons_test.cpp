@@ -1,5 +1,5 @@
 // Fifty lessons made by chance, boxed with their pages, the originals gone, the boxes read-only:
-// every line of them plays.
+// every line of them plays, for a user who has made none of it.
 #include "tests/companions/cdcreate/random_lesson.h"
 #include "tests/companions/page/page_fixture.h"
 
@@ -14,7 +14,7 @@ class RandomLessons : public PageTest, public testing::TestWithParam<quint32>
 {
 protected:
     RandomLessons()
-        : PageTest(BrowserKind::Chromium)
+        : PageTest(startChromiumAsPlainUser())
     {}
 
     static int run(const QString& program, const QStringList& arguments)
@@ -25,6 +25,7 @@ protected:
     void playBoxed(QRandomGenerator& random)
     {
         const QTemporaryDir room;
+        run(u"chmod"_s, {u"755"_s, room.path()});
         const QString box = room.filePath(u"box"_s);
         const RandomLesson lesson = makeRandomLesson(random, room.filePath(u"home/Lessons"_s));
         ASSERT_EQ(run(QStringLiteral(ORVANTA_BUILD_DIR "/companions/cdcreate"),

@@ -68,6 +68,10 @@ public:
 [[nodiscard]] QString addressOfFile(const QString& path);
 
 [[nodiscard]] std::unique_ptr<Browser> startChromium();
+/// By a user who may read what everybody may.
+[[nodiscard]] std::unique_ptr<Browser> startChromiumAsPlainUser();
+/// The same by a user without the administrator's rights, who reads what everybody may read.
+[[nodiscard]] std::unique_ptr<Browser> startChromiumAsPlainUser();
 [[nodiscard]] std::unique_ptr<Browser> startFirefox();
 
 } // namespace orvanta::test

@@ -1,6 +1,7 @@
 // Chromium by its own protocol over two pipes: messages of JSON, each ended by a zero byte.
 #include "tests/e2e/support/owned_process.h"
 #include "tests/support/browser/browser.h"
+#include "tests/support/plain_user.h"
 
 #include <QDir>
 #include <QFile>
@@ -100,7 +101,7 @@ QJsonObject keyEvent(const BrowserKeyPress& press)
 class Chromium : public Browser
 {
 public:
-    Chromium();
+    explicit Chromium(bool isPlainUser);
     ~Chromium() override;
 
     [[nodiscard]] bool isReady() const override { return !m_session.isEmpty(); }
@@ -130,6 +131,7 @@ private:
     void takeEvent(const QString& method, const QJsonObject& parameters);
     void mouse(const QString& type, QPoint place);
 
+    bool m_leavesRights; // of an administrator
     QTemporaryDir m_profile;
     Pipe m_toBrowser;
     Pipe m_fromBrowser;
@@ -145,7 +147,8 @@ private:
 
 } // namespace
 
-Chromium::Chromium()
+Chromium::Chromium(bool isPlainUser)
+    : m_leavesRights(isPlainUser && ::geteuid() == 0)
 {
     ::signal(SIGPIPE, SIG_IGN); // a browser that has died is seen by its silence
     startProcess();
@@ -164,11 +167,21 @@ Chromium::~Chromium()
 
 void Chromium::startProcess()
 {
-    m_process.setChildProcessModifier([in = m_toBrowser.reading, out = m_fromBrowser.writing] {
-        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-        ::dup2(in, 3);
-        ::dup2(out, 4);
-    });
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"HOME"_s, m_profile.path());
+    m_process.setProcessEnvironment(environment);
+    if (m_leavesRights) {
+        EXPECT_EQ(::chown(QFile::encodeName(m_profile.path()).constData(), kNobody, kNobody), 0);
+    }
+    m_process.setChildProcessModifier(
+        [in = m_toBrowser.reading, out = m_fromBrowser.writing, leavesRights = m_leavesRights] {
+            if (leavesRights && !becomePlainUser()) {
+                ::_exit(1);
+            }
+            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+            ::dup2(in, 3);
+            ::dup2(out, 4);
+        });
     m_process.setStandardErrorFile(QProcess::nullDevice());
     m_process.setStandardOutputFile(QProcess::nullDevice());
     m_process.start(
@@ -326,7 +339,12 @@ QByteArray Chromium::screenshot()
 
 std::unique_ptr<Browser> startChromium()
 {
-    return std::make_unique<Chromium>();
+    return std::make_unique<Chromium>(false);
+}
+
+std::unique_ptr<Browser> startChromiumAsPlainUser()
+{
+    return std::make_unique<Chromium>(true);
 }
 
 } // namespace orvanta::test
