@@ -3,6 +3,7 @@
 #include "core/error_boundary.h"
 #include "model/loaders.h"
 #include "playback/advance_step.h"
+#include "playback/bookmark_keeper.h"
 #include "playback/brake_step.h"
 #include "playback/brake_watch.h"
 #include "playback/clip_starter.h"
@@ -35,10 +36,7 @@ public:
           volume(context, [&engine] { Q_EMIT engine.volumeChanged(); })
     {
         context.onStopAsked = [this] { practice.giveUpWait(); };
-        context.onLineLeft = [this] {
-            context.operations.PollBookmark();
-            serveBookmark();
-        };
+        context.onLineLeft = [this] { bookmark.leaveLine(); };
         context.onSuperseded = [this] {
             lesson.superseded();
             practice.step().beginLine();
@@ -70,8 +68,6 @@ public:
     void begin();
     void beginAtListCursor();
     void goOnAfterDrop(const DropResult& dropped);
-    void serveBookmark();
-    void keepPosition();
     void takePlaylist();
     void brakeIsDue();
 
@@ -80,6 +76,7 @@ public:
     PositionSlider slider{context};
     TransportButtons transport{context, slider};
     VolumeSliders volume;
+    BookmarkKeeper bookmark{context};
     ClipStarter starter{context, transport};
     LessonControls lesson{context, starter, [this](const auto& action) { enter(action); },
                           [this] { takePlaylist(); }};
@@ -115,7 +112,7 @@ void PlaybackEngine::Private::tick()
     resumeNext("buttons", [&] { transport.reconcile(); });
     resumeNext("volume", [&] { volume.takeVolumeOfVideoWindow(); });
     resumeNext("display", [&] { display(); });
-    resumeNext("bookmark", [&] { serveBookmark(); });
+    resumeNext("bookmark", [&] { bookmark.serve(); });
     if (!moveOnAfterEnd() && !moveOnAfterFailure()) {
         resumeNext("tray", [&] { tray.run(); });
     }
@@ -159,22 +156,6 @@ void PlaybackEngine::Private::brakeIsDue()
 {
     const QScopedValueRollback now(positionAge, BrakeStep::JustReported);
     m_engine.tick();
-}
-
-void PlaybackEngine::Private::serveBookmark()
-{
-    if (context.operations.TakeBookmarkChanged()) {
-        keepPosition();
-    }
-}
-
-void PlaybackEngine::Private::keepPosition()
-{
-    const QString position = context.player().position;
-    resumeNext("saved position",
-               [&] { context.module.settings().setPosition(context.playingText(), position); });
-    context.view->showBookmarkSign();
-    context.operations.SetBookmark(position);
 }
 
 bool PlaybackEngine::Private::moveOnAfterEnd()
@@ -341,7 +322,7 @@ QString PlaybackEngine::playingText() const
 
 void PlaybackEngine::keepPosition()
 {
-    m_private->keepPosition();
+    m_private->bookmark.keep();
 }
 
 void PlaybackEngine::startCurrent()
@@ -436,11 +417,8 @@ void PlaybackEngine::Private::takePlaylist()
     context.supersede();
     context.operations.look();
     context.module.playlist.OpenedFromExplorer = false;
-    if (context.module.playlist.entryCount() > 0) {
-        context.setCursorToOpened();
-    } else {
-        context.setCursorAhead({0, 0});
-    }
+    const bool hasEntries = context.module.playlist.entryCount() > 0;
+    hasEntries ? context.setCursorToOpened() : context.setCursorAhead({0, 0});
     context.view->RebuildTree();
     if (context.areBrakesPlaying() && !context.openedMeanwhile) {
         context.moveListCursor(context.cursor());

@@ -1,6 +1,7 @@
 #include "companions/exchange_windows/companion_window.h"
 
 #include "companions/exchange/exchange_texts.h"
+#include "playback/window_roles.h"
 
 #include <QAbstractButton>
 #include <QDragEnterEvent>
@@ -28,6 +29,7 @@ CompanionWindow::CompanionWindow(const QString& name, TextLanguage language)
       m_language(language),
       m_mayBeMinimised(!qEnvironmentVariableIsEmpty("ORVANTA_PROGRAM"))
 {
+    tellWindowRoles();
     setObjectName(name);
     setWindowTitle(text(name));
     setAcceptDrops(true);

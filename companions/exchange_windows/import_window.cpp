@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -43,8 +44,8 @@ ImportWindow::ImportWindow(TextLanguage language, ImportServices services)
 static void fadePlaceholder(QLineEdit& box)
 {
     constexpr int kFaded = 170;
-    QPalette palette = box.palette();
-    QColor colour = palette.color(QPalette::Text);
+    QPalette palette;
+    QColor colour = QGuiApplication::palette().color(QPalette::Text); // the box has it later
     colour.setAlpha(kFaded);
     palette.setColor(QPalette::PlaceholderText, colour);
     box.setPalette(palette);
@@ -57,6 +58,15 @@ static void showWhenEmpty(QLineEdit& box, const QString& text)
     box.setPlaceholderText(text);
     fadePlaceholder(box);
     box.setMinimumWidth(box.fontMetrics().horizontalAdvance(text) + kFrame);
+}
+
+void ImportWindow::changeEvent(QEvent* event)
+{
+    CompanionWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        fadePlaceholder(*SourceText);
+        fadePlaceholder(*ClipText);
+    }
 }
 
 void ImportWindow::layOut()

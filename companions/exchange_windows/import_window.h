@@ -56,6 +56,9 @@ Q_SIGNALS:
     /// The files have been read, and are shown.
     void ready();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void layOut();
     void connectHandlers();

@@ -141,7 +141,7 @@ TEST_F(CdCreate, KnowsTheUsersDrivesMovedFoldersAndOldLettersAsThePlayerDoes)
     room.write(u"new/b.avi"_s, "b");
     home.write(u"platform.ini"_s,
                "[drives]\ne=" + room.file(u"stick"_s).toUtf8() +
-                   "\n[moved]\nfrom1=/old/place\nto1=" + room.file(u"new"_s).toUtf8() +
+                   "\n[moved]\nnum=1\nfrom1=/old/place\nto1=" + room.file(u"new"_s).toUtf8() +
                    "\n[text]\ncodepage=windows-1251\n");
     const QString packet =
         room.write(u"lesson/p.vxl"_s, "[main]\nfiles=2\n"
@@ -150,7 +150,7 @@ TEST_F(CdCreate, KnowsTheUsersDrivesMovedFoldersAndOldLettersAsThePlayerDoes)
     ASSERT_EQ(cdcreate({u"--out"_s, room.file(u"box"_s), packet}), 0) << said.constData();
     EXPECT_TRUE(QFile::exists(room.file(u"box/media/a.avi"_s)));
     EXPECT_TRUE(QFile::exists(room.file(u"box/media/b.avi"_s)));
-    EXPECT_TRUE(wordsOf(room.file(u"box/p.vxl"_s)).contains(u"Добрый"_s));
+    EXPECT_TRUE(wordsOf(room.file(u"box/p.vxl"_s)).contains(u"|Добрый"_s));
 }
 
 TEST_F(CdCreate, TakesAPacketWhateverItIsCalled)
