@@ -208,7 +208,7 @@ TEST_F(Companions, AboutOpensBesideThePlayerWithoutHoldingItUp)
     ASSERT_TRUE(chooseAbout());
     ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"About author"_s) == 1; }));
     // It may lie over the main window's buttons.
-    desktop.run(u"wmctrl"_s, {u"-F"_s, u"-c"_s, u"!Orvanta!"_s});
+    ASSERT_TRUE(desktop.closeWindow(u"!Orvanta!"_s));
     ASSERT_EQ(program.statusAtEnd(), 0);
 }
 

@@ -145,7 +145,7 @@ TEST_F(VideoWindow, ClosedByTheWindowManagerUnloadsTheClipAndNeverEndsTheProgram
 {
     playLesson();
     for (int round = 0; round < 3; ++round) {
-        desktop.closeWindow(kVideoWindow);
+        ASSERT_TRUE(desktop.closeWindow(kVideoWindow));
         EXPECT_TRUE(waitFor([this] { return desktop.visibleWindows(kVideoWindow) == 0; }));
         EXPECT_TRUE(becomes(u"Stopped"_s));
         EXPECT_TRUE(waitFor([this] { return window().isEnabled(u"Play"_s); }));
@@ -165,7 +165,7 @@ TEST_F(VideoWindow, ClosedWhileItFillsTheScreenLeavesTheMainWindowInSight)
     ASSERT_TRUE(desktop.activate(kVideoWindow));
     desktop.press(u"F11"_s);
     ASSERT_TRUE(videoFillsScreen());
-    desktop.closeWindow(kVideoWindow);
+    ASSERT_TRUE(desktop.closeWindow(kVideoWindow));
     EXPECT_TRUE(waitFor([this] { return desktop.visibleWindows(kVideoWindow) == 0; }));
     EXPECT_TRUE(waitFor([this] { return desktop.isPointerVisible(); }));
     EXPECT_TRUE(becomes(u"Stopped"_s));
@@ -175,7 +175,7 @@ TEST_F(VideoWindow, ClosedWhileItFillsTheScreenLeavesTheMainWindowInSight)
 TEST_F(VideoWindow, ASizeThatTheUserGaveIsKeptFromClipToClip)
 {
     playLesson();
-    desktop.resizeWindow(kVideoWindow, {500, 300});
+    ASSERT_TRUE(desktop.resizeWindow(kVideoWindow, {500, 300}));
     ASSERT_TRUE(waitFor([this] { return videoPlace().size() == QSize(500, 300); }));
     window().doubleClickRow(2);
     EXPECT_TRUE(plays(u"start 1 1 Lesson"_s));

@@ -66,8 +66,7 @@ TEST_F(HandOver, ALaterLaunchShowsNoWindowOfItsOwn)
     WindowWitness witness(desktop);
     int width = 700;
     ASSERT_TRUE(waitFor([&] { // until it watches
-        desktop.resizeWindow(title, {++width, 600});
-        return witness.count("ConfigureNotify") > 0;
+        return desktop.resizeWindow(title, {++width, 600}) && witness.count("ConfigureNotify") > 0;
     }));
     const qsizetype before = witness.count("MapNotify");
     EXPECT_EQ(launchAgain(desktop, home, {packet(u"second.vxl"_s, {clip(u"B"_s)})}), 0);

@@ -228,7 +228,7 @@ TEST_F(Close, TheWindowManagersCloseIsTheCloseButton)
     writeBytes(home.file(u"temp.vxc"_s), "scratch");
     ASSERT_TRUE(program.startAndShow({media(u"video2.mp4"_s)}));
     ASSERT_TRUE(plays(u"start 1 1"_s));
-    desktop.run(u"wmctrl"_s, {u"-F"_s, u"-c"_s, u"!Orvanta!"_s});
+    ASSERT_TRUE(desktop.closeWindow(u"!Orvanta!"_s));
     ASSERT_EQ(program.statusAtEnd(), 0);
     EXPECT_FALSE(QFile::exists(home.file(u"temp.vxc"_s)));
 }

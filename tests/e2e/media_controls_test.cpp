@@ -213,7 +213,7 @@ TEST_F(MediaControls, WithoutASessionBusTheProgramRunsAndPlays)
     EXPECT_TRUE(plays(u"start 1 1 First"_s));
     EXPECT_TRUE(plays(u"start 1 2 Second"_s));
     EXPECT_TRUE(plays(u"ended 1 2"_s));
-    desktop.closeWindow(kMainWindow);
+    ASSERT_TRUE(desktop.closeWindow(kMainWindow));
     EXPECT_EQ(program.statusAtEnd(), 0);
 }
 

@@ -43,7 +43,7 @@ protected:
 TEST_F(PictureText, GoesRoundByItsKeyInBothWindowsAndOnTheWholeScreen)
 {
     playLesson();
-    desktop.resizeWindow(kVideoWindow, {640, 480});
+    ASSERT_TRUE(desktop.resizeWindow(kVideoWindow, {640, 480}));
     ASSERT_TRUE(waitFor([this] { return videoPlace().size() == QSize(640, 480); }));
     ASSERT_TRUE(desktop.activate(kVideoWindow));
     EXPECT_EQ(whiteBelow(videoPlace()), 0);
@@ -78,7 +78,7 @@ TEST_F(PictureText, TheBarShowsUnderTheMouseAndATickOfItGoesToItsBrake)
     ASSERT_TRUE(program.startAndShow({packet}));
     ASSERT_TRUE(becomes(u"Playing"_s));
     ASSERT_TRUE(videoIsInWindow());
-    desktop.resizeWindow(kVideoWindow, {640, 480});
+    ASSERT_TRUE(desktop.resizeWindow(kVideoWindow, {640, 480}));
     ASSERT_TRUE(waitFor([this] { return videoPlace().size() == QSize(640, 480); }));
     const QRect place = videoPlace();
     // On the tick of the second brake: the track goes from edge to edge beside the times.

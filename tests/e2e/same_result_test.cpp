@@ -113,7 +113,7 @@ public:
 
     void pressInBar(const QString& name)
     {
-        m_desktop.resizeWindow(kVideo, {640, 480});
+        ASSERT_TRUE(m_desktop.resizeWindow(kVideo, {640, 480}));
         EXPECT_TRUE(waitFor([&] { return m_desktop.placeOf(kVideo).size() == QSize(640, 480); }));
         EXPECT_TRUE(m_desktop.activate(kVideo));
         const QRect picture = m_desktop.placeOf(kVideo);

@@ -126,7 +126,7 @@ TEST_F(Installed, CdCreateOfTheMenuOpensItsWindowAndThePlayerGoesOn)
     ASSERT_TRUE(window().clickInMenu(u"Tools..."_s, {2, 3}));
     ASSERT_TRUE(waitFor([this] { return desktop.visibleWindows(u"CD Create"_s) == 1; }));
     EXPECT_TRUE(program.isRunning());
-    desktop.closeWindow(u"CD Create"_s);
+    ASSERT_TRUE(desktop.closeWindow(u"CD Create"_s));
     EXPECT_TRUE(waitFor([this] { return desktop.visibleWindows(u"CD Create"_s) == 0; }));
 }
 

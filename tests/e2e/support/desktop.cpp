@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <cstdlib>
@@ -299,15 +300,46 @@ bool Desktop::activate(const QString& title)
     });
 }
 
-void Desktop::closeWindow(const QString& title)
+// The splash has the main window's title, and may be known for a moment longer than the main window
+// is shown.
+QString Desktop::managedWindow(const QString& title)
 {
-    run(u"wmctrl"_s, {u"-F"_s, u"-c"_s, title});
+    static const QRegularExpression spaces(u"\\s+"_s); // number, desktop, machine, title
+    const QStringList lines = QString::fromUtf8(run(u"wmctrl"_s, {u"-l"_s})).split(u'\n');
+    for (const QString& line : lines) {
+        const QString number = line.section(spaces, 0, 0);
+        if (line.section(spaces, 3) != title) {
+            continue;
+        }
+        const QByteArray types = run(u"xprop"_s, {u"-id"_s, number, u"_NET_WM_WINDOW_TYPE"_s});
+        if (types.contains("_TYPE_NORMAL") && !types.contains("_TYPE_SPLASH")) {
+            return number;
+        }
+    }
+    return {};
 }
 
-void Desktop::resizeWindow(const QString& title, QSize size)
+// A window that has just been shown is not in the window manager's list at once, and what is asked
+// of it before is lost.
+bool Desktop::askWindowManager(const QString& title, const QStringList& request)
 {
-    run(u"wmctrl"_s, {u"-F"_s, u"-r"_s, title, u"-e"_s,
-                      u"0,-1,-1,%1,%2"_s.arg(size.width()).arg(size.height())});
+    QString window;
+    if (!waitFor([&] { return !(window = managedWindow(title)).isEmpty(); })) {
+        return false;
+    }
+    run(u"wmctrl"_s, QStringList({u"-i"_s, request.front(), window}) + request.mid(1));
+    return true;
+}
+
+bool Desktop::closeWindow(const QString& title)
+{
+    return askWindowManager(title, {u"-c"_s});
+}
+
+bool Desktop::resizeWindow(const QString& title, QSize size)
+{
+    const QString place = u"0,-1,-1,%1,%2"_s.arg(size.width()).arg(size.height());
+    return askWindowManager(title, {u"-r"_s, u"-e"_s, place});
 }
 
 QByteArrayList Desktop::visibleWindowIds(const QStringList& search)

@@ -72,10 +72,10 @@ public:
     [[nodiscard]] QString activeWindowTitle();
     /// Gives a window the keyboard; waits until it has it.
     [[nodiscard]] bool activate(const QString& title);
-    /// Closes it by the window manager, as its frame's button does.
-    void closeWindow(const QString& title);
+    /// Closes it by the window manager, as its frame's button does, as soon as that knows it.
+    [[nodiscard]] bool closeWindow(const QString& title);
     /// Gives its contents a size by the window manager, as a hand on its edge does.
-    void resizeWindow(const QString& title, QSize size);
+    [[nodiscard]] bool resizeWindow(const QString& title, QSize size);
     /// Where the contents of the window with exactly this title are; empty while it is not shown.
     [[nodiscard]] QRect placeOf(const QString& title);
     [[nodiscard]] QSize screenSize() const { return m_screen; }
@@ -101,6 +101,8 @@ private:
     bool startWeston(const QString& backend);
     bool startSway(const QString& backend);
     void useWayland(const QString& socket);
+    [[nodiscard]] QString managedWindow(const QString& title);
+    bool askWindowManager(const QString& title, const QStringList& request);
     bool startSound();
     [[nodiscard]] QByteArrayList visibleWindowIds(const QStringList& search);
     std::unique_ptr<OwnedProcess> launch(const QString& program, const QStringList& arguments);
