@@ -25,9 +25,27 @@ inline constexpr QStringView kBoxHelp =
     u"\n"
     u"Exit status: 0 done, 1 something was missing and left out, 2 nothing written.\n";
 
+inline constexpr QStringView kRussianBoxHelp =
+    u"Вызов: cdcreate [УРОК...]\n"
+    u"       cdcreate --out ПАПКА|ФАЙЛ.iso|ФАЙЛ.zip [--web] [--skip-missing] [--force]\n"
+    u"                УРОК...\n"
+    u"\n"
+    u"Складывает пакеты (.vxl) и группы (.vxg) со всем, что в них названо, в коробку:\n"
+    u"папку, образ диска или архив ZIP, который воспроизводится на любой машине. Без\n"
+    u"--out спрашивает окно.\n"
+    u"\n"
+    u"  --out           коробка: новая папка или файл на .iso или .zip\n"
+    u"  --web           добавляет страницу, которая ведёт урок в любом браузере\n"
+    u"  --skip-missing  делает коробку без файлов, которых нет\n"
+    u"  --force         заменяет прежнюю коробку\n"
+    u"  --help          показывает эту справку\n"
+    u"  --version       показывает версию\n"
+    u"\n"
+    u"Код возврата: 0 готово, 1 чего-то не было и пропущено, 2 ничего не записано.\n";
+
 inline constexpr auto kTextsOfBoxes = std::to_array<InterfaceText>({
-    // At a terminal; no settings say which language.
-    InterfaceText{u"Box", u"--help", kBoxHelp, kBoxHelp},
+    // At a terminal.
+    InterfaceText{u"Box", u"--help", kBoxHelp, kRussianBoxHelp},
     InterfaceText{u"Box", u"usage",
                   u"Usage: cdcreate --out DIR|FILE.iso|FILE.zip [--web] [--skip-missing] [--force] "
                   u"LESSON...",

@@ -7,7 +7,6 @@
 
 namespace orvanta {
 
-// Whoever asks at a terminal for this has chosen no language.
 constexpr QStringView kImportHelp =
     u"Usage: orvanta-import [FILE... [--clip MEDIA] [--out LESSON] [--open]]\n"
     u"\n"
@@ -43,9 +42,44 @@ constexpr QStringView kExportHelp =
     u"\n"
     u"Exit status: 0 done, 1 done with something left out, 2 nothing written.\n";
 
+constexpr QStringView kRussianImportHelp =
+    u"Вызов: orvanta-import [ФАЙЛ... [--clip КЛИП] [--out УРОК] [--open]]\n"
+    u"\n"
+    u"Делает уроки для Orvanta из файлов других программ. Без файлов открывается\n"
+    u"окно.\n"
+    u"\n"
+    u"  ФАЙЛ         список клипов (M3U, PLS, XSPF, CUE), субтитры (SRT, WebVTT, ASS),\n"
+    u"               метки Audacity, список времён (\"0:00 Название\"), главы\n"
+    u"               (FFMETADATA, XML Matroska) или медиафайл с главами\n"
+    u"  --clip КЛИП  клип меток, которые не называют своего; иначе тот, что с тем же\n"
+    u"               именем лежит рядом с файлом\n"
+    u"  --out УРОК   какой пакет (.vxl) или группу (.vxg) записать; иначе новый рядом\n"
+    u"               с файлом\n"
+    u"  --open       открывает его в проигрывателе\n"
+    u"  --help       показывает эту справку\n"
+    u"  --version    показывает версию\n"
+    u"\n"
+    u"Код возврата: 0 готово, 1 готово, но что-то пропущено, 2 ничего не записано.\n";
+
+constexpr QStringView kRussianExportHelp =
+    u"Вызов: orvanta-export [УРОК --to ФАЙЛ [--format ВИД]]\n"
+    u"\n"
+    u"Записывает пакет или группу Orvanta для других программ. Без урока открывается\n"
+    u"окно.\n"
+    u"\n"
+    u"  УРОК          пакет (.vxl) или группа (.vxg)\n"
+    u"  --to ФАЙЛ     что записать; для меток группы по файлу на каждый пакет\n"
+    u"  --format ВИД  m3u8, xspf: списки клипов. vtt, ffmetadata, matroska: метки как\n"
+    u"                главы. clip: копия клипа с главами, её делает ffmpeg. Иначе по\n"
+    u"                окончанию имени\n"
+    u"  --help        показывает эту справку\n"
+    u"  --version     показывает версию\n"
+    u"\n"
+    u"Код возврата: 0 готово, 1 готово, но что-то пропущено, 2 ничего не записано.\n";
+
 inline constexpr auto kTextsOfExchange = std::to_array<InterfaceText>({
-    InterfaceText{u"Exchange", u"importHelp", kImportHelp, kImportHelp},
-    InterfaceText{u"Exchange", u"exportHelp", kExportHelp, kExportHelp},
+    InterfaceText{u"Exchange", u"importHelp", kImportHelp, kRussianImportHelp},
+    InterfaceText{u"Exchange", u"exportHelp", kExportHelp, kRussianExportHelp},
     InterfaceText{u"Exchange", u"end", u"End", u"Конец"},
     InterfaceText{u"Exchange", u"written", u"Written: %1", u"Записано: %1"},
     InterfaceText{u"Exchange", u"leftOut", u"Left out: %1", u"Пропущено: %1"},

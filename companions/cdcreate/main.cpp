@@ -91,7 +91,7 @@ static int run(int count, char** arguments, const MakeExtras& makePage)
 {
     const QStringList texts = argumentsOf(count, arguments);
     if (texts == QStringList(u"--help"_s)) {
-        return answer(interfaceText(u"Box", u"--help", TextLanguage::English));
+        return answer(interfaceText(u"Box", u"--help", companionLanguage()));
     }
     if (texts == QStringList(u"--version"_s)) {
         return answer(u"cdcreate (Orvanta) %1\n"_s.arg(kVersion));

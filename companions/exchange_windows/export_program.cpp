@@ -33,7 +33,7 @@ static int exportInWindow(int count, char** arguments)
 
 int runExportProgram(int count, char** arguments)
 {
-    const QString help = exchangeText(u"exportHelp", TextLanguage::English);
+    const QString help = exchangeText(u"exportHelp", companionLanguage());
     if (answerAtTerminal(wordsOfCommand(count, arguments), "orvanta-export", help)) {
         return 0;
     }

@@ -14,7 +14,7 @@ static int importAtTerminal(int count, char** arguments)
     prepareAsPlayer();
     const ImportCommand command = importCommand(wordsOfCommand(count, arguments));
     if (!command.isUnderstood) {
-        complain(exchangeText(u"importHelp", TextLanguage::English));
+        complain(exchangeText(u"importHelp", companionLanguage()));
         return static_cast<int>(ExchangeResult::NothingWritten);
     }
     return static_cast<int>(runImport(command, companionLanguage()));
@@ -32,7 +32,7 @@ static int importInWindow(int count, char** arguments)
 
 int runImportProgram(int count, char** arguments)
 {
-    const QString help = exchangeText(u"importHelp", TextLanguage::English);
+    const QString help = exchangeText(u"importHelp", companionLanguage());
     if (answerAtTerminal(wordsOfCommand(count, arguments), "orvanta-import", help)) {
         return 0;
     }

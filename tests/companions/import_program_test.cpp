@@ -180,6 +180,7 @@ TEST_F(ImportProgram, SpeaksTheLanguageOfTheProgram)
     settings.write("[main]\r\nlanguage=2\r\n");
     settings.close();
     EXPECT_EQ(import({u"absent.m3u"_s}).errors, u"absent.m3u: не удаётся прочитать\n");
+    EXPECT_TRUE(import({u"--help"_s}).output.startsWith(u"Вызов: orvanta-import "));
 }
 
 } // namespace orvanta::test

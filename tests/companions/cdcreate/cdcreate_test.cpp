@@ -112,6 +112,13 @@ TEST_F(CdCreate, TellsItsUseAndItsVersion)
     EXPECT_TRUE(said.startsWith("Usage:"));
 }
 
+TEST_F(CdCreate, TellsItsUseInTheLanguageOfTheProgram)
+{
+    home.write(u"orvanta.ini"_s, "[main]\nlanguage=2\n");
+    EXPECT_EQ(cdcreate({u"--help"_s}), 0);
+    EXPECT_TRUE(printed.startsWith("Вызов: cdcreate ")) << printed.constData();
+}
+
 TEST_F(CdCreate, EndsWithWhatBecameOfTheBox)
 {
     room.write(u"a.avi"_s, "x");
