@@ -253,6 +253,39 @@ TEST(StoredTypes, ACountThatIsAbsentOrNoNumberIsATypeMismatch)
     }
 }
 
+TEST(StoredTypes, GrowAndShrinkWithTheirCount)
+{
+    const SettingsFolder folder("[types]\nnum=2\nfile0=avi\nfile1=mp3\n");
+    const Settings settings(folder.ini());
+    settings.appendType(u"mpg"_s);
+    EXPECT_EQ(folder.value("types", "num"), u"3");
+    EXPECT_EQ(settings.types(), (QStringList{u"avi"_s, u"mp3"_s, u"mpg"_s}));
+    settings.storeRemainingTypes({u"avi"_s, u"mpg"_s});
+    EXPECT_EQ(folder.value("types", "num"), u"2");
+    EXPECT_EQ(settings.types(), (QStringList{u"avi"_s, u"mpg"_s}));
+}
+
+TEST(StoredTypes, KeepWhoOwnedThemByTheirNumber)
+{
+    const SettingsFolder folder("[types]\nnum=2\nfile0=avi\nfile1=mp3\n");
+    Settings(folder.ini()).saveOwners({{0, u"player.desktop"_s}, {1, u"other.desktop"_s}});
+    EXPECT_EQ(folder.value("types", "0reg"), u"player.desktop");
+    EXPECT_EQ(folder.value("types", "1reg"), u"other.desktop");
+}
+
+TEST(RecentLessonsAreKept, EveryThirtySecondsWhereTheSettingsNameNoSpanThatCanBe)
+{
+    for (const QByteArray value : {"", "0", "-1", "3601", "soon"}) {
+        SCOPED_TRACE(value.constData());
+        const SettingsFolder folder("[recent]\nseconds=" + value + "\n");
+        EXPECT_EQ(Settings(folder.ini()).recentSeconds(), 30);
+    }
+    for (const int seconds : {1, 3600}) {
+        const SettingsFolder folder("[recent]\nseconds=" + QByteArray::number(seconds) + "\n");
+        EXPECT_EQ(Settings(folder.ini()).recentSeconds(), seconds);
+    }
+}
+
 TEST(StoredTypes, TheErrorOfASpoiltCountSaysWhereItStands)
 {
     const SettingsFolder folder("[types]\nnum=three\n");

@@ -1,5 +1,6 @@
 // What the main window's keys do.
 #include "playback/keyboard.h"
+#include "playback/practice_controls.h"
 #include "tests/playback/engine_fixture.h"
 #include "tests/support/plain_screen.h"
 
@@ -183,6 +184,44 @@ TEST_F(MainKeys, TogglePlayPausesAndPlays)
     engine->tick();
     keys.togglePlay();
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+}
+
+TEST_F(MainKeys, CommandsOfThePlayerPractise)
+{
+    playLongClip();
+    EXPECT_TRUE(carryOutInPlayer(*engine, Command::Slower));
+    EXPECT_EQ(engine->practice().values().speed, 95);
+    EXPECT_TRUE(carryOutInPlayer(*engine, Command::NormalSpeed));
+    EXPECT_EQ(engine->practice().values().speed, 100);
+    EXPECT_TRUE(carryOutInPlayer(*engine, Command::Faster));
+    EXPECT_EQ(engine->practice().values().speed, 110);
+    EXPECT_TRUE(carryOutInPlayer(*engine, Command::RepeatLine));
+    EXPECT_TRUE(engine->practice().values().isEndless());
+    EXPECT_TRUE(carryOutInPlayer(*engine, Command::NextWait));
+    EXPECT_NE(engine->practice().values().wait, Practice::kNoWait);
+}
+
+TEST_F(MainKeys, CommandsOfThePlayerGoFromLineToLineAndFromClipToClip)
+{
+    addClips({u"one"_s, u"two"_s, u"three"_s});
+    play(1, 1);
+    EXPECT_TRUE(carryOutInPlayer(*engine, Command::NextLine));
+    EXPECT_EQ(runningFile(), path(u"two.avi"_s));
+    EXPECT_TRUE(carryOutInPlayer(*engine, Command::PreviousLine));
+    EXPECT_EQ(runningFile(), path(u"one.avi"_s));
+    control.playTo(5);
+    EXPECT_TRUE(carryOutInPlayer(*engine, Command::LineAgain));
+    EXPECT_LT(control.CurrentPosition(), 5);
+    EXPECT_EQ(clip(), 1);
+}
+
+TEST_F(MainKeys, CommandsOfThePlayerStopItAndThoseOfWindowsAreNotIts)
+{
+    playLongClip();
+    EXPECT_FALSE(carryOutInPlayer(*engine, Command::PlayLine));
+    EXPECT_EQ(control.CurrentState(), MediaControl::Running);
+    EXPECT_TRUE(carryOutInPlayer(*engine, Command::StopButton));
+    EXPECT_NE(control.CurrentState(), MediaControl::Running);
 }
 
 } // namespace

@@ -100,4 +100,50 @@ TEST(PracticeSigns, SayTheTempoAsAFactor)
     EXPECT_EQ(speedText(200), QStringLiteral("2\u00a0×"));
 }
 
+TEST(PracticeTexts, SayAWait)
+{
+    using namespace Qt::StringLiterals;
+    const auto said = [](int wait) { return waitText(wait, 7, TextLanguage::English); };
+    EXPECT_EQ(said(Practice::kNoWait), u"go on at once");
+    EXPECT_EQ(said(Practice::kWaitForKey), u"until a key");
+    EXPECT_EQ(said(Practice::kWaitForSeconds), u"7 s");
+    EXPECT_EQ(said(100), u"as long as it lasted");
+    EXPECT_EQ(said(150), QLocale().toString(1.5) + u" × its length"_s);
+    EXPECT_EQ(roundText(2, 5, TextLanguage::English), u"Repeat 2 of 5");
+    EXPECT_EQ(roundText(2, Practice::kEndless, TextLanguage::English), u"Repeat 2");
+}
+
+TEST(PracticeTexts, AreChipsOfWhatIsNotAsUsualAndOfWhatIsLeftWithoutIt)
+{
+    using namespace Qt::StringLiterals;
+    EXPECT_TRUE(practiceChips({}, TextLanguage::English).empty());
+    const Practice practice = {
+        .speed = 80, .times = 3, .wait = 150, .from = 60, .mirror = true, .even = true};
+    const std::vector<PracticeChip> chips = practiceChips(practice, TextLanguage::English);
+    ASSERT_EQ(chips.size(), 6U);
+    EXPECT_EQ(chips[0].text, speedText(80));
+    EXPECT_EQ(chips[1].text, timesText(3, TextLanguage::English));
+    EXPECT_EQ(chips[2].text, u"wait ×"_s + QLocale().toString(1.5));
+    EXPECT_EQ(chips[3].text, u"from 60 %");
+    EXPECT_EQ(chips[4].text, u"mirrored");
+    EXPECT_EQ(chips[5].text, u"even loudness");
+    Practice withoutTimes = practice;
+    withoutTimes.times = 1;
+    EXPECT_EQ(chips[1].without, withoutTimes);
+    Practice withoutMirror = practice;
+    withoutMirror.mirror = false;
+    EXPECT_EQ(chips[4].without, withoutMirror);
+}
+
+TEST(PracticeTexts, AreChipsOfEachKindOfWait)
+{
+    using namespace Qt::StringLiterals;
+    const auto said = [](int wait) {
+        const auto chips = practiceChips({.wait = wait, .seconds = 9}, TextLanguage::English);
+        return chips.empty() ? QString() : chips.front().text;
+    };
+    EXPECT_EQ(said(Practice::kWaitForKey), u"wait for a key");
+    EXPECT_EQ(said(Practice::kWaitForSeconds), u"wait 9 s");
+}
+
 } // namespace orvanta::test

@@ -281,4 +281,28 @@ TEST_F(EditedLesson, TellsWhereLinesHaveGone)
     EXPECT_EQ(placeAfter(last, {3, 1}), (EditPlace{2, 1}));
 }
 
+TEST_F(EditedLesson, GetsWholePacketsWhereTheyBelong)
+{
+    const std::vector more = {clipsPacket(u"New"_s, {u"x"_s}), clipsPacket(u"Newer"_s, {u"y"_s})};
+    ASSERT_TRUE(editing.insertPackets(2, more));
+    ASSERT_EQ(playlist.PlaylistCount, 5);
+    EXPECT_EQ(playlist.packet(2).Title, u"New");
+    EXPECT_EQ(playlist.packet(3).Title, u"Newer");
+    EXPECT_EQ(playlist.packet(4).Title, u"Two");
+    expectOneStep();
+}
+
+TEST_F(EditedLesson, GetsNoPacketsOutsideOrNoneAtAll)
+{
+    const std::vector more = {clipsPacket(u"New"_s, {u"x"_s})};
+    EXPECT_FALSE(editing.insertPackets(0, more));
+    EXPECT_FALSE(editing.insertPackets(5, more));
+    EXPECT_FALSE(editing.insertPackets(1, {}));
+    EXPECT_FALSE(editing.replaceAll(EditName::Version, {}));
+    EXPECT_FALSE(editing.canUndo());
+    EXPECT_EQ(wholeTextOf(playlist), whole);
+    EXPECT_TRUE(editing.insertPackets(4, more)); // behind the last one
+    EXPECT_EQ(playlist.packet(4).Title, u"New");
+}
+
 } // namespace orvanta::test
