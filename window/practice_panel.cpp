@@ -1,8 +1,10 @@
 #include "window/practice_panel.h"
 
 #include "playback/practice_texts.h"
+#include "window/announcement.h"
 #include "window/skin.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
@@ -44,7 +46,9 @@ static void select(QComboBox& box, int value, const QString& otherwise)
 
 PracticePanel::PracticePanel(TextLanguage language, QWidget* parent)
     : QFrame(parent),
-      m_language(language)
+      m_language(language),
+      // The panel's own would be told about, empty, whenever the panel opens.
+      m_announcement(new Announcement(parent))
 {
     hide();
     setFont(skin::interfaceFont(12)); // for what is in it
@@ -139,12 +143,24 @@ ControlRows PracticePanel::controls()
 void PracticePanel::connectHandlers()
 {
     for (QComboBox* box : {SpeedBox, TimesBox, WaitBox, FromBox, StepBox}) {
-        connect(box, &QComboBox::currentIndexChanged, this, [this] { choose(); });
+        connect(box, &QComboBox::currentIndexChanged, this, [this, box] {
+            choose();
+            tellChoice(*box);
+        });
     }
     for (QCheckBox* box : {MirrorBox, EvenBox}) {
         connect(box, &QCheckBox::toggled, this, [this] { choose(); });
     }
     connect(NormalButton, &QPushButton::clicked, this, [this] { Q_EMIT chosen({}); });
+}
+
+/// Readers hear the lines of an open box, but nothing of a closed one that a key or the wheel
+/// changes.
+void PracticePanel::tellChoice(const QComboBox& box)
+{
+    if (box.hasFocus() && !box.view()->isVisible()) {
+        m_announcement->say(box.currentText());
+    }
 }
 
 void PracticePanel::choose()

@@ -88,11 +88,23 @@ DesktopEntries::DesktopEntries(QString executable, QString home)
       m_home(std::move(home))
 {}
 
+QByteArray DesktopEntries::environment() const
+{
+    return m_home.isEmpty() ? QByteArray() : "env " + execQuoted(u"ORVANTA_HOME="_s + m_home) + ' ';
+}
+
 QByteArray DesktopEntries::execCommand() const
 {
-    const QByteArray program = execQuoted(m_executable);
-    return m_home.isEmpty() ? program
-                            : "env " + execQuoted(u"ORVANTA_HOME="_s + m_home) + ' ' + program;
+    return environment() + execQuoted(m_executable);
+}
+
+/// KDE's file manager does not ask for TryExec in service menus: the menu itself looks whether the
+/// program is still there, and removes itself when it is not.
+QByteArray DesktopEntries::menuCommand(const QString& menu) const
+{
+    const QString command = uR"([ -x "$1" ] || exec rm -f -- "$0"; exec "$@")"_s;
+    return environment() + "sh -c " + execQuoted(command) + ' ' + execQuoted(menu) + ' ' +
+           execQuoted(m_executable);
 }
 
 QByteArray DesktopEntries::shellCommand() const
@@ -239,7 +251,10 @@ void DesktopEntries::writeFolderCommand() const
         removeFile(data + serviceMenu()); // of a time before the package
     } else if (isProgramThere(u"dolphin"_s)) {
         // Service menus below the user's home are obeyed only when they are executable.
-        replaceFile(data + serviceMenu(), filled(u"service_menu.desktop"_s), FileMode::Executable);
+        const QString menu = data + serviceMenu();
+        replaceFile(menu,
+                    filled(u"service_menu.desktop"_s).replace("@MENU_COMMAND@", menuCommand(menu)),
+                    FileMode::Executable);
     }
 }
 

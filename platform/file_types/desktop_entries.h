@@ -33,7 +33,9 @@ public:
     void writeFolderCommand() const;
 
 private:
+    [[nodiscard]] QByteArray environment() const;
     [[nodiscard]] QByteArray execCommand() const;
+    [[nodiscard]] QByteArray menuCommand(const QString& menu) const;
     [[nodiscard]] QByteArray shellCommand() const;
     [[nodiscard]] QByteArray filled(const QString& name) const;
     [[nodiscard]] QByteArray adapted(const QByteArray& entry, QByteArrayList types) const;

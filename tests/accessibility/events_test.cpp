@@ -9,9 +9,11 @@
 #include "window/line_editor.h"
 #include "window/playlist_list.h"
 #include "window/practice_chips.h"
+#include "window/practice_panel.h"
 #include "window/skin_button.h"
 #include "window/skin_slider.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QComboBox>
 #include <QTest>
@@ -235,6 +237,30 @@ TEST_P(Events, ABoxOfChoicesIsDescribedByWhatIsChosen)
     box.setFocus();
     ASSERT_TRUE(box.hasFocus());
     EXPECT_EQ(accessible->text(QAccessible::Description), u"slow"_s);
+}
+
+TEST_P(Events, WhatAKeyChoosesInAClosedBoxIsAnnouncedOnce)
+{
+    PracticePanel& panel = *form2().Panel;
+    panel.openAbove(*form2().PracticeButton);
+    const auto* spoken =
+        panel.parentWidget()->findChild<Announcement*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_NE(spoken, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    ASSERT_TRUE(panel.TimesBox->isVisible());
+    panel.TimesBox->setFocus();
+    Listener::forget();
+    QTest::keyClick(panel.TimesBox, Qt::Key_Down);
+    EXPECT_EQ(spoken->text(), word(u"2 times"_s, u"2 раза"_s));
+    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, spoken), 1);
+    panel.WaitBox->setCurrentIndex(1); // not in the user's hands
+    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, spoken), 1);
+
+    panel.TimesBox->showPopup(); // its lines are read by themselves
+    ASSERT_TRUE(QTest::qWaitFor([&] { return panel.TimesBox->view()->isVisible(); }));
+    panel.TimesBox->setCurrentIndex(0);
+    panel.TimesBox->hidePopup();
+    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, spoken), 1);
 }
 
 TEST_P(Events, AButtonIsDescribedByItsKeyAlone)

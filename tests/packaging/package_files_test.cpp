@@ -4,9 +4,11 @@
 
 #include <QDirIterator>
 #include <QFile>
+#include <QImage>
 #include <QMimeDatabase>
 #include <QRegularExpression>
 #include <QSettings>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -103,6 +105,72 @@ TEST(PackageSource, HasTheProgramsVersion)
         firstGroup(u"\\Aorvanta \\(([0-9.]+)-"_s, sourceText(u"debian/changelog"_s));
     EXPECT_FALSE(program.isEmpty());
     EXPECT_EQ(package, program);
+}
+
+/// The metainfo as a build with this id writes it.
+static QString metainfoUnder(const QString& id, const QTemporaryDir& folder)
+{
+    QFile script(folder.filePath(u"fill.cmake"_s));
+    EXPECT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write("configure_file(\"${IN}\" \"${OUT}\" @ONLY)\n");
+    script.close();
+    QString made = folder.filePath(id + u".metainfo.xml"_s);
+    const Outcome filled =
+        run(u"cmake"_s,
+            {u"-DIN=" ORVANTA_SOURCE_DIR "/packaging/orvanta.metainfo.xml.in"_s, u"-DOUT="_s + made,
+             u"-DPROJECT_VERSION=3.3"_s, u"-DORVANTA_APP_ID="_s + id, u"-P"_s, script.fileName()});
+    EXPECT_EQ(filled.status, 0) << filled.output.constData();
+    return made;
+}
+
+TEST(PackageSource, OneVariableGivesTheProgramAnotherIdInSoftwareCentres)
+{
+    const QTemporaryDir folder;
+    const QString made = metainfoUnder(u"io.example.player"_s, folder);
+    QFile file(made);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("<id>io.example.player</id>"));
+    const Outcome checked =
+        run(u"appstreamcli"_s, {u"validate"_s, u"--no-net"_s, u"--no-color"_s, made});
+    EXPECT_EQ(checked.status, 0) << checked.output.constData();
+    // Whoever builds without saying one gets one that is valid, too.
+    EXPECT_TRUE(sourceText(u"packaging/CMakeLists.txt"_s)
+                    .contains(u"set(ORVANTA_APP_ID \"org.example.orvanta\" CACHE"_s));
+}
+
+TEST(PackageSource, ASoftwareCentreHasRoomForTheSummaryInBothLanguages)
+{
+    const QString text = sourceText(u"packaging/orvanta.metainfo.xml.in"_s);
+    for (const QString& language : {u""_s, u" xml:lang=\"ru\""_s}) {
+        const QString summary = firstGroup(u"<summary"_s + language + u">(.*?)</summary>"_s, text);
+        EXPECT_FALSE(summary.isEmpty());
+        EXPECT_LE(summary.size(), 35) << qPrintable(summary);
+    }
+}
+
+TEST(PackageSource, TheFirstScreenshotIsWideAndLargeAsSoftwareCentresWantIt)
+{
+    const QString first = firstGroup(u"<screenshot type=\"default\">(.*?)</screenshot>"_s,
+                                     sourceText(u"packaging/screenshots.xml.in"_s));
+    for (const QString& language : {u"en"_s, u"ru"_s}) {
+        const QString name = u"lesson_"_s + language + u".png"_s;
+        EXPECT_TRUE(first.contains(name));
+        const QSize size =
+            QImage(QStringLiteral(ORVANTA_SOURCE_DIR "/docs/screenshots/") + name).size();
+        EXPECT_GE(size.width(), 1248);
+        EXPECT_EQ(size.width() * 9, size.height() * 16);
+    }
+}
+
+TEST(PackageSource, TheFlatpakManifestBuildsTheProgramUnderItsOwnId)
+{
+    const QString manifest = sourceText(u"packaging/flatpak/org.example.orvanta.yml"_s);
+    const QString id = firstGroup(u"^id: (\\S+)$"_s, manifest);
+    EXPECT_EQ(id, u"org.example.orvanta"_s); // the file's name
+    EXPECT_EQ(firstGroup(u"-DORVANTA_APP_ID=(\\S+)$"_s, manifest), id);
+    EXPECT_FALSE(manifest.contains(u"--share=network"_s)); // nothing is ever fetched
+    EXPECT_FALSE(manifest.contains(u"--filesystem=host"_s));
+    EXPECT_FALSE(manifest.contains(u"--filesystem=home"_s));
 }
 
 TEST_F(PackageFiles, TheMaintainersNameIsTakenAsItIs)

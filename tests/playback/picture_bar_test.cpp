@@ -117,6 +117,23 @@ TEST_F(PictureBarTest, AKeyThatChangesTheTextOrTheScreenShowsItToo)
     }
 }
 
+TEST_F(PictureBarTest, AKeyThatChangesThePracticeShowsItToo)
+{
+    const std::pair<Qt::Key, Practice> changes[] = {{Qt::Key_F6, {.times = 0}},
+                                                    {Qt::Key_F7, {.speed = 95}},
+                                                    {Qt::Key_F8, {.speed = 110}},
+                                                    {Qt::Key_F9, {.wait = Practice::kWaitForKey}}};
+    for (const auto& [key, change] : changes) {
+        form.Bar->hide();
+        onPlayerKey = [] {};
+        QTest::keyClick(&form, key); // at a limit, for instance
+        EXPECT_FALSE(form.Bar->isVisible()) << key;
+        onPlayerKey = [this, &change] { practised = change; };
+        QTest::keyClick(&form, key);
+        EXPECT_TRUE(form.Bar->isVisible()) << key;
+    }
+}
+
 TEST_F(PictureBarTest, IsNotThereWithoutAPictureInSightNorInATinyWindow)
 {
     open(u"/tiny.avi"_s, {160, 120});

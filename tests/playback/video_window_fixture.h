@@ -60,6 +60,7 @@ protected:
     QString roundText;
     std::vector<LessonMark> marks;
     TextLevel storedLevel = TextLevel::Off;
+    Practice practised;
     QTemporaryDir folder;
     Module1 module = newModule();
     TrackControls tracks{module, control};
@@ -78,6 +79,7 @@ protected:
         .textLevel = [this] { return storedLevel; },
         .setTextLevel = [this](TextLevel level) { storedLevel = level; },
         .language = [this] { return language; },
+        .practice = [this] { return practised; },
         .bar = {.previousLine = [this] { lineSteps += -1; },
                 .nextLine = [this] { lineSteps += 1; },
                 .lineAgain = [this] { ++linesAgain; },

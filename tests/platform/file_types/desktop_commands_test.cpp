@@ -25,6 +25,7 @@ namespace {
 const QString kRunKey = u"software\\microsoft\\windows\\currentversion\\run"_s;
 const QString kFolderKey = u"Folder\\shell\\Play clips\\command"_s;
 constexpr const char16_t* kAutostart = u"config/autostart/orvanta.desktop";
+constexpr const char16_t* kServiceMenu = u"data/kio/servicemenus/orvanta-play-clips.desktop";
 
 struct DesktopCommands : testing::Test
 {
@@ -73,13 +74,36 @@ struct DesktopCommands : testing::Test
         return program;
     }
 
+    /// What the desktop's library offers as openers of a type.
+    static QByteArray openers(const QString& type)
+    {
+        QProcess gio;
+        gio.start(u"gio"_s, {u"mime"_s, type});
+        EXPECT_TRUE(gio.waitForFinished()) << "gio does not run";
+        return gio.readAllStandardOutput();
+    }
+
+    /// Runs the service menu's command on a folder, read by a parser of the standard's that is not
+    /// ours: as the command of an application.
+    void chooseInServiceMenu(const QString& chosen) const
+    {
+        const QByteArray menu = room.bytes(kServiceMenu);
+        const qsizetype command = menu.indexOf("\nExec=");
+        room.write(u"menu.desktop",
+                   "[Desktop Entry]\nType=Application\nName=menu" +
+                       menu.mid(command, menu.indexOf('\n', command + 1) - command) + '\n');
+        QProcess launcher;
+        launcher.start(u"gio"_s, {u"launch"_s, room.path(u"menu.desktop"), chosen});
+        EXPECT_TRUE(launcher.waitForFinished()) << "gio does not run";
+        EXPECT_EQ(launcher.exitCode(), 0) << launcher.readAllStandardError().constData();
+    }
+
     DesktopRoom room;
     SettingsFolder folder;
     Registry registry{folder.path(), u"/opt/o/orvanta"_s};
 };
 
 const QStringList kManagers = {u"nautilus"_s, u"nemo"_s, u"caja"_s, u"dolphin"_s};
-constexpr const char16_t* kServiceMenu = u"data/kio/servicemenus/orvanta-play-clips.desktop";
 const QStringList kScripts = {u"data/nautilus/scripts/Play clips"_s,
                               u"data/nemo/scripts/Play clips"_s,
                               u"config/caja/scripts/Play clips"_s};
@@ -140,7 +164,7 @@ TEST_F(DesktopCommands, FoldersHaveACommandInEveryFileManager)
     }
     const QByteArray menu = room.bytes(u"data/kio/servicemenus/orvanta-play-clips.desktop");
     EXPECT_TRUE(menu.contains("\nName=Play clips\n"));
-    EXPECT_TRUE(menu.contains("\nExec=/opt/o/orvanta %F\n"));
+    EXPECT_TRUE(menu.contains(" /opt/o/orvanta %F\n")) << menu.constData();
     EXPECT_FALSE(room.has(u"data/applications")); // nothing that could open folders
 }
 
@@ -175,6 +199,37 @@ TEST_F(DesktopCommands, TheFolderScriptGoesWithTheProgram)
     EXPECT_EQ(QProcess::execute(room.path(kScripts.constFirst()), {room.path(u"data")}), 0);
     EXPECT_FALSE(room.has(kScripts.constFirst()));
     EXPECT_FALSE(room.has(u"said"));
+}
+
+TEST_F(DesktopCommands, TheMenuOfKdesFileManagerStartsTheProgramAndGoesWithIt)
+{
+    installPrograms(kManagers);
+    const QString program = scribe();
+    Registry(folder.path(), program)
+        .RegWriteString(RegistryHive::ClassesRoot, kFolderKey, {}, u"x"_s);
+    ASSERT_TRUE(room.has(kServiceMenu));
+    chooseInServiceMenu(room.path(u"data"));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return room.bytes(u"said").endsWith("end\n"); }, 20000));
+    EXPECT_EQ(room.bytes(u"said"), room.path(u"data").toUtf8() + "\nend\n");
+    EXPECT_TRUE(room.has(kServiceMenu));
+
+    ASSERT_TRUE(QFile::remove(program));
+    chooseInServiceMenu(room.path(u"data"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !room.has(kServiceMenu); }, 20000));
+}
+
+TEST_F(DesktopCommands, WhatTheDesktopKnowsOfARemovedProgramIsNotOfferedAnyMore)
+{
+    const QString program = scribe();
+    Registry own(folder.path(), program);
+    own.RegWriteString(RegistryHive::ClassesRoot, u".avi"_s, {}, u"vxavifile"_s);
+    own.RegWriteString(RegistryHive::LocalMachine, kRunKey, u"orvanta"_s, u"x"_s);
+    const QByteArray tried = "\nTryExec=" + program.toUtf8() + '\n';
+    EXPECT_TRUE(room.bytes(kAutostart).contains(tried));
+    EXPECT_TRUE(room.bytes(u"data/applications/orvanta.desktop").contains(tried));
+    EXPECT_TRUE(openers(u"video/x-msvideo"_s).contains("orvanta.desktop"));
+    ASSERT_TRUE(QFile::remove(program));
+    EXPECT_FALSE(openers(u"video/x-msvideo"_s).contains("orvanta.desktop"));
 }
 
 TEST_F(DesktopCommands, TheFolderCommandIsWrittenAgainWhenSomebodyChangedIt)
