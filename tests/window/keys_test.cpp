@@ -170,6 +170,23 @@ TEST_F(KeysTest, TheTextOverThePictureGoesOnByOneLevelFromTheListToo)
     EXPECT_EQ(textLevels, 1);
 }
 
+TEST_F(KeysTest, ABookmarkIsNotStoredWhileNothingIsLoaded)
+{
+    show();
+    window->List1->setFocus();
+    const auto settings = [this] {
+        QFile file(module.IniPath);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    };
+    WriteIni(u"pos"_s, u"one"_s, u"11"_s, module.IniPath);
+    const QByteArray before = settings();
+    for (const char letter : {'k', 'K'}) {
+        type(letter);
+    }
+    EXPECT_EQ(settings(), before);
+}
+
 TEST_F(KeysTest, KeysDoNothingWhileNothingIsLoaded)
 {
     show();

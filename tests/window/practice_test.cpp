@@ -7,7 +7,9 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QMimeData>
 #include <QPushButton>
+#include <QUrl>
 
 namespace orvanta::test {
 
@@ -144,6 +146,76 @@ TEST_F(PracticeInTheWindow, HasARingWhileTheLessonWaitsWhosePressGoesOn)
     EXPECT_FALSE(practice().isWaiting());
     EXPECT_FALSE(window->Chips->Ring->isVisible());
     EXPECT_EQ(module.playlist.CurrentClip, Int16(2));
+}
+
+/// A lesson that waits for a key behind the first of two clips, and files that are dropped then.
+class DropDuringAWait : public PracticeInTheWindow
+{
+protected:
+    void SetUp() override
+    {
+        show();
+        addClips(u"list"_s, {u"a"_s, u"b"_s});
+        window->RebuildTree();
+        option("agnc");
+        practice().set({.wait = Practice::kWaitForKey});
+        ASSERT_TRUE(start(1, 1));
+        control.reachEnd();
+        engine->tick();
+        ASSERT_TRUE(practice().isWaiting());
+    }
+
+    void drop(const QString& file)
+    {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(file)});
+        QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window->List1->viewport(), &enter);
+        QDropEvent dropped(QPointF(20, 20), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window->List1->viewport(), &dropped);
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] QString packet() const
+    {
+        return home.write(u"new.vxl"_s, "[main]\nfiles=1\n[file1]\npath=" +
+                                            home.write(u"new.avi"_s, "media").toUtf8() +
+                                            "\ntext=new\n");
+    }
+    [[nodiscard]] QString group() const
+    {
+        return home.write(u"new.vxg"_s,
+                          "[main]\nfiles=1\n[file1]\npath=" + packet().toUtf8() + "\ntext=New\n");
+    }
+};
+
+TEST_F(DropDuringAWait, APacketIsAddedAndTheWaitGoesOn)
+{
+    option("as");
+    drop(packet());
+    EXPECT_EQ(module.playlist.PlaylistCount, 2);
+    engine->tick();
+    EXPECT_TRUE(practice().isWaiting());
+    EXPECT_EQ(control.CurrentState(), control.Paused);
+    EXPECT_EQ(module.playlist.CurrentPacket, 1);
+}
+
+TEST_F(DropDuringAWait, AGroupEndsItAndBeginsTheListAnew)
+{
+    option("as");
+    drop(group());
+    EXPECT_EQ(module.playlist.PlaylistCount, 2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !practice().isWaiting(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return control.CurrentState() == control.Running; }));
+    EXPECT_EQ(module.playlist.CurrentPacket, 1);
+    EXPECT_EQ(module.playlist.CurrentClip, 1);
+}
+
+TEST_F(DropDuringAWait, APacketThatIsNotToStartAtOnceEndsIt)
+{
+    drop(packet());
+    EXPECT_EQ(module.playlist.PlaylistCount, 2);
+    engine->tick();
+    EXPECT_FALSE(practice().isWaiting());
 }
 
 TEST_F(PracticeInTheWindow, LeavesTheClipsTextTheRoomThatTheChipsDoNotTake)
