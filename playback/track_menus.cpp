@@ -6,6 +6,8 @@
 #include <QActionGroup>
 #include <QMenu>
 
+#include <functional>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -52,7 +54,7 @@ void TrackMenus::fill(QMenu& menu, const std::vector<TrackEntry>& entries, Choos
         entry->setChecked(entries[i].chosen);
         group->addAction(entry);
         connect(entry, &QAction::triggered, this, [this, i, choose] {
-            resumeNext("choosing a track", [&] { (m_tracks->*choose)(i); });
+            resumeNext("choosing a track", [&] { std::invoke(choose, *m_tracks, i); });
         });
     }
     menu.menuAction()->setEnabled(entries.size() >= kChoice);

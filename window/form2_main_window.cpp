@@ -4,6 +4,7 @@
 #include "window/clip_line.h"
 #include "window/editing_mode.h"
 #include "window/playlist_list.h"
+#include "window/practice_panel.h"
 #include "window/skin.h"
 #include "window/skin_slider.h"
 #include "window/window_frame.h"
@@ -40,7 +41,11 @@ Form2::Form2(Form2Services services, QWidget* parent)
     Form2_Form_Load();
 }
 
-Form2::~Form2() = default;
+// The panel closes with the window, when what hears of it is gone already.
+Form2::~Form2()
+{
+    Panel->disconnect(this);
+}
 
 /// A tip names the key behind it; the name that is read out stays the tip alone.
 static void nameKeysInTips(const ControlRows& controls)

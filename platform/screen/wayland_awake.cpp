@@ -74,10 +74,10 @@ void WaylandAwake::hold(bool awake)
     }
     m_wanted = awake;
     if (!awake) {
-        qApp->removeEventFilter(this);
+        QCoreApplication::instance()->removeEventFilter(this);
         return letGoOfAll();
     }
-    qApp->installEventFilter(this);
+    QCoreApplication::instance()->installEventFilter(this);
     connectToCompositor();
     inhibitAll();
 }

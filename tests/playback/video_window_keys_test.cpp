@@ -131,7 +131,7 @@ TEST_F(VideoWindowKeysTest, SeeksAndChangesOfClipNeitherReleaseNorRestartWhatKee
     open(u"/clips/two.avi"_s, {});
     EXPECT_EQ(control.CurrentState(), MediaControl::Running);
     EXPECT_LE(form.Timer1.remainingTime(), left);
-    EXPECT_EQ(toldAwake, QList<bool>());
+    EXPECT_TRUE(toldAwake.isEmpty());
 }
 
 /// Keeps the places to which the mouse cursor moves over any window.
