@@ -18,6 +18,20 @@ class PracticeInTheWindow : public Form2Test
 protected:
     PracticeControls& practice() { return engine->practice(); }
 
+    /// A lesson that waits for a key behind the first of two clips.
+    void waitBehindTheFirstOfTwo()
+    {
+        show();
+        addClips(u"list"_s, {u"a"_s, u"b"_s});
+        window->RebuildTree();
+        option("agnc");
+        practice().set({.wait = Practice::kWaitForKey});
+        ASSERT_TRUE(start(1, 1));
+        control.reachEnd();
+        engine->tick();
+        ASSERT_TRUE(practice().isWaiting());
+    }
+
     static void choose(QComboBox* box, const QString& text)
     {
         const int index = box->findText(text);
@@ -133,14 +147,7 @@ TEST_F(PracticeInTheWindow, SaysItInRussianWithItsPlurals)
 
 TEST_F(PracticeInTheWindow, HasARingWhileTheLessonWaitsWhosePressGoesOn)
 {
-    show();
-    addClips(u"list"_s, {u"a"_s, u"b"_s});
-    window->RebuildTree();
-    option("agnc");
-    practice().set({.wait = Practice::kWaitForKey});
-    ASSERT_TRUE(start(1, 1));
-    control.reachEnd();
-    engine->tick();
+    ASSERT_NO_FATAL_FAILURE(waitBehindTheFirstOfTwo());
     EXPECT_TRUE(window->Chips->Ring->isVisible());
     QTest::mouseClick(window->Chips->Ring, Qt::LeftButton);
     EXPECT_FALSE(practice().isWaiting());
@@ -148,22 +155,11 @@ TEST_F(PracticeInTheWindow, HasARingWhileTheLessonWaitsWhosePressGoesOn)
     EXPECT_EQ(module.playlist.CurrentClip, Int16(2));
 }
 
-/// A lesson that waits for a key behind the first of two clips, and files that are dropped then.
+/// Files that are dropped while a lesson waits.
 class DropDuringAWait : public PracticeInTheWindow
 {
 protected:
-    void SetUp() override
-    {
-        show();
-        addClips(u"list"_s, {u"a"_s, u"b"_s});
-        window->RebuildTree();
-        option("agnc");
-        practice().set({.wait = Practice::kWaitForKey});
-        ASSERT_TRUE(start(1, 1));
-        control.reachEnd();
-        engine->tick();
-        ASSERT_TRUE(practice().isWaiting());
-    }
+    void SetUp() override { ASSERT_NO_FATAL_FAILURE(waitBehindTheFirstOfTwo()); }
 
     void drop(const QString& file)
     {
