@@ -247,11 +247,11 @@ void IniDocument::applyToUtf16(const Edit& edit)
 {
     constexpr qsizetype kMarkUnits = 1;
     const auto unitsUpTo = [&](qsizetype offset) {
-        return kMarkUnits + QString::fromUtf8(m_bytes.sliced(m_begin, offset - m_begin)).size();
+        return kMarkUnits + partOfUtf8(m_bytes.sliced(m_begin, offset - m_begin)).size();
     };
     const qsizetype begin = unitsUpTo(edit.offset) * kUtf16UnitSize;
     const qsizetype end = unitsUpTo(edit.offset + edit.removed) * kUtf16UnitSize;
-    m_utf16.replace(begin, end - begin, toUtf16Bytes(QString::fromUtf8(edit.inserted)));
+    m_utf16.replace(begin, end - begin, toUtf16Bytes(partOfUtf8(edit.inserted)));
 }
 
 } // namespace orvanta

@@ -192,9 +192,15 @@ IniEncoding IniEncoding::of(QByteArrayView bytes)
     return encoding;
 }
 
+QString partOfUtf8(QByteArrayView bytes)
+{
+    const QString text = QString::fromUtf8(bytes);
+    return bytes.startsWith("\xEF\xBB\xBF") ? QChar(QChar::ByteOrderMark) + text : text;
+}
+
 QString IniEncoding::decode(QByteArrayView bytes) const
 {
-    return m_page ? m_page->decode(bytes) : QString::fromUtf8(bytes);
+    return m_page ? m_page->decode(bytes) : partOfUtf8(bytes);
 }
 
 std::optional<QByteArray> IniEncoding::encode(QStringView text) const

@@ -35,6 +35,10 @@ private:
     QHash<char16_t, char> m_bytes;
 };
 
+/// Part of a UTF-8 text, all of it: U+FEFF at the part's beginning is a character like others,
+/// where QString::fromUtf8 takes it for the mark of a file and leaves it out.
+[[nodiscard]] QString partOfUtf8(QByteArrayView bytes);
+
 /// The encoding of one file.
 class IniEncoding
 {

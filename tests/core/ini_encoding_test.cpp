@@ -129,4 +129,18 @@ TEST_F(IniTexts, Utf16IsWrittenBackAsUtf16)
     EXPECT_EQ(ReadIni(u"t"_s, u"n"_s, file), u"новое"_s);
 }
 
+TEST_F(IniTexts, AValueThatBeginsWithAMarkKeepsIt)
+{
+    const QString file = path(u"a.ini"_s);
+    WriteIni(u"s"_s, u"k"_s, u"\uFEFFtext"_s, file);
+    EXPECT_EQ(ReadIni(u"s"_s, u"k"_s, file), u"\uFEFFtext"_s);
+}
+
+TEST_F(IniTexts, AMarkThatStandsTwiceInUtf16ShiftsNothing)
+{
+    const QString file = put(u"a.ini"_s, utf16(u"\uFEFF\uFEFF; note\r\n[s]\r\nk=1\r\nl=2\r\n"_s));
+    WriteIni(u"s"_s, u"k"_s, u"long"_s, file);
+    EXPECT_EQ(bytesOf(file), utf16(u"\uFEFF\uFEFF; note\r\n[s]\r\nk=long\r\nl=2\r\n"_s));
+}
+
 } // namespace orvanta
