@@ -27,8 +27,9 @@ Form5::~Form5() = default;
 
 void Form5::connectHandlers()
 {
-    on(Option1, &QRadioButton::clicked, [this](auto&&...) { Form5_Option1_Click(); });
-    on(Option2, &QRadioButton::clicked, [this](auto&&...) { Form5_Option2_Click(); });
+    // Not clicked: assistive technology chooses one without a click.
+    on(Option1, &QRadioButton::toggled,
+       [this](bool chosen) { chosen ? Form5_Option1_Click() : Form5_Option2_Click(); });
     connectListHandlers();
     connectClipMode();
     connectBrakeMode();

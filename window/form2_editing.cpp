@@ -52,8 +52,13 @@ void Form2::connectEditing()
                      .openDocument = [this](const QString& path) { openPacketOrGroup(path); },
                      .frame = m_services.frame},
         this);
-    connect(EditButton, &SkinButton::clicked, this,
-            m_services.boundary([this](bool) { carryOut(Command::EditMode); }));
+    // Not clicked: assistive technology switches the button without a click.
+    connect(EditButton, &SkinButton::toggled, this, m_services.boundary([this](bool on) {
+        if (on != m_editing->isOn()) {
+            carryOut(Command::EditMode);
+            EditButton->setChecked(m_editing->isOn()); // nothing is open that could be edited
+        }
+    }));
     connect(m_editing, &EditingMode::switched, this, [this](bool on) { showEditing(on); });
 }
 

@@ -13,8 +13,12 @@ void Form2::connectPractice()
     const PracticeControls& practice = m_services.engine.practice();
     const auto choose =
         m_services.boundary([this](const Practice& chosen) { Form2_Panel_Chosen(chosen); });
-    connect(PracticeButton, &SkinButton::clicked, this,
-            m_services.boundary([this](auto&&...) { Form2_PracticeButton_Click(); }));
+    // Not clicked: assistive technology switches the button without a click.
+    connect(PracticeButton, &SkinButton::toggled, this, m_services.boundary([this](bool open) {
+        if (open != Panel->isVisible()) {
+            Form2_PracticeButton_Click();
+        }
+    }));
     connect(Panel, &PracticePanel::chosen, this, choose);
     connect(Chips, &PracticeChips::chosen, this, choose);
     connect(Chips, &PracticeChips::morePressed, this,

@@ -192,10 +192,13 @@ void BoxWindow::connectHandlers()
     connect(RemoveButton, &QPushButton::clicked, this, [this] { removeLessons(); });
     connect(LessonList, &QListWidget::itemSelectionChanged, this, [this] { showState(); });
     for (QRadioButton* const option : {FolderOption, ImageOption, ZipOption, DiscOption}) {
-        connect(option, &QRadioButton::clicked, this, [this] {
-            forgetResult();
-            proposeTarget();
-            showState();
+        // Not clicked: assistive technology chooses one without a click.
+        connect(option, &QRadioButton::toggled, this, [this](bool chosen) {
+            if (chosen) {
+                forgetResult();
+                proposeTarget();
+                showState();
+            }
         });
     }
     connect(TargetEdit, &QLineEdit::textChanged, this, [this] {
