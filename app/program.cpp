@@ -5,6 +5,7 @@
 #include "core/log.h"
 #include "editors/editor_services.h"
 #include "platform/file_types/desktop_folders.h"
+#include "platform/screen/colour_scheme.h"
 #include "platform/screen/desktop_tray.h"
 #include "platform/screen/idle_inhibition.h"
 #include "playback/form13_video_window.h"
@@ -35,7 +36,8 @@ Program::Program(ProgramSurroundings surroundings)
       m_control(m_surroundings.makePlayer ? m_surroundings.makePlayer()
                                           : m_surroundings.makeControl()),
       m_tracks(std::make_unique<TrackControls>(m_surroundings.module, *m_control)),
-      m_idleInhibition(std::make_unique<IdleInhibition>(m_surroundings.bus))
+      m_idleInhibition(std::make_unique<IdleInhibition>(m_surroundings.bus)),
+      m_colourScheme(std::make_unique<ColourScheme>(m_surroundings.bus))
 {
     openVideoWindow();
     makeEditors();

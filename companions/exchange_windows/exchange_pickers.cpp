@@ -4,6 +4,7 @@
 #include "core/version.h"
 #include "model/recent_lessons.h"
 #include "platform/process/application_folder.h"
+#include "platform/screen/colour_scheme.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -67,6 +68,7 @@ void prepareCompanionProgram(TextLanguage language)
     QCoreApplication::setApplicationVersion(kVersion.toString());
     QGuiApplication::setDesktopFileName(u"orvanta"_s);
     QGuiApplication::setWindowIcon(QIcon(u":/orvanta/orvanta.svg"_s));
+    new ColourScheme(QDBusConnection::sessionBus(), qApp);
     auto* translator = new QTranslator(qApp);
     const QLocale locale(language == TextLanguage::English ? QLocale::English : QLocale::Russian);
     if (translator->load(locale, u"qtbase"_s, u"_"_s,
