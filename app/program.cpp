@@ -12,6 +12,7 @@
 #include "playback/form4_bookmark_sign.h"
 #include "playback/lesson_controls.h"
 #include "playback/lesson_keeper.h"
+#include "playback/outlined_indicators.h"
 #include "playback/playback_engine.h"
 #include "playback/practice_controls.h"
 #include "playback/track_controls.h"
@@ -22,6 +23,7 @@
 #include "window/form2_main_window.h"
 #include "window/skin.h"
 
+#include <QApplication>
 #include <QScreen>
 #include <QTimer>
 
@@ -39,6 +41,7 @@ Program::Program(ProgramSurroundings surroundings)
       m_idleInhibition(std::make_unique<IdleInhibition>(m_surroundings.bus)),
       m_colourScheme(std::make_unique<ColourScheme>(m_surroundings.bus))
 {
+    QApplication::setStyle(new OutlinedIndicators);
     openVideoWindow();
     makeEditors();
 }

@@ -7,6 +7,7 @@
 #include "core/version.h"
 #include "platform/process/end_signals.h"
 #include "platform/screen/colour_scheme.h"
+#include "playback/outlined_indicators.h"
 
 #include <QApplication>
 #include <QFile>
@@ -60,6 +61,7 @@ static int runWindow(int count, char** arguments, const MakeExtras& makePage)
 {
     const QApplication application(count, arguments); // takes its own options out of them
     QGuiApplication::setDesktopFileName(u"orvanta"_s);
+    QApplication::setStyle(new OutlinedIndicators);
     const ColourScheme scheme(QDBusConnection::sessionBus());
     BoxWindow window(companionLanguage(), makePage);
     const EndSignals signals;
