@@ -19,7 +19,7 @@ void nameControls(const ControlRows& rows)
     for (const auto& [control, name] : rows) {
         control->setObjectName(name.toString());
         if (auto* box = qobject_cast<QComboBox*>(control)) {
-            describeChoice(*box);
+            speakChoice(*box);
         }
     }
 }

@@ -1,5 +1,7 @@
 #include "playback/spoken_focus.h"
 
+#include "playback/announcement.h"
+
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QComboBox>
@@ -128,11 +130,18 @@ void tellFocusAlone(QLineEdit& field)
     QuietField::begin(&field);
 }
 
-void describeChoice(QComboBox& box)
+void speakChoice(QComboBox& box)
 {
-    const auto describe = [&box](const QString& choice) { box.setAccessibleDescription(choice); };
-    describe(box.currentText());
-    QObject::connect(&box, &QComboBox::currentTextChanged, &box, describe);
+    box.setAccessibleDescription(box.currentText());
+    // Made now: one that comes later would be told about, empty, when it is shown.
+    Announcement& spoken = announcementBeside(box);
+    QObject::connect(&box, &QComboBox::currentTextChanged, &spoken,
+                     [&box, &spoken](const QString& choice) {
+                         box.setAccessibleDescription(choice);
+                         if (box.hasFocus() && !box.view()->isVisible()) {
+                             spoken.say(choice);
+                         }
+                     });
 }
 
 } // namespace orvanta

@@ -17,7 +17,8 @@ void tellFocusFirst();
 void tellFocusAlone(QLineEdit& field);
 
 /// Readers say the name of a box of the toolkit and not what is chosen in it: its description is
-/// that.
-void describeChoice(QComboBox& box);
+/// that. They hear the lines of an open box, but nothing of a closed one that a key or the wheel
+/// changes: that is announced. The box must be in its window.
+void speakChoice(QComboBox& box);
 
 } // namespace orvanta

@@ -1,5 +1,5 @@
+#include "playback/announcement.h"
 #include "playback/command_menu.h"
-#include "window/announcement.h"
 #include "window/clip_line.h"
 #include "window/edit_notice.h"
 #include "window/editing_row.h"
@@ -55,7 +55,7 @@ void Form2::buildControls()
     nameControls(controls());
     // A submenu's entry is an object of its own.
     ai->menuAction()->setObjectName(ai->objectName());
-    m_announcement = new Announcement(this);
+    m_announcement = &announcementBeside(*this);
 }
 
 void Form2::buildButtons()

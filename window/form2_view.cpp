@@ -2,7 +2,7 @@
 #include "platform/screen/busy_cursor.h"
 #include "platform/screen/window_basics.h"
 #include "platform/screen/window_stacking.h"
-#include "window/announcement.h"
+#include "playback/announcement.h"
 #include "window/clip_line.h"
 #include "window/editing_mode.h"
 #include "window/form2_main_window.h"

@@ -1,10 +1,8 @@
 #include "window/practice_panel.h"
 
 #include "playback/practice_texts.h"
-#include "window/announcement.h"
 #include "window/skin.h"
 
-#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
@@ -46,9 +44,7 @@ static void select(QComboBox& box, int value, const QString& otherwise)
 
 PracticePanel::PracticePanel(TextLanguage language, QWidget* parent)
     : QFrame(parent),
-      m_language(language),
-      // The panel's own would be told about, empty, whenever the panel opens.
-      m_announcement(new Announcement(parent))
+      m_language(language)
 {
     hide();
     setFont(skin::interfaceFont(12)); // for what is in it
@@ -143,24 +139,12 @@ ControlRows PracticePanel::controls()
 void PracticePanel::connectHandlers()
 {
     for (QComboBox* box : {SpeedBox, TimesBox, WaitBox, FromBox, StepBox}) {
-        connect(box, &QComboBox::currentIndexChanged, this, [this, box] {
-            choose();
-            tellChoice(*box);
-        });
+        connect(box, &QComboBox::currentIndexChanged, this, [this] { choose(); });
     }
     for (QCheckBox* box : {MirrorBox, EvenBox}) {
         connect(box, &QCheckBox::toggled, this, [this] { choose(); });
     }
     connect(NormalButton, &QPushButton::clicked, this, [this] { Q_EMIT chosen({}); });
-}
-
-/// Readers hear the lines of an open box, but nothing of a closed one that a key or the wheel
-/// changes.
-void PracticePanel::tellChoice(const QComboBox& box)
-{
-    if (box.hasFocus() && !box.view()->isVisible()) {
-        m_announcement->say(box.currentText());
-    }
 }
 
 void PracticePanel::choose()

@@ -20,8 +20,6 @@ class QPushButton;
 
 namespace orvanta {
 
-class Announcement;
-
 /// Lies above the window's other controls and is not modal: Escape, or the button that has opened
 /// it, closes it.
 class PracticePanel : public QFrame
@@ -66,10 +64,8 @@ private:
     void connectHandlers();
     [[nodiscard]] ControlRows controls();
     void choose();
-    void tellChoice(const QComboBox& box);
 
     TextLanguage m_language;
-    Announcement* m_announcement; // says what a key has chosen in a closed box
     Practice m_values;
 };
 

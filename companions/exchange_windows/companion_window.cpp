@@ -1,9 +1,11 @@
 #include "companions/exchange_windows/companion_window.h"
 
 #include "companions/exchange/exchange_texts.h"
+#include "playback/spoken_focus.h"
 #include "playback/window_roles.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -52,6 +54,9 @@ void CompanionWindow::nameControl(QWidget& control, QStringView name) const
         button->setText(text(name));
     } else {
         control.setAccessibleName(text(name).remove(u'&').remove(u':'));
+    }
+    if (auto* box = qobject_cast<QComboBox*>(&control)) {
+        speakChoice(*box);
     }
 }
 

@@ -1,10 +1,10 @@
 // What assistive technology is told when something happens.
 
 #include "editors/folder_tree.h"
+#include "playback/announcement.h"
 #include "playback/spoken_focus.h"
 #include "system/page_button.h"
 #include "tests/captions/every_window.h"
-#include "window/announcement.h"
 #include "window/form2_main_window.h"
 #include "window/line_editor.h"
 #include "window/playlist_list.h"
@@ -225,7 +225,7 @@ TEST_P(Events, ABoxOfChoicesIsDescribedByWhatIsChosen)
 {
     QComboBox box(window.get());
     box.addItems({u"slow"_s, u"fast"_s});
-    describeChoice(box);
+    speakChoice(box);
     box.show();
     const auto* accessible = QAccessible::queryAccessibleInterface(&box);
     EXPECT_EQ(accessible->text(QAccessible::Description), u"slow"_s);
@@ -243,24 +243,21 @@ TEST_P(Events, WhatAKeyChoosesInAClosedBoxIsAnnouncedOnce)
 {
     PracticePanel& panel = *form2().Panel;
     panel.openAbove(*form2().PracticeButton);
-    const auto* spoken =
-        panel.parentWidget()->findChild<Announcement*>(QString(), Qt::FindDirectChildrenOnly);
-    ASSERT_NE(spoken, nullptr);
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     ASSERT_TRUE(panel.TimesBox->isVisible());
     panel.TimesBox->setFocus();
     Listener::forget();
     QTest::keyClick(panel.TimesBox, Qt::Key_Down);
-    EXPECT_EQ(spoken->text(), word(u"2 times"_s, u"2 раза"_s));
-    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, spoken), 1);
+    EXPECT_EQ(announcement->text(), word(u"2 times"_s, u"2 раза"_s));
+    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, announcement), 1);
     panel.WaitBox->setCurrentIndex(1); // not in the user's hands
-    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, spoken), 1);
+    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, announcement), 1);
 
     panel.TimesBox->showPopup(); // its lines are read by themselves
     ASSERT_TRUE(QTest::qWaitFor([&] { return panel.TimesBox->view()->isVisible(); }));
     panel.TimesBox->setCurrentIndex(0);
     panel.TimesBox->hidePopup();
-    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, spoken), 1);
+    EXPECT_EQ(Listener::count(QAccessible::ObjectShow, announcement), 1);
 }
 
 TEST_P(Events, AButtonIsDescribedByItsKeyAlone)
@@ -271,6 +268,38 @@ TEST_P(Events, AButtonIsDescribedByItsKeyAlone)
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, Events, testing::Values(1, 2));
+
+/// Of one that is closed and has the keyboard; what a reader hears of the key Down.
+static QString heardOfDown(QComboBox& box)
+{
+    box.addItems({u"one"_s, u"two"_s}); // two at least
+    box.parentWidget()->show();
+    box.setFocus();
+    Listener::forget();
+    QTest::keyClick(&box, Qt::Key_Down);
+    const auto* announcement = box.window()->findChild<Announcement*>();
+    const auto count =
+        announcement != nullptr ? Listener::count(QAccessible::ObjectShow, announcement) : 0;
+    return count == 1 ? announcement->text() : u"%1 announcements"_s.arg(count);
+}
+
+TEST(ClosedBoxes, OfEveryWindowAnnounceWhatAKeyChoosesOnce)
+{
+    const Listener listener;
+    QStringList boxes;
+    for (const WindowOfProgram& each : everyWindow()) {
+        Surroundings surroundings{1};
+        const std::unique_ptr<QWidget> window = each.make(surroundings);
+        window->show();
+        for (QComboBox* box : window->findChildren<QComboBox*>()) {
+            ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+            const QString heard = heardOfDown(*box);
+            EXPECT_EQ(heard, box->currentText()) << each.name << qPrintable(box->objectName());
+            boxes.append(box->objectName());
+        }
+    }
+    EXPECT_TRUE(boxes.contains(u"SpeedBox"_s) && boxes.contains(u"FormatBox"_s));
+}
 
 class Roles : public testing::TestWithParam<WindowOfProgram>
 {};

@@ -11,8 +11,11 @@
 #include <QAccessible>
 #include <QAccessibleActionInterface>
 #include <QCheckBox>
+#include <QFile>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QTest>
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -108,7 +111,13 @@ TEST_F(Switches, TheKindOfPacketChangesItsPage)
 TEST_F(Switches, TheFormOfABoxProposesItsPlace)
 {
     auto& window = make<BoxWindow>("BoxWindow");
-    window.addLessons({surroundings.home.path() + u"/lesson.vxl"_s});
+    const QString lesson = surroundings.home.path() + u"/lesson.vxl"_s;
+    QFile file(lesson);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[main]\nfiles=0\n");
+    file.close();
+    window.addLessons({lesson});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !window.TargetEdit->text().isEmpty(); }));
     toggle(window.ZipOption);
     EXPECT_TRUE(window.TargetEdit->text().endsWith(u".zip"_s))
         << qPrintable(window.TargetEdit->text());

@@ -1,4 +1,4 @@
-#include "window/announcement.h"
+#include "playback/announcement.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -52,6 +52,13 @@ void Announcement::say(const QString& text)
     QAccessible::updateAccessibility(&changed);
     QAccessibleEvent there(this, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&there);
+}
+
+Announcement& announcementBeside(const QWidget& control)
+{
+    QWidget* window = control.window();
+    auto* there = window->findChild<Announcement*>(QString(), Qt::FindDirectChildrenOnly);
+    return there != nullptr ? *there : *new Announcement(window);
 }
 
 } // namespace orvanta

@@ -22,4 +22,7 @@ private:
     QString m_text;
 };
 
+/// The one of the window that a control is in, made where there is none yet.
+[[nodiscard]] Announcement& announcementBeside(const QWidget& control);
+
 } // namespace orvanta
