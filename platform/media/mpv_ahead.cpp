@@ -20,12 +20,11 @@ constexpr double kPatienceWithNext = 3;          // seconds
 constexpr double kHeard = -0.002;                // seconds; what is nearer needs no look of its own
 constexpr std::chrono::milliseconds kToLoad(20); // for those who are told of the end
 
-// With a picture the library would show that of the next clip too early. Tracks that were chosen
-// would be chosen there, too.
+// Tracks that were chosen would be chosen in the next clip, too.
 bool MpvPlayer::mayGoOn() const
 {
     return m_phase == Ready && m_state == Running && !m_reloading && !m_unseekable &&
-           !m_tracksTouched && m_pictureSize.isEmpty() && !m_seek.isUnderWay();
+           !m_tracksTouched && !m_pictureIsOff && !m_seek.isUnderWay();
 }
 
 void MpvPlayer::prepare(const QString& path)
@@ -83,6 +82,7 @@ void MpvPlayer::goneOn()
         return;
     }
     m_next.stage = NextClip::Playing;
+    m_picture.hold(); // what comes is the next one's
     waitForNext();
 }
 

@@ -182,6 +182,7 @@ static const std::map<QString, Maker>& makers()
         {u"tone.wav"_s, sound(u"1.5"_s, u"-af volume=12dB -c:a pcm_s16le"_s)},
         {u"tone.flac"_s, sound(u"1.5"_s, u"-af volume=12dB -c:a flac"_s)},
         {u"tone.mp3"_s, sound(u"1.5"_s, u"-af volume=12dB -c:a libmp3lame"_s)},
+        {u"tone.mp4"_s, video(u"1.5"_s, u"-af volume=12dB "_s + kMp4)},
         {u"short.avi"_s, video(u"0.3"_s, kAvi)},
         {u"short.mp4"_s, video(u"0.3"_s, kMp4)},
         {u"short.mp3"_s, sound(u"0.3"_s, u"-c:a libmp3lame"_s)},

@@ -18,9 +18,14 @@ namespace {
 constexpr double kBetween = 0.8;
 constexpr int kTries = 5; // a busy machine may miss the moment
 
-/// The clip that follows is two seconds long; the device takes the first one's kind of sound as it
-/// is, and is opened anew for the second one's.
-class Ahead : public testing::TestWithParam<const char*>
+/// The first clip is one second long, the one that follows two.
+struct Pair
+{
+    const char* first;
+    const char* next;
+};
+
+class Ahead : public testing::TestWithParam<Pair>
 {
 protected:
     Ahead()
@@ -35,7 +40,8 @@ protected:
                          [this] { player.control.Run(); });
     }
 
-    [[nodiscard]] static QString next() { return QString::fromLatin1(GetParam()); }
+    [[nodiscard]] static QString first() { return QString::fromLatin1(GetParam().first); }
+    [[nodiscard]] static QString next() { return QString::fromLatin1(GetParam().next); }
 
     /// Plays the clip with another one prepared and does something between the two.
     void between(const std::function<void()>& what)
@@ -43,7 +49,7 @@ protected:
         for (int i = 0; i < kTries && !acted; ++i) {
             player.ends = 0;
             action = what;
-            ASSERT_TRUE(player.open(u"one.wav"_s));
+            ASSERT_TRUE(player.open(first()));
             player.control.prepare(testClip(next()));
             ASSERT_TRUE(comesTrue([&] { return acted || player.ends > 0; }));
         }
@@ -77,9 +83,10 @@ protected:
     bool acted = false;
 };
 
-std::string nameOfNext(const testing::TestParamInfo<const char*>& info)
+std::string nameOfNext(const testing::TestParamInfo<Pair>& info)
 {
-    return QString::fromLatin1(info.param).replace(u'.', u'_').toStdString();
+    const std::string name = std::string(info.param.first) + "_" + info.param.next;
+    return QString::fromStdString(name).replace(u'.', u'_').toStdString();
 }
 
 } // namespace
@@ -90,15 +97,15 @@ TEST_P(Ahead, TheEndIsToldWhenItIsHeardAndTheNextClipRunsAlready)
     double atEnd = 0;
     QObject::connect(&player.control, &MediaControl::position, &player.control,
                      [&] { atEnd = player.ends == 0 ? player.control.CurrentPosition() : atEnd; });
-    ASSERT_TRUE(player.open(u"one.wav"_s));
+    ASSERT_TRUE(player.open(first()));
     player.control.prepare(testClip(next()));
     ASSERT_TRUE(player.endsOnceMore());
     EXPECT_GT(atEnd, kBetween);
     EXPECT_EQ(player.jumps.back().from, player.jumps.back().duration);
-    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.01);
+    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.05);
     ASSERT_TRUE(comesTrue([&] { return player.opened.size() == 2; }));
     EXPECT_EQ(player.opened.back(), testClip(next()));
-    EXPECT_NEAR(player.control.Duration(), 2.0, 0.01);
+    EXPECT_NEAR(player.control.Duration(), 2.0, 0.05);
     ASSERT_TRUE(player.reaches(1));
     ASSERT_TRUE(player.endsOnceMore());
     EXPECT_EQ(player.ends, 2);
@@ -108,7 +115,7 @@ TEST_P(Ahead, TheEndIsToldWhenItIsHeardAndTheNextClipRunsAlready)
 TEST_P(Ahead, AClipOfAThirdOfASecondFollowsAndEndsToo)
 {
     followWith(u"short.wav"_s);
-    ASSERT_TRUE(player.open(u"one.wav"_s));
+    ASSERT_TRUE(player.open(first()));
     player.control.prepare(testClip(u"short.wav"_s));
     ASSERT_TRUE(comesTrue([&] { return player.ends == 2; }));
     EXPECT_LT(player.jumps.back().from, 0.5);
@@ -118,7 +125,7 @@ TEST_P(Ahead, AClipOfAThirdOfASecondFollowsAndEndsToo)
 TEST_P(Ahead, AClipWithAPictureFollowsWithIt)
 {
     followWith(u"two.mp4"_s);
-    ASSERT_TRUE(player.open(u"one.wav"_s));
+    ASSERT_TRUE(player.open(first()));
     player.control.prepare(testClip(u"two.mp4"_s));
     ASSERT_TRUE(comesTrue([&] { return player.opened.size() == 2; }));
     EXPECT_FALSE(player.picture.isEmpty());
@@ -127,21 +134,21 @@ TEST_P(Ahead, AClipWithAPictureFollowsWithIt)
 
 TEST_P(Ahead, WithoutALoadTheClipStandsAtItsStartAndPlaysAgain)
 {
-    ASSERT_TRUE(player.open(u"one.wav"_s));
+    ASSERT_TRUE(player.open(first()));
     player.control.prepare(testClip(next()));
     ASSERT_TRUE(player.endsOnceMore());
     EXPECT_EQ(player.control.CurrentState(), MediaControl::Stopped);
     EXPECT_EQ(player.control.CurrentPosition(), 0.0);
     player.control.Run();
     ASSERT_TRUE(player.endsOnceMore());
-    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.01);
+    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.05);
     EXPECT_EQ(player.opened.size(), 1);
 }
 
 TEST_P(Ahead, ALoadOfSomethingElseAtTheEndIsServed)
 {
     followWith(u"one.mp3"_s);
-    ASSERT_TRUE(player.open(u"one.wav"_s));
+    ASSERT_TRUE(player.open(first()));
     player.control.prepare(testClip(next()));
     ASSERT_TRUE(comesTrue([&] { return player.ends == 2; }));
     EXPECT_EQ(player.opened.back(), testClip(u"one.mp3"_s));
@@ -173,8 +180,8 @@ TEST_P(Ahead, ASeekGoesThereInTheClipThatIsHeard)
     ASSERT_TRUE(player.reaches(0.5));
     EXPECT_LT(player.control.CurrentPosition(), 1.01);
     ASSERT_TRUE(player.endsOnceMore());
-    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.01);
-    EXPECT_EQ(player.control.FileName(), testClip(u"one.wav"_s));
+    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.05);
+    EXPECT_EQ(player.control.FileName(), testClip(first()));
 }
 
 TEST_P(Ahead, AStopStandsAtTheStartAndIsNoEnd)
@@ -186,7 +193,7 @@ TEST_P(Ahead, AStopStandsAtTheStartAndIsNoEnd)
     ASSERT_TRUE(player.reaches(0.2));
     EXPECT_EQ(player.ends, 0);
     ASSERT_TRUE(player.endsOnceMore());
-    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.01);
+    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.05);
 }
 
 TEST_P(Ahead, AnotherClipThatIsLoadedIsTheOneThatPlays)
@@ -204,7 +211,7 @@ TEST_P(Ahead, ThePreparedClipLoadedBeforeTheEndBeginsAtItsStart)
     ASSERT_TRUE(comesTrue([&] { return player.opened.back() == testClip(next()); }));
     EXPECT_LT(player.control.CurrentPosition(), 0.5);
     ASSERT_TRUE(player.endsOnceMore());
-    EXPECT_NEAR(player.jumps.back().from, 2.0, 0.01);
+    EXPECT_NEAR(player.jumps.back().from, 2.0, 0.05);
 }
 
 TEST_P(Ahead, UnloadingLeavesNothing)
@@ -221,22 +228,22 @@ TEST_P(Ahead, WithdrawnTheClipPlaysToItsEnd)
     between([&] { player.control.prepare({}); });
     EXPECT_GE(player.control.CurrentPosition(), kBetween);
     ASSERT_TRUE(player.endsOnceMore());
-    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.01);
+    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.05);
     EXPECT_EQ(player.control.CurrentState(), MediaControl::Stopped);
-    EXPECT_EQ(player.control.FileName(), testClip(u"one.wav"_s));
+    EXPECT_EQ(player.control.FileName(), testClip(first()));
 }
 
 TEST_P(Ahead, WithdrawnAtAnyTimeTheClipEndsOnce)
 {
     for (const double place : {0.0, 0.6, 0.65}) {
         player.ends = 0;
-        ASSERT_TRUE(player.open(u"one.wav"_s));
+        ASSERT_TRUE(player.open(first()));
         player.control.prepare(testClip(next()));
         ASSERT_TRUE(reachesOrEnds(place));
         player.control.prepare({});
         ASSERT_TRUE(comesTrue([&] { return player.ends == 1; })) << place;
-        EXPECT_NEAR(player.jumps.back().from, 1.0, 0.01) << place;
-        EXPECT_EQ(player.control.FileName(), testClip(u"one.wav"_s)) << place;
+        EXPECT_NEAR(player.jumps.back().from, 1.0, 0.05) << place;
+        EXPECT_EQ(player.control.FileName(), testClip(first())) << place;
     }
 }
 
@@ -244,13 +251,13 @@ TEST_P(Ahead, ASeekAtAnyTimeStaysInTheClip)
 {
     for (const double place : {0.55, 0.65}) {
         player.ends = 0;
-        ASSERT_TRUE(player.open(u"one.wav"_s));
+        ASSERT_TRUE(player.open(first()));
         player.control.prepare(testClip(next()));
         ASSERT_TRUE(reachesOrEnds(place));
         player.control.setCurrentPosition(0.4);
         ASSERT_TRUE(comesTrue([&] { return player.ends > 0; })) << place;
-        EXPECT_NEAR(player.jumps.back().from, 1.0, 0.01) << place;
-        EXPECT_EQ(player.control.FileName(), testClip(u"one.wav"_s)) << place;
+        EXPECT_NEAR(player.jumps.back().from, 1.0, 0.05) << place;
+        EXPECT_EQ(player.control.FileName(), testClip(first())) << place;
     }
 }
 
@@ -258,10 +265,10 @@ TEST_P(Ahead, AFileThatIsNoClipChangesNothingAtTheEnd)
 {
     for (const char* name : {"lines.srt", "gone.wav"}) {
         player.ends = 0;
-        ASSERT_TRUE(player.open(u"one.wav"_s));
+        ASSERT_TRUE(player.open(first()));
         player.control.prepare(testClip(QString::fromLatin1(name)));
         ASSERT_TRUE(player.endsOnceMore()) << name;
-        EXPECT_NEAR(player.jumps.back().from, 1.0, 0.01) << name;
+        EXPECT_NEAR(player.jumps.back().from, 1.0, 0.05) << name;
         EXPECT_EQ(player.control.CurrentState(), MediaControl::Stopped) << name;
         EXPECT_EQ(player.failures, 0) << name;
     }
@@ -271,8 +278,13 @@ TEST_P(Ahead, OtherSubtitlesKeepTheClip)
 {
     between([&] { player.control.addSubtitleFile(testClip(u"lines.srt"_s), {}); });
     ASSERT_TRUE(player.endsOnceMore());
-    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.01);
-    EXPECT_EQ(player.control.FileName(), testClip(u"one.wav"_s));
+    EXPECT_NEAR(player.jumps.back().from, 1.0, 0.05);
+    EXPECT_EQ(player.control.FileName(), testClip(first()));
 }
 
-INSTANTIATE_TEST_SUITE_P(Next, Ahead, testing::Values("two.wav", "tone.wav"), nameOfNext);
+// The device takes the sound of the first pair's second clip as it is, and is opened anew for that
+// of the second pair's.
+INSTANTIATE_TEST_SUITE_P(Pairs, Ahead,
+                         testing::Values(Pair{"one.wav", "two.wav"}, Pair{"one.wav", "tone.wav"},
+                                         Pair{"red.mp4", "two.mp4"}),
+                         nameOfNext);
