@@ -125,13 +125,21 @@ void MpvPlayer::serveCommand(const mpv_event& event)
         }
     } else if (request == AddSubtitles && serial == m_load) {
         subtitlesAdded(event.error);
-    } else if (request == NextFile && serial == m_nextSerial) {
-        m_next.entry = entryOf(event);
-        m_next.stage = m_next.entry < 0 ? NextClip::None : NextClip::Appended;
-    } else if (request == NextWithdrawn && serial == m_nextSerial) {
-        m_withdrawing = false;
     } else if (request == PictureOff) {
         pictureIsOff();
+    } else if (serial == m_nextSerial) {
+        serveNext(static_cast<Request>(request), event);
+    }
+}
+
+/// What was asked about the next clip may have been given up since.
+void MpvPlayer::serveNext(Request request, const mpv_event& event)
+{
+    if (request == NextFile && m_next.stage == NextClip::Appended) {
+        m_next.entry = entryOf(event);
+        m_next.stage = m_next.entry < 0 ? NextClip::None : NextClip::Appended;
+    } else if (request == NextWithdrawn) {
+        m_withdrawing = false;
     }
 }
 

@@ -188,6 +188,7 @@ private:
     void serveEvents();
     void serve(const mpv_event& event);
     void serveCommand(const mpv_event& event);
+    void serveNext(Request request, const mpv_event& event);
     void serveAnswer(const mpv_event& event);
     void serveFact(Request fact, const mpv_event& event);
     void serveProperty(const mpv_event& event);
