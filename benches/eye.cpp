@@ -96,9 +96,13 @@ static Seen search(Screen& screen)
         }
         if (place) {
             first = first < 0 ? y : first;
-            const auto number = readCode(row, *place);
-            seen = {*place, (first + y) / 2, number ? static_cast<int>(*number) : -1};
+            seen = {*place, (first + y) / 2, -1};
         }
+    }
+    if (first >= 0) { // not in the last row, which may be half of what is below
+        const auto row = pixels.subspan(static_cast<size_t>(seen.y) * wide, wide);
+        const auto number = readCode(row, seen.place);
+        seen.number = number ? static_cast<int>(*number) : -1;
     }
     return seen;
 }

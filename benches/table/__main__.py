@@ -19,6 +19,7 @@ QUICK_PEERS = ("mpv", "VLC")
 class Settings:
     cache: Path
     seconds: float  # of a clip that are measured
+    rest: float  # seconds of rest that are measured
     build: Path
 
 
@@ -134,7 +135,7 @@ def main(arguments):
     begun = time.monotonic()
     machine.keep_orphans()
     options.cache.mkdir(parents=True, exist_ok=True)
-    settings = Settings(options.cache, 2 if options.quick else 3, options.build)
+    settings = Settings(options.cache, 2 if options.quick else 3, 5 if options.quick else 10, options.build)
     players = [
         player
         for player in all_players(options.source, options.build)

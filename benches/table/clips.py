@@ -33,7 +33,7 @@ PLAYED = (
 SECOND = Clip("second", 1280, 720, 25, first=20000)
 SHORT = (
     Clip("short1", 1280, 720, 25, seconds=2),
-    Clip("short2", 640, 360, 25, seconds=2, first=10000),
+    Clip("short2", 1280, 720, 25, seconds=2, first=10000),
     Clip("short3", 1280, 720, 25, seconds=2, first=20000),
 )
 LONG = Clip("long", 1280, 720, 25, seconds=120)

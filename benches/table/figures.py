@@ -143,9 +143,15 @@ def table(rows, players):
             against = ratio(*inverted(ours, peers))
         else:
             against = ratio(ours, peers)
-        cells.append("-" if against is None else f"{against:.2f} ×")
+        cells.append(ratio_words(against))
         lines.append(f"| {name} | " + " | ".join(cells) + " |")
     return "\n".join(lines)
+
+
+def ratio_words(against):
+    if against is None:
+        return "-"
+    return "more than nothing" if math.isinf(against) else f"{against:.2f} ×"
 
 
 def inverted(ours, peers):

@@ -30,6 +30,7 @@ class Ratios(unittest.TestCase):
         ).splitlines()
         self.assertEqual(text[2], "| CPU | 20.0 % | 10.0 % | - (shows nothing) | 2.00 × |")
         self.assertEqual(text[3], "| pictures | 50.0 % | 100 % | 40.0 % | 2.00 × |")
+        self.assertEqual(figures.ratio_words(math.inf), "more than nothing")
         self.assertEqual(text[4], "| memory | - | 10.0 MB | - | - |")
 
 
