@@ -49,9 +49,8 @@ public:
         context.operations.keepsClipAtEnd = [this] { return practice.step().keepsClip(); };
     }
 
-    /// Runs one entry into the engine. A program end that is asked for inside waits until the
-    /// outermost entry has returned: windows must not go while a handler of theirs still runs.
-    /// Raises nothing.
+    /// Runs one entry into the engine; raises nothing. A program end that is asked for inside waits
+    /// until the outermost entry has returned: windows must not go while their handlers still run.
     template <typename Action> void enter(Action&& action)
     {
         ++m_depth;
