@@ -65,7 +65,7 @@ TEST(Tree, ShowsPacketsAndTheirClips)
     }
 }
 
-// At the longest lists a second copy of each text is a third of what an entry takes.
+// In long lists a second copy of each text would be much of the memory that they take.
 TEST(Tree, KeepsNoCopyOfATextAndStaysAsItWasWhenTheTextChanges)
 {
     PlaylistState state = playlist({2, 1});
