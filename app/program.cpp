@@ -5,12 +5,14 @@
 #include "core/log.h"
 #include "editors/editor_services.h"
 #include "platform/file_types/desktop_folders.h"
+#include "platform/screen/colour_scheme.h"
 #include "platform/screen/desktop_tray.h"
 #include "platform/screen/idle_inhibition.h"
 #include "playback/form13_video_window.h"
 #include "playback/form4_bookmark_sign.h"
 #include "playback/lesson_controls.h"
 #include "playback/lesson_keeper.h"
+#include "playback/outlined_indicators.h"
 #include "playback/playback_engine.h"
 #include "playback/practice_controls.h"
 #include "playback/track_controls.h"
@@ -21,6 +23,7 @@
 #include "window/form2_main_window.h"
 #include "window/skin.h"
 
+#include <QApplication>
 #include <QScreen>
 #include <QTimer>
 
@@ -35,8 +38,10 @@ Program::Program(ProgramSurroundings surroundings)
       m_control(m_surroundings.makePlayer ? m_surroundings.makePlayer()
                                           : m_surroundings.makeControl()),
       m_tracks(std::make_unique<TrackControls>(m_surroundings.module, *m_control)),
-      m_idleInhibition(std::make_unique<IdleInhibition>(m_surroundings.bus))
+      m_idleInhibition(std::make_unique<IdleInhibition>(m_surroundings.bus)),
+      m_colourScheme(std::make_unique<ColourScheme>(m_surroundings.bus))
 {
+    QApplication::setStyle(new OutlinedIndicators);
     openVideoWindow();
     makeEditors();
 }

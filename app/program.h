@@ -15,6 +15,7 @@ class QScreen;
 namespace orvanta {
 
 struct EditorServices;
+class ColourScheme;
 class DesktopTray;
 class Form12;
 class Form13;
@@ -94,6 +95,7 @@ private:
     std::unique_ptr<MediaControl> m_control;
     std::unique_ptr<TrackControls> m_tracks;
     std::unique_ptr<IdleInhibition> m_idleInhibition;
+    std::unique_ptr<ColourScheme> m_colourScheme;
     std::unique_ptr<Form13> m_videoWindow;
     std::unique_ptr<PlaybackEngine> m_engine;
     std::unique_ptr<LessonKeeper> m_keeper;

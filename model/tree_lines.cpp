@@ -21,13 +21,33 @@ constexpr double kLineHeightPixels = 13;
 /// A match is sought behind a packet's prefix, which is also skipped in every other line.
 constexpr qsizetype kFindFrom = 4;
 
+static QString prefixOf(TreeBranch branch)
+{
+    switch (branch) {
+    case TreeBranch::Packet:
+        return kPacketPrefix;
+    case TreeBranch::Clip:
+        return kClipPrefix;
+    case TreeBranch::LastPacketClip:
+        return kLastPacketClipPrefix;
+    case TreeBranch::Root:
+        break;
+    }
+    return {};
+}
+
+QString textWithPrefix(const TreeLine& line)
+{
+    return prefixOf(line.branch) + line.text;
+}
+
 static void addPacketLines(std::vector<TreeLine>& lines, const PlaylistEntry& packet, Int16 p,
                            bool isLast)
 {
-    const QString& prefix = isLast ? kLastPacketClipPrefix : kClipPrefix;
-    lines.push_back({kPacketPrefix + packet.Title, p});
+    const TreeBranch branch = isLast ? TreeBranch::LastPacketClip : TreeBranch::Clip;
+    lines.push_back({packet.Title, p, TreeBranch::Packet});
     for (const ClipEntry& clip : packet.Clips) {
-        lines.push_back({prefix + clip.Text, p});
+        lines.push_back({clip.Text, p, branch});
     }
 }
 
@@ -36,7 +56,7 @@ std::vector<TreeLine> treeLines(const PlaylistState& playlist)
     std::vector<TreeLine> lines;
     const int count = playlist.PlaylistCount.value();
     lines.reserve(static_cast<std::size_t>(1 + count + playlist.entryCount()));
-    lines.push_back({QStringView(kRootLine).toString(), 0});
+    lines.push_back({QStringView(kRootLine).toString(), 0, TreeBranch::Root});
     for (int p = 1; p <= count; ++p) {
         addPacketLines(lines, playlist.packet(p), p, p == count);
     }
@@ -70,19 +90,17 @@ int headerLine(const std::vector<TreeLine>& lines, Int16 packet)
     return exists ? static_cast<int>(found - lines.begin()) : -1;
 }
 
-bool isHeaderLine(const QString& line)
+bool isHeaderLine(const TreeLine& line)
 {
-    return line.startsWith(kPacketPrefix);
+    return line.branch == TreeBranch::Packet;
 }
 
-QString textWithoutPrefix(const QString& line)
+QString textWithoutPrefix(const TreeLine& line)
 {
-    for (const QString& prefix : {kPacketPrefix, kClipPrefix, kLastPacketClipPrefix}) {
-        if (line.startsWith(prefix)) {
-            return line.mid(prefix.size());
-        }
+    if (line.branch == TreeBranch::Root) {
+        return {};
     }
-    return {};
+    return line.text.isNull() ? u""_s : line.text;
 }
 
 Int16 rowUnderPointer(double yTwips, int topIndex)
@@ -98,7 +116,8 @@ int findRow(const std::vector<TreeLine>& lines, const QString& wanted, int first
     }
     const QString upper = wanted.toUpper();
     for (int row = std::max(firstRow, 0); isLine(lines, row); ++row) {
-        if (lines[static_cast<std::size_t>(row)].text.mid(kFindFrom).toUpper().contains(upper)) {
+        const QString line = textWithPrefix(lines[static_cast<std::size_t>(row)]);
+        if (line.mid(kFindFrom).toUpper().contains(upper)) {
             return row;
         }
     }

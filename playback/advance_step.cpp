@@ -48,6 +48,12 @@ void AdvanceStep::run()
     apply(decide(m_context.cursor()));
 }
 
+std::optional<Cursor> AdvanceStep::placeAfterClip() const
+{
+    const AdvanceDecision decision = decide(m_context.cursor());
+    return decision.what == AdvanceDecision::Start ? std::optional(decision.cursor) : std::nullopt;
+}
+
 /// The brakes of one packet share one file: they fail together.
 std::pair<int, int> AdvanceStep::mediaAt(Cursor place) const
 {

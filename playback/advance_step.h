@@ -18,6 +18,8 @@ public:
 
     /// One pass. Raises 9 when no packet is current.
     void run();
+    /// The place that run() would start; none where it starts nothing.
+    [[nodiscard]] std::optional<Cursor> placeAfterClip() const;
     /// The last start left the player empty: the same, but over after one whole pass in which
     /// nothing could be opened.
     void runAfterFailure();

@@ -245,12 +245,27 @@ static QString copied(const QString& file, const QString& target)
 }
 
 /// A clip on drive A plays from the hard disk when the option says so.
+bool ClipStarter::mustCopy(const QString& text, const QString& file) const
+{
+    return (isOnDriveA(text) || isOnDriveA(file)) &&
+           m_context.module.optionIsOn(Option::CopyFromDriveA);
+}
+
 QString ClipStarter::playableFile(const QString& text, const QString& file) const
 {
-    const Module1& module = m_context.module;
-    const bool copies =
-        (isOnDriveA(text) || isOnDriveA(file)) && module.optionIsOn(Option::CopyFromDriveA);
-    return copies ? copied(file, programFile(module.ApplicationFolder, u"\\temp.vxc"_s)) : file;
+    const QString& folder = m_context.module.ApplicationFolder;
+    return mustCopy(text, file) ? copied(file, programFile(folder, u"\\temp.vxc"_s)) : file;
+}
+
+QString ClipStarter::fileOf(Cursor place) const
+{
+    const PlaylistEntry& packet = m_context.module.playlist.packet(place.packet);
+    if (packet.HasBrakes) {
+        return {}; // it goes to a brake
+    }
+    const QString& text = packet.clip(place.clip).Path;
+    const QString file = m_context.findFile(text, m_context.foldersOf(packet));
+    return mustCopy(text, file) ? QString() : file;
 }
 
 /// Playing never changes a mark; the end mark is reached even unchecked.

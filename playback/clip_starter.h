@@ -36,6 +36,10 @@ public:
     /// the media.
     void beginAt(Cursor place, double seconds);
 
+    /// The file that a start of this clip would open, as far as that can be said at once; empty
+    /// where it would do more than open it.
+    [[nodiscard]] QString fileOf(Cursor place) const;
+
     /// The player could not open what it was given.
     void openingFailed();
     /// A start waits in the event loop for its media.
@@ -72,6 +76,7 @@ private:
     [[nodiscard]] bool mustLoad(const QString& file, Int16 p) const;
     [[nodiscard]] bool waitUntilReady();
     void open(const QString& file, const QString& text, const QString& folder);
+    [[nodiscard]] bool mustCopy(const QString& text, const QString& file) const;
     [[nodiscard]] QString playableFile(const QString& text, const QString& file) const;
     void makeCurrent(Cursor place, Way way);
     void logStart(Cursor place);

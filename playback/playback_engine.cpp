@@ -11,6 +11,7 @@
 #include "playback/engine_context.h"
 #include "playback/hand_over_drain.h"
 #include "playback/lesson_controls.h"
+#include "playback/next_clip_step.h"
 #include "playback/position_slider.h"
 #include "playback/practice_controls.h"
 #include "playback/transport_buttons.h"
@@ -48,9 +49,8 @@ public:
         context.operations.keepsClipAtEnd = [this] { return practice.step().keepsClip(); };
     }
 
-    /// Runs one entry into the engine. A program end that is asked for inside waits until the
-    /// outermost entry has returned: windows must not go while a handler of theirs still runs.
-    /// Raises nothing.
+    /// Runs one entry into the engine; raises nothing. A program end that is asked for inside waits
+    /// until the outermost entry has returned: windows must not go while their handlers still run.
     template <typename Action> void enter(Action&& action)
     {
         ++m_depth;
@@ -83,6 +83,7 @@ public:
     CloseSequence close{context, transport, slider};
     AdvanceStep advance{context, transport, starter, close};
     BrakeStep brakes{context, starter, advance, practice.step()};
+    NextClipStep nextClip{context, advance, starter, practice.step()};
     TrayStep tray{context, transport, advance, close};
     HandOverDrain handOver{context, transport, slider, starter};
     BrakeWatch brakeWatch{context, brakes, [this] { brakeIsDue(); }};
@@ -116,6 +117,7 @@ void PlaybackEngine::Private::tick()
     if (!moveOnAfterEnd() && !moveOnAfterFailure()) {
         resumeNext("tray", [&] { tray.run(); });
     }
+    resumeNext("next clip", [&] { nextClip.run(); });
     resumeNext("close after playing", [&] { advance.closeIfFree(); });
     if (!context.closing) {
         resumeNext("hand-over queue", [&] { handOver.serve(); });

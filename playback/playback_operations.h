@@ -56,6 +56,8 @@ public:
     void SetBookmark(const QString& seconds);
     /// Loads a located file straight into the control.
     void OpenMedia(const QString& fileName);
+    /// Loaded next, if the clip that plays comes to its end by itself. Empty: nothing.
+    void PrepareMedia(const QString& fileName) { m_control.prepare(fileName); }
     /// Stops and empties the player.
     void UnloadMedia();
     /// Hundredths of a decibel, straight to the control.

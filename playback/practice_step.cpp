@@ -97,6 +97,16 @@ bool PracticeStep::keepsClip()
     return m_atEnd != AfterLine::GoOn;
 }
 
+bool PracticeStep::goesOnAfterClip() const
+{
+    const Practice now = practice();
+    if (m_context.operations.Speed() != speedOfRound(now, 1)) {
+        return false;
+    }
+    const BrakeSpan line = isLine() ? span() : BrakeSpan{};
+    return !isLine() || nextAfterLine(now, m_rounds + 1, line.end - line.begin) == AfterLine::GoOn;
+}
+
 bool PracticeStep::clipEnded(GoOn goOn)
 {
     return apply(std::exchange(m_atEnd, AfterLine::GoOn), std::move(goOn));

@@ -33,6 +33,9 @@ public:
 
     /// A clip comes to its end: whether it stays loaded, to be played again or waited for.
     [[nodiscard]] bool keepsClip();
+    /// The clip that plays will come to its end: whether what follows is the next line, at once and
+    /// as fast.
+    [[nodiscard]] bool goesOnAfterClip() const;
     /// The clip has come to its end, which keepsClip has decided about. False: nothing to practise.
     /// Otherwise goOn is called after the wait, unless something else begins before.
     [[nodiscard]] bool clipEnded(GoOn goOn);

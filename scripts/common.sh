@@ -1,4 +1,4 @@
-# Shared by ./run, ./test and ./package: where things are, installing what is missing, building.
+# Shared by ./run, ./test, ./bench and ./package: where things are, installing what is missing, building.
 # shellcheck shell=bash disable=SC2034
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -13,7 +13,11 @@ readonly test_packages=("${package_packages[@]}" desktop-file-utils appstream li
     shared-mime-info xdg-utils file libglib2.0-bin libgtest-dev libgmock-dev clang-format clang-tidy
     xdotool wmctrl x11-utils x11-apps x11-xkb-utils libxfixes-dev playerctl weston sway swaybg swayidle grim ffmpeg espeak-ng
     xorriso unzip strace mpv mkvtoolnix dbus-x11 at-spi2-core pulseaudio pulseaudio-utils git chromium firefox-esr
-    fonts-noto-color-emoji)
+    fonts-noto-color-emoji python3)
+
+# The players beside which ./bench measures, and what it looks and listens with.
+readonly bench_packages=(python3 libx11-dev libxext-dev xvfb openbox dbus wmctrl xdotool ffmpeg pulseaudio
+    pulseaudio-utils util-linux mpv vlc vlc-plugin-base vlc-plugin-video-output smplayer celluloid haruna)
 
 readonly fuzz_packages=(clang libclang-rt-14-dev)
 

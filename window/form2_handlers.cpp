@@ -291,7 +291,7 @@ void Form2::Form2_List1_MouseMove(int y)
         if (row < Int16(1) || row.index() >= List1->lines().size()) {
             return;
         }
-        const QString text = textWithoutPrefix(List1->lines()[row.index()].text);
+        const QString text = textWithoutPrefix(List1->lines()[row.index()]);
         if (!text.isNull()) {
             const QString why = List1->whyMissing(row.value());
             List1->setToolTip(plainToolTip(why.isEmpty() ? text : text + u'\n' + why));

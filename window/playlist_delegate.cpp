@@ -97,8 +97,7 @@ void PlaylistDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     const bool current = (option.state & QStyle::State_Selected) != 0;
     painter->setPen(QPen(current ? skin::kAccent : skin::kTreeLine, 1));
     const int textLeft = paintTree(*painter, line, row);
-    const QString& whole = m_model->lines()[static_cast<std::size_t>(row)].text;
-    const QString text = row == 0 ? whole : textWithoutPrefix(whole);
+    const QString& text = m_model->lines()[static_cast<std::size_t>(row)].text;
     painter->setFont(option.font);
     const int noteWidth = paintNote(*painter, line, row, current);
     const QRect place = line.adjusted(textLeft, 0, -kTextRightMargin - noteWidth, 0);
@@ -198,7 +197,7 @@ void PlaylistDelegate::paintBox(QPainter& painter, const QRect& line, bool check
 
 bool PlaylistDelegate::isHeader(int row) const
 {
-    return isHeaderLine(m_model->lines()[static_cast<std::size_t>(row)].text);
+    return isHeaderLine(m_model->lines()[static_cast<std::size_t>(row)]);
 }
 
 // Draws "|-- ", "|  |- " or "   |- " and returns where the text begins. A stem ends in the middle

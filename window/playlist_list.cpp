@@ -99,7 +99,7 @@ PlayingSign PlaylistModel::signOf(int line) const
 QString PlaylistModel::describe(int line) const
 {
     QString packet =
-        isHeaderLine(m_lines[static_cast<std::size_t>(line)].text) ? m_words.packet : QString();
+        isHeaderLine(m_lines[static_cast<std::size_t>(line)]) ? m_words.packet : QString();
     QStringList words = {packet, noteOf(line).words, whyMissing(line)};
     if (const PlayingSign sign = signOf(line); sign != PlayingSign::None) {
         words.append(sign == PlayingSign::Playing ? m_words.playing : m_words.paused);
@@ -133,11 +133,11 @@ QVariant PlaylistModel::data(const QModelIndex& index, int role) const
     }
     const auto line = static_cast<std::size_t>(index.row());
     if (role == Qt::DisplayRole) {
-        return m_lines[line].text;
+        return textWithPrefix(m_lines[line]);
     }
     // The tree is for the eye; what it says is which lines are packets.
     if (role == Qt::AccessibleTextRole && hasBox(index.row())) {
-        const QString text = textWithoutPrefix(m_lines[line].text);
+        const QString text = textWithoutPrefix(m_lines[line]);
         return text.isEmpty() ? u" "_s : text; // for an empty one the toolkit takes the line
     }
     if (role == Qt::AccessibleDescriptionRole) {

@@ -6,6 +6,8 @@
 #include "companions/player_program.h"
 #include "core/version.h"
 #include "platform/process/end_signals.h"
+#include "platform/screen/colour_scheme.h"
+#include "playback/outlined_indicators.h"
 
 #include <QApplication>
 #include <QFile>
@@ -59,6 +61,8 @@ static int runWindow(int count, char** arguments, const MakeExtras& makePage)
 {
     const QApplication application(count, arguments); // takes its own options out of them
     QGuiApplication::setDesktopFileName(u"orvanta"_s);
+    QApplication::setStyle(new OutlinedIndicators);
+    const ColourScheme scheme(QDBusConnection::sessionBus());
     BoxWindow window(companionLanguage(), makePage);
     const EndSignals signals;
     QObject::connect(&signals, &EndSignals::endRequested, &window, &BoxWindow::closeSoon);

@@ -4,6 +4,8 @@
 #include "core/version.h"
 #include "model/recent_lessons.h"
 #include "platform/process/application_folder.h"
+#include "platform/screen/colour_scheme.h"
+#include "playback/outlined_indicators.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -67,6 +69,8 @@ void prepareCompanionProgram(TextLanguage language)
     QCoreApplication::setApplicationVersion(kVersion.toString());
     QGuiApplication::setDesktopFileName(u"orvanta"_s);
     QGuiApplication::setWindowIcon(QIcon(u":/orvanta/orvanta.svg"_s));
+    QApplication::setStyle(new OutlinedIndicators);
+    new ColourScheme(QDBusConnection::sessionBus(), qApp);
     auto* translator = new QTranslator(qApp);
     const QLocale locale(language == TextLanguage::English ? QLocale::English : QLocale::Russian);
     if (translator->load(locale, u"qtbase"_s, u"_"_s,

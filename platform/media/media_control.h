@@ -94,6 +94,12 @@ public:
     /// that: coverRead follows. False when the clip that is open carries none.
     virtual bool readCover() = 0;
 
+    /// The file that follows if the clip that runs plays to its end: where it can, the control
+    /// opens it ahead and lets its sound follow without a gap. Told is only what is heard: the end
+    /// when its time has come, and the file when it is loaded upon that; anything else that is
+    /// asked for goes before. Empty: none, or not any more.
+    virtual void prepare(const QString& path) = 0;
+
     /// Asks for the position anew, between two reports: position() follows when it has moved.
     virtual void refreshPosition() = 0;
 

@@ -64,6 +64,7 @@ void MpvPlayer::leaveOpenGl(const QString& reason)
     const RendererChoice choice = *std::exchange(m_choice, std::nullopt);
     choice.remember(name); // first, as a driver that hangs would hold up what follows
     decodeFor(kDecodeAndCopy);
+    dropNext();
     m_picture.hold();
     if (m_phase == Empty) {
         drawBySoftware();

@@ -3,6 +3,7 @@
 
 #include <QPointer>
 
+#include <cmath>
 #include <cstring>
 
 namespace orvanta {
@@ -126,6 +127,19 @@ void MpvPlayer::serveCommand(const mpv_event& event)
         subtitlesAdded(event.error);
     } else if (request == PictureOff) {
         pictureIsOff();
+    } else if (serial == m_nextSerial) {
+        serveNext(static_cast<Request>(request), event);
+    }
+}
+
+/// What was asked about the next clip may have been given up since.
+void MpvPlayer::serveNext(Request request, const mpv_event& event)
+{
+    if (request == NextFile && m_next.stage == NextClip::Appended) {
+        m_next.entry = entryOf(event);
+        m_next.stage = m_next.entry < 0 ? NextClip::None : NextClip::Appended;
+    } else if (request == NextWithdrawn) {
+        m_withdrawing = false;
     }
 }
 
@@ -137,6 +151,9 @@ void MpvPlayer::serveAnswer(const mpv_event& event)
         m_picture.drawAgain();
     } else if (request == PauseLook) {
         takeLook(valueOf(propertyOf(event), MPV_FORMAT_FLAG, 0) != 0, serial);
+    } else if (request == NextPosition && serial == m_nextSerial) {
+        const double place = valueOf(propertyOf(event), MPV_FORMAT_DOUBLE, std::nan(""));
+        takeNextPosition(std::isnan(place) ? std::nullopt : std::optional(place));
     } else if (serial == m_load) {
         serveFact(request, event);
     }
@@ -186,7 +203,7 @@ void MpvPlayer::serveProperty(const mpv_event& event)
         return;
     }
     // Before the file is open the values may still be those of the file before.
-    if (m_phase != Ready || m_reloading) {
+    if (m_phase != Ready || m_reloading || isAhead()) {
         return;
     }
     const mpv_event_property& property = propertyOf(event);
@@ -208,6 +225,9 @@ void MpvPlayer::playbackRestarted()
     const bool opening = m_phase == Opening || m_reloading;
     if (opening && !m_factsAsked && hasBegun()) {
         askFacts();
+    } else if (m_next.stage == NextClip::Playing && m_startedEntry == m_next.entry) {
+        m_next.begun = true;
+        lookAhead();
     } else if (m_seek.playing()) {
         seekSettled();
     }

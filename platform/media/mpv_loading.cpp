@@ -11,7 +11,6 @@ namespace orvanta {
 
 /// The library leaves the file before first, and waits for that one's disk.
 constexpr std::chrono::seconds kPatienceToBegin(3);
-constexpr std::chrono::seconds kPatienceToOpen(10);
 constexpr auto kSilentDisk = "its disk does not answer";
 
 void MpvPlayer::setFileName(const QString& path)
@@ -25,6 +24,11 @@ void MpvPlayer::setFileName(const QString& path)
 
 void MpvPlayer::load(const QString& path)
 {
+    if (m_next.stage == NextClip::Heard && path == m_next.path) {
+        adoptNext();
+        return;
+    }
+    m_next = {};
     chooseRenderer();
     forgetClip();
     m_picture.hold();
@@ -49,12 +53,16 @@ void MpvPlayer::fileLookedAt(FileProbe::Answer answer)
 void MpvPlayer::unload()
 {
     forgetClip();
-    setPaused(true);
+    if (!isAhead()) {
+        setPaused(true);
+    }
     m_picture.hold();
     // Unless another clip is opened in this turn of the event loop: then there is no black between,
     // and the sound's device stays open.
     QTimer::singleShot(0, this, [this, load = m_load] {
         if (load == m_load) {
+            setPaused(true);
+            m_next = {};
             m_mpv->command({"stop"}, idOf(Unasked, 0));
             m_picture.clear();
         }
@@ -62,10 +70,18 @@ void MpvPlayer::unload()
     changeState(NotLoaded);
 }
 
-/// Whatever the library still says belongs to an earlier file.
+/// Whatever the library still says belongs to an earlier file. What is heard by now may be loaded
+/// next.
 void MpvPlayer::forgetClip()
 {
     ++m_load;
+    if (m_next.stage != NextClip::Heard) {
+        m_nextProbe.stop();
+        m_nextLook.stop();
+        m_next = {};
+    }
+    m_withdrawing = false;
+    m_isAdopted = false;
     m_probe.stop();
     m_patience.stop();
     m_entry = -1;
@@ -86,9 +102,14 @@ void MpvPlayer::forgetClip()
     m_seekWhenReady.reset();
 }
 
-void MpvPlayer::loadEntry()
+/// start: seconds.
+void MpvPlayer::loadEntry(double start)
 {
-    m_mpv->command({"loadfile", QFile::encodeName(m_fileName), "replace"}, idOf(LoadFile, m_load));
+    QByteArrayList words = {"loadfile", QFile::encodeName(m_fileName), "replace"};
+    if (start > 0) {
+        words.append("start=" + QByteArray::number(start, 'f', 6));
+    }
+    m_mpv->command(words, idOf(LoadFile, m_load));
     m_patience.start(std::exchange(m_isFresh, false) ? kPatienceToOpen : kPatienceToBegin);
 }
 
@@ -112,9 +133,11 @@ void MpvPlayer::patienceIsOver()
     }
 }
 
-/// Goes to the start of a clip that has no index to seek by: opens it once more, unseen.
-void MpvPlayer::reload()
+/// Opens the clip once more, unseen: to go to the start of one that has no index to seek by.
+void MpvPlayer::reload(double start)
 {
+    m_next = {}; // a load empties the library's list
+    m_withdrawing = false;
     ++m_load;
     m_entry = -1;
     m_factsAsked = false;
@@ -122,7 +145,7 @@ void MpvPlayer::reload()
     m_picture.hold();
     m_seek.cancel();
     m_seekGuard.stop();
-    loadEntry();
+    loadEntry(start);
 }
 
 /// The caller has not yet begun to wait for the answer, so it comes from the event loop.
@@ -138,7 +161,15 @@ void MpvPlayer::refuseLater(const QString& reason)
 /// A file that cannot be opened ends, and so does one whose tracks all fail while it plays.
 void MpvPlayer::endOfEntry(const mpv_event_end_file& end)
 {
+    if (isAhead() && end.playlist_entry_id == m_next.entry) {
+        nextFailed();
+    }
     if (m_entry < 0 || end.playlist_entry_id != m_entry) {
+        return;
+    }
+    const bool hasNext = m_next.stage == NextClip::Appended || m_withdrawing;
+    if (hasNext && end.reason == MPV_END_FILE_REASON_EOF) {
+        goneOn();
         return;
     }
     if (m_state == Running && !m_reloading) {
@@ -169,6 +200,9 @@ void MpvPlayer::finishOpening()
     m_phase = Ready;
     showPicture();
     seekAsWished();
+    if (std::exchange(m_isAdopted, false)) {
+        settleAdopted();
+    }
     const quint64 load = m_load;
     changeState(Stopped);
     if (load == m_load) {

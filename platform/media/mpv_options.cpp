@@ -55,6 +55,9 @@ constexpr Option kOptions[] = {
     {"pause", "yes"},
     {"keep-open", "yes"},
     {"keep-open-pause", "yes"},
+    // What is appended follows without a gap, where the device can take it as it is.
+    {"prefetch-playlist", "yes"},
+    {"gapless-audio", "weak"},
     // Picture and sound.
     {"vo", "libmpv"},
     {"osd-level", "0"},

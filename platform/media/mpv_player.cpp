@@ -59,10 +59,13 @@ MpvPlayer::MpvPlayer(MpvOptionList extraOptions, std::optional<RendererChoice> c
     m_seekGuard.setInterval(kSeekGuardMilliseconds);
     m_seekGuard.setSingleShot(true);
     m_patience.setSingleShot(true);
+    m_nextLook.setSingleShot(true);
+    m_nextLook.setTimerType(Qt::PreciseTimer);
     connect(&m_look, &QTimer::timeout, this, [this] { lookForEnd(); });
     connect(&m_pauseSoon, &QTimer::timeout, this, [this] { setPaused(true); });
     connect(&m_seekGuard, &QTimer::timeout, this, [this] { seekSettled(); });
     connect(&m_patience, &QTimer::timeout, this, [this] { patienceIsOver(); });
+    connect(&m_nextLook, &QTimer::timeout, this, [this] { lookAhead(); });
     connect(&m_cover, &CoverReader::done, this, &MediaControl::coverRead);
     listen();
 }
@@ -112,6 +115,9 @@ void MpvPlayer::Run()
 {
     if (m_state == NotLoaded || m_state == Running) {
         return;
+    }
+    if (m_next.stage == NextClip::Heard) {
+        dropNext();
     }
     m_atStart = false;
     setPaused(false);
@@ -202,7 +208,11 @@ void MpvPlayer::setEvenLoudness(bool even)
 
 void MpvPlayer::refreshPosition()
 {
-    m_mpv->ask("time-pos", MPV_FORMAT_DOUBLE, idOf(PositionNow, m_load));
+    if (!isAhead()) {
+        m_mpv->ask("time-pos", MPV_FORMAT_DOUBLE, idOf(PositionNow, m_load));
+    } else if (m_next.begun) {
+        lookAhead();
+    }
 }
 
 double MpvPlayer::CurrentPosition() const
@@ -222,6 +232,9 @@ void MpvPlayer::changeState(State state)
     }
     if (state == Running) {
         m_look.start();
+        if (isAhead()) {
+            waitForNext();
+        }
     } else {
         m_look.stop();
     }
@@ -246,6 +259,10 @@ void MpvPlayer::goTo(double target, MpvSeek::Kind kind)
 {
     pauseIfWanted(); // it is to stand where it goes
     m_atStart = false;
+    if (isAhead()) {
+        backToClip(target);
+        return;
+    }
     m_position = target;
     if (m_rewindsByReload && target <= 0) {
         reload();
@@ -280,7 +297,7 @@ void MpvPlayer::rewind()
 // in turn with the program's own changes of "pause", so it cannot be older than the newest.
 void MpvPlayer::lookForEnd()
 {
-    if (m_state == Running && !m_reloading && !m_lookAsked && !m_pictureIsOff) {
+    if (m_state == Running && !m_reloading && !m_lookAsked && !m_pictureIsOff && !isAhead()) {
         m_lookAsked = true;
         m_mpv->ask("pause", MPV_FORMAT_FLAG, idOf(PauseLook, m_pauseSerial));
     }
@@ -289,7 +306,7 @@ void MpvPlayer::lookForEnd()
 void MpvPlayer::takeLook(bool paused, quint64 serial)
 {
     m_lookAsked = false;
-    if (paused && serial == m_pauseSerial && m_state == Running) {
+    if (paused && serial == m_pauseSerial && m_state == Running && !isAhead()) {
         reachEnd();
     }
 }
@@ -320,7 +337,7 @@ void MpvPlayer::reportJump(double oldSeconds)
 
 void MpvPlayer::moveTo(double seconds)
 {
-    if (m_phase != Ready || m_reloading || m_atStart || m_seek.isUnderWay()) {
+    if (m_phase != Ready || m_reloading || isAhead() || m_atStart || m_seek.isUnderWay()) {
         return;
     }
     m_largest = std::max(m_largest, seconds);

@@ -12,18 +12,20 @@
 #include "platform/media/opengl_driver.h"
 #include "platform/media/sound_output.h"
 
+#include <QElapsedTimer>
 #include <QSize>
 #include <QTimer>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
 namespace orvanta {
 
 /// The operations are in mpv_player.cpp, the loading of files in mpv_loading.cpp, sound tracks and
-/// subtitles in mpv_tracks.cpp, what draws the pictures in mpv_drawing.cpp, the events in
-/// mpv_events.cpp. Every signal is emitted last, since its receivers may load another file or spin
-/// the event loop.
+/// subtitles in mpv_tracks.cpp, the clip after the one that plays in mpv_ahead.cpp, what draws the
+/// pictures in mpv_drawing.cpp, the events in mpv_events.cpp. Every signal is emitted last, since
+/// its receivers may load another file or spin the event loop.
 class MpvPlayer : public MediaControl
 {
     Q_OBJECT
@@ -55,6 +57,7 @@ public:
     void addSubtitleFile(const QString& path, const QString& language) override;
     void raiseSubtitles(double part) override;
     bool readCover() override;
+    void prepare(const QString& path) override;
     void refreshPosition() override;
     [[nodiscard]] bool isReady() const override { return m_phase == Ready; }
     [[nodiscard]] bool isOpening() const override { return m_phase == Opening; }
@@ -62,6 +65,8 @@ public:
     [[nodiscard]] PictureFacts pictureFacts() const override;
 
 private:
+    static constexpr std::chrono::seconds kPatienceToOpen{10};
+
     enum Phase
     {
         Empty,
@@ -81,6 +86,9 @@ private:
         NewTracks,
         SubtitlesMoved,
         PictureOff,
+        NextFile,
+        NextWithdrawn,
+        NextPosition,
         // Facts about a file, asked in this order when it can play.
         FileFormat,
         Length,
@@ -124,8 +132,8 @@ private:
     void unload();
     void forgetClip();
     void fileLookedAt(FileProbe::Answer answer);
-    void loadEntry();
-    void reload();
+    void loadEntry(double start = 0);
+    void reload(double start = 0);
     [[nodiscard]] bool hasBegun() const { return m_entry >= 0 && m_entry == m_startedEntry; }
     void entryBegan();
     void patienceIsOver();
@@ -139,6 +147,23 @@ private:
     void finishReloading();
     void failOpening(const QString& reason);
     void seekAsWished();
+
+    // mpv_ahead.cpp
+    [[nodiscard]] bool mayGoOn() const;
+    [[nodiscard]] bool isAhead() const { return m_next.stage >= NextClip::Playing; }
+    void appendNext();
+    void dropNext();
+    void withdrawNext();
+    void goneOn();
+    void nextFailed();
+    void lookAhead();
+    void waitForNext();
+    void hearUpTo(double seconds);
+    void takeNextPosition(std::optional<double> seconds);
+    void reachEndAhead();
+    void adoptNext();
+    void settleAdopted();
+    void backToClip(double seconds);
 
     // mpv_tracks.cpp
     void forgetTracks();
@@ -163,6 +188,7 @@ private:
     void serveEvents();
     void serve(const mpv_event& event);
     void serveCommand(const mpv_event& event);
+    void serveNext(Request request, const mpv_event& event);
     void serveAnswer(const mpv_event& event);
     void serveFact(Request fact, const mpv_event& event);
     void serveProperty(const mpv_event& event);
@@ -182,6 +208,31 @@ private:
     QTimer m_pauseSoon; // one turn of the event loop after a pause was asked for
     QTimer m_seekGuard; // ends a seek that the player never answers
     QTimer m_patience;  // while opening
+
+    /// What follows the clip that is open.
+    struct NextClip
+    {
+        enum Stage
+        {
+            None,     // nothing, or not to be had
+            Appended, // to the library's list
+            Playing,  // by the library; what is heard is still the clip that is open
+            Heard,    // the end has been told; it is to be loaded in this moment
+        };
+        QString path;
+        Stage stage = None;
+        qint64 entry = -1;    // the library's number
+        bool begun = false;   // its position can be had
+        QElapsedTimer looked; // until then: since the last look
+        double waited = 0;    // seconds of playing
+    };
+    NextClip m_next;
+    FileProbe m_nextProbe;
+    QTimer m_nextLook; // while Playing: is it heard by now?
+    quint64 m_nextSerial = 0;
+    bool m_withdrawing = false; // the library may have gone on to it before it heard of that
+    bool m_isAdopted = false;   // what is being opened plays already
+    QString m_refusedNext;      // could not be played on to
 
     QString m_fileName;
     Phase m_phase = Empty;

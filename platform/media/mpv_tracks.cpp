@@ -65,6 +65,7 @@ bool MpvPlayer::hasTrack(MediaTrack::Kind kind, int id) const
 void MpvPlayer::chooseSound(int id)
 {
     if (hasTrack(MediaTrack::Sound, id)) {
+        dropNext();
         m_mpv->set("aid", QByteArray::number(id));
         if (m_state != Running) {
             readAgain(); // or the new sound may never begin, and with it the clip
@@ -76,6 +77,7 @@ void MpvPlayer::chooseSound(int id)
 void MpvPlayer::chooseSubtitles(int id)
 {
     if (id == 0 || hasTrack(MediaTrack::Subtitles, id)) {
+        dropNext();
         m_added.copy.close();
         m_mpv->set("sid", id == 0 ? QByteArray("no") : QByteArray::number(id));
         if (id != 0) {
@@ -99,7 +101,7 @@ void MpvPlayer::showAtRest()
 /// From the place at which the clip rests.
 void MpvPlayer::readAgain()
 {
-    if (m_phase == Ready && !m_seek.isUnderWay()) {
+    if (m_phase == Ready && !m_reloading && !m_seek.isUnderWay()) {
         const bool atStart = m_atStart;
         goTo(CurrentPosition(), MpvSeek::Exact);
         m_atStart = atStart;
@@ -120,10 +122,13 @@ void MpvPlayer::addSubtitleFile(const QString& path, const QString& language)
     if (m_phase != Ready) {
         return;
     }
+    dropNext();
     m_added = {copyOfSubtitles(path), QFile::encodeName(QFileInfo(path).fileName()),
                language.toUtf8()};
     m_tracksTouched = true;
-    loadSubtitles();
+    if (!m_reloading) { // which ends with them
+        loadSubtitles();
+    }
 }
 
 /// The library opens the copy by a name that means nothing to it.

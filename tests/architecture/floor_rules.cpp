@@ -80,6 +80,7 @@ bool isWindowSource(const QString& path)
 {
     static const QRegularExpression names(u"^(form[0-9]+_|overlay_|video_surface|gl_|check_list|"
                                           u"control_rows|spoken_focus|window_roles|"
+                                          u"announcement|outlined_indicators|"
                                           u"command_menu|track_menus)"_s);
     return names.match(QFileInfo(path).fileName()).hasMatch();
 }

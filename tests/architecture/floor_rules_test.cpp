@@ -73,7 +73,7 @@ constexpr Row kRows[] = {
     {"app/start_up.cpp", "\"window/form2_main_window.h\"", true},
     {"window/skin.cpp", "\"app/start_up.h\"", false},
     {"tests/core/ini_test.cpp", "\"window/skin.h\"", true},
-    {"bench/play_bench.cpp", "<mpv/client.h>", true},
+    {"benches/play_bench.cpp", "<mpv/client.h>", true},
 };
 
 } // namespace

@@ -11,9 +11,9 @@ namespace orvanta::test {
 
 using namespace Qt::StringLiterals;
 
-static const QStringList kFolders = {u"core"_s,       u"platform"_s, u"model"_s,  u"playback"_s,
-                                     u"window"_s,     u"editors"_s,  u"system"_s, u"app"_s,
-                                     u"companions"_s, u"tests"_s,    u"bench"_s,  u"samples"_s};
+static const QStringList kFolders = {u"core"_s,       u"platform"_s, u"model"_s,   u"playback"_s,
+                                     u"window"_s,     u"editors"_s,  u"system"_s,  u"app"_s,
+                                     u"companions"_s, u"tests"_s,    u"benches"_s, u"samples"_s};
 
 QStringList projectSources()
 {

@@ -1,37 +1,15 @@
 // Practised lines as they are heard: where the sound of each begins and ends.
 
+#include "tests/e2e/support/heard_sound.h"
 #include "tests/e2e/support/steered.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace orvanta::e2e {
-
-/// How long each sound was that is between two silences, seconds.
-static std::vector<double> lengthsOfSounds(const QByteArray& heard, int rate)
-{
-    constexpr float kSilence = 0.001F;
-    std::vector<float> samples(static_cast<std::size_t>(heard.size()) / sizeof(float));
-    std::memcpy(samples.data(), heard.constData(), samples.size() * sizeof(float));
-    const std::size_t pause = static_cast<std::size_t>(rate) / 5; // a wave's zero is no silence
-    std::vector<double> lengths;
-    std::size_t first = 0;
-    std::size_t last = 0;
-    for (std::size_t i = 1; i < samples.size(); ++i) {
-        if (std::abs(samples[i]) > kSilence) {
-            first = first == 0 ? i : first;
-            last = i;
-        } else if (first > 0 && i - last > pause) {
-            lengths.push_back(double(last - first + 1) / rate);
-            first = 0;
-        }
-    }
-    return lengths;
-}
 
 class PractisedSound : public Steered
 {
@@ -48,24 +26,15 @@ protected:
     /// largest is last.
     std::vector<double> playAndMeasure(const QString& lesson, double speed)
     {
-        OwnedProcess recorder;
-        recorder.setProcessEnvironment(desktop.environment());
-        recorder.start(u"parec"_s,
-                       {u"--device="_s + Desktop::soundMonitor(), u"--format=float32le"_s,
-                        u"--rate=48000"_s, u"--channels=1"_s, u"--latency-msec=20"_s});
-        QByteArray heard;
-        const auto hears = [&] {
-            heard += recorder.readAllStandardOutput();
-            return !heard.isEmpty();
-        };
-        EXPECT_TRUE(waitFor(hears));
+        constexpr double kPause = 0.2; // a wave's zero is no silence
+        HeardSound heard(desktop);
+        EXPECT_TRUE(heard.begins());
         EXPECT_EQ(launchAgain(desktop, home, {lesson}), 0);
         EXPECT_TRUE(plays(u"start 1 1 Line 1"_s));
         EXPECT_TRUE(plays(u"stopped"_s));
         std::vector<double> lengths;
         EXPECT_TRUE(waitFor([&] {
-            (void)hears();
-            lengths = lengthsOfSounds(heard, 48000);
+            lengths = heard.lengths(kPause);
             return lengths.size() >= kLines;
         }));
         for (double& length : lengths) {

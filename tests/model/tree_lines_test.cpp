@@ -31,7 +31,7 @@ QStringList texts(const std::vector<TreeLine>& lines)
 {
     QStringList result;
     for (const TreeLine& line : lines) {
-        result.append(line.text);
+        result.append(textWithPrefix(line));
     }
     return result;
 }
@@ -63,6 +63,19 @@ TEST(Tree, ShowsPacketsAndTheirClips)
                   QStringList(u"!Orvanta!"_s) + row.lines)
             << row.rule;
     }
+}
+
+// In long lists a second copy of each text would be much of the memory that they take.
+TEST(Tree, KeepsNoCopyOfATextAndStaysAsItWasWhenTheTextChanges)
+{
+    PlaylistState state = playlist({2, 1});
+    const std::vector<TreeLine> lines = treeLines(state);
+    EXPECT_EQ(lines[1].text.constData(), state.packet(1).Title.constData());
+    EXPECT_EQ(lines[3].text.constData(), state.packet(1).clip(2).Text.constData());
+    EXPECT_EQ(lines[5].text.constData(), state.packet(2).clip(1).Text.constData());
+    EXPECT_LE(sizeof(TreeLine), sizeof(QString) + sizeof(void*));
+    state.Playlist[0].Clips[1].Text.append(u" changed"_s);
+    EXPECT_EQ(textWithPrefix(lines[3]), u"|  |- p1c2");
 }
 
 TEST(Tree, LinesCarryTheNumberOfTheirPacket)
@@ -99,21 +112,25 @@ TEST(HeaderLine, IsTheFirstLineOfAPacketThatIsShown)
 
 TEST(TextWithoutPrefix, CutsEachOfTheThreePrefixes)
 {
-    EXPECT_EQ(textWithoutPrefix(u"|-- Lesson"_s), u"Lesson");
-    EXPECT_EQ(textWithoutPrefix(u"|  |- first"_s), u"first");
-    EXPECT_EQ(textWithoutPrefix(u"   |- last"_s), u"last");
+    const std::vector<TreeLine> lines = treeLines(playlist({1, 1}));
+    EXPECT_EQ(textWithoutPrefix(lines[1]), u"p1");
+    EXPECT_EQ(textWithoutPrefix(lines[2]), u"p1c1");
+    EXPECT_EQ(textWithoutPrefix(lines[4]), u"p2c1");
 }
 
 TEST(TextWithoutPrefix, OfALineWithoutPrefixIsNull)
 {
-    EXPECT_TRUE(textWithoutPrefix(u"!Orvanta!"_s).isNull());
+    EXPECT_TRUE(textWithoutPrefix(treeLines(playlist({})).front()).isNull());
     EXPECT_TRUE(textWithoutPrefix({}).isNull());
 }
 
 TEST(TextWithoutPrefix, OfAnEmptyClipTextIsEmptyButNotNull)
 {
-    EXPECT_TRUE(textWithoutPrefix(u"   |- "_s).isEmpty());
-    EXPECT_FALSE(textWithoutPrefix(u"   |- "_s).isNull());
+    PlaylistState state = playlist({1});
+    state.Playlist[0].Clips[0].Text = QString();
+    const QString text = textWithoutPrefix(treeLines(state).back());
+    EXPECT_TRUE(text.isEmpty());
+    EXPECT_FALSE(text.isNull());
 }
 
 TEST(RowUnderPointer, FollowsTheFixedMarginAndLineHeight)

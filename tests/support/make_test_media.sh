@@ -36,6 +36,7 @@ for file in short.wav short.mp3 short.ogg short.flac; do
     ff -f lavfi -i "$sound" -t 0.3 "$file"
 done
 ff -f lavfi -i "$sound" -t 1 one.wav
+ff -f lavfi -i "$sound" -t 2 two.wav
 ff -f lavfi -i "$sound" -t 1 -c:a libvorbis one.ogg
 ff -f lavfi -i "$sound" -t 1 one.mp3
 ff -f lavfi -i "sine=frequency=1000:sample_rate=48000" -t 0.5 -c:a pcm_f32le level.wav

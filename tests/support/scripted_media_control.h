@@ -21,6 +21,7 @@ public:
     QSize pictureSize;        // what openComplete reports; empty: no picture
     double duration = 10.0;   // seconds
     QStringList refusedFiles; // these fail to open
+    QString prepared;         // by the newest call
     int positionsAsked = 0;   // calls of refreshPosition
     QStringList calls;        // every call in order: "Run", "Pause", "seek 12.5", "load /a.avi"
 
@@ -61,6 +62,7 @@ public:
     void addSubtitleFile(const QString& path, const QString& language) override;
     void raiseSubtitles(double part) override { subtitlesRaised = part; }
     bool readCover() override { return hasCover; }
+    void prepare(const QString& path) override { prepared = path; }
     void refreshPosition() override { ++positionsAsked; }
     [[nodiscard]] bool isReady() const override { return m_ready; }
     [[nodiscard]] bool isOpening() const override { return m_opening; }

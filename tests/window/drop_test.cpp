@@ -92,7 +92,7 @@ TEST_F(DropTest, MarksAndTheCurrentLineStayWhenTheListGrows)
     EXPECT_FALSE(window->isLineChecked(2));
     EXPECT_TRUE(window->isLineChecked(4));
     EXPECT_EQ(window->List1->cursorLine(), 3);
-    EXPECT_EQ(listedTexts()[3], treeLines(module.playlist)[3].text);
+    EXPECT_EQ(listedTexts()[3], textWithPrefix(treeLines(module.playlist)[3]));
 }
 
 TEST_F(DropTest, ADropThatAddsNothingLeavesMarksAndTheCurrentLine)

@@ -197,7 +197,7 @@ protected:
     {
         QStringList texts;
         for (const TreeLine& line : window->List1->lines()) {
-            texts.append(line.text);
+            texts.append(textWithPrefix(line));
         }
         return texts;
     }

@@ -17,6 +17,8 @@ namespace orvanta::e2e {
 ///   large20.mp4                                    20 s of a picture of 1280 by 720
 ///   sound2.mp3 sound2.ogg sound2.wav               2 s of sound
 ///   tone20.wav                                     20 s of a steady, loud tone
+///   tone.wav tone.flac tone.mp3                    1.5 s of it, whole waves
+///   tone.mp4                                       the same with a picture
 ///   short.avi short.mp4 short.mp3 short.wav        0.3 s
 ///   says_more.wav says_less.wav                    a header that names another length than the
 ///   file has variable.mp3                                   variable bit rate, no length in it

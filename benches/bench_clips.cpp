@@ -1,4 +1,4 @@
-#include "bench/bench_clips.h"
+#include "benches/bench_clips.h"
 
 #include <QFileInfo>
 #include <QProcess>

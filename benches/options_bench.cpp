@@ -1,7 +1,7 @@
 // How long the Options dialog keeps people waiting with 200 types: opening, and OK with every type
 // to be registered for the first time, given back, and unchanged. Everything happens in a home of
 // its own; the desktop's caches are refreshed by the tools that are installed.
-#include "bench/without_display.h"
+#include "benches/without_display.h"
 #include "core/ini.h"
 #include "system/form8_options_dialog.h"
 #include "system/type_list.h"

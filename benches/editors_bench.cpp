@@ -1,6 +1,6 @@
 // How long the editors keep people waiting: opening, adding and saving many clips, large folders.
-#include "bench/preview_drag.h"
-#include "bench/without_display.h"
+#include "benches/preview_drag.h"
+#include "benches/without_display.h"
 #include "core/ini.h"
 #include "editors/editor_services.h"
 #include "editors/entry_list_view.h"

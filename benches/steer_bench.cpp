@@ -1,7 +1,7 @@
 // How soon the program obeys, and what a large picture costs, beside an ordinary player on the same
 // display in the same run. Everything is seen from outside: real keys in, points of the screen out.
 
-#include "bench/bench_clips.h"
+#include "benches/bench_clips.h"
 #include "tests/e2e/support/application.h"
 #include "tests/e2e/support/home.h"
 #include "tests/e2e/support/mpris_client.h"

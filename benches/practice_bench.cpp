@@ -3,8 +3,8 @@
 //
 //   bench_practice [text] [line] [lesson]     without a name: all three
 
-#include "bench/bench_clips.h"
-#include "bench/mpv_process.h"
+#include "benches/bench_clips.h"
+#include "benches/mpv_process.h"
 #include "tests/e2e/support/application.h"
 #include "tests/e2e/support/home.h"
 #include "tests/e2e/support/packets.h"

@@ -1,4 +1,4 @@
-#include "bench/preview_drag.h"
+#include "benches/preview_drag.h"
 
 #include "editors/editor_services.h"
 #include "editors/file_list_box.h"

@@ -1,4 +1,4 @@
-#include "bench/mpv_process.h"
+#include "benches/mpv_process.h"
 
 #include "tests/e2e/support/wait.h"
 

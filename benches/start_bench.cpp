@@ -1,8 +1,8 @@
 // Start, opening of a very long packet, memory and rest, beside an ordinary player on the same
 // display in the same run.
 
-#include "bench/bench_clips.h"
-#include "bench/mpv_process.h"
+#include "benches/bench_clips.h"
+#include "benches/mpv_process.h"
 #include "core/ini.h"
 #include "tests/e2e/support/accessibility.h"
 #include "tests/e2e/support/application.h"
