@@ -9,6 +9,7 @@
 #include "core/version.h"
 #include "platform/process/application_folder.h"
 #include "platform/screen/display_system.h"
+#include "platform/screen/gnome_scaling.h"
 #include "platform/screen/window_stacking.h"
 #include "window/skin.h"
 
@@ -52,7 +53,8 @@ static void nameApplication()
 static int runProgram(int count, char** arguments)
 {
     const QString activationToken = launchActivationToken();
-    const QByteArray platforms = preferredPlatforms(QProcessEnvironment::systemEnvironment());
+    const QByteArray platforms = preferredPlatforms(QProcessEnvironment::systemEnvironment(),
+                                                    [] { return shellEnlargesX11(); });
     if (!platforms.isEmpty()) {
         qputenv(kPlatforms, platforms);
     }

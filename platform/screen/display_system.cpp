@@ -7,16 +7,22 @@ namespace orvanta {
 
 using namespace Qt::StringLiterals;
 
-/// Plasma puts every window of Wayland's into the middle, the picture over the main window, but
-/// serves X11 as well as ever, sharp at any scale. Others enlarge X11's pictures, or place windows
-/// beside each other anyway.
-QByteArray preferredPlatforms(const QProcessEnvironment& environment)
+/// Under Wayland no program places its windows: Plasma puts every one into the middle, the picture
+/// over the main window. Both desktops serve X11 as well as ever, sharp at any scale but where
+/// GNOME enlarges it.
+QByteArray preferredPlatforms(const QProcessEnvironment& environment,
+                              const std::function<bool()>& shellEnlargesX11)
 {
     const bool isChosen = !environment.value(u"QT_QPA_PLATFORM"_s).isEmpty();
     const bool hasBoth = !environment.value(u"WAYLAND_DISPLAY"_s).isEmpty() &&
                          !environment.value(u"DISPLAY"_s).isEmpty();
     const QStringList desktops = environment.value(u"XDG_CURRENT_DESKTOP"_s).split(u':');
-    return !isChosen && hasBoth && desktops.contains(u"KDE"_s) ? "xcb;wayland" : QByteArray();
+    if (isChosen || !hasBoth) {
+        return {};
+    }
+    const bool isBetterByX11 =
+        desktops.contains(u"KDE"_s) || (desktops.contains(u"GNOME"_s) && !shellEnlargesX11());
+    return isBetterByX11 ? "xcb;wayland" : QByteArray();
 }
 
 static bool isOnWayland()
