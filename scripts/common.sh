@@ -11,7 +11,7 @@ readonly demonstration_packages=(xvfb openbox dbus imagemagick procps)
 readonly package_packages=(debhelper dpkg-dev fakeroot lintian)
 readonly test_packages=("${package_packages[@]}" desktop-file-utils appstream libxml2-utils man-db
     shared-mime-info xdg-utils file libglib2.0-bin libgtest-dev libgmock-dev clang-format clang-tidy
-    xdotool wmctrl x11-utils x11-apps x11-xkb-utils libxfixes-dev playerctl weston sway swaybg swayidle grim ffmpeg espeak-ng
+    xdotool wmctrl x11-utils x11-apps x11-xkb-utils libxfixes-dev playerctl xfwm4 weston sway swaybg swayidle grim ffmpeg espeak-ng
     xorriso unzip strace mpv mkvtoolnix dbus-x11 at-spi2-core pulseaudio pulseaudio-utils git chromium firefox-esr
     fonts-noto-color-emoji python3)
 

@@ -6,6 +6,8 @@
 #include <QGuiApplication>
 #include <QWindow>
 
+#include <array>
+
 namespace orvanta {
 
 using namespace Qt::StringLiterals;
@@ -81,6 +83,45 @@ void setAlwaysOnTop(QWindow* window, bool onTop)
     window->setFlag(Qt::WindowStaysOnTopHint, onTop);
 }
 
+/// The configuration that puts a window below another one, as the X server would ask a window
+/// manager.
+static xcb_configure_request_event_t requestBelow(xcb_window_t window, xcb_window_t above,
+                                                  xcb_window_t root)
+{
+    xcb_configure_request_event_t request = {};
+    request.response_type = XCB_CONFIGURE_REQUEST;
+    request.stack_mode = XCB_STACK_MODE_BELOW;
+    request.parent = root;
+    request.window = window;
+    request.sibling = above;
+    request.value_mask = XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE;
+    return request;
+}
+
+/// Without the other one's name the window would first have to be raised, and xfwm4 gives a window
+/// that raises itself the keyboard. Where the frames of a window manager hold the two, the server
+/// refuses, and the manager itself is asked.
+static void stackBehindOnX11(xcb_connection_t* connection, QWindow* window, QWindow* above)
+{
+    const auto lower = static_cast<xcb_window_t>(window->winId());
+    const auto upper = static_cast<xcb_window_t>(above->winId());
+    const std::array<uint32_t, 2> values = {upper, XCB_STACK_MODE_BELOW};
+    const X11Reply<xcb_generic_error_t> refusal(
+        xcb_request_check(connection, xcb_configure_window_checked(connection, lower,
+                                                                   XCB_CONFIG_WINDOW_SIBLING |
+                                                                       XCB_CONFIG_WINDOW_STACK_MODE,
+                                                                   values.data())),
+        &std::free);
+    if (refusal) {
+        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+        const xcb_configure_request_event_t request = requestBelow(lower, upper, root);
+        xcb_send_event(connection, 0, root,
+                       XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                       reinterpret_cast<const char*>(&request)); // the protocol's own view
+        xcb_flush(connection);
+    }
+}
+
 void stackBehind(QWindow* window, QWindow* above)
 {
     if (window == nullptr || above == nullptr) {
@@ -90,8 +131,10 @@ void stackBehind(QWindow* window, QWindow* above)
         qCInfo(logDesktop, "this display system lets no program stack its windows");
         return;
     }
-    window->raise();
     above->raise();
+    if (xcb_connection_t* connection = x11Connection()) {
+        stackBehindOnX11(connection, window, above);
+    }
 }
 
 } // namespace orvanta

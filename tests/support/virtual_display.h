@@ -9,7 +9,8 @@ namespace orvanta {
 class VirtualDisplay
 {
 public:
-    VirtualDisplay()
+    /// With the arguments, a program that can be found as one.
+    explicit VirtualDisplay(const QStringList& manager = {QStringLiteral("openbox")})
     {
         m_server.start(QStringLiteral("Xvfb"),
                        {QStringLiteral("-displayfd"), QStringLiteral("1"),
@@ -20,13 +21,15 @@ public:
         }
         m_name = QLatin1Char(':') + QString::fromLatin1(m_server.readLine().trimmed());
         m_manager.setProcessEnvironment(environment());
-        m_manager.start(QStringLiteral("openbox"), QStringList());
+        m_manager.start(manager.first(), manager.mid(1));
         m_manager.waitForStarted();
     }
 
     ~VirtualDisplay()
     {
+        m_manager.terminate(); // with what it has started
         for (QProcess* process : {&m_manager, &m_server}) {
+            process->waitForFinished(process == &m_manager ? 5000 : 0);
             process->kill();
             process->waitForFinished();
         }

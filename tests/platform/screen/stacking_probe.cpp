@@ -106,6 +106,39 @@ static void putOnTopAndBack(QRasterWindow& window)
     confirm("the same window", [&] { return window.winId() == before && window.isVisible(); });
 }
 
+static bool hasKeyboard(const QWindow& window)
+{
+    const auto active = property(root(), "_NET_ACTIVE_WINDOW");
+    return !active.empty() && active.front() == window.winId();
+}
+
+/// The window manager has answered everything that came before: it works in turn.
+static void waitForManager(QRasterWindow& window)
+{
+    setAlwaysOnTop(&window, true);
+    confirm("answered", [&] { return isAbove(window); });
+    setAlwaysOnTop(&window, false);
+    confirm("answered again", [&] { return !isAbove(window); });
+}
+
+static void passKeyboard(QRasterWindow& first, QRasterWindow& second)
+{
+    constexpr int kTurns = 5;
+    confirm("the last to appear in front", [&] { return hasKeyboard(second); });
+    for (int turn = 0; turn < kTurns; ++turn) {
+        bringToFront(&first);
+        confirm("first in front", [&] { return hasKeyboard(first); });
+        bringToFront(&second);
+        confirm("second in front", [&] { return hasKeyboard(second); });
+        stackBehind(&first, &second);
+        confirm("first behind second", [&] { return isDirectlyBehind(first, second); });
+        waitForManager(first);
+        std::printf("%s\n",
+                    hasKeyboard(second) ? "second has the keyboard" : "the first one has it");
+        std::fflush(stdout);
+    }
+}
+
 int main(int argc, char** argv)
 {
     const QGuiApplication application(argc, argv);
@@ -115,6 +148,10 @@ int main(int argc, char** argv)
     show(first, 100);
     show(second, 150);
     confirm("shown", [&] { return first.isExposed() && second.isExposed(); });
+    if (application.arguments().contains(u"keyboard"_s)) {
+        passKeyboard(first, second);
+        return 0;
+    }
     putOnTopAndBack(first);
     bringToFront(&first);
     confirm("first in front", [&] { return QGuiApplication::focusWindow() == &first; });

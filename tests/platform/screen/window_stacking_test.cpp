@@ -6,6 +6,8 @@
 
 namespace orvanta {
 
+using namespace Qt::StringLiterals;
+
 TEST(WindowStacking, TheWindowManagerDoesWhatItIsAsked)
 {
     if (!VirtualDisplay::isInstalled()) {
@@ -19,6 +21,28 @@ TEST(WindowStacking, TheWindowManagerDoesWhatItIsAsked)
          {"managed", "shown", "on top", "back", "the same window", "first in front",
           "second in front", "first in front", "first behind second", "second behind first"}) {
         EXPECT_EQ(program.nextLine(90000), outcome);
+    }
+}
+
+/// xfwm4 gives a window that raises itself the keyboard.
+TEST(WindowStacking, AWindowInFrontKeepsTheKeyboardWhileAnotherIsPutBehindIt)
+{
+    if (QStandardPaths::findExecutable(u"xfwm4"_s).isEmpty()) {
+        GTEST_SKIP() << "xfwm4 is not installed";
+    }
+    const VirtualDisplay display({u"dbus-run-session"_s, u"--"_s, u"xfwm4"_s});
+    Probe program;
+    program.setProcessEnvironment(display.environment());
+    program.startProgram("stacking_probe", {u"keyboard"_s});
+    EXPECT_EQ(program.nextLine(90000), "managed");
+    EXPECT_EQ(program.nextLine(90000), "shown");
+    EXPECT_EQ(program.nextLine(90000), "the last to appear in front");
+    constexpr int kTurns = 5;
+    for (int turn = 0; turn < kTurns; ++turn) {
+        for (const char* outcome : {"first in front", "second in front", "first behind second",
+                                    "answered", "answered again", "second has the keyboard"}) {
+            EXPECT_EQ(program.nextLine(90000), outcome);
+        }
     }
 }
 
