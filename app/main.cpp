@@ -8,6 +8,7 @@
 #include "app/start_up_steps.h"
 #include "core/version.h"
 #include "platform/process/application_folder.h"
+#include "platform/process/memory.h"
 #include "platform/screen/display_system.h"
 #include "platform/screen/gnome_scaling.h"
 #include "platform/screen/window_stacking.h"
@@ -20,7 +21,6 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
-#include <malloc.h>
 #include <string_view>
 
 namespace orvanta {
@@ -96,17 +96,9 @@ static int answer(const QString& text)
 
 } // namespace orvanta
 
-/// The C library raises its limit with each large block that is freed, and from then on keeps
-/// pictures' memory among its small blocks, scattered: after hours twice as much as is in use.
-static void giveLargeBlocksBack()
-{
-    constexpr int kLarge = 256 * 1024; // bytes; smaller than any picture of a clip
-    mallopt(M_MMAP_THRESHOLD, kLarge);
-}
-
 int main(int argc, char** argv)
 {
-    giveLargeBlocksBack();
+    orvanta::giveLargeBlocksBack();
     orvanta::sendLogToStandardError();
     const auto language = [&] {
         const QCoreApplication application(argc, argv);

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <utility>
+
 namespace orvanta {
 
 constexpr int kQuietTicks = 2; // the second one serves what the first one began
@@ -11,9 +13,10 @@ constexpr int kSooner = 10; // the tick after the event; time for one that comes
 
 // The folder, since a settings file is replaced whole, and that behind a link. Being told is
 // enough: it is an event.
-TickRest::TickRest(QTimer& tick, const QString& settingsFile)
+TickRest::TickRest(QTimer& tick, const QString& settingsFile, std::function<void()> settled)
     : m_tick(tick),
-      m_rhythm(tick.intervalAsDuration())
+      m_rhythm(tick.intervalAsDuration()),
+      m_settled(std::move(settled))
 {
     const QString file = QFileInfo(settingsFile).canonicalFilePath();
     if (!file.isEmpty()) {
@@ -24,12 +27,22 @@ TickRest::TickRest(QTimer& tick, const QString& settingsFile)
 void TickRest::ticked(bool isQuiet)
 {
     const bool mayRest = isQuiet && !m_settings.directories().isEmpty();
+    m_hasRun = m_hasRun || !isQuiet;
+    if (m_isResting && m_hasRun) {
+        settle();
+    }
     m_quietTicks = mayRest ? m_quietTicks + 1 : 0;
     if (m_quietTicks >= kQuietTicks) {
         rest();
     } else {
         goOn(m_rhythm);
     }
+}
+
+void TickRest::settle()
+{
+    m_hasRun = false;
+    m_settled();
 }
 
 void TickRest::rest()

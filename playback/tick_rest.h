@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include <chrono>
+#include <functional>
 
 namespace orvanta {
 
@@ -18,7 +19,8 @@ class TickRest : public QObject
 {
 public:
     /// tick: its timer, with its interval. It outlives this. settingsFile: where launches queue.
-    TickRest(QTimer& tick, const QString& settingsFile);
+    /// settled: called at the first of the rare ticks after something ran.
+    TickRest(QTimer& tick, const QString& settingsFile, std::function<void()> settled);
 
     /// After each tick of the timer. isQuiet: nothing runs or opens.
     void ticked(bool isQuiet);
@@ -28,6 +30,7 @@ protected:
 
 private:
     void rest();
+    void settle();
     void goOn(std::chrono::milliseconds interval);
 
     QTimer& m_tick;
@@ -35,6 +38,8 @@ private:
     QFileSystemWatcher m_settings;
     int m_quietTicks = 0;
     bool m_isResting = false;
+    std::function<void()> m_settled;
+    bool m_hasRun = false; // since it was settled last
 };
 
 } // namespace orvanta

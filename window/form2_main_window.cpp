@@ -1,5 +1,6 @@
 #include "window/form2_main_window.h"
 
+#include "platform/process/memory.h"
 #include "playback/command_menu.h"
 #include "window/clip_line.h"
 #include "window/editing_mode.h"
@@ -79,7 +80,7 @@ void Form2::Form2_Form_Load()
                [&] { Slider3->setValue(m_services.engine.storedBalance().value()); });
     showStartPage();
     m_editing->offerDrafts();
-    m_tickRest = std::make_unique<TickRest>(Timer1, m_services.module.IniPath);
+    m_tickRest = std::make_unique<TickRest>(Timer1, m_services.module.IniPath, giveFreeMemoryBack);
     Timer1.start();
 }
 

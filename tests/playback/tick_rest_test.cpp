@@ -34,7 +34,7 @@ protected:
     void restart(const QString& settingsFile)
     {
         timer.setInterval(20ms);
-        rest = std::make_unique<TickRest>(timer, settingsFile);
+        rest = std::make_unique<TickRest>(timer, settingsFile, [this] { ++settled; });
         timer.start();
     }
 
@@ -54,6 +54,7 @@ protected:
     std::unique_ptr<TickRest> rest;
     bool isQuiet = true;
     int ticks = 0;
+    int settled = 0;
 };
 
 } // namespace
@@ -72,6 +73,24 @@ TEST_F(TickRestTest, DoesNotComeWhileSomethingRuns)
         ASSERT_TRUE(ticksOnceMore());
         EXPECT_FALSE(rests());
     }
+}
+
+TEST_F(TickRestTest, IsSettledOnceWhenSomethingRanBeforeAndNothingComesAfterIt)
+{
+    ASSERT_TRUE(comesToRest());
+    ASSERT_TRUE(ticksOnceMore());
+    EXPECT_EQ(settled, 0) << "nothing has run";
+    rest.reset();
+    isQuiet = false;
+    restart(home.ini());
+    ASSERT_TRUE(ticksOnceMore());
+    isQuiet = true;
+    ASSERT_TRUE(comesToRest());
+    EXPECT_EQ(settled, 0) << "something may come at once";
+    ASSERT_TRUE(QTest::qWaitFor([this] { return settled == 1; }, 20000));
+    ASSERT_TRUE(ticksOnceMore());
+    ASSERT_TRUE(ticksOnceMore());
+    EXPECT_EQ(settled, 1);
 }
 
 TEST_F(TickRestTest, EndsWithAnyEventOfTheProgram)
