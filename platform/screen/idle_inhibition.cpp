@@ -66,8 +66,11 @@ void IdleInhibition::hold(bool awake)
 
 void IdleInhibition::ask()
 {
-    if (m_asking) {
-        return; // the answer that is on the way will do
+    if (m_asking) { // the answer that is on the way will do; the compositor gives none
+        if (m_isAtPortal) {
+            askCompositor();
+        }
+        return;
     }
     m_asking = true;
     const QDBusMessage call = screenSaverCall(u"Inhibit"_s) << u"orvanta"_s << QString(kReason);
@@ -92,11 +95,13 @@ void IdleInhibition::askCompositor()
 
 void IdleInhibition::askPortal()
 {
+    m_isAtPortal = true;
     auto* watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(portalCall()), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<QDBusObjectPath> reply = *watcher;
         watcher->deleteLater();
         m_asking = false;
+        m_isAtPortal = false;
         if (reply.isError()) {
             qCInfo(logDesktop, "no service here keeps the desktop awake: %s",
                    qUtf8Printable(reply.error().message()));

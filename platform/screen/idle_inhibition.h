@@ -40,8 +40,9 @@ private:
     QDBusConnection m_bus;
     WaylandAwake m_compositor;
     bool m_wanted = false;
-    bool m_asking = false;    // an answer is on the way
-    bool m_hasCookie = false; // held by the screen saver service
+    bool m_asking = false;     // an answer is on the way
+    bool m_isAtPortal = false; // the portal's: there is no screen saver service
+    bool m_hasCookie = false;  // held by the screen saver service
     quint32 m_cookie = 0;
     QString m_request; // held by the portal: the object to close; empty when not
 };

@@ -135,6 +135,9 @@ void WaylandAwake::letGo(QWindow* window)
 
 void WaylandAwake::letGoOfAll()
 {
+    if (!m_inhibitors.isEmpty()) {
+        qCInfo(logDesktop, "the compositor may let the session sleep");
+    }
     for (zwp_idle_inhibitor_v1* inhibitor : std::as_const(m_inhibitors)) {
         zwp_idle_inhibitor_v1_destroy(inhibitor);
     }

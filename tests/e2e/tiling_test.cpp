@@ -4,6 +4,9 @@
 #include "tests/e2e/support/screen_colours.h"
 #include "tests/e2e/support/steered.h"
 
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusObjectPath>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -11,6 +14,25 @@
 using namespace Qt::StringLiterals;
 
 namespace orvanta::e2e {
+
+/// A desktop's portal that is still starting: it answers nobody.
+class StartingPortal : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Inhibit")
+
+public:
+    int asked = 0;
+
+public Q_SLOTS:
+    Q_SCRIPTABLE QDBusObjectPath Inhibit(const QString& /*window*/, uint /*flags*/,
+                                         const QVariantMap& /*options*/)
+    {
+        setDelayedReply(true);
+        ++asked;
+        return {};
+    }
+};
 
 class TilingDesktop : public Steered
 {
@@ -120,4 +142,30 @@ TEST_F(TilingDesktop, TheSessionFallsAsleepWhenNothingPlaysAndNotWhileAClipRuns)
     EXPECT_TRUE(waitFor([&] { return QFileInfo::exists(asleep); }));
 }
 
+TEST_F(TilingDesktop, TheCompositorIsToldAtEachPlayAlsoWhileAPortalIsSilent)
+{
+    StartingPortal portal;
+    const QString name = u"desktop"_s;
+    QDBusConnection bus = QDBusConnection::connectToBus(desktop.busAddress(), name);
+    ASSERT_TRUE(bus.registerObject(u"/org/freedesktop/portal/desktop"_s, &portal,
+                                   QDBusConnection::ExportScriptableSlots));
+    ASSERT_TRUE(bus.registerService(u"org.freedesktop.portal.Desktop"_s));
+    playRed();
+    const auto isToldTimes = [this](int times) {
+        return waitFor([&] {
+            return program.linesMatching(u"the compositor keeps the session awake"_s).size() ==
+                   times;
+        });
+    };
+    EXPECT_TRUE(isToldTimes(1));
+    controls.call(u"Pause"_s);
+    ASSERT_TRUE(becomes(u"Paused"_s));
+    controls.call(u"Play"_s);
+    EXPECT_TRUE(isToldTimes(2));
+    EXPECT_EQ(portal.asked, 1);
+    QDBusConnection::disconnectFromBus(name);
+}
+
 } // namespace orvanta::e2e
+
+#include "tests/e2e/tiling_test.moc"
