@@ -148,18 +148,24 @@ TEST(PackageSource, ASoftwareCentreHasRoomForTheSummaryInBothLanguages)
     }
 }
 
-TEST(PackageSource, TheFirstScreenshotIsWideAndLargeAsSoftwareCentresWantIt)
+TEST(PackageSource, EveryScreenshotIsWideAndLargeAsSoftwareCentresWantIt)
 {
-    const QString first = firstGroup(u"<screenshot type=\"default\">(.*?)</screenshot>"_s,
-                                     sourceText(u"packaging/screenshots.xml.in"_s));
-    for (const QString& language : {u"en"_s, u"ru"_s}) {
-        const QString name = u"lesson_"_s + language + u".png"_s;
-        EXPECT_TRUE(first.contains(name));
+    static const QRegularExpression image(u"width=\"(\\d+)\" height=\"(\\d+)\".*/(\\w+\\.png)<"_s);
+    const QString text = sourceText(u"packaging/screenshots.xml.in"_s);
+    EXPECT_TRUE(firstGroup(u"<screenshot type=\"default\">(.*?)</screenshot>"_s, text)
+                    .contains(u"lesson_en.png"_s));
+    int pictures = 0;
+    for (const QRegularExpressionMatch& each : image.globalMatch(text)) {
+        const QString name = each.captured(3);
         const QSize size =
             QImage(QStringLiteral(ORVANTA_SOURCE_DIR "/docs/screenshots/") + name).size();
-        EXPECT_GE(size.width(), 1248);
-        EXPECT_EQ(size.width() * 9, size.height() * 16);
+        EXPECT_EQ(size, QSize(each.captured(1).toInt(), each.captured(2).toInt()))
+            << qPrintable(name);
+        EXPECT_GE(size.width(), 1248) << qPrintable(name);
+        EXPECT_EQ(size.width() * 9, size.height() * 16) << qPrintable(name);
+        ++pictures;
     }
+    EXPECT_EQ(pictures, text.count(u"<image"_s));
 }
 
 TEST(PackageSource, TheFlatpakManifestBuildsTheProgramUnderItsOwnId)
