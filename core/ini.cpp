@@ -1,6 +1,7 @@
 #include "core/ini.h"
 
 #include "core/ini_cache.h"
+#include "core/ini_memory.h"
 #include "core/log.h"
 
 #include <cerrno>
@@ -165,6 +166,18 @@ bool changeIniAtOnce(
 bool canWriteIni(const QString& file)
 {
     return changeIniAtOnce(file, [](const auto&) { return std::vector<IniChange>(); });
+}
+
+void forgetIni(const QString& file)
+{
+    const std::lock_guard lock(cacheMutex());
+    cache().forget(file);
+}
+
+bool isIniInMemory(const QString& file)
+{
+    const std::lock_guard lock(cacheMutex());
+    return cache().holds(file);
 }
 
 void setLegacyCodePage(const QString& name)

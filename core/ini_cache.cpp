@@ -81,6 +81,18 @@ void IniCache::giveBack(const QString& path, std::shared_ptr<IniDocument> docume
     entryOf(path).document = std::move(document);
 }
 
+void IniCache::forget(const QString& path)
+{
+    std::erase_if(m_entries, [&](const Entry& entry) { return entry.path == path; });
+}
+
+bool IniCache::holds(const QString& path) const
+{
+    return std::any_of(m_entries.begin(), m_entries.end(), [&](const Entry& entry) {
+        return entry.path == path && entry.document != nullptr;
+    });
+}
+
 void IniCache::keep(const QString& path, std::shared_ptr<IniDocument> document, const IniFile& file)
 {
     Entry& entry = entryOf(path);

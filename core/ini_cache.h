@@ -30,6 +30,8 @@ public:
     void keep(const QString& path, std::shared_ptr<IniDocument> document, const IniFile& file);
 
     void clear() { m_entries.clear(); }
+    void forget(const QString& path);
+    [[nodiscard]] bool holds(const QString& path) const;
 
 private:
     struct Entry

@@ -3,6 +3,7 @@
 #include "core/document_writer.h"
 #include "core/error_boundary.h"
 #include "core/ini.h"
+#include "core/ini_memory.h"
 #include "core/numbers.h"
 #include "core/paths.h"
 
@@ -57,6 +58,10 @@ static void writeEntries(DocumentWriter& writer, const QString& word, const QStr
 }
 
 /// Raises 13, 6, or 9 when it is negative: no list has that size.
+/// A packet of more entries is read once more from its file when somebody asks for it: its text and
+/// the places of its sections would take a third of the memory of the list.
+constexpr int kKeptInMemory = 500;
+
 static Int16 listSize(const QString& text)
 {
     const Int16 count = countValue(text);
@@ -141,6 +146,9 @@ void readPacketInto(PlaylistEntry& entry, const QString& path, qsizetype room)
     } else {
         resizeClips(entry, optionalListSize(packet, u"files"_s), room);
         readClips(entry, packet);
+    }
+    if (entry.ClipCount.value() > kKeptInMemory) {
+        forgetIni(path);
     }
 }
 

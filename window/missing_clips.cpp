@@ -1,5 +1,6 @@
 #include "window/missing_clips.h"
 
+#include "core/heap.h"
 #include "window/edit_notice.h"
 #include "window/playlist_list.h"
 
@@ -12,6 +13,7 @@ using namespace Qt::StringLiterals;
 
 // Several changes of the list that follow each other are checked once.
 constexpr int kSoonMs = 50;
+constexpr std::size_t kManyFiles = 500;
 
 MissingClips::MissingClips(MissingClipsPorts ports, QObject* parent)
     : QObject(parent),
@@ -42,6 +44,9 @@ void MissingClips::check()
     const int revision = m_ports.module.playlist.revision;
     m_job.start(*this, [this, revision, files = std::move(files)](JobLink& link) {
         auto missing = missingFiles(files, [&link] { return !link.isStopped(); });
+        if (files.size() > kManyFiles) {
+            giveFreeMemoryBack(); // of the reading of what has just been opened
+        }
         link.deliver([this, revision, missing = std::move(missing)]() mutable {
             take(revision, std::move(missing));
         });

@@ -80,6 +80,7 @@ void MpvPlayer::forgetClip()
         m_nextLook.stop();
         m_next = {};
     }
+    m_refusedNext.clear();
     m_withdrawing = false;
     m_isAdopted = false;
     m_probe.stop();

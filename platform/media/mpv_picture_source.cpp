@@ -31,6 +31,12 @@ void MpvPictureSource::setTargetSize(QSize pixels)
     m_renderer->setTargetSize(pixels);
 }
 
+void MpvPictureSource::setBlended(bool blended)
+{
+    m_isBlended = blended;
+    m_renderer->setBlended(blended);
+}
+
 void MpvPictureSource::setKeepsLastFrame(bool keeps)
 {
     m_keepsLastFrame = keeps;
@@ -40,6 +46,7 @@ void MpvPictureSource::setKeepsLastFrame(bool keeps)
 std::unique_ptr<MpvRenderer> MpvPictureSource::exchange()
 {
     auto fresh = std::make_unique<MpvRenderer>();
+    fresh->setBlended(m_isBlended);
     fresh->setTargetSize(m_targetSize);
     fresh->setKeepsLastFrame(m_keepsLastFrame);
     fresh->showFirst(m_renderer->frame());

@@ -31,6 +31,7 @@ public:
     void setPatience(std::chrono::milliseconds time) { m_renderer->setPatience(time); }
 
     void setTargetSize(QSize pixels) override;
+    void setBlended(bool blended) override;
     [[nodiscard]] QImage frame() const override { return m_renderer->frame(); }
     [[nodiscard]] bool hasPicture() const override { return m_renderer->hasPicture(); }
     void setKeepsLastFrame(bool keeps) override;
@@ -53,6 +54,7 @@ private:
     void listen();
 
     QSize m_targetSize;
+    bool m_isBlended = true;
     bool m_keepsLastFrame = false;
     std::unique_ptr<MpvRenderer> m_renderer;
 };

@@ -117,6 +117,15 @@ void MpvRenderer::setTargetSize(QSize pixels)
     waitForFirstFrame();
 }
 
+void MpvRenderer::setBlended(bool blended)
+{
+    const std::lock_guard lock(m_mutex);
+    if (std::exchange(m_isBlended, blended) != blended) {
+        m_drawAgain = !m_targetSize.isEmpty();
+        m_work.notify_all();
+    }
+}
+
 void MpvRenderer::drawAgain()
 {
     const std::lock_guard lock(m_mutex);
@@ -251,24 +260,30 @@ bool MpvRenderer::waitForWork()
 void MpvRenderer::renderFrame()
 {
     const bool newFrame = (mpv_render_context_update(m_context) & MPV_RENDER_UPDATE_FRAME) != 0;
-    QSize size;
+    FrameWish wish;
     bool redraw = false;
     quint64 clip = 0;
     {
         const std::lock_guard lock(m_mutex);
         redraw = std::exchange(m_drawAgain, false);
         m_isOpen = m_isOpen || (newFrame && std::exchange(m_beginsWithFrame, false));
-        size = m_isOpen && !m_isLost ? m_targetSize : QSize();
+        wish.size = m_isOpen && !m_isLost ? m_targetSize : QSize();
+        wish.blended = m_isBlended;
         clip = m_clip;
     }
     if (!newFrame && !redraw) {
         return;
     }
-    if (size.isEmpty()) {
+    if (wish.size.isEmpty()) {
         skipFrame();
-        return;
+    } else {
+        renderInto(wish, clip);
     }
-    switch (m_renderer->render(size, m_back)) {
+}
+
+void MpvRenderer::renderInto(const FrameWish& wish, quint64 clip)
+{
+    switch (m_renderer->render(wish, m_back)) {
     case PictureRenderer::Drawn:
         publish(clip);
         break;

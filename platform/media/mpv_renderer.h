@@ -39,6 +39,7 @@ public:
     void stop();
 
     void setTargetSize(QSize pixels) override;
+    void setBlended(bool blended) override;
     /// The frame that is shown, with its subtitles as they are now.
     void drawAgain();
     [[nodiscard]] QImage frame() const override;
@@ -72,6 +73,7 @@ private:
     bool enterRenderer();
     bool waitForWork();
     void renderFrame();
+    void renderInto(const FrameWish& wish, quint64 clip);
     void skipFrame();
     void loseDriver();
     [[nodiscard]] QImage lastFrame() const;
@@ -89,6 +91,7 @@ private:
     mutable std::mutex m_mutex; // guards what follows up to m_back
     std::condition_variable m_work;
     QSize m_targetSize;
+    bool m_isBlended = true;
     RenderedFrame m_front;
     bool m_frameWaiting = false;
     bool m_drawAgain = false;

@@ -101,7 +101,7 @@ void OpenGlRenderer::leave()
     m_context->moveToThread(m_home);
 }
 
-PictureRenderer::Result OpenGlRenderer::render(QSize size, RenderedFrame& frame)
+PictureRenderer::Result OpenGlRenderer::render(const FrameWish& wish, RenderedFrame& frame)
 {
     if (!hasAnswer()) {
         return Lost;
@@ -109,7 +109,7 @@ PictureRenderer::Result OpenGlRenderer::render(QSize size, RenderedFrame& frame)
     if (!m_choice.draws()) {
         return NotDrawn;
     }
-    takeFreeFrame(size, frame);
+    takeFreeFrame(wish.size, frame);
     if (frame.texture == nullptr) {
         return NotDrawn;
     }

@@ -22,7 +22,7 @@ public:
     void giveTo(QThread& thread) override;
     [[nodiscard]] mpv_render_context* enter() override;
     void leave() override;
-    [[nodiscard]] Result render(QSize size, RenderedFrame& frame) override;
+    [[nodiscard]] Result render(const FrameWish& wish, RenderedFrame& frame) override;
     [[nodiscard]] bool isOpenGl() const override { return true; }
     [[nodiscard]] QImage copy(const RenderedFrame& frame) const override;
 

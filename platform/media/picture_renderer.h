@@ -16,6 +16,12 @@ struct RenderedFrame
     std::shared_ptr<const OpenGlFrame> texture;
 };
 
+struct FrameWish
+{
+    QSize size;          // device pixels
+    bool blended = true; // as of PictureSource::setBlended
+};
+
 /// Owns the library's render context, of which a player can have one at a time: it must be gone
 /// before the next one is made, and before the player. Made and destroyed on the interface thread.
 class PictureRenderer
@@ -40,7 +46,7 @@ public:
     virtual void leave() {}
     /// On that thread. frame: one that was rendered before, or none; its memory is used again when
     /// nobody else holds it.
-    [[nodiscard]] virtual Result render(QSize size, RenderedFrame& frame) = 0;
+    [[nodiscard]] virtual Result render(const FrameWish& wish, RenderedFrame& frame) = 0;
 
     [[nodiscard]] virtual bool isOpenGl() const { return false; }
     /// On the interface thread: a copy of what render() has drawn.

@@ -27,6 +27,9 @@ public:
 
     /// The size in device pixels in which the surface wants its frames, aspect kept, black bars.
     virtual void setTargetSize(QSize pixels) = 0;
+    /// Whether the fourth byte of a pixel is taken for an opacity where it is shown, so that it
+    /// must say opaque. Until it is said, it is; to be said before the target size.
+    virtual void setBlended(bool /*blended*/) {}
     /// The newest frame in the target size; null before the first. While the next clip is being
     /// opened, the last one of the clip before. Of an OpenGL source this is a copy, made now.
     [[nodiscard]] virtual QImage frame() const = 0;

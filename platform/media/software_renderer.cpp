@@ -48,8 +48,9 @@ static QImage newImage(QSize size)
 }
 
 /// The library leaves the fourth byte of a pixel as it comes, and a compositor that blends windows
-/// takes it for the opacity. Sixteen pixels at once, as lines are aligned: it is done to each
-/// frame.
+/// takes it for the opacity. Asked for an opacity, the library leaves its black bars without one,
+/// and whether a picture has holes of its own is told only after its first frame; so it is set
+/// here, where it matters. Sixteen pixels at once, as lines are aligned: it is done to each frame.
 static void makeOpaque(QImage& image)
 {
     using Pixels = quint32 __attribute__((vector_size(kAlignment)));
@@ -62,16 +63,19 @@ SoftwareRenderer::SoftwareRenderer(mpv_handle* player)
     : m_context(createContext(player))
 {}
 
-PictureRenderer::Result SoftwareRenderer::render(QSize size, RenderedFrame& frame)
+PictureRenderer::Result SoftwareRenderer::render(const FrameWish& wish, RenderedFrame& frame)
 {
     // The surface may still be painting the image of the frame before.
-    if (frame.image.size() != size || !frame.image.isDetached()) {
-        frame.image = newImage(size);
+    if (frame.image.size() != wish.size || !frame.image.isDetached()) {
+        frame.image = newImage(wish.size);
     }
     if (frame.image.isNull()) {
         return NotDrawn;
     }
     renderInto(frame.image);
+    if (wish.blended) {
+        makeOpaque(frame.image);
+    }
     return Drawn;
 }
 
@@ -87,7 +91,6 @@ void SoftwareRenderer::renderInto(QImage& image)
         {MPV_RENDER_PARAM_INVALID, nullptr},
     }};
     mpv_render_context_render(m_context.get(), parameters.data());
-    makeOpaque(image);
 }
 
 } // namespace orvanta

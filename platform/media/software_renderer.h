@@ -20,7 +20,7 @@ public:
     explicit SoftwareRenderer(mpv_handle* player);
 
     [[nodiscard]] mpv_render_context* enter() override { return m_context.get(); }
-    [[nodiscard]] Result render(QSize size, RenderedFrame& frame) override;
+    [[nodiscard]] Result render(const FrameWish& wish, RenderedFrame& frame) override;
 
 private:
     void renderInto(QImage& image);

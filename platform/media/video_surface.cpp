@@ -3,11 +3,23 @@
 #include "platform/media/opengl_view.h"
 #include "platform/media/picture_source.h"
 
+#include <QGuiApplication>
 #include <QPainter>
+#include <QWindow>
 
 #include <utility>
 
 namespace orvanta {
+
+// Windows of X11 have 24 bits a pixel unless they ask for an alpha channel, or OpenGL chooses for
+// them. Those of Wayland have it always, and are only said to be opaque.
+bool blends(const QWidget& widget, const QString& platform)
+{
+    const QWidget* const window = widget.window();
+    const QWindow* const made = window->windowHandle();
+    return platform != u"xcb" || window->testAttribute(Qt::WA_TranslucentBackground) ||
+           (made != nullptr && made->surfaceType() != QSurface::RasterSurface);
+}
 
 VideoSurface::VideoSurface(PictureSource* source, QWidget* parent)
     : QWidget(parent),
@@ -33,6 +45,7 @@ void VideoSurface::chooseView()
     } else if (m_view == nullptr) {
         m_view = new OpenGlView(*m_source, this);
     }
+    announceBlending();
 }
 
 void VideoSurface::setKeepsLastFrame()
@@ -88,8 +101,14 @@ void VideoSurface::hideEvent(QHideEvent* /*event*/)
 void VideoSurface::announceSize()
 {
     if (m_source != nullptr) {
+        announceBlending();
         m_source->setTargetSize(isVisible() ? deviceSize() : QSize());
     }
+}
+
+void VideoSurface::announceBlending()
+{
+    m_source->setBlended(blends(*this, QGuiApplication::platformName()));
 }
 
 QSize VideoSurface::deviceSize() const

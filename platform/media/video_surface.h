@@ -8,6 +8,10 @@ namespace orvanta {
 class OpenGlView;
 class PictureSource;
 
+/// Whether the fourth byte of a widget's pixels is taken for an opacity on this platform (Qt's
+/// name). The widget's window need not be made yet.
+[[nodiscard]] bool blends(const QWidget& widget, const QString& platform);
+
 /// Shows a PictureSource's frames, aspect kept, black around: paints them, or has a child that
 /// draws them by OpenGL, as the source wants it now. Null source: stays black. Hidden, it asks for
 /// no frames.
@@ -30,6 +34,7 @@ protected:
 private:
     void chooseView();
     void announceSize();
+    void announceBlending();
     [[nodiscard]] QSize deviceSize() const;
 
     PictureSource* m_source;

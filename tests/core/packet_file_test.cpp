@@ -1,4 +1,5 @@
 #include "core/ini.h"
+#include "core/ini_memory.h"
 #include "core/packet_file.h"
 #include "tests/core/test_folder.h"
 #include "tests/support/error_of.h"
@@ -27,6 +28,42 @@ TEST_F(PacketFiles, AClipListHasTheStatedLayout)
     EXPECT_EQ(bytesOf(file), "[main]\r\nfiles=2\r\n"
                              "[file1]\r\npath=/clips/intro.avi\r\ntext=Introduction\r\n"
                              "[file2]\r\npath=/clips/part2.mpg\r\ntext=Part two\r\n");
+}
+
+TEST_F(PacketFiles, TheTextOfALargePacketStaysInItsFileAndIsReadAgainWhenAsked)
+{
+    const QString small = path(u"small.vxl"_s);
+    const QString large = path(u"large.vxl"_s);
+    writeClipListPacket(small, QStringList(10, u"a.mp4{}Text"_s));
+    writeClipListPacket(large, QStringList(1000, u"a.mp4{}Text"_s));
+    EXPECT_EQ(read(small).Clips.size(), 10);
+    EXPECT_TRUE(isIniInMemory(small));
+    const IniSnapshot before(large);
+    EXPECT_EQ(read(large).Clips.size(), 1000);
+    EXPECT_FALSE(isIniInMemory(large));
+    EXPECT_EQ(before.read(u"file1000"_s, u"text"_s), u"Text");
+    WriteIni(u"file1000"_s, u"text"_s, u"Other"_s, large);
+    EXPECT_EQ(ReadIni(u"file1000"_s, u"text"_s, large), u"Other");
+    EXPECT_EQ(read(large).Clips.back().Text, u"Other");
+    forgetIni(path(u"never.vxl"_s));
+}
+
+TEST_F(PacketFiles, AnEntryTakesLittleMoreThanItsTexts)
+{
+    constexpr std::size_t kMost = 300; // bytes, of texts of about thirty characters each
+    const QString file = path(u"a.vxl"_s);
+    writeClipListPacket(
+        file, QStringList(1000, u"clips/clip number 12345.mp4{}A line of the lesson, no. 12345"_s));
+    const PlaylistEntry packet = read(file);
+    ASSERT_EQ(packet.Clips.size(), 1000);
+    std::size_t bytes = packet.Clips.capacity() * sizeof(ClipEntry);
+    for (const ClipEntry& clip : packet.Clips) {
+        for (const QString& text : {clip.Time, clip.Text, clip.Path}) {
+            bytes += static_cast<std::size_t>(text.capacity()) * sizeof(QChar) +
+                     (text.capacity() > 0 ? sizeof(QArrayData) + sizeof(QChar) : 0);
+        }
+    }
+    EXPECT_LT(bytes / packet.Clips.size(), kMost);
 }
 
 TEST_F(PacketFiles, ABrakePacketHasTheStatedLayout)

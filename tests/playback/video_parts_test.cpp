@@ -10,9 +10,12 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QWindow>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <memory>
+#include <optional>
 
 using namespace orvanta;
 using namespace Qt::StringLiterals;
@@ -23,6 +26,7 @@ class PlainSource : public PictureSource
 {
 public:
     void setTargetSize(QSize pixels) override { target = pixels; }
+    void setBlended(bool isBlended) override { blended = isBlended; }
     [[nodiscard]] QImage frame() const override { return image; }
     [[nodiscard]] bool hasPicture() const override { return !image.isNull(); }
     void give(QSize size, QColor colour)
@@ -33,6 +37,7 @@ public:
     }
 
     QSize target;
+    std::optional<bool> blended;
     QImage image;
 };
 
@@ -125,6 +130,46 @@ TEST(VideoSurface, ASurfaceAsksForFramesInItsSizeWhileItShows)
     EXPECT_EQ(source.target, QSize(60, 50));
     surface.hide();
     EXPECT_TRUE(source.target.isEmpty());
+}
+
+TEST(VideoSurface, PixelsNeedBeOpaqueOnlyWhereTheirWindowHasAnOpacity)
+{
+    QWidget plain;
+    QWidget translucent;
+    translucent.setAttribute(Qt::WA_TranslucentBackground);
+    const QWidget inPlain(&plain);
+    const QWidget inTranslucent(&translucent);
+    EXPECT_FALSE(blends(inPlain, u"xcb"_s));
+    EXPECT_TRUE(blends(inTranslucent, u"xcb"_s));
+    EXPECT_TRUE(blends(inPlain, u"wayland"_s));
+    plain.winId();
+    EXPECT_FALSE(blends(inPlain, u"xcb"_s));
+    plain.windowHandle()->setSurfaceType(QSurface::OpenGLSurface);
+    EXPECT_TRUE(blends(inPlain, u"xcb"_s));
+}
+
+TEST(VideoSurface, TheSourceIsToldOfItBeforeTheSize)
+{
+    PlainSource source;
+    VideoSurface surface(&source);
+    surface.show();
+    EXPECT_EQ(source.blended, blends(surface, QGuiApplication::platformName()));
+}
+
+TEST(VideoSurface, AFrameWhoseOpacityIsAnythingShowsItsColoursAlone)
+{
+    PlainSource source;
+    VideoSurface surface(&source);
+    surface.resize(40, 30);
+    surface.show();
+    for (const QSize size : {QSize(40, 30), QSize(20, 15)}) {
+        for (const quint32 opacity : {0U, 0x80000000U, 0xff000000U}) {
+            source.give(size, Qt::black);
+            std::fill_n(reinterpret_cast<quint32*>(source.image.bits()),
+                        size.width() * size.height(), opacity | 0x2060a0U);
+            EXPECT_EQ(colourAt(surface, 20, 15), QColor(0x20, 0x60, 0xa0)) << opacity;
+        }
+    }
 }
 
 TEST(VideoSurface, AFrameIsPaintedAsItIs)

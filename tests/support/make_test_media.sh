@@ -147,6 +147,14 @@ from="00 00 00 00" to="00 02 BF 20"
 ff -f lavfi -i "color=black:size=320x240:rate=25" -i white.sup -t 3 -map 0 -map 1 \
     -pix_fmt yuv420p -c:v libx264 -c:s dvdsub pictures.mkv
 
+# Pictures with holes, and one whose colours have ten bits.
+holes="format=rgba,geq=r=X*4:g=Y*4:b=100:a='if(lt(X,20),0,if(lt(X,40),128,255))'"
+ff -f lavfi -i "$picture,$holes" -frames:v 1 -c:v png holes_still.mkv
+ff -f lavfi -i "$picture,$holes" -t 1 -c:v ffv1 -pix_fmt bgra holes.mkv
+ff -f lavfi -i "$picture,$holes" -t 1 holes.gif
+ff -f lavfi -i "$picture" -t 1 -pix_fmt yuv420p10le -c:v ffv1 ten.mkv
+ff -f lavfi -i "$picture" -t 1 -pix_fmt gray -c:v ffv1 gray.mkv
+
 # Sound with a cover, and one of more than 64 megapixels.
 ff -f lavfi -i "color=red:size=300x200" -frames:v 1 cover.png
 ff -f lavfi -i "color=red:size=9000x9000" -frames:v 1 large.png

@@ -2,8 +2,12 @@
 // nothing had been prepared.
 #include "tests/support/recorded_player.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <utility>
@@ -82,6 +86,15 @@ protected:
     std::function<void()> action;
     bool acted = false;
 };
+
+/// Whether this process has the file open.
+bool isOpenHere(const QString& path)
+{
+    const QFileInfoList files =
+        QDir(u"/proc/self/fd"_s).entryInfoList(QDir::Files | QDir::System | QDir::NoDotAndDotDot);
+    return std::ranges::any_of(files,
+                               [&](const QFileInfo& file) { return file.symLinkTarget() == path; });
+}
 
 std::string nameOfNext(const testing::TestParamInfo<Pair>& info)
 {
@@ -272,6 +285,27 @@ TEST_P(Ahead, AFileThatIsNoClipChangesNothingAtTheEnd)
         EXPECT_EQ(player.control.CurrentState(), MediaControl::Stopped) << name;
         EXPECT_EQ(player.failures, 0) << name;
     }
+}
+
+TEST_P(Ahead, AClipThatCouldNotFollowIsOpenedAheadOnceItCan)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(next());
+    ASSERT_TRUE(QFile::copy(testClip(u"lines.srt"_s), path));
+    ASSERT_TRUE(player.open(first()));
+    player.control.prepare(path);
+    ASSERT_TRUE(player.endsOnceMore());
+    ASSERT_TRUE(QFile::remove(path));
+    ASSERT_TRUE(QFile::copy(testClip(next()), path));
+    bool openedAhead = false;
+    for (int i = 0; i < kTries && !openedAhead; ++i) {
+        player.ends = 0;
+        ASSERT_TRUE(player.open(first()));
+        player.control.prepare(path);
+        ASSERT_TRUE(comesTrue([&] { return player.ends > 0 || isOpenHere(path); }));
+        openedAhead = player.ends == 0;
+    }
+    EXPECT_TRUE(openedAhead);
 }
 
 TEST_P(Ahead, OtherSubtitlesKeepTheClip)

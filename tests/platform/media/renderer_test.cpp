@@ -61,6 +61,18 @@ protected:
 
 constexpr int kSecondOne = 85; // "shades.mp4" begins darker
 
+/// Whether each pixel's fourth byte says so.
+bool isOpaque(const QImage& frame)
+{
+    for (int y = 0; y < frame.height(); ++y) {
+        const auto* line = reinterpret_cast<const quint32*>(frame.constScanLine(y));
+        if (std::any_of(line, line + frame.width(), [](quint32 p) { return p < 0xff000000U; })) {
+            return false;
+        }
+    }
+    return !frame.isNull();
+}
+
 /// At second 1, at its own size in the middle of this one.
 QImage pausedFrame(const QString& clip, QSize size, const std::optional<RendererChoice>& choice)
 {
@@ -77,6 +89,24 @@ QImage pausedFrame(const QString& clip, QSize size, const std::optional<Renderer
         return frame.size() == size && std::max(qRed(middle), qGreen(middle)) > kSecondOne;
     }));
     return frame;
+}
+
+/// As they rest after opening: made for a window that is blended, and for one that is not.
+std::pair<QImage, QImage> framesOfBothKinds(const QString& clip, QSize size)
+{
+    RecordedPlayer player({{"ao", "null"}}, std::nullopt);
+    PictureSource& source = *player.control.picture();
+    source.setTargetSize(size);
+    EXPECT_TRUE(player.open(clip));
+    EXPECT_TRUE(comesTrue([&] { return isOpaque(source.frame()); }));
+    const QImage blended = source.frame();
+    source.setBlended(false);
+    EXPECT_TRUE(comesTrue([&] { return !isOpaque(source.frame()); }));
+    const QImage plain = source.frame();
+    source.setBlended(true);
+    EXPECT_TRUE(comesTrue([&] { return isOpaque(source.frame()); }));
+    EXPECT_EQ(source.frame(), blended);
+    return {blended, plain};
 }
 
 int difference(QRgb one, QRgb other)
@@ -133,6 +163,20 @@ TEST(Renderers, DecodedPicturesComeToOpenGlByTheLibrariesOfTheDeviceAlone)
     QFile other(devices.filePath(u"nvidiactl"_s));
     ASSERT_TRUE(other.open(QIODevice::WriteOnly));
     EXPECT_EQ(decodedPicturesWay(devices.path()), "auto");
+}
+
+TEST(SoftwarePictures, AreOpaqueWhereWindowsAreBlendedAndHaveTheSameColoursWhereNot)
+{
+    for (const char* clip :
+         {"shades.mp4", "ten.mkv", "gray.mkv", "holes.mkv", "holes.gif", "holes_still.mkv"}) {
+        for (const QSize size : {QSize(64, 64), QSize(100, 64), QSize(64, 120), QSize(128, 128)}) {
+            const auto [blended, plain] = framesOfBothKinds(QString::fromLatin1(clip), size);
+            ASSERT_EQ(blended.size(), size) << clip;
+            EXPECT_TRUE(isOpaque(blended)) << clip << ' ' << size.width();
+            EXPECT_EQ(plain, blended) << clip << ' ' << size.width();
+            EXPECT_FALSE(isOpaque(plain)) << clip << ": nothing is saved";
+        }
+    }
 }
 
 TEST_F(OpenGlPictures, AreNotUsedByThemselvesWhereTheProcessorDrawsThem)

@@ -1,0 +1,14 @@
+#include "core/heap.h"
+
+#include <malloc.h>
+
+namespace orvanta {
+
+void giveFreeMemoryBack()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
+}
+
+} // namespace orvanta
