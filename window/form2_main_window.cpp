@@ -1,6 +1,6 @@
 #include "window/form2_main_window.h"
 
-#include "platform/process/memory.h"
+#include "core/heap.h"
 #include "playback/command_menu.h"
 #include "window/clip_line.h"
 #include "window/editing_mode.h"
