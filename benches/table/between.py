@@ -9,6 +9,8 @@ from table.playing import Nothing, first_picture
 
 RATE = 48000
 TONES = 3
+TONE = 3  # seconds; of tones of one second next to nothing was heard from VLC
+LEAST = 0.8 * TONES * TONE  # seconds of sound without which the tones are not heard
 
 
 def of_clip(number):
@@ -32,8 +34,8 @@ def black(desk, player, settings):
 
 
 def silence(desk, player, settings):
-    """The longest silence between three tones of 1 s, from what the sound card gets."""
-    paths = [clips.make_tone(settings.cache, f"tone{k}", 1) for k in range(TONES)]
+    """The longest silence between three tones, from what the sound card gets."""
+    paths = [clips.make_tone(settings.cache, f"tone-{TONE}s-{k}", TONE) for k in range(TONES)]
     output = desk.folder / "heard"
     with open(output, "wb") as heard:
         recorder = subprocess.Popen(
@@ -46,12 +48,12 @@ def silence(desk, player, settings):
         try:
             machine.wait_for(lambda: output.stat().st_size > 0, 5)
             with Running(desk, player, paths):
-                # 2.5 s of sound, and then half a second without any
-                machine.wait_for(lambda: is_over(output), 15, 0.2)
+                # the tones, and then half a second without any
+                machine.wait_for(lambda: is_over(output), TONES * TONE + 10, 0.2)
         finally:
             machine.end(recorder)
     samples = figures.samples_of(output.read_bytes())
-    if sum(abs(value) > 200 for value in samples) < 2.5 * RATE * 0.8:
+    if sum(abs(value) > 200 for value in samples) < LEAST * RATE:
         raise Nothing("the tones are not heard")
     gaps = figures.silences(samples, RATE)
     return {("silence between two tones", "ms", False): max(gaps, default=0)}
@@ -60,7 +62,7 @@ def silence(desk, player, settings):
 def is_over(output):
     samples = figures.samples_of(output.read_bytes())
     heard = sum(abs(value) > 200 for value in samples)
-    return heard > 2.5 * RATE * 0.8 and max(map(abs, samples[-RATE // 2 :])) < 200
+    return heard > LEAST * RATE and max(map(abs, samples[-RATE // 2 :])) < 200
 
 
 def rows():
