@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <algorithm>
+
 namespace orvanta {
 
 /// Entries are fields joined by the entry marker "{}". Indices count from 0.
@@ -20,7 +22,13 @@ struct EntryList
     {
         return hasSelection() ? entries.at(selected) : QString();
     }
-    friend bool operator==(const EntryList& a, const EntryList& b) = default;
+    /// Not by the list's own comparison of numbers, which gives memcmp a null pointer for a list
+    /// that never had any.
+    friend bool operator==(const EntryList& a, const EntryList& b)
+    {
+        return a.entries == b.entries && a.selected == b.selected &&
+               std::ranges::equal(a.others, b.others);
+    }
 };
 
 /// Makes the selected entry a fresh one for a file that is being added: right after the selected

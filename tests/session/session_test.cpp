@@ -6,6 +6,7 @@
 #include "model/tree_lines.h"
 #include "platform/file_types/registry.h"
 #include "platform/media/media_library.h"
+#include "playback/form4_bookmark_sign.h"
 #include "tests/e2e/support/media.h"
 #include "tests/e2e/support/packets.h"
 #include "tests/session/random_user.h"
@@ -50,7 +51,21 @@ protected:
         QDir::setCurrent(m_home.path());
     }
 
-    ~Session() override { QDir::setCurrent(m_startedIn); }
+    ~Session() override
+    {
+        QDir::setCurrent(m_startedIn);
+        closeSigns();
+    }
+
+    /// A sign of a bookmark that was just set goes by its own clock, which nobody waits for here.
+    static void closeSigns()
+    {
+        for (QWidget* each : QApplication::topLevelWidgets()) {
+            if (auto* sign = dynamic_cast<Form4*>(each)) {
+                delete sign;
+            }
+        }
+    }
 
     /// With which control, on which clips, and how time passes in it.
     virtual std::unique_ptr<MediaControl> makeControl() = 0;
