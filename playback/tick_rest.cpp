@@ -27,10 +27,7 @@ TickRest::TickRest(QTimer& tick, const QString& settingsFile, std::function<void
 void TickRest::ticked(bool isQuiet)
 {
     const bool mayRest = isQuiet && !m_settings.directories().isEmpty();
-    m_hasRun = m_hasRun || !isQuiet;
-    if (m_isResting && m_hasRun) {
-        settle();
-    }
+    settle(isQuiet);
     m_quietTicks = mayRest ? m_quietTicks + 1 : 0;
     if (m_quietTicks >= kQuietTicks) {
         rest();
@@ -39,10 +36,17 @@ void TickRest::ticked(bool isQuiet)
     }
 }
 
-void TickRest::settle()
+void TickRest::settle(bool isQuiet)
 {
-    m_hasRun = false;
-    m_settled();
+    if (!isQuiet) {
+        m_hasRun = true;
+        m_stopped.invalidate();
+    } else if (!m_stopped.isValid()) {
+        m_stopped.start();
+    } else if (m_hasRun && m_stopped.hasExpired((m_rhythm * kSlower).count())) {
+        m_hasRun = false;
+        m_settled();
+    }
 }
 
 void TickRest::rest()

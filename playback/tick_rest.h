@@ -1,6 +1,7 @@
 // Lets the playback tick rest while nothing could happen in it.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QFileSystemWatcher>
 #include <QObject>
 #include <QTimer>
@@ -19,7 +20,8 @@ class TickRest : public QObject
 {
 public:
     /// tick: its timer, with its interval. It outlives this. settingsFile: where launches queue.
-    /// settled: called at the first of the rare ticks after something ran.
+    /// settled: called once when what ran has stopped for ten ticks of time, rests or not (the mark
+    /// of a text box that blinks is an event, too).
     TickRest(QTimer& tick, const QString& settingsFile, std::function<void()> settled);
 
     /// After each tick of the timer. isQuiet: nothing runs or opens.
@@ -30,7 +32,7 @@ protected:
 
 private:
     void rest();
-    void settle();
+    void settle(bool isQuiet);
     void goOn(std::chrono::milliseconds interval);
 
     QTimer& m_tick;
@@ -40,6 +42,7 @@ private:
     bool m_isResting = false;
     std::function<void()> m_settled;
     bool m_hasRun = false; // since it was settled last
+    QElapsedTimer m_stopped;
 };
 
 } // namespace orvanta
