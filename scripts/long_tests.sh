@@ -57,5 +57,5 @@ run_hostile() {
 
 run_soak() {
     cmake --build "$folder" --target orvanta
-    "$root/scripts/soak" "${amount:-10}"
+    "$root/scripts/soak" "${amount:-25}"
 }
