@@ -76,12 +76,17 @@ ColourScheme::ColourScheme(QDBusConnection bus, QObject* parent)
     askPortal();
 }
 
+static bool isPlasma()
+{
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(u"KDE"_s);
+}
+
 /// A portal that does not run is not started for this: where a desktop has a choice of colours, it
-/// runs, or will.
+/// runs, or will. Not so in Plasma, which tells its own programs by other ways.
 void ColourScheme::askPortal()
 {
     QDBusMessage call = QDBusMessage::createMethodCall(kPortal, kPortalPath, kSettings, u"Read"_s);
-    call.setAutoStartService(false);
+    call.setAutoStartService(isPlasma());
     call << kGroup << kKey;
     auto* answer = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
     connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {

@@ -1,9 +1,13 @@
 // The desktop's choice between light and dark, told by a portal of the test's own on a private bus.
 #include "platform/screen/colour_scheme.h"
 #include "tests/platform/screen/portal_settings.h"
+#include "tests/support/log_capture.h"
 #include "tests/support/private_bus.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
 
@@ -155,6 +159,48 @@ TEST_F(Colours, StayWhereNoPortalIs)
     QApplication::sendEvent(&window, &theme);
     EXPECT_EQ(QApplication::palette(), before);
 }
+
+/// A bus that can start a portal: one that leaves a file, and fails.
+class StartedPortal : public testing::TestWithParam<const char*>
+{
+protected:
+    void SetUp() override
+    {
+        QDir().mkpath(m_folder.filePath(u"dbus-1/services"_s));
+        QFile service(m_folder.filePath(u"dbus-1/services/portal.service"_s));
+        ASSERT_TRUE(service.open(QIODevice::WriteOnly));
+        service.write(
+            "[D-BUS Service]\nName=org.freedesktop.portal.Desktop\nExec=/bin/sh -c \"touch " +
+            QFile::encodeName(m_folder.filePath(u"started"_s)) + "; exit 1\"\n");
+        service.close();
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.path()));
+        qputenv("XDG_CURRENT_DESKTOP", GetParam());
+    }
+
+    void TearDown() override
+    {
+        qunsetenv("XDG_DATA_HOME");
+        qunsetenv("XDG_CURRENT_DESKTOP");
+    }
+
+    [[nodiscard]] bool isStarted() const { return QFile::exists(m_folder.filePath(u"started"_s)); }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+TEST_P(StartedPortal, IsAskedForInPlasmaAlone)
+{
+    const LogCapture log("orvanta.desktop");
+    PrivateBus bus;
+    const ColourScheme scheme(bus.connection(u"program"_s));
+    // Where it is started, the answer waits for that.
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return !LogCapture::lines().filter(u"no portal says which colours"_s).isEmpty(); }));
+    EXPECT_EQ(isStarted(), QByteArray(GetParam()) == "KDE");
+}
+
+INSTANTIATE_TEST_SUITE_P(Desktops, StartedPortal, testing::Values("KDE", "XFCE"));
 
 } // namespace
 
