@@ -9,8 +9,9 @@ namespace orvanta {
 class VirtualDisplay
 {
 public:
-    /// With the arguments, a program that can be found as one.
-    explicit VirtualDisplay(const QStringList& manager = {QStringLiteral("openbox")})
+    /// bus: the address of the session bus that the manager uses; empty for none of its own.
+    explicit VirtualDisplay(const QString& manager = QStringLiteral("openbox"),
+                            const QString& bus = QString())
     {
         m_server.start(QStringLiteral("Xvfb"),
                        {QStringLiteral("-displayfd"), QStringLiteral("1"),
@@ -20,16 +21,19 @@ public:
         while (!m_server.canReadLine() && m_server.waitForReadyRead(20000)) {
         }
         m_name = QLatin1Char(':') + QString::fromLatin1(m_server.readLine().trimmed());
-        m_manager.setProcessEnvironment(environment());
-        m_manager.start(manager.first(), manager.mid(1));
+        QProcessEnvironment variables = environment();
+        if (!bus.isEmpty()) {
+            variables.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), bus);
+            variables.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1"));
+        }
+        m_manager.setProcessEnvironment(variables);
+        m_manager.start(manager, QStringList());
         m_manager.waitForStarted();
     }
 
     ~VirtualDisplay()
     {
-        m_manager.terminate(); // with what it has started
         for (QProcess* process : {&m_manager, &m_server}) {
-            process->waitForFinished(process == &m_manager ? 5000 : 0);
             process->kill();
             process->waitForFinished();
         }

@@ -1,4 +1,5 @@
 #include "platform/screen/window_stacking.h"
+#include "tests/support/private_bus.h"
 #include "tests/support/probe.h"
 #include "tests/support/virtual_display.h"
 
@@ -30,7 +31,8 @@ TEST(WindowStacking, AWindowInFrontKeepsTheKeyboardWhileAnotherIsPutBehindIt)
     if (QStandardPaths::findExecutable(u"xfwm4"_s).isEmpty()) {
         GTEST_SKIP() << "xfwm4 is not installed";
     }
-    const VirtualDisplay display({u"dbus-run-session"_s, u"--"_s, u"xfwm4"_s});
+    const test::PrivateBus bus;
+    const VirtualDisplay display(u"xfwm4"_s, bus.address());
     Probe program;
     program.setProcessEnvironment(display.environment());
     program.startProgram("stacking_probe", {u"keyboard"_s});
